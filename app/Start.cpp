@@ -1,0 +1,68 @@
+#include "app/Start.h"
+
+#include "app/c_Menu.h"
+#include "app/c_Quick.h"
+#include "audio/c_XAudio.h"
+#include "game/c_gBet.h"
+#include "platform/Message.h"
+#include "platform/ProgramFolder.h"
+#include "platform/Settings.h"
+#include "platform/SingleInstance.h"
+#include "platform/Wait.h"
+
+void Start::Run() {
+    if (!platform::ClaimSingleInstance()) {
+        platform::ShowMessage(QStringLiteral("Songrush is already running"));
+        return;
+    }
+    platform::WritePathSetting(QStringLiteral("Songrush"), QStringLiteral("Dirs"),
+                               QStringLiteral("AppPath"), platform::ProgramFolder());
+    Start().ModeLoop();
+}
+
+Start::Start() : mNewSongSource([this] { return std::make_unique<c_Quick>(mQuick, mLoad); }) {
+    gBack = std::make_unique<c_Surface>();
+    gBack->CreateSurface(800, 600, QStringLiteral("Images\\Back.bmp"));
+}
+
+Start::~Start() {
+    gAudio.reset();
+    gBack.reset();
+}
+
+void Start::ModeLoop() {
+    while (!gQuit && !platform::Quitting())
+        ModeStep();
+}
+
+void Start::ModeStep() {
+    {
+        c_Menu menu(mMenu);
+        gMode = menu.Choose();
+        gPlayers = static_cast<std::int16_t>(menu.PlayerCode());
+    }
+    const auto chosen = [this](const char* mode) {
+        return gMode.compare(QLatin1String(mode), Qt::CaseInsensitive) == 0;
+    };
+    gQuit = true;
+    if (chosen("Editor"))
+        gQuit = RunEditor();
+    else if (chosen("MultipleChoice"))
+        gQuit = RunGame<c_gMulti>();
+    else if (chosen("Betting"))
+        gQuit = RunGame<c_gBet>();
+    else if (chosen("Menu"))
+        gQuit = false;
+}
+
+bool Start::RunEditor() {
+    platform::ShowMessage(QStringLiteral("The playlist editor is not part of this version yet."));
+    return false;
+}
+
+template <typename Game> bool Start::RunGame() {
+    Game game(mGameForms, mNewSongSource);
+    game.SetPlayers(gPlayers);
+    game.Run();
+    return game.ExitProgram();
+}

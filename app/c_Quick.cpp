@@ -1,0 +1,182 @@
+#include "app/c_Quick.h"
+
+#include "app/f_Load.h"
+#include "app/f_Quick.h"
+#include "library/SongScan.h"
+#include "library/c_ID3.h"
+#include "library/c_M3U.h"
+#include "platform/Message.h"
+#include "platform/ProgramFolder.h"
+#include "platform/Settings.h"
+#include "platform/Text.h"
+#include "platform/Time.h"
+#include "platform/Wait.h"
+#include "toolkit/SelectFolder.h"
+#include "toolkit/cDialog.h"
+
+#include <QLabel>
+
+using namespace toolkit;
+
+namespace fs = std::filesystem;
+
+namespace {
+
+const QString kApplication = QStringLiteral("Songrush");
+const QString kDirs = QStringLiteral("Dirs");
+const QString kMp3Dir = QStringLiteral("Mp3Dir");
+
+/// The folder in which MP3s were chosen last.
+fs::path LastMp3Folder() {
+    const fs::path folder = platform::ReadPathSetting(kApplication, kDirs, kMp3Dir,
+                                                      platform::DocumentsFolder());
+    std::error_code error;
+    return fs::is_directory(folder, error) ? folder : platform::RootFolder();
+}
+
+fs::path PlaylistFolder() { return platform::ProgramFolder() / "PlayList"; }
+
+} // namespace
+
+c_Quick::c_Quick(f_Quick& form, f_Load& loadForm)
+    : mForm(form), mLoadForm(loadForm), mWindowButtons(form) {
+    mForm.CopyBackground();
+    int top = 200;
+    for (PictureBox* choice : {mForm.pUseDir, mForm.pUsePlayList, mForm.pEditor}) {
+        choice->SetBoxSize(QSize(400, 60));
+        choice->move(200, top);
+        top += 80;
+    }
+    bUseDir.Create(mForm.pUseDir, QStringLiteral("QuickPlay (Select a Directory of MP3's)"));
+    bUsePlayList.Create(mForm.pUsePlayList, QStringLiteral("PlayList (Select a playlist file)"));
+    bEditor.Create(mForm.pEditor,
+                   QStringLiteral("Create Playlist (Use Editor to create a playlist)"));
+
+    connect(&bUseDir, &c_PicButton::Clicked, this, &c_Quick::bUseDir_Clicked);
+    connect(&bUsePlayList, &c_PicButton::Clicked, this, &c_Quick::bUsePlaylist_Clicked);
+    connect(&bEditor, &c_PicButton::Clicked, this, &c_Quick::bEditor_Clicked);
+    connect(&mWindowButtons.bMin, &c_SurfButton::Clicked, this, &c_Quick::bMin_Clicked);
+    connect(&mWindowButtons.bX, &c_SurfButton::Clicked, this, &c_Quick::bX_Clicked);
+}
+
+c_Quick::~c_Quick() { mForm.hide(); }
+
+fs::path c_Quick::GetM3U() {
+    LoadingDone();
+    mExitProgram = false;
+    ShowChooser();
+    platform::WaitWhile([this] { return mForm.isVisible() || mBusy; });
+    mLoadForm.ShowLoading();
+    platform::PumpEvents();
+    return mPath;
+}
+
+void c_Quick::LoadingDone() { mLoadForm.hide(); }
+
+void c_Quick::ShowChooser() {
+    mForm.ShowInPlace();
+    mWindowButtons.Refresh();
+}
+
+void c_Quick::bUseDir_Clicked() {
+    mBusy = true;
+    mForm.hide();
+    if (!QuickPlay()) {
+        mLoadForm.hide();
+        ShowChooser();
+    }
+    mBusy = false;
+}
+
+bool c_Quick::QuickPlay() {
+    constexpr int kFewestSongs = 10;
+    const fs::path folder = platform::PathFromText(
+        BrowseForFolder(&mForm, QStringLiteral("Add Folder"), LastMp3Folder()));
+    if (folder.native().size() < 2) {
+        platform::ShowMessage(QStringLiteral("No directory was selected."));
+        return false;
+    }
+    platform::WritePathSetting(kApplication, kDirs, kMp3Dir, folder);
+
+    c_M3U list;
+    if (!ScanFolder(folder, list))
+        return false;
+    mPath = PlaylistFolder() / "Quick.m3u";
+    list.WriteFile(mPath);
+    mLoadForm.hide();
+    if (list.Count() < kFewestSongs) {
+        platform::ShowMessage(
+            QStringLiteral("Songrush Requires atleast 10 MP3's to play.\n"
+                           "This directory has %1 MP3's.")
+                .arg(list.Count()),
+            platform::Icon::Critical);
+        return false;
+    }
+    return !mNoTitles ||
+           platform::AskYesNo(QStringLiteral(
+               "Warning playlist contains entries with no song titles.\n"
+               "Although you can still play, The filename will be used for the correct answer.\n"
+               "To correct this problem use the Editor to make sure song titles are correct.\n"
+               "Do you still wish to play?"));
+}
+
+bool c_Quick::ScanFolder(const fs::path& folder, c_M3U& list) {
+    constexpr std::int64_t kTellEvery = 100;
+    std::int64_t told = platform::TickCount();
+    QString current = platform::ShownText(folder);
+    mNoTitles = false;
+    mLoadForm.ShowScan(0, current);
+    mLoadForm.ShowInPlace();
+    platform::PumpEvents();
+    const auto goOn = [&] {
+        if (platform::TickCount() - told >= kTellEvery) {
+            told = platform::TickCount();
+            mLoadForm.ShowScan(list.Count(), current);
+        }
+        platform::PumpEventsNowAndThen();
+        // The waiting window is closed to give up.
+        return mLoadForm.isVisible() && !platform::Quitting();
+    };
+    library::ScanSongs(folder, {[&](const fs::path& entered) {
+                                    current = platform::ShownText(entered);
+                                    return goOn();
+                                },
+                                [&](const fs::path& song, const c_ID3& tag) {
+                                    mNoTitles = mNoTitles || tag.Title().isEmpty();
+                                    list.Add(song);
+                                    return goOn();
+                                }});
+    return mLoadForm.isVisible() && !platform::Quitting();
+}
+
+void c_Quick::bUsePlaylist_Clicked() {
+    mBusy = true;
+    mForm.hide();
+    ChangeToFolder(PlaylistFolder());
+    const QString chosen =
+        cDialog::GetOpenName(QStringLiteral("Load Playlist"), QStringLiteral("Playlist Files"),
+                             QStringLiteral("*.m3u"), QString(), false)
+            .trimmed();
+    mPath = platform::PathFromText(chosen);
+    if (mPath.empty()) {
+        platform::ShowMessage(QStringLiteral("No Playlist was selected.\n"
+                                             "You can create a playlist using the Editor."));
+        ShowChooser();
+    }
+    mBusy = false;
+}
+
+void c_Quick::bEditor_Clicked() {
+    mBusy = true;
+    mForm.hide();
+    platform::ShowMessage(QStringLiteral("The playlist editor is not part of this version yet."));
+    ShowChooser();
+    mBusy = false;
+}
+
+void c_Quick::bMin_Clicked() { mForm.showMinimized(); }
+
+void c_Quick::bX_Clicked() {
+    mExitProgram = true;
+    mForm.hide();
+}

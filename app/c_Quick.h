@@ -1,0 +1,47 @@
+#pragma once
+
+#include "game/SongSource.h"
+#include "toolkit/Screen.h"
+#include "toolkit/c_PicButton.h"
+
+#include <QObject>
+#include <filesystem>
+
+class c_M3U;
+class f_Load;
+class f_Quick;
+
+/// Asks where a game's songs come from: a folder of MP3 files, a playlist, or one that the player
+/// makes in the editor first.
+class c_Quick : public QObject, public game::SongSource {
+    Q_OBJECT
+public:
+    c_Quick(f_Quick& form, f_Load& loadForm);
+    ~c_Quick() override;
+
+    std::filesystem::path GetM3U() override;
+    bool ExitProgram() const override { return mExitProgram; }
+    void LoadingDone() override;
+
+    void bUseDir_Clicked();
+    void bUsePlaylist_Clicked();
+    void bEditor_Clicked();
+    void bMin_Clicked();
+    void bX_Clicked();
+
+private:
+    bool QuickPlay();
+    bool ScanFolder(const std::filesystem::path& folder, c_M3U& list);
+    void ShowChooser();
+
+    f_Quick& mForm;
+    f_Load& mLoadForm;
+    bool mExitProgram = false;
+    std::filesystem::path mPath;
+    bool mBusy = false;
+    bool mNoTitles = false;
+    toolkit::WindowButtons mWindowButtons;
+    c_PicButton bUseDir;
+    c_PicButton bUsePlayList;
+    c_PicButton bEditor;
+};

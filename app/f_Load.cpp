@@ -1,0 +1,37 @@
+#include "app/f_Load.h"
+
+#include "toolkit/ApiDraw.h"
+
+#include <QFontMetrics>
+#include <QLabel>
+
+using namespace toolkit;
+
+namespace {
+
+constexpr QSize kSize(480, 120);
+constexpr int kMargin = 20;
+
+} // namespace
+
+f_Load::f_Load() : Form(QStringLiteral("f_Load"), kSize), lLoading(new QLabel(this)) {
+    BeginDraw(Dc(), Qt::SolidLine, kWhite, 1, kBlack, BkMode::Transparent);
+    DrawBox(Rgb(0, 150, 250), Rgb(0, 60, 160), Rgb(14, 12, 60), 0, 0,
+            static_cast<float>(kSize.width() - 1), static_cast<float>(kSize.height() - 1));
+    EndDraw();
+    lLoading->setObjectName(QStringLiteral("lLoading"));
+    lLoading->setTextFormat(Qt::PlainText);
+    lLoading->setAlignment(Qt::AlignCenter);
+    lLoading->setGeometry(kMargin, 0, kSize.width() - 2 * kMargin, kSize.height());
+}
+
+void f_Load::ShowLoading() {
+    lLoading->setText(QStringLiteral("Loading..."));
+    ShowInPlace();
+}
+
+void f_Load::ShowScan(int songs, const QString& folder) {
+    const QString shown =
+        lLoading->fontMetrics().elidedText(folder, Qt::ElideMiddle, lLoading->width());
+    lLoading->setText(QStringLiteral("Searching for MP3s: %1 found\n\n%2").arg(songs).arg(shown));
+}

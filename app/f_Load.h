@@ -1,0 +1,20 @@
+#pragma once
+
+#include "toolkit/Form.h"
+
+class QLabel;
+
+/// The waiting window while a folder is scanned and while a game loads.
+class f_Load : public toolkit::Form {
+    Q_OBJECT
+public:
+    f_Load();
+
+    /// Shows that a game is loading.
+    void ShowLoading();
+
+    /// Shows how far a scan is; `folder` is shortened in the middle where it is too long.
+    void ShowScan(int songs, const QString& folder);
+
+    QLabel* lLoading;
+};

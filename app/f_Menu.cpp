@@ -1,0 +1,66 @@
+#include "app/f_Menu.h"
+
+#include "toolkit/ApiDraw.h"
+
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLabel>
+
+using namespace toolkit;
+
+namespace {
+
+constexpr QSize kFirstStage(400, 88);
+constexpr QSize kSecondStage(400, 50);
+constexpr int kMostPlayers = 12;
+
+/// A drop-down list that takes no typed text; the keys that move through it work.
+class PlayerList : public QComboBox {
+public:
+    using QComboBox::QComboBox;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->text().isEmpty() || !event->text().front().isPrint() ||
+            event->key() == Qt::Key_Space)
+            QComboBox::keyPressEvent(event);
+    }
+};
+
+} // namespace
+
+f_Menu::f_Menu()
+    : Screen(QStringLiteral("f_Menu")),
+      pSingle(new PictureBox(this, QStringLiteral("pSingle"), kFirstStage)),
+      pMulti(new PictureBox(this, QStringLiteral("pMulti"), kFirstStage)),
+      pEditor(new PictureBox(this, QStringLiteral("pEditor"), kFirstStage)),
+      PChoice1(new PictureBox(this, QStringLiteral("PChoice1"), kSecondStage)),
+      pChoice2(new PictureBox(this, QStringLiteral("pChoice2"), kSecondStage)),
+      pChoice3(new PictureBox(this, QStringLiteral("pChoice3"), kSecondStage)),
+      lPlayers(new QLabel(QStringLiteral("Players:"), this)), cPlayers(new PlayerList(this)) {
+    pSingle->setAccessibleName(QStringLiteral("One player"));
+    pMulti->setAccessibleName(QStringLiteral("Several players"));
+    pEditor->setAccessibleName(QStringLiteral("Playlist editor"));
+    for (PictureBox* choice : {PChoice1, pChoice2, pChoice3})
+        choice->Dc()->SetFont(ScreenFont(18));
+
+    lPlayers->setObjectName(QStringLiteral("lPlayers"));
+    lPlayers->setGeometry(300, 190, 100, 26);
+    lPlayers->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    lPlayers->setBuddy(cPlayers);
+    cPlayers->setObjectName(QStringLiteral("cPlayers"));
+    cPlayers->setAccessibleName(QStringLiteral("Players"));
+    cPlayers->setGeometry(410, 190, 80, 26);
+    for (int players = 2; players <= kMostPlayers; ++players)
+        cPlayers->addItem(QString::number(players));
+}
+
+void f_Menu::DrawBy() {
+    const QString credits = QStringLiteral("The Songrush makers");
+    Dc()->SetFont(ScreenFont(11));
+    BeginDraw(Dc(), Qt::SolidLine, kWhite, 1, kBlack, BkMode::Transparent);
+    ShadowText(credits, Rgb(140, 140, 230), kBlack,
+               static_cast<float>(400 - Dc()->TextWidth(credits) / 2), 73, 1);
+    EndDraw();
+    Refresh();
+}

@@ -1,0 +1,25 @@
+#include "app/f_Quick.h"
+
+#include <QLabel>
+
+using namespace toolkit;
+
+namespace {
+
+constexpr QSize kChoice(400, 60);
+
+} // namespace
+
+f_Quick::f_Quick()
+    : Screen(QStringLiteral("f_Quick")),
+      lExplain(new QLabel(QStringLiteral("Where do the songs come from?"), this)),
+      pUseDir(new PictureBox(this, QStringLiteral("pUseDir"), kChoice)),
+      pUsePlayList(new PictureBox(this, QStringLiteral("pUsePlayList"), kChoice)),
+      pEditor(new PictureBox(this, QStringLiteral("pEditor"), kChoice)) {
+    lExplain->setObjectName(QStringLiteral("lExplain"));
+    lExplain->setFont(ScreenFont(20));
+    lExplain->setAlignment(Qt::AlignCenter);
+    lExplain->setGeometry(100, 120, 600, 80);
+    for (PictureBox* choice : {pUseDir, pUsePlayList, pEditor})
+        choice->Dc()->SetFont(ScreenFont(15));
+}

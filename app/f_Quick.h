@@ -1,0 +1,17 @@
+#pragma once
+
+#include "toolkit/Screen.h"
+
+class QLabel;
+
+/// The window of the game-source chooser.
+class f_Quick : public toolkit::Screen {
+    Q_OBJECT
+public:
+    f_Quick();
+
+    QLabel* lExplain;
+    toolkit::PictureBox* pUseDir;
+    toolkit::PictureBox* pUsePlayList;
+    toolkit::PictureBox* pEditor;
+};

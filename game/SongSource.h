@@ -1,0 +1,26 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+
+namespace game {
+
+/// Where a game's songs come from. Made for one game; released when the playlist is loaded.
+class SongSource {
+public:
+    virtual ~SongSource() = default;
+
+    /// Asks the player and waits for the choice; the playlist's path, or an empty one.
+    virtual std::filesystem::path GetM3U() = 0;
+
+    /// Read after `GetM3U`: whether the player wants to leave the program.
+    virtual bool ExitProgram() const = 0;
+
+    /// Takes the waiting window away that `GetM3U` leaves for the time of loading.
+    virtual void LoadingDone() = 0;
+};
+
+using SongSourceFactory = std::function<std::unique_ptr<SongSource>()>;
+
+} // namespace game

@@ -1,0 +1,34 @@
+#include "game/c_gBet.h"
+
+#include "audio/c_XAudio.h"
+#include "game/Scoring.h"
+#include "game/c_hMulti.h"
+#include "game/f_Multi.h"
+#include "platform/ProgramFolder.h"
+
+bool c_gBet::TakeBet() {
+    DrawStatus();
+    SetChoiceCaptions({QStringLiteral("1 Second, 140,000 Points"),
+                       QStringLiteral("2 Seconds, 70,000 Points"),
+                       QStringLiteral("3 Seconds, 35,000 Points"),
+                       QStringLiteral("5 Seconds, 25,000 Points")});
+    Board().AskQuestion(QStringLiteral("I can name that MP3 in:"));
+    ShowBoard();
+    ShowChoices(true);
+    const int choice = WaitForChoice();
+    ShowChoices(false);
+    mBet = game::BetFromButton(choice);
+    return !ExitProgram();
+}
+
+void c_gBet::Answered() {
+    // Only a clip that the clock has stopped is stopped again; an early answer lets it play on.
+    if (Board().TimeLimit() == -1)
+        Audio().StopPlay();
+}
+
+std::int32_t c_gBet::PointsForAnswer(float) const { return game::PointsForBet(mBet); }
+
+void c_gBet::ChooseScoreFile(c_hMulti& highScores) const {
+    highScores.SetFileName(platform::ProgramFolder() / "H2.dat");
+}

@@ -1,0 +1,302 @@
+#include "game/c_gMulti.h"
+
+#include "audio/c_XAudio.h"
+#include "game/Choices.h"
+#include "game/Scoring.h"
+#include "game/c_hMulti.h"
+#include "game/f_Multi.h"
+#include "platform/Chance.h"
+#include "platform/Message.h"
+#include "platform/Time.h"
+#include "platform/Wait.h"
+#include "toolkit/ApiDraw.h"
+
+using namespace toolkit;
+
+c_gMulti::c_gMulti(const game::Forms& forms, game::SongSourceFactory newSongSource)
+    : mForms(forms), mNewSongSource(std::move(newSongSource)), mWindowButtons(forms.board) {
+    CreateButtons();
+    Board().SetPicture(QStringLiteral("\\Images\\Back.bmp"));
+    Board().LayOut();
+}
+
+c_gMulti::~c_gMulti() { Board().hide(); }
+
+void c_gMulti::CreateButtons() {
+    constexpr int kBulletWidth = 56; // the skin's record, and as much on the other side
+    f_Multi& board = Board();
+    bPlay.Create(board.pPlay, QStringLiteral("Images\\bPlayBig.bmp"), QString());
+    bHint.Create(board.pHint, QStringLiteral("Images\\bHint.bmp"), QString());
+    bCont.Create(board.pCont, QStringLiteral("Images\\BCont.bmp"), QString());
+    Choice1.mCaptionMargin = kBulletWidth;
+    Choice1.Create(board.PChoice1, QStringLiteral("Images\\BGeneric.bmp"),
+                   QStringLiteral("Choice1"));
+    Choice2.Clone(board.pChoice2, Choice1, QStringLiteral("Choice2"));
+    Choice3.Clone(board.pChoice3, Choice1, QStringLiteral("Choice3"));
+    Choice4.Clone(board.pChoice4, Choice1, QStringLiteral("Choice4"));
+
+    connect(&Choice1, &c_SurfButton::Clicked, this, &c_gMulti::bChoice1_Clicked);
+    connect(&Choice2, &c_SurfButton::Clicked, this, &c_gMulti::bChoice2_Clicked);
+    connect(&Choice3, &c_SurfButton::Clicked, this, &c_gMulti::bChoice3_Clicked);
+    connect(&Choice4, &c_SurfButton::Clicked, this, &c_gMulti::bChoice4_Clicked);
+    connect(&bCont, &c_SurfButton::Clicked, this, &c_gMulti::bCont_Clicked);
+    connect(&bPlay, &c_SurfButton::Clicked, this, &c_gMulti::bPlay_Clicked);
+    connect(&bHint, &c_SurfButton::Clicked, this, &c_gMulti::bHint_Clicked);
+    connect(&mWindowButtons.bX, &c_SurfButton::Clicked, this, &c_gMulti::bX_Clicked);
+    connect(&mWindowButtons.bMin, &c_SurfButton::Clicked, this, &c_gMulti::bMin_Clicked);
+}
+
+void c_gMulti::Run() {
+    mScores.assign(static_cast<std::size_t>(mPlayers), 0);
+    if (!LoadPlaylist())
+        return;
+    mList->RandomizeList();
+    for (mRound = 1; mRound <= kRounds; ++mRound)
+        for (mPlayer = 1; mPlayer <= mPlayers; ++mPlayer)
+            if (!PlayQuestion())
+                return;
+    ShowResults();
+}
+
+bool c_gMulti::LoadPlaylist() {
+    constexpr int kFewestSongs = 10;
+    const std::unique_ptr<game::SongSource> source = mNewSongSource();
+    const std::filesystem::path path = source->GetM3U();
+    mQuit = source->ExitProgram() || platform::Quitting();
+    if (mQuit) {
+        source->LoadingDone();
+        return false;
+    }
+    mList = std::make_unique<c_M3U>();
+    if (!path.empty())
+        mList->ReadFile(path);
+    source->LoadingDone();
+    if (path.empty()) {
+        platform::ShowMessage(QStringLiteral("Songrush requires a playlist to play."));
+        return false;
+    }
+    if (mList->Count() < kFewestSongs) {
+        platform::ShowMessage(
+            QStringLiteral("Songrush Requires atleast 10 songs in a playlist."));
+        return false;
+    }
+    return true;
+}
+
+bool c_gMulti::PlayQuestion() {
+    if (!PrepareSong() || !TakeBet())
+        return false;
+    AskTitle();
+    const int choice = WaitForChoice();
+    if (mQuit)
+        return false;
+    Board().StopTimer();
+    Answered();
+    Board().pHint->hide();
+    ShowChoices(false);
+    Board().pTimer->hide();
+    Board().ClearBackground();
+    if (choice == mCorrectSlot + 1)
+        DrawRight();
+    else
+        DrawWrong();
+    return WaitForContinue();
+}
+
+bool c_gMulti::PrepareSong() {
+    Board().ClearBackground();
+    Board().SetFontSize(24);
+    if (!OpenNextSong()) {
+        if (!mQuit)
+            platform::ShowMessage(
+                QStringLiteral("None of the songs in this playlist can be played."));
+        return false;
+    }
+    StartAtRandomPoint();
+    ShowChoices(false);
+    return true;
+}
+
+bool c_gMulti::OpenNextSong() {
+    for (int tries = mList->Count(); tries > 0 && !mQuit; --tries) {
+        mSong = mList->NextUnplayed();
+        if (Audio().OpenFile(mSong) == 1)
+            return true;
+        platform::PumpEventsNowAndThen();
+        mQuit = mQuit || platform::Quitting();
+    }
+    return false;
+}
+
+void c_gMulti::StartAtRandomPoint() {
+    constexpr double kHeard = 25;
+    const double length = Audio().Length();
+    if (length >= kHeard)
+        Audio().SeekTo((length - kHeard) * platform::Rnd());
+}
+
+void c_gMulti::AskTitle() {
+    f_Multi& board = Board();
+    board.ClearBackground();
+    board.SetFontSize(24);
+    board.SetTimeLimit(ClipSeconds());
+    BuildChoices();
+    DrawStatus();
+    board.AskQuestion(QStringLiteral("What is the Title of this Song?"));
+    ShowBoard();
+    bPlay.Refresh();
+    board.pPlay->show();
+    board.pPlay->setFocus();
+}
+
+void c_gMulti::ShowBoard() {
+    // What is written on the board may lie behind the corner's buttons.
+    mWindowButtons.Refresh();
+    if (!Board().isVisible())
+        Board().ShowInPlace();
+}
+
+void c_gMulti::DrawStatus() {
+    Board().DrawRound(kRounds, mRound);
+    Board().DrawScore(Score());
+    if (mPlayers == 1)
+        Board().DrawSinglePlayer();
+    else
+        Board().DrawPlayer(mPlayer);
+}
+
+void c_gMulti::BuildChoices() {
+    platform::Randomize(platform::SecondsSinceMidnight());
+    const game::Choices drawn = game::DrawChoices(
+        mList->Count(), [this](int index) { return mList->FileName(index); }, mSong);
+    std::array<QString, 4> captions;
+    for (std::size_t i = 0; i < captions.size(); ++i)
+        captions[i] = TitleOf(mList->FileName(drawn.candidates[i]));
+    mCorrectSlot = drawn.correctSlot;
+    captions[static_cast<std::size_t>(mCorrectSlot)] = TitleOf(mSong);
+    SetChoiceCaptions(captions);
+}
+
+QString c_gMulti::TitleOf(const std::filesystem::path& song) {
+    mTag.GetIdTag(song);
+    const QString title = mTag.Title();
+    return title.trimmed().isEmpty() ? c_ID3::TitleFromFileName(song) : title;
+}
+
+void c_gMulti::SetChoiceCaptions(const std::array<QString, 4>& captions) {
+    for (std::size_t i = 0; i < captions.size(); ++i) {
+        mChoices[i]->SetCaption(captions[i]);
+        mChoices[i]->Refresh(c_SurfButton::Normal);
+    }
+}
+
+void c_gMulti::ShowChoices(bool shown) {
+    for (PictureBox* choice : Board().Choices())
+        choice->setVisible(shown);
+}
+
+void c_gMulti::bPlay_Clicked() {
+    Board().pPlay->hide();
+    Board().pHint->show();
+    ShowChoices(true);
+    bHint.Refresh();
+    Board().InitTimer();
+    Audio().Play();
+}
+
+void c_gMulti::bHint_Clicked() {
+    platform::Randomize(platform::SecondsSinceMidnight());
+    Board().pHint->hide();
+    for (const int slot : game::DrawHint(mCorrectSlot))
+        Board().Choices()[static_cast<std::size_t>(slot)]->hide();
+    Score() = game::ScoreAfterHint(Score());
+}
+
+void c_gMulti::bMin_Clicked() { Board().showMinimized(); }
+
+void c_gMulti::bX_Clicked() {
+    mQuit = true;
+    Board().hide();
+}
+
+int c_gMulti::WaitForChoice() {
+    mAnswer = 0;
+    WaitWhileShown([this] { return mAnswer == 0; });
+    return mAnswer;
+}
+
+void c_gMulti::WaitWhileShown(const std::function<bool()>& waiting) {
+    platform::WaitWhile([&] { return Board().isVisible() && waiting(); });
+    mQuit = mQuit || platform::Quitting();
+}
+
+std::int32_t c_gMulti::PointsForAnswer(float seconds) const {
+    return game::PointsForTime(seconds);
+}
+
+QString c_gMulti::Addressed(const QString& one, const QString& several) const {
+    return mPlayers == 1 ? one : several.arg(mPlayer);
+}
+
+void c_gMulti::DrawRight() {
+    const float seconds = Board().ElapsedTime();
+    const std::int32_t points = PointsForAnswer(seconds);
+    Score() = game::AddPoints(Score(), points);
+    Board().SetFontSize(32);
+    Board().WriteCentered(Addressed(QStringLiteral("You are Correct!"),
+                                    QStringLiteral("Player %1 is Correct!")),
+                          200, kWhite);
+    Board().WriteCentered(game::AnswerTimeText(seconds), 280, Rgb(50, 100, 250));
+    Board().WriteCentered(QStringLiteral("%1 Points").arg(points), 360, Rgb(255, 0, 0));
+}
+
+void c_gMulti::DrawWrong() {
+    DrawWrongStorm();
+    Board().SetFontSize(32);
+    Board().WriteCentered(Addressed(QStringLiteral("You are Wrong!"),
+                                    QStringLiteral("Player %1 is Wrong!")),
+                          200, kWhite);
+    Board().WriteCentered(QStringLiteral("The Correct Answer Is:"), 280, Rgb(250, 250, 250));
+    Board().WriteCentered(TitleOf(mSong), 360, Rgb(60, 230, 60));
+}
+
+void c_gMulti::DrawWrongStorm() {
+    using platform::Rnd;
+    using platform::RndRounded;
+    for (int i = 0; i < 60; ++i) {
+        Board().SetFontSize(Rnd() * 58 + 14);
+        const int red = RndRounded(100);
+        const int green = RndRounded(100);
+        const int blue = RndRounded(100);
+        const auto x = static_cast<float>(Rnd() * 800 - 100);
+        const auto y = static_cast<float>(Rnd() * 500 + 100);
+        BeginDraw(Board().Dc(), Qt::SolidLine, kWhite, 1, kBlack, BkMode::Transparent);
+        ShadowText(QStringLiteral("Wrong"), Rgb(red, green, blue), kBlack, x, y, 3);
+        EndDraw();
+    }
+}
+
+bool c_gMulti::WaitForContinue() {
+    mWindowButtons.Refresh();
+    bCont.Refresh();
+    Board().pCont->show();
+    Board().pCont->setFocus();
+    mAnswer = 0;
+    WaitWhileShown([this] { return mAnswer != kContinue; });
+    Board().pCont->hide();
+    return !mQuit;
+}
+
+void c_gMulti::ShowResults() {
+    Board().hide();
+    c_hMulti highScores(mForms.scores, mForms.name);
+    ChooseScoreFile(highScores);
+    highScores.SetAndShowScores(mScores);
+    if (!highScores.ExitProgram()) {
+        if (mPlayers == 1)
+            highScores.Check(mScores.front());
+        else
+            highScores.MultiCheck(mScores);
+    }
+    mQuit = highScores.ExitProgram();
+}

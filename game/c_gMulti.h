@@ -1,0 +1,125 @@
+#pragma once
+
+#include "game/SongSource.h"
+#include "library/c_ID3.h"
+#include "library/c_M3U.h"
+#include "toolkit/Screen.h"
+
+#include <QObject>
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+class c_hMulti;
+class f_High;
+class f_HighMulti;
+class f_Multi;
+
+namespace game {
+
+/// The program-wide forms that both games are shown on.
+struct Forms {
+    f_Multi& board;
+    f_HighMulti& scores;
+    f_High& name;
+};
+
+} // namespace game
+
+/// The multiple-choice game: six rounds in which every player names a song out of four titles. One
+/// controller plays one game. The betting game derives from it.
+class c_gMulti : public QObject {
+    Q_OBJECT
+public:
+    c_gMulti(const game::Forms& forms, game::SongSourceFactory newSongSource);
+    ~c_gMulti() override;
+
+    /// Number of players, at least 1; set before `Run`.
+    void SetPlayers(int players) { mPlayers = players; }
+
+    /// Plays a whole game; returns when it is over or left.
+    void Run();
+
+    /// Read after `Run`: whether the player wants to leave the program.
+    bool ExitProgram() const { return mQuit; }
+
+    void bChoice1_Clicked() { mAnswer = 1; }
+    void bChoice2_Clicked() { mAnswer = 2; }
+    void bChoice3_Clicked() { mAnswer = 3; }
+    void bChoice4_Clicked() { mAnswer = 4; }
+    void bCont_Clicked() { mAnswer = kContinue; }
+    void bPlay_Clicked();
+    void bHint_Clicked();
+    void bMin_Clicked();
+    void bX_Clicked();
+
+protected:
+    /// What the betting game does differently, in the order of play: takes the bet (false when the
+    /// player left),
+    virtual bool TakeBet() { return true; }
+    /// limits the clip to that many seconds (0: not at all),
+    virtual int ClipSeconds() const { return 0; }
+    /// is told of an answer once the clock is off,
+    virtual void Answered() {}
+    /// gives its own points for a right answer after `seconds` on the clock,
+    virtual std::int32_t PointsForAnswer(float seconds) const;
+    /// and keeps its scores in another file.
+    virtual void ChooseScoreFile(c_hMulti&) const {}
+
+    f_Multi& Board() { return mForms.board; }
+    /// Sets the captions of the four choice buttons and shows them in order.
+    void SetChoiceCaptions(const std::array<QString, 4>& captions);
+    void ShowChoices(bool shown);
+    void ShowBoard();
+    /// Writes round, score and player.
+    void DrawStatus();
+    /// Waits for a click on a choice button and returns its number, 1 to 4; 0 when the player left.
+    int WaitForChoice();
+
+private:
+    static constexpr int kRounds = 6;
+    static constexpr int kContinue = 99;
+
+    void CreateButtons();
+    bool LoadPlaylist();
+    bool PlayQuestion();
+    bool OpenNextSong();
+    bool PrepareSong();
+    void StartAtRandomPoint();
+    void BuildChoices();
+    void AskTitle();
+    void DrawRight();
+    void DrawWrong();
+    void DrawWrongStorm();
+    bool WaitForContinue();
+    void WaitWhileShown(const std::function<bool()>& waiting);
+    void ShowResults();
+
+    QString TitleOf(const std::filesystem::path& song);
+    QString Addressed(const QString& one, const QString& several) const;
+    std::int32_t& Score() { return mScores[static_cast<std::size_t>(mPlayer - 1)]; }
+
+    game::Forms mForms;
+    game::SongSourceFactory mNewSongSource;
+    int mPlayers = 1;
+    int mRound = 0;
+    int mPlayer = 0;
+    std::vector<std::int32_t> mScores;
+    std::unique_ptr<c_M3U> mList;
+    c_ID3 mTag;
+    std::filesystem::path mSong;
+    int mCorrectSlot = 0;
+    int mAnswer = 0;
+    bool mQuit = false;
+
+    toolkit::WindowButtons mWindowButtons;
+    c_SurfButton Choice1;
+    c_SurfButton Choice2;
+    c_SurfButton Choice3;
+    c_SurfButton Choice4;
+    c_SurfButton bHint;
+    c_SurfButton bCont;
+    c_SurfButton bPlay;
+    std::array<c_SurfButton*, 4> mChoices{&Choice1, &Choice2, &Choice3, &Choice4};
+};

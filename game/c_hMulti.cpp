@@ -1,0 +1,108 @@
+#include "game/c_hMulti.h"
+
+#include "game/RankScores.h"
+#include "game/f_High.h"
+#include "game/f_HighMulti.h"
+#include "platform/File.h"
+#include "platform/Message.h"
+#include "platform/ProgramFolder.h"
+#include "platform/Wait.h"
+
+#include <algorithm>
+
+c_hMulti::c_hMulti(f_HighMulti& form, f_High& nameForm)
+    : mForm(form), mNameForm(nameForm), mFile(platform::ProgramFolder() / "H1.dat"),
+      mWindowButtons(form) {
+    bCont.Create(form.pCont, QStringLiteral("Images\\bCont.bmp"), QString());
+    form.LayOut();
+    connect(&bCont, &c_SurfButton::Clicked, this, &c_hMulti::bCont_Clicked);
+    connect(&mWindowButtons.bX, &c_SurfButton::Clicked, this, &c_hMulti::bX_Clicked);
+    connect(&mWindowButtons.bMin, &c_SurfButton::Clicked, this, &c_hMulti::bMin_Clicked);
+}
+
+c_hMulti::~c_hMulti() { mForm.hide(); }
+
+void c_hMulti::Check(std::int32_t score) {
+    Load();
+    Enter(score, QStringLiteral("You got a High Score! Please Enter your name below."));
+    ShowTable();
+    Save();
+}
+
+void c_hMulti::MultiCheck(const std::vector<std::int32_t>& scores) {
+    Load();
+    int place = 0;
+    for (const std::int32_t score : scores)
+        Enter(score, QStringLiteral("Player %1 got a High Score! Please Enter Their name below.")
+                         .arg(++place));
+    ShowTable();
+    Save();
+}
+
+void c_hMulti::Enter(std::int32_t score, const QString& prompt) {
+    if (const auto place = mTable.PlaceFor(score))
+        mTable.Insert(*place, mNameForm.GetName(prompt), score);
+}
+
+void c_hMulti::SetAndShowScores(std::vector<std::int32_t>& scores) {
+    const std::vector<QString> labels = game::RankScores(scores);
+    const int count = static_cast<int>(scores.size());
+    for (int first = 0; first < count && !mQuit && !platform::Quitting();
+         first += f_HighMulti::kRows) {
+        mForm.DrawTitle(QStringLiteral("SCORES"));
+        for (int i = first; i < std::min(first + f_HighMulti::kRows, count); ++i) {
+            const auto at = static_cast<std::size_t>(i);
+            mForm.DrawRow(i - first,
+                          {i + 1, labels[at], QString::number(scores[at]), false});
+        }
+        ShowForm();
+    }
+}
+
+void c_hMulti::ShowTable() {
+    mForm.DrawTitle(QStringLiteral("HIGH SCORES"));
+    for (int i = 0; i < game::HighScoreTable::kPlaces; ++i)
+        mForm.DrawRow(i, {i + 1, mTable.Name(i), mTable.Score(i), mTable.IsNew(i)});
+    ShowForm();
+}
+
+void c_hMulti::ShowForm() {
+    mWindowButtons.Refresh();
+    bCont.Refresh();
+    mForm.ShowInPlace();
+    mForm.pCont->setFocus();
+    platform::WaitWhile([this] { return mForm.isVisible(); });
+}
+
+void c_hMulti::Load() {
+    std::error_code error;
+    if (!std::filesystem::exists(mFile, error))
+        return;
+    using Result = game::HighScoreTable::ReadResult;
+    QByteArray bytes;
+    const Result result = platform::ReadWholeFile(mFile, bytes) ? Result::Unreadable
+                                                                 : mTable.Parse(bytes);
+    if (result == Result::Tampered)
+        KillIt();
+    else if (result == Result::Unreadable)
+        platform::ShowMessage(QStringLiteral("Error loading High Scores."));
+}
+
+void c_hMulti::Save() {
+    if (platform::ReplaceFile(mFile, mTable.Serialise()))
+        platform::ShowMessage(QStringLiteral("Error Writing High Scores."));
+}
+
+void c_hMulti::KillIt() {
+    if (platform::RemoveFile(mFile))
+        platform::ShowMessage(QStringLiteral("Error in KillIt:c_hMulti"));
+}
+
+void c_hMulti::bCont_Clicked() { mForm.hide(); }
+
+void c_hMulti::bMin_Clicked() { mForm.showMinimized(); }
+
+void c_hMulti::bX_Clicked() {
+    mQuit = true;
+    mForm.hide();
+}

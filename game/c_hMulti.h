@@ -1,0 +1,56 @@
+#pragma once
+
+#include "game/HighScoreTable.h"
+#include "toolkit/Screen.h"
+
+#include <QObject>
+#include <cstdint>
+#include <filesystem>
+#include <vector>
+
+class f_High;
+class f_HighMulti;
+
+/// Shows the scores of a game, takes those that are good enough into the mode's table of the ten
+/// best, keeps the table in its file and shows it.
+class c_hMulti : public QObject {
+    Q_OBJECT
+public:
+    c_hMulti(f_HighMulti& form, f_High& nameForm);
+    ~c_hMulti() override;
+
+    /// The table's file; the multiple-choice game's unless set.
+    void SetFileName(const std::filesystem::path& file) { mFile = file; }
+
+    /// Takes the score of a single player into the table and shows it.
+    void Check(std::int32_t score);
+
+    /// The same for the scores of several players, in the order given.
+    void MultiCheck(const std::vector<std::int32_t>& scores);
+
+    /// Sorts the scores of a game, best first, and shows them until the player goes on.
+    void SetAndShowScores(std::vector<std::int32_t>& scores);
+
+    /// Whether the player left by the close button.
+    bool ExitProgram() const { return mQuit; }
+
+    void bCont_Clicked();
+    void bMin_Clicked();
+    void bX_Clicked();
+
+private:
+    void Enter(std::int32_t score, const QString& prompt);
+    void ShowTable();
+    void ShowForm();
+    void Load();
+    void Save();
+    void KillIt();
+
+    f_HighMulti& mForm;
+    f_High& mNameForm;
+    std::filesystem::path mFile;
+    game::HighScoreTable mTable;
+    bool mQuit = false;
+    toolkit::WindowButtons mWindowButtons;
+    c_SurfButton bCont;
+};

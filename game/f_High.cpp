@@ -1,0 +1,60 @@
+#include "game/f_High.h"
+
+#include "game/HighScoreTable.h"
+#include "platform/Wait.h"
+#include "toolkit/ApiDraw.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+using namespace toolkit;
+
+namespace {
+
+constexpr QSize kSize(440, 190);
+constexpr int kLongestName = 40;
+
+} // namespace
+
+f_High::f_High()
+    : Form(QStringLiteral("f_High"), kSize), Label1(new QLabel(this)), Text1(new QLineEdit(this)),
+      cmdContinue(new QPushButton(QStringLiteral("Continue"), this)) {
+    const auto right = static_cast<float>(kSize.width() - 1);
+    const auto bottom = static_cast<float>(kSize.height() - 1);
+    BeginDraw(Dc(), Qt::SolidLine, kWhite, 1, kBlack, BkMode::Transparent);
+    DrawBox(Rgb(0, 150, 250), Rgb(0, 60, 160), Rgb(14, 12, 60), 0, 0, right, bottom);
+    EndDraw();
+
+    Label1->setObjectName(QStringLiteral("Label1"));
+    Label1->setAlignment(Qt::AlignCenter);
+    Label1->setWordWrap(true);
+    Label1->setBuddy(Text1);
+    Label1->setGeometry(20, 16, kSize.width() - 40, 60);
+    Text1->setObjectName(QStringLiteral("Text1"));
+    Text1->setAccessibleName(QStringLiteral("Name"));
+    Text1->setMaxLength(kLongestName);
+    Text1->setGeometry(40, 84, kSize.width() - 80, 34);
+    cmdContinue->setObjectName(QStringLiteral("cmdContinue"));
+    cmdContinue->setGeometry((kSize.width() - 140) / 2, 136, 140, 36);
+
+    connect(cmdContinue, &QPushButton::clicked, this, &f_High::cmdContinue_Click);
+    connect(Text1, &QLineEdit::returnPressed, this, &f_High::cmdContinue_Click);
+    connect(this, &Form::CloseRequested, this, &f_High::cmdContinue_Click);
+}
+
+QString f_High::GetName(const QString& prompt) {
+    Label1->setText(prompt);
+    Text1->clear();
+    mWaiting = true;
+    ShowInPlace();
+    Text1->setFocus();
+    platform::WaitWhile([this] { return mWaiting; });
+    hide();
+    return game::PlayerName(Text1->text());
+}
+
+void f_High::cmdContinue_Click() {
+    mWaiting = false;
+    hide();
+}

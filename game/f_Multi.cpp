@@ -1,0 +1,153 @@
+#include "game/f_Multi.h"
+
+#include "audio/c_XAudio.h"
+#include "platform/Time.h"
+#include "toolkit/ApiDraw.h"
+#include "toolkit/FittedText.h"
+
+#include <QKeyEvent>
+#include <cmath>
+
+using namespace toolkit;
+
+namespace {
+
+constexpr int kCenter = 400;
+constexpr int kMargin = 10;
+
+QString ClockText(float seconds) {
+    return QString::asprintf("%s%05.2f", seconds < 0 ? "-" : "",
+                             static_cast<double>(std::fabs(seconds)));
+}
+
+} // namespace
+
+f_Multi::f_Multi()
+    : Screen(QStringLiteral("f_Multi")),
+      pPlay(new PictureBox(this, QStringLiteral("pPlay"), QSize(160, 160))),
+      pHint(new PictureBox(this, QStringLiteral("pHint"), QSize(150, 54))),
+      pCont(new PictureBox(this, QStringLiteral("pCont"), QSize(220, 54))),
+      PChoice1(new PictureBox(this, QStringLiteral("PChoice1"), QSize(496, 66))),
+      pChoice2(new PictureBox(this, QStringLiteral("pChoice2"), QSize(496, 66))),
+      pChoice3(new PictureBox(this, QStringLiteral("pChoice3"), QSize(496, 66))),
+      pChoice4(new PictureBox(this, QStringLiteral("pChoice4"), QSize(496, 66))),
+      pTimer(new PictureBox(this, QStringLiteral("pTimer"), QSize(116, 42))) {
+    pPlay->setAccessibleName(QStringLiteral("Play"));
+    pHint->setAccessibleName(QStringLiteral("Hint"));
+    pCont->setAccessibleName(QStringLiteral("Continue"));
+    pTimer->setAccessibleName(QStringLiteral("Clock"));
+    for (PictureBox* choice : Choices())
+        choice->Dc()->SetFont(ScreenFont(20));
+    pTimer->Dc()->SetFont(ScreenFont(24));
+    SetFontSize(24);
+    Timer1.setInterval(100);
+    Timer1.setTimerType(Qt::PreciseTimer);
+    connect(&Timer1, &QTimer::timeout, this, &f_Multi::Timer1_Timer);
+}
+
+void f_Multi::LayOut() {
+    constexpr int kChoicesTop = 220;
+    constexpr int kChoiceGap = 4;
+    MoveToCorner();
+    pPlay->move((width() - pPlay->width()) / 2, (height() - pPlay->height()) / 2);
+    pHint->move(width() - kMargin - pHint->width(), height() - kMargin - pHint->height());
+    pCont->move((width() - pCont->width()) / 2, height() - kMargin - pCont->height());
+    pTimer->move(kCenter, 85);
+    const int left = (width() - PChoice1->width()) / 2;
+    int top = kChoicesTop;
+    for (PictureBox* choice : Choices()) {
+        choice->move(left, top);
+        choice->hide();
+        top += choice->height() + kChoiceGap;
+    }
+    for (PictureBox* box : {pPlay, pHint, pCont, pTimer})
+        box->hide();
+    Timer1.stop();
+    SetTimeLimit(0);
+}
+
+void f_Multi::InitTimer() {
+    mElapsed = 0;
+    mStart = platform::SecondsSinceMidnight();
+    const QString label = QStringLiteral("TIME:");
+    constexpr int kGap = 10;
+    BeginDraw(Dc(), Qt::SolidLine, kWhite, 1, kBlack, BkMode::Transparent);
+    SetDrawTextColor(Rgb(0, 100, 250));
+    PlainText(label, static_cast<float>(pTimer->x() - kGap - Dc()->TextWidth(label)),
+              static_cast<float>(pTimer->y()));
+    EndDraw();
+    Refresh();
+    pTimer->show();
+    DrawClock();
+    Timer1.start();
+}
+
+void f_Multi::Timer1_Timer() {
+    mElapsed = static_cast<float>(platform::SecondsSinceMidnight() - mStart);
+    if (mTimeLimit > 0 && mElapsed >= static_cast<float>(mTimeLimit)) {
+        Timer1.stop();
+        mElapsed = static_cast<float>(mTimeLimit);
+        Audio().StopPlay();
+        mTimeLimit = -1;
+    }
+    DrawClock();
+}
+
+void f_Multi::DrawClock() {
+    const Hdc dc = pTimer->Dc();
+    if (gBack)
+        BitBlt(dc, 0, 0, pTimer->width(), pTimer->height(), gBack->HDC(0), pTimer->x(),
+               pTimer->y(), RasterOp::SrcCopy);
+    const QString text = ClockText(mElapsed);
+    BeginDraw(dc, Qt::SolidLine, kWhite, 1, kBlack, BkMode::Transparent);
+    SetDrawTextColor(Rgb(50, 0, 100));
+    PlainText(text, static_cast<float>((pTimer->width() - dc->TextWidth(text)) / 2),
+              static_cast<float>((pTimer->height() - dc->TextHeight()) / 2));
+    EndDraw();
+    pTimer->Refresh();
+}
+
+void f_Multi::SetFontSize(double points) { Dc()->SetFont(ScreenFont(points)); }
+
+void f_Multi::WriteCentered(const QString& text, int y, ColorRef color, int shadowOffset) {
+    CenteredText(Dc(), text, kCenter, y, width() - 2 * kMargin, color, shadowOffset);
+    Refresh();
+}
+
+void f_Multi::AskQuestion(const QString& text) { WriteCentered(text, 160, kWhite); }
+
+void f_Multi::DrawSinglePlayer() {
+    WriteCentered(QStringLiteral("Single Player Mode"), 560, Rgb(255, 0, 0), 2);
+}
+
+void f_Multi::DrawPlayer(int player) {
+    WriteCentered(QStringLiteral("Player %1").arg(player), 560, Rgb(255, 0, 0), 2);
+}
+
+void f_Multi::DrawRound(int total, int current) {
+    constexpr int kTop = 6;
+    BeginDraw(Dc(), Qt::SolidLine, kWhite, 1, kBlack, BkMode::Transparent);
+    ShadowText(QStringLiteral("Round %1 of %2").arg(current).arg(total), Rgb(250, 50, 50),
+               Rgb(50, 0, 50), kMargin, kTop, 3);
+    EndDraw();
+    Refresh();
+}
+
+void f_Multi::DrawScore(int score) {
+    const QString text = QStringLiteral("SCORE: %1").arg(score);
+    const double right = width() - kMargin;
+    BeginDraw(Dc(), Qt::SolidLine, kWhite, 1, kBlack, BkMode::Transparent);
+    ShadowText(text, kWhite, kBlack, static_cast<float>(right - Dc()->TextWidth(text)),
+               static_cast<float>(pTimer->y()), 3);
+    EndDraw();
+    Refresh();
+}
+
+void f_Multi::keyPressEvent(QKeyEvent* event) {
+    if (event->key() >= Qt::Key_1 && event->key() <= Qt::Key_4)
+        Choices()[static_cast<std::size_t>(event->key() - Qt::Key_1)]->Activate();
+    else if (event->key() == Qt::Key_H)
+        pHint->Activate();
+    else
+        Screen::keyPressEvent(event);
+}

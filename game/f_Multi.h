@@ -1,0 +1,67 @@
+#pragma once
+
+#include "toolkit/Screen.h"
+
+#include <QTimer>
+#include <array>
+
+/// The board on which both games are played: it owns the game clock and writes the texts of a
+/// question. One board serves the whole program.
+class f_Multi : public toolkit::Screen {
+    Q_OBJECT
+public:
+    f_Multi();
+
+    /// Places the boxes, whose sizes the skins gave, hides those that wait for their turn, and puts
+    /// the board at the screen's corner without a time limit.
+    void LayOut();
+
+    /// Starts the clock from 0 and shows it.
+    void InitTimer();
+    void StopTimer() { Timer1.stop(); }
+
+    /// Seconds on the clock.
+    float ElapsedTime() const { return mElapsed; }
+
+    /// The clock stops at `seconds`, and the clip with it; 0 for no limit.
+    void SetTimeLimit(int seconds) { mTimeLimit = seconds; }
+    /// -1 once the clock has stopped the clip.
+    int TimeLimit() const { return mTimeLimit; }
+
+    void SetFontSize(double points);
+
+    /// Writes `text` centred at x = 400 in the board's font, as wide as the board lets it.
+    void WriteCentered(const QString& text, int y, toolkit::ColorRef color, int shadowOffset = 3);
+
+    void AskQuestion(const QString& text);
+    void DrawSinglePlayer();
+    void DrawPlayer(int player);
+    void DrawRound(int total, int current);
+    void DrawScore(int score);
+    void ClearBackground() { CopyBackground(); }
+
+    toolkit::PictureBox* pPlay;
+    toolkit::PictureBox* pHint;
+    toolkit::PictureBox* pCont;
+    toolkit::PictureBox* PChoice1;
+    toolkit::PictureBox* pChoice2;
+    toolkit::PictureBox* pChoice3;
+    toolkit::PictureBox* pChoice4;
+    toolkit::PictureBox* pTimer;
+    QTimer Timer1;
+
+    std::array<toolkit::PictureBox*, 4> Choices() const {
+        return {PChoice1, pChoice2, pChoice3, pChoice4};
+    }
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void Timer1_Timer();
+    void DrawClock();
+
+    float mElapsed = 0;
+    double mStart = 0;
+    int mTimeLimit = 0;
+};

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <functional>
+
+namespace platform {
+
+/// Nearest integer; halves go to the even neighbour.
+int RoundHalfEven(double value);
+
+/// Reseeds the generator; the games pass the seconds since midnight.
+void Randomize(double seed);
+
+/// Uniform random number in [0, 1).
+double Rnd();
+
+/// Random integer from 0 to `highest`, by multiplying and rounding half to even: both end values
+/// are half as likely as the others.
+int RndRounded(int highest);
+
+/// Makes `source` give the random numbers from now on and returns what gave them before. An empty
+/// source stands for the program's own generator, the only one that `Randomize` reseeds.
+std::function<double()> ReplaceRandom(std::function<double()> source);
+
+} // namespace platform

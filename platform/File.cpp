@@ -1,0 +1,269 @@
+#include "platform/File.h"
+
+#include <QtGlobal>
+
+#ifdef Q_OS_UNIX
+#include "platform/RegularFile.h"
+
+#include <cstdio>
+#include <string>
+#else
+#include "platform/Text.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#endif
+
+namespace platform {
+
+namespace fs = std::filesystem;
+
+#ifdef Q_OS_UNIX
+
+namespace {
+
+/// Writes all of `bytes`; false on error, which may come after a part was written.
+bool WriteAt(int handle, off_t offset, QByteArrayView bytes) {
+    while (!bytes.isEmpty()) {
+        const ssize_t done =
+            pwrite(handle, bytes.data(), static_cast<std::size_t>(bytes.size()), offset);
+        if (done < 0 && errno != EINTR)
+            return false;
+        if (done > 0) {
+            bytes = bytes.sliced(done);
+            offset += done;
+        }
+    }
+    return true;
+}
+
+/// Leads `file` along symbolic links to where they end; there need be nothing.
+std::error_code FollowLinks(fs::path& file) {
+    constexpr int kMostLinks = 40; // as the Linux kernel does
+    for (int i = 0; i < kMostLinks; ++i) {
+        std::error_code error;
+        if (!fs::is_symlink(fs::symlink_status(file, error)))
+            return {};
+        const fs::path target = fs::read_symlink(file, error);
+        if (error)
+            return error;
+        file = file.parent_path() / target;
+    }
+    return make_error_code(std::errc::too_many_symbolic_link_levels);
+}
+
+/// A new file in a folder, deleted again unless it was renamed to its final name.
+class TemporaryFile {
+public:
+    explicit TemporaryFile(const fs::path& folder) {
+        static unsigned number = 0;
+        do {
+            // Not made from the final name, which may be as long as names can be.
+            mPath = folder / (".songrush-" + std::to_string(getpid()) + "-" +
+                              std::to_string(++number) + ".tmp");
+            mHandle = open(mPath.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        } while (mHandle < 0 && errno == EEXIST);
+        if (mHandle < 0)
+            mError = RegularFile::LastError();
+    }
+    ~TemporaryFile() {
+        if (mHandle < 0)
+            return;
+        close(mHandle);
+        if (!mRenamed)
+            unlink(mPath.c_str());
+    }
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+
+    /// Why the file could not be made; nothing below may be called then.
+    std::error_code Error() const { return mError; }
+
+    /// Best effort: some file systems keep no permissions.
+    void SetPermissions(mode_t mode) const { [[maybe_unused]] int done = fchmod(mHandle, mode); }
+
+    std::error_code Fill(QByteArrayView bytes) const {
+        return WriteAt(mHandle, 0, bytes) && fsync(mHandle) == 0 ? std::error_code()
+                                                                 : RegularFile::LastError();
+    }
+
+    std::error_code RenameTo(const fs::path& file) {
+        mRenamed = std::rename(mPath.c_str(), file.c_str()) == 0;
+        return mRenamed ? std::error_code() : RegularFile::LastError();
+    }
+
+private:
+    fs::path mPath;
+    int mHandle = -1;
+    bool mRenamed = false;
+    std::error_code mError;
+};
+
+/// Makes a rename in `folder` last through a power cut, where the system can.
+void FlushFolder(const fs::path& folder) {
+    const int handle = open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_CLOEXEC);
+    if (handle < 0)
+        return;
+    fsync(handle);
+    close(handle);
+}
+
+} // namespace
+
+std::error_code ReadWholeFile(const fs::path& file, QByteArray& bytes) {
+    bytes.clear();
+    const RegularFile opened(AT_FDCWD, file.c_str(), O_RDONLY);
+    if (opened.Error())
+        return opened.Error();
+    QByteArray read(static_cast<qsizetype>(opened.Size()), Qt::Uninitialized);
+    const ssize_t got = opened.ReadAt(0, {read.data(), static_cast<std::size_t>(read.size())});
+    if (got < 0)
+        return RegularFile::LastError();
+    read.truncate(got);
+    bytes = std::move(read);
+    return {};
+}
+
+bool ReadTail(const fs::path& file, std::span<char> tail) {
+    const RegularFile opened(AT_FDCWD, file.c_str(), O_RDONLY);
+    return !opened.Error() && opened.ReadTail(tail);
+}
+
+std::error_code ReplaceTail(const fs::path& file, std::size_t replaced, QByteArrayView bytes) {
+    const RegularFile opened(AT_FDCWD, file.c_str(), O_RDWR);
+    if (opened.Error())
+        return opened.Error();
+    if (opened.ReadOnly())
+        return make_error_code(std::errc::permission_denied);
+    std::string old(replaced, '\0');
+    if (!opened.ReadTail(old))
+        return make_error_code(std::errc::io_error);
+    const off_t offset = opened.Size() - static_cast<off_t>(replaced);
+    if (WriteAt(opened.Handle(), offset, bytes))
+        return {};
+    const std::error_code error = RegularFile::LastError();
+    // Needs no space that the file did not have before, so it is not expected to fail.
+    [[maybe_unused]] const bool shortened = ftruncate(opened.Handle(), opened.Size()) == 0;
+    WriteAt(opened.Handle(), offset, old);
+    return error;
+}
+
+std::error_code ReplaceFile(const fs::path& file, QByteArrayView bytes) {
+    fs::path target = file;
+    if (const std::error_code error = FollowLinks(target))
+        return error;
+    struct stat old {};
+    const bool exists = stat(target.c_str(), &old) == 0;
+    if (exists && !S_ISREG(old.st_mode))
+        return make_error_code(std::errc::invalid_argument);
+    TemporaryFile temporary(target.parent_path());
+    if (temporary.Error())
+        return temporary.Error();
+    if (exists)
+        temporary.SetPermissions((old.st_mode & 0777) | S_IWUSR);
+    if (const std::error_code error = temporary.Fill(bytes))
+        return error;
+    if (const std::error_code error = temporary.RenameTo(target))
+        return error;
+    FlushFolder(target.parent_path());
+    return {};
+}
+
+std::error_code RemoveFile(const fs::path& file) {
+    return unlink(file.c_str()) == 0 || errno == ENOENT ? std::error_code()
+                                                        : RegularFile::LastError();
+}
+
+#else
+
+namespace {
+
+std::error_code CheckRegular(const QString& file) {
+    const QFileInfo info(file);
+    if (!info.exists())
+        return make_error_code(std::errc::no_such_file_or_directory);
+    return info.isFile() ? std::error_code() : make_error_code(std::errc::invalid_argument);
+}
+
+std::error_code IoError() {
+    return make_error_code(std::errc::io_error);
+}
+
+bool ReadTail(QFile& file, std::span<char> tail) {
+    const auto length = static_cast<qint64>(tail.size());
+    return file.size() >= length && file.seek(file.size() - length) &&
+           file.read(tail.data(), length) == length;
+}
+
+bool WriteAt(QFile& file, qint64 offset, QByteArrayView bytes) {
+    return file.seek(offset) && file.write(bytes.data(), bytes.size()) == bytes.size();
+}
+
+void ClearReadOnly(const QString& file) {
+    QFile::setPermissions(file, QFile::permissions(file) | QFile::WriteOwner | QFile::WriteUser);
+}
+
+} // namespace
+
+std::error_code ReadWholeFile(const fs::path& file, QByteArray& bytes) {
+    bytes.clear();
+    QFile opened(TextFromPath(file));
+    if (const std::error_code error = CheckRegular(opened.fileName()))
+        return error;
+    if (!opened.open(QIODevice::ReadOnly))
+        return make_error_code(std::errc::permission_denied);
+    bytes = opened.readAll();
+    return opened.error() == QFile::NoError ? std::error_code() : (bytes.clear(), IoError());
+}
+
+bool ReadTail(const fs::path& file, std::span<char> tail) {
+    QFile opened(TextFromPath(file));
+    return !CheckRegular(opened.fileName()) && opened.open(QIODevice::ReadOnly) &&
+           ReadTail(opened, tail);
+}
+
+std::error_code ReplaceTail(const fs::path& file, std::size_t replaced, QByteArrayView bytes) {
+    QFile opened(TextFromPath(file));
+    if (const std::error_code error = CheckRegular(opened.fileName()))
+        return error;
+    if (!opened.open(QIODevice::ReadWrite | QIODevice::Unbuffered | QIODevice::ExistingOnly))
+        return make_error_code(std::errc::permission_denied);
+    QByteArray old(static_cast<qsizetype>(replaced), '\0');
+    const qint64 size = opened.size();
+    if (!ReadTail(opened, {old.data(), replaced}))
+        return IoError();
+    const qint64 offset = size - static_cast<qint64>(replaced);
+    if (WriteAt(opened, offset, bytes))
+        return {};
+    WriteAt(opened, offset, old);
+    opened.resize(size);
+    return IoError();
+}
+
+std::error_code ReplaceFile(const fs::path& file, QByteArrayView bytes) {
+    const QString name = TextFromPath(file);
+    const std::error_code old = CheckRegular(name);
+    if (old && old != std::errc::no_such_file_or_directory)
+        return old;
+    if (!old)
+        ClearReadOnly(name);
+    QSaveFile replacement(name);
+    if (!replacement.open(QIODevice::WriteOnly))
+        return make_error_code(std::errc::permission_denied);
+    replacement.write(bytes.data(), bytes.size());
+    return replacement.commit() ? std::error_code() : IoError();
+}
+
+std::error_code RemoveFile(const fs::path& file) {
+    const QString name = TextFromPath(file);
+    const std::error_code old = CheckRegular(name);
+    if (old)
+        return old == std::errc::no_such_file_or_directory ? std::error_code() : old;
+    ClearReadOnly(name);
+    return QFile::remove(name) ? std::error_code() : make_error_code(std::errc::permission_denied);
+}
+
+#endif
+
+} // namespace platform

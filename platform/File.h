@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QByteArray>
+#include <QByteArrayView>
+#include <cstddef>
+#include <filesystem>
+#include <span>
+#include <system_error>
+
+namespace platform {
+
+// Only regular files, and links to them, are read or written; anything else that has the name (a
+// folder, a pipe, a device) is an error and is never waited for.
+
+/// Reads the whole file into `bytes`, which are empty on error.
+std::error_code ReadWholeFile(const std::filesystem::path& file, QByteArray& bytes);
+
+/// Fills `tail` with the file's last bytes; false when it has fewer or cannot be read.
+bool ReadTail(const std::filesystem::path& file, std::span<char> tail);
+
+/// Writes `bytes` over the file's last `replaced` bytes, in one write; the file grows by the rest
+/// of `bytes`. On error the file is as it was. A read-only file is an error.
+std::error_code ReplaceTail(const std::filesystem::path& file, std::size_t replaced,
+                            QByteArrayView bytes);
+
+/// Makes `bytes` the file's whole contents, whether or not it exists, also when it is read-only;
+/// of a symbolic link, those of the file it leads to. The contents are on the disk before they
+/// replace the old ones in one step; on error the old file is as it was.
+std::error_code ReplaceFile(const std::filesystem::path& file, QByteArrayView bytes);
+
+/// Deletes a file, also a read-only one; a link itself, not what it leads to. No error when there
+/// is none.
+std::error_code RemoveFile(const std::filesystem::path& file);
+
+} // namespace platform

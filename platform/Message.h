@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QRect>
+#include <QString>
+
+namespace platform {
+
+enum class Icon { None, Information, Warning, Critical };
+
+/// Where on the screen messages appear while no window of the program is open: in the middle of
+/// `place`.
+void SetMessagePlace(const QRect& place);
+
+/// Shows a message box with one OK button and waits until it is closed.
+void ShowMessage(const QString& text, Icon icon = Icon::Information,
+                 const QString& title = QStringLiteral("Songrush"));
+
+/// Asks a question with Yes and No and no icon; closing the box means No.
+bool AskYesNo(const QString& text, const QString& title = QStringLiteral("Songrush"));
+
+} // namespace platform

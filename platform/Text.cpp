@@ -1,0 +1,180 @@
+#include "platform/Text.h"
+
+#include <QList>
+#include <QStringDecoder>
+#include <algorithm>
+#include <array>
+#include <iterator>
+
+namespace platform {
+
+namespace {
+
+constexpr char16_t kByteBase = 0xDC00; // lone low surrogates stand for single bytes
+
+/// Windows-1252, codes 128 to 159; the rest is Latin-1.
+constexpr std::array<char16_t, 32> kWindows1252 = {
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+char16_t FromWindows1252(unsigned char byte) {
+    return byte >= 128 && byte < 160 ? kWindows1252[byte - 128u] : byte;
+}
+
+QStringDecoder Utf8Decoder() {
+    using Flag = QStringDecoder::Flag;
+    return QStringDecoder(QStringDecoder::Utf8, Flag::Stateless | Flag::ConvertInitialBom);
+}
+
+/// Length in bytes of the valid UTF-8 sequence at the start of `bytes`; 0 if there is none.
+std::size_t ValidLength(std::string_view bytes) {
+    const auto lead = static_cast<unsigned char>(bytes.front());
+    const std::size_t length = lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+    if (length > bytes.size())
+        return 0;
+    QStringDecoder decoder = Utf8Decoder();
+    const QString decoded =
+        decoder(QByteArrayView(bytes.data(), static_cast<qsizetype>(length)));
+    return decoder.hasError() || decoded.isEmpty() ? 0 : length;
+}
+
+/// Decodes UTF-8, each byte that is not part of a valid sequence by `fallback`.
+template <typename Fallback> QString Decode(std::string_view bytes, Fallback fallback) {
+    QStringDecoder decoder = Utf8Decoder();
+    QString whole = decoder(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
+    if (!decoder.hasError())
+        return whole;
+    QString text;
+    while (!bytes.empty()) {
+        const std::size_t length = ValidLength(bytes);
+        if (length == 0)
+            text += QChar(fallback(static_cast<unsigned char>(bytes.front())));
+        else
+            text += QString::fromUtf8(bytes.data(), static_cast<qsizetype>(length));
+        bytes.remove_prefix(std::max<std::size_t>(length, 1));
+    }
+    return text;
+}
+
+bool StandsForByte(QChar c) { return c.unicode() >= kByteBase + 0x80 && c.unicode() <= kByteBase + 0xFF; }
+
+constexpr QChar kEscape(0xFDD0); // a noncharacter, of no use in a real name
+
+struct Escape {
+    QChar plain;
+    QChar letter;
+};
+const Escape kEscapes[] = {{u'?', u'q'}, {u'\\', u'b'}, {kEscape, u'e'}};
+
+} // namespace
+
+QString TextFromPath(const std::filesystem::path& path) {
+#ifdef Q_OS_WIN
+    return QString::fromStdU16String(path.u16string());
+#else
+    return Decode(path.native(), [](unsigned char byte) { return char16_t(kByteBase + byte); });
+#endif
+}
+
+std::filesystem::path PathFromText(const QString& text) {
+#ifdef Q_OS_WIN
+    return std::filesystem::path(text.toStdU16String());
+#else
+    QByteArray bytes;
+    qsizetype from = 0;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (text[i].isHighSurrogate() && i + 1 < text.size()) {
+            ++i; // a pair, whose second half stands for itself
+        } else if (StandsForByte(text[i])) {
+            bytes += QStringView(text).mid(from, i - from).toUtf8();
+            bytes += static_cast<char>(text[i].unicode() & 0xFF);
+            from = i + 1;
+        }
+    }
+    bytes += QStringView(text).mid(from).toUtf8();
+    return std::filesystem::path(bytes.toStdString());
+#endif
+}
+
+QString ShownText(std::string_view bytes) { return Decode(bytes, FromWindows1252); }
+
+QString ShownText(const std::filesystem::path& path) {
+#ifdef Q_OS_WIN
+    return TextFromPath(path);
+#else
+    return ShownText(std::string_view(path.native()));
+#endif
+}
+
+QByteArray SystemBytes(const QString& text) { return text.toLocal8Bit(); }
+
+QString TextFromWindows1252(std::string_view bytes) {
+    QString text(static_cast<qsizetype>(bytes.size()), Qt::Uninitialized);
+    std::transform(bytes.begin(), bytes.end(), text.begin(),
+                   [](char byte) { return QChar(FromWindows1252(static_cast<unsigned char>(byte))); });
+    return text;
+}
+
+QByteArray Windows1252FromText(const QString& text) {
+    QByteArray bytes;
+    for (const char32_t c : text.toUcs4()) {
+        const auto found = std::find(kWindows1252.begin(), kWindows1252.end(), c);
+        if (found != kWindows1252.end())
+            bytes += static_cast<char>(128 + std::distance(kWindows1252.begin(), found));
+        else
+            bytes += c < 128 || (c >= 160 && c < 256) ? static_cast<char>(c) : '?';
+    }
+    return bytes;
+}
+
+QString AfterLastSeparator(const QString& text) {
+#ifndef Q_OS_WIN
+    // Beside a "/" a backslash may be part of a name; alone it can only come from elsewhere.
+    if (text.contains(u'/'))
+        return text.mid(text.lastIndexOf(u'/') + 1);
+#endif
+    return text.mid(std::max(text.lastIndexOf(u'/'), text.lastIndexOf(u'\\')) + 1);
+}
+
+QString EscapeSeparators(const QString& text) {
+    QString escaped;
+    for (const QChar c : text) {
+#ifdef Q_OS_WIN
+        if (c == u'\\') {
+            escaped += u'/';
+            continue;
+        }
+#endif
+        const auto* found = std::find_if(std::begin(kEscapes), std::end(kEscapes),
+                                         [c](const Escape& e) { return e.plain == c; });
+        if (found == std::end(kEscapes))
+            escaped += c;
+        else
+            (escaped += kEscape) += found->letter;
+    }
+    return escaped;
+}
+
+QString UnescapeSeparators(const QString& text) {
+    QString plain;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const QChar letter = text[i] == kEscape && i + 1 < text.size() ? text[i + 1] : QChar();
+        const auto* found = std::find_if(std::begin(kEscapes), std::end(kEscapes),
+                                         [letter](const Escape& e) { return e.letter == letter; });
+        const bool escaped = found != std::end(kEscapes);
+        plain += escaped ? found->plain : text[i];
+        i += escaped ? 1 : 0;
+    }
+    return plain;
+}
+
+QString KeyFromPath(const std::filesystem::path& path) {
+    return EscapeSeparators(TextFromPath(path)).replace(u'/', u'?');
+}
+
+std::filesystem::path PathFromKey(const QString& key) {
+    return PathFromText(UnescapeSeparators(QString(key).replace(u'?', u'/')));
+}
+
+} // namespace platform

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+namespace platform {
+
+/// Local time of day in seconds since midnight, fractions included; falls back to 0 at midnight.
+double SecondsSinceMidnight();
+
+/// Milliseconds of a clock that never jumps; only differences mean something.
+std::int64_t TickCount();
+
+/// Where the two clocks above come from.
+struct TimeSource {
+    std::function<double()> secondsSinceMidnight;
+    std::function<std::int64_t()> tickCount;
+};
+
+/// Makes `source` tell the time from now on and returns what told it before.
+TimeSource ReplaceTimeSource(TimeSource source);
+
+} // namespace platform

@@ -1,0 +1,133 @@
+#include "platform/Wait.h"
+
+#include "platform/Time.h"
+
+#include <QAbstractEventDispatcher>
+#include <QCoreApplication>
+#include <QEvent>
+#include <QSocketNotifier>
+#include <QTimer>
+#include <memory>
+
+#ifdef Q_OS_UNIX
+#include <csignal>
+#include <sys/socket.h>
+#include <unistd.h>
+#endif
+
+namespace platform {
+
+namespace {
+
+bool gQuitting = false;
+
+class QuitFilter : public QObject {
+public:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (watched == QCoreApplication::instance() && event->type() == QEvent::Quit)
+            gQuitting = true;
+        return false;
+    }
+};
+
+#ifdef Q_OS_UNIX
+int gSignalPipe[2] = {-1, -1};
+
+extern "C" void SignalHandler(int) {
+    const char byte = 1;
+    // Nothing can be done about a failure inside a signal handler.
+    [[maybe_unused]] const auto written = write(gSignalPipe[1], &byte, 1);
+}
+
+/// Turns termination signals into events of the main thread.
+class SignalWatch {
+public:
+    SignalWatch() {
+        if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0, gSignalPipe) != 0)
+            return;
+        mNotifier = std::make_unique<QSocketNotifier>(gSignalPipe[0], QSocketNotifier::Read);
+        QObject::connect(mNotifier.get(), &QSocketNotifier::activated, [] {
+            char byte = 0;
+            while (read(gSignalPipe[0], &byte, 1) == 1) {
+            }
+            RequestQuit();
+        });
+        for (const int number : {SIGTERM, SIGINT, SIGHUP})
+            std::signal(number, SignalHandler);
+    }
+    ~SignalWatch() {
+        for (const int number : {SIGTERM, SIGINT, SIGHUP})
+            std::signal(number, SIG_DFL);
+        mNotifier.reset();
+        for (int& end : gSignalPipe) {
+            close(end);
+            end = -1;
+        }
+    }
+    SignalWatch(const SignalWatch&) = delete;
+    SignalWatch& operator=(const SignalWatch&) = delete;
+
+private:
+    std::unique_ptr<QSocketNotifier> mNotifier;
+};
+#else
+class SignalWatch {};
+#endif
+
+struct Watches {
+    QuitFilter filter;
+    SignalWatch signal;
+};
+
+std::unique_ptr<Watches> gWatches;
+
+} // namespace
+
+void PumpEvents() { QCoreApplication::processEvents(); }
+
+void PumpEventsNowAndThen() {
+    constexpr std::int64_t kPause = 10;
+    static std::int64_t last = 0;
+    const std::int64_t now = TickCount();
+    if (now - last < kPause)
+        return;
+    PumpEvents();
+    last = TickCount();
+}
+
+void WaitWhile(const std::function<bool()>& condition) {
+    while (!gQuitting && condition())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
+void WaitFor(int milliseconds) {
+    QTimer timer;
+    timer.setSingleShot(true);
+    timer.setTimerType(Qt::PreciseTimer);
+    timer.start(milliseconds);
+    WaitWhile([&timer] { return timer.isActive(); });
+}
+
+bool Quitting() { return gQuitting; }
+
+void RequestQuit() {
+    gQuitting = true;
+    // Ends the loops of open dialogs too; `quit` leaves them alone outside the main loop.
+    QCoreApplication::exit();
+    // A wait that is asleep right now must look at its condition again.
+    if (auto* dispatcher = QAbstractEventDispatcher::instance())
+        dispatcher->wakeUp();
+}
+
+QuitWatch::QuitWatch() {
+    gQuitting = false;
+    gWatches = std::make_unique<Watches>();
+    QCoreApplication::instance()->installEventFilter(&gWatches->filter);
+}
+
+QuitWatch::~QuitWatch() {
+    gWatches.reset();
+    gQuitting = false;
+}
+
+} // namespace platform

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <functional>
+
+namespace platform {
+
+/// Lets pending window events run, without sleeping.
+void PumpEvents();
+
+/// `PumpEvents` for loops over many small steps: cheap enough to be called at every step, it lets
+/// events run about every 10 milliseconds.
+void PumpEventsNowAndThen();
+
+/// Sleeps until the next event as long as `condition` holds. Also returns once the application is
+/// asked to quit, so every caller must be able to go on with the condition still true.
+void WaitWhile(const std::function<bool()>& condition);
+
+/// Sleeps for `milliseconds`, letting events run meanwhile; shorter when asked to quit.
+void WaitFor(int milliseconds);
+
+/// True once the application was asked to quit.
+bool Quitting();
+
+/// Asks the application to quit: every open and later wait returns, and the main loop ends.
+void RequestQuit();
+
+/// While it lives, requests to quit that come from the system (the session's end, a termination
+/// signal) become a `RequestQuit`. One at a time, made after the application object.
+class QuitWatch {
+public:
+    QuitWatch();
+    ~QuitWatch();
+    QuitWatch(const QuitWatch&) = delete;
+    QuitWatch& operator=(const QuitWatch&) = delete;
+};
+
+} // namespace platform

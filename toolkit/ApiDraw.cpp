@@ -1,0 +1,176 @@
+#include "toolkit/ApiDraw.h"
+
+#include "platform/Chance.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+#include <QPen>
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace toolkit {
+
+namespace {
+
+using platform::RoundHalfEven;
+
+struct DrawState {
+    Hdc dc = nullptr;
+    QPen pen;
+    ColorRef penColor = kBlack;
+    ColorRef brush = kBlack;
+    ColorRef text = kBlack;
+    BkMode mode = BkMode::Opaque;
+    QPoint place;
+};
+
+DrawState gState;
+
+/// A line one pixel wide, without its last point.
+void ThinLine(QPoint from, QPoint to) {
+    const QPoint way = to - from;
+    const int steps = std::max(std::abs(way.x()), std::abs(way.y()));
+    for (int i = 0; i < steps; ++i) {
+        const QPoint at(from.x() + RoundHalfEven(double(way.x()) * i / steps),
+                        from.y() + RoundHalfEven(double(way.y()) * i / steps));
+        gState.dc->Fill(QRect(at, QSize(1, 1)), gState.penColor);
+    }
+}
+
+void WideLine(QPoint from, QPoint to) {
+    QPainter painter(&gState.dc->PaintDevice());
+    painter.setPen(gState.pen);
+    painter.drawLine(from, to);
+}
+
+/// The colour of each of the sweep's lines, summed up in single precision.
+std::vector<QRgb> SweepColors(ColorRef start, ColorRef end, int steps) {
+    const RgbParts from = SplitRgb(start);
+    const RgbParts to = SplitRgb(end);
+    float red = from.red;
+    float green = from.green;
+    float blue = from.blue;
+    const auto count = static_cast<float>(steps);
+    std::vector<QRgb> colors;
+    for (int i = 0; i <= steps; ++i) {
+        colors.push_back(qRgb(RoundHalfEven(red), RoundHalfEven(green), RoundHalfEven(blue)));
+        red += static_cast<float>(to.red - from.red) / count;
+        green += static_cast<float>(to.green - from.green) / count;
+        blue += static_cast<float>(to.blue - from.blue) / count;
+    }
+    return colors;
+}
+
+} // namespace
+
+void BeginDraw(Hdc dc, Qt::PenStyle penStyle, ColorRef penColor, int penWidth, ColorRef brushColor,
+               BkMode mode) {
+    gState = DrawState();
+    gState.dc = dc;
+    SetDrawPen(penStyle, penColor, penWidth);
+    SetDrawBrush(brushColor);
+    SetDrawBkMode(mode);
+}
+
+void EndDraw() { gState = DrawState(); }
+
+void SetDrawTextColor(ColorRef color) { gState.text = color; }
+
+void SetDrawBrush(ColorRef color) { gState.brush = color; }
+
+void SetDrawPen(Qt::PenStyle style, ColorRef color, int width) {
+    gState.pen = QPen(ToQColor(color), width, style, Qt::RoundCap, Qt::RoundJoin);
+    gState.penColor = color;
+}
+
+void SetDrawBkMode(BkMode mode) { gState.mode = mode; }
+
+void FillBox(float x1, float y1, float x2, float y2) {
+    if (gState.dc == nullptr)
+        return;
+    const QPoint topLeft(RoundHalfEven(x1), RoundHalfEven(y1));
+    const QPoint end(RoundHalfEven(x2), RoundHalfEven(y2));
+    gState.dc->Fill(QRect(topLeft, end - QPoint(1, 1)), gState.brush);
+}
+
+void DrawBox(ColorRef light, ColorRef dark, ColorRef fill, float x1, float y1, float x2, float y2) {
+    SetDrawBrush(fill);
+    FillBox(x1, y1, x2, y2);
+    SetDrawPen(Qt::SolidLine, light, 1);
+    PenMoveTo(x2, y1);
+    PenLineTo(x1, y1);
+    PenLineTo(x1, y2);
+    SetDrawPen(Qt::SolidLine, dark, 1);
+    PenLineTo(x2, y2);
+    PenLineTo(x2, y1);
+}
+
+void ShadowText(const QString& text, ColorRef color, ColorRef shadow, float x, float y,
+                float offset) {
+    SetDrawBkMode(BkMode::Transparent);
+    SetDrawTextColor(shadow);
+    PlainText(text, x + offset, y + offset);
+    SetDrawTextColor(color);
+    PlainText(text, x, y);
+}
+
+void PlainText(const QString& text, float x, float y) {
+    if (gState.dc == nullptr)
+        return;
+    QPainter painter(&gState.dc->PaintDevice());
+    painter.setFont(gState.dc->Font());
+    painter.setPen(ToQColor(gState.text));
+    painter.setBackground(Qt::white);
+    painter.setBackgroundMode(gState.mode == BkMode::Opaque ? Qt::OpaqueMode : Qt::TransparentMode);
+    const double ascent = QFontMetricsF(gState.dc->Font()).ascent();
+    painter.drawText(QPointF(RoundHalfEven(x), RoundHalfEven(y) + ascent), text);
+}
+
+void PenMoveTo(double x, double y) { gState.place = QPoint(RoundHalfEven(x), RoundHalfEven(y)); }
+
+void PenLineTo(double x, double y) {
+    const QPoint from = gState.place;
+    PenMoveTo(x, y);
+    if (gState.dc == nullptr || gState.pen.style() == Qt::NoPen)
+        return;
+    if (gState.pen.width() <= 1 && gState.pen.style() == Qt::SolidLine)
+        ThinLine(from, gState.place);
+    else
+        WideLine(from, gState.place);
+}
+
+void GradientBox(float x1, float y1, float x2, float y2, ColorRef start, ColorRef end) {
+    if (gState.dc == nullptr)
+        return;
+    const int left = RoundHalfEven(x1);
+    const int top = RoundHalfEven(y1);
+    const int columns = std::max(RoundHalfEven(x2) - left, 1);
+    const int rows = RoundHalfEven(y2) - top + 1;
+    // The sweep starts one row above the box, and its first line has no length.
+    const int steps = RoundHalfEven(x2) - left + rows;
+    if (columns < 1 || rows < 1 || steps < 1)
+        return;
+    const std::vector<QRgb> colors = SweepColors(start, end, steps);
+    const QRect box = Canvas::ScreenPixels(QRect(left, top, columns, rows));
+    QImage& image = gState.dc->PaintDevice();
+    const QRect visible = box & image.rect();
+    for (int y = visible.top(); y <= visible.bottom(); ++y) {
+        auto* row = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = visible.left(); x <= visible.right(); ++x) {
+            const double way = (x - box.x() + y - box.y()) / Canvas::Ratio();
+            row[x] = colors[std::min(static_cast<std::size_t>(way) + 1, colors.size() - 1)];
+        }
+    }
+}
+
+void PutPixel(int x, int y, ColorRef color) {
+    if (gState.dc != nullptr)
+        gState.dc->Fill(QRect(x, y, 1, 1), color);
+}
+
+ColorRef PeekPixel(int x, int y) {
+    return gState.dc != nullptr ? gState.dc->Pixel(x, y) : Canvas::kNoColor;
+}
+
+} // namespace toolkit

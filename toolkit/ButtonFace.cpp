@@ -1,0 +1,31 @@
+#include "toolkit/ButtonFace.h"
+
+#include "toolkit/ApiDraw.h"
+#include "toolkit/FittedText.h"
+#include "toolkit/Form.h"
+
+namespace toolkit {
+
+void CopyFormBehind(PictureBox& box) {
+    if (auto* form = qobject_cast<Form*>(box.window()))
+        BitBlt(box.Dc(), 0, 0, box.width(), box.height(), form->Dc(), box.x(), box.y(),
+               RasterOp::SrcCopy);
+}
+
+void DrawButtonCaption(PictureBox& box, const QString& caption, ColorRef color, ColorRef shadow,
+                       int margin) {
+    if (caption.isEmpty())
+        return;
+    const Hdc dc = box.Dc();
+    const QFont own = dc->Font();
+    const FittedText fitted = FitText(caption, own, box.width() - 2 * margin);
+    dc->SetFont(fitted.font);
+    const auto x = static_cast<float>(box.width() / 2.0 - fitted.width / 2);
+    const auto y = static_cast<float>(box.height() / 2.0 - dc->TextHeight() / 2 - 2);
+    BeginDraw(dc, Qt::SolidLine, kWhite, 4, kBlack, BkMode::Transparent);
+    ShadowText(fitted.text, color, shadow, x, y, 2);
+    EndDraw();
+    dc->SetFont(own);
+}
+
+} // namespace toolkit

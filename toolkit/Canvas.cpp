@@ -1,0 +1,134 @@
+#include "toolkit/Canvas.h"
+
+#include <QFontMetricsF>
+#include <algorithm>
+#include <cmath>
+
+namespace toolkit {
+
+namespace {
+
+double gRatio = 1.0;
+
+int ToScreen(int logical) { return static_cast<int>(std::lround(logical * gRatio)); }
+
+/// A blit cut down to what lies on both images, in pixels of the screen.
+struct Overlap {
+    QRect target;
+    QPoint source;
+};
+
+Overlap Clip(const Canvas& target, const QRect& area, const Canvas& source, QPoint from) {
+    const QRect whole = Canvas::ScreenPixels(area);
+    const QPoint start(ToScreen(from.x()), ToScreen(from.y()));
+    const QRect available = source.Image().rect().translated(whole.topLeft() - start);
+    const QRect clipped = whole & target.Image().rect() & available;
+    return {clipped, clipped.topLeft() - whole.topLeft() + start};
+}
+
+const QRgb* Row(const Canvas& canvas, int x, int y) {
+    return reinterpret_cast<const QRgb*>(canvas.Image().constScanLine(y)) + x;
+}
+
+template <typename Operation>
+void Combine(Canvas& target, const Overlap& part, const Canvas& source, Operation operation) {
+    const int width = part.target.width();
+    for (int row = 0; row < part.target.height(); ++row) {
+        auto* __restrict to =
+            reinterpret_cast<QRgb*>(target.PaintDevice().scanLine(part.target.y() + row)) +
+            part.target.x();
+        const QRgb* __restrict from = Row(source, part.source.x(), part.source.y() + row);
+        for (int column = 0; column < width; ++column)
+            to[column] = operation(to[column], from[column]);
+    }
+}
+
+} // namespace
+
+double Canvas::Ratio() { return gRatio; }
+
+void Canvas::SetRatio(double ratio) { gRatio = ratio; }
+
+QRect Canvas::ScreenPixels(const QRect& area) {
+    const QPoint topLeft(ToScreen(area.x()), ToScreen(area.y()));
+    const QPoint end(ToScreen(area.x() + area.width()), ToScreen(area.y() + area.height()));
+    return QRect(topLeft, QSize(end.x() - topLeft.x(), end.y() - topLeft.y()));
+}
+
+Canvas::Canvas(int width, int height)
+    : mImage(ToScreen(std::max(width, 1)), ToScreen(std::max(height, 1)), QImage::Format_RGB32),
+      mWidth(width), mHeight(height), mFont(ScreenFont(12)) {
+    mImage.fill(Qt::black);
+    mImage.setDevicePixelRatio(gRatio);
+}
+
+void Canvas::SetPicture(const QImage& picture) {
+    mImage = picture.convertToFormat(QImage::Format_RGB32);
+    mImage.setDevicePixelRatio(gRatio);
+    mWidth = static_cast<int>(std::lround(mImage.width() / gRatio));
+    mHeight = static_cast<int>(std::lround(mImage.height() / gRatio));
+}
+
+double Canvas::TextWidth(const QString& text) const {
+    return QFontMetricsF(mFont).horizontalAdvance(text);
+}
+
+double Canvas::TextHeight() const { return QFontMetricsF(mFont).height(); }
+
+ColorRef Canvas::Pixel(int x, int y) const {
+    const QPoint at(ToScreen(x), ToScreen(y));
+    if (!mImage.rect().contains(at))
+        return kNoColor;
+    const QRgb pixel = *Row(*this, at.x(), at.y());
+    return Rgb(qRed(pixel), qGreen(pixel), qBlue(pixel));
+}
+
+void Canvas::Fill(const QRect& area, ColorRef color) {
+    const QRect part = ScreenPixels(area) & mImage.rect();
+    const QRgb value = ToQColor(color).rgb();
+    for (int row = part.top(); row <= part.bottom(); ++row)
+        std::fill_n(reinterpret_cast<QRgb*>(mImage.scanLine(row)) + part.x(), part.width(), value);
+}
+
+QFont ScreenFont(double points, bool bold) {
+    QFont font(QStringLiteral("Times New Roman"));
+    font.setStyleHint(QFont::Serif);
+    font.setPixelSize(static_cast<int>(std::lround(points * 96 / 72)));
+    font.setBold(bold);
+    return font;
+}
+
+void BitBlt(Hdc target, int x, int y, int width, int height, Hdc source, int sourceX, int sourceY,
+            RasterOp operation) {
+    if (target == nullptr || source == nullptr)
+        return;
+    const Overlap part =
+        Clip(*target, QRect(x, y, width, height), *source, QPoint(sourceX, sourceY));
+    switch (operation) {
+    case RasterOp::SrcCopy:
+        return Combine(*target, part, *source, [](QRgb, QRgb from) { return from; });
+    case RasterOp::SrcAnd:
+        return Combine(*target, part, *source, [](QRgb to, QRgb from) { return to & from; });
+    case RasterOp::SrcPaint:
+        return Combine(*target, part, *source, [](QRgb to, QRgb from) { return to | from; });
+    }
+}
+
+void DrawMasked(Hdc target, int x, int y, int width, int height, Hdc mask, Hdc sprite, int sourceX,
+                int sourceY) {
+    if (target == nullptr || mask == nullptr || sprite == nullptr)
+        return;
+    const Overlap part =
+        Clip(*target, QRect(x, y, width, height), *sprite, QPoint(sourceX, sourceY));
+    for (int row = 0; row < part.target.height(); ++row) {
+        auto* __restrict to =
+            reinterpret_cast<QRgb*>(target->PaintDevice().scanLine(part.target.y() + row)) +
+            part.target.x();
+        const QRgb* __restrict keep = Row(*mask, part.source.x(), part.source.y() + row);
+        const QRgb* __restrict paint = Row(*sprite, part.source.x(), part.source.y() + row);
+        for (int column = 0; column < part.target.width(); ++column)
+            to[column] = (to[column] & keep[column]) | paint[column];
+    }
+}
+
+} // namespace toolkit

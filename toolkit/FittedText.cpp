@@ -1,0 +1,22 @@
+#include "toolkit/FittedText.h"
+
+#include <QFontMetricsF>
+#include <cmath>
+
+namespace toolkit {
+
+FittedText FitText(const QString& text, const QFont& font, double width) {
+    constexpr double kSmallest = 0.6;
+    const QString line = text.simplified() == text ? text : QString(text).replace(u'\n', u' ');
+    QFont fitted = font;
+    const int smallest = static_cast<int>(std::lround(font.pixelSize() * kSmallest));
+    while (QFontMetricsF(fitted).horizontalAdvance(line) > width && fitted.pixelSize() > smallest)
+        fitted.setPixelSize(fitted.pixelSize() - 1);
+    const QFontMetricsF metrics(fitted);
+    const QString shown = metrics.horizontalAdvance(line) > width
+                              ? metrics.elidedText(line, Qt::ElideRight, width)
+                              : line;
+    return {shown, fitted, metrics.horizontalAdvance(shown)};
+}
+
+} // namespace toolkit

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QFont>
+#include <QString>
+
+namespace toolkit {
+
+/// A text and the font in which it fits a given width.
+struct FittedText {
+    QString text;
+    QFont font;
+    double width; ///< in logical pixels
+};
+
+/// Makes `text` fit `width` logical pixels: first by a smaller font, down to 60 % of `font`, then
+/// by cutting it off with an ellipsis. Line breaks become spaces.
+FittedText FitText(const QString& text, const QFont& font, double width);
+
+} // namespace toolkit

@@ -1,0 +1,106 @@
+#include "toolkit/Form.h"
+
+#include "platform/Message.h"
+#include "platform/Wait.h"
+#include "toolkit/ApiDraw.h"
+#include "toolkit/FittedText.h"
+#include "toolkit/Mous.h"
+#include "toolkit/Picture.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QPainter>
+
+namespace toolkit {
+
+namespace {
+
+QPoint gPlace; // where the last whole screen stood
+
+} // namespace
+
+Form::Form(const QString& name, const QSize& size)
+    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint), mCanvas(size.width(), size.height()) {
+    setObjectName(name);
+    setWindowTitle(QStringLiteral("Songrush"));
+    setFixedSize(size);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+void Form::SetPicture(const QString& file) {
+    Canvas picture(width(), height());
+    picture.SetPicture(LoadGround(file, size()));
+    BitBlt(&mCanvas, 0, 0, width(), height(), &picture, 0, 0, RasterOp::SrcCopy);
+    Refresh();
+}
+
+void Form::ShowInPlace() {
+    platform::SetMessagePlace(QRect(gPlace, kScreenSize));
+    const QSize spare = kScreenSize - size();
+    move(gPlace + QPoint(spare.width() / 2, spare.height() / 2));
+    show();
+    raise();
+    activateWindow();
+    setFocus();
+}
+
+void Form::MoveToCorner() {
+    gPlace = QPoint(0, 0);
+    move(gPlace);
+}
+
+void Form::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    painter.setClipRegion(event->region());
+    painter.drawImage(0, 0, mCanvas.Image());
+}
+
+void Form::closeEvent(QCloseEvent* event) {
+    if (platform::Quitting())
+        return;
+    event->ignore();
+    Q_EMIT CloseRequested();
+}
+
+void Form::hideEvent(QHideEvent* event) {
+    if (size() == kScreenSize)
+        gPlace = pos();
+    QWidget::hideEvent(event);
+}
+
+void Form::mousePressEvent(QMouseEvent*) { DragForm(this); }
+
+void Form::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+    case Qt::Key_Escape:
+        Q_EMIT CloseRequested();
+        return;
+    case Qt::Key_Up:
+    case Qt::Key_Left:
+        focusPreviousChild();
+        return;
+    case Qt::Key_Down:
+    case Qt::Key_Right:
+        focusNextChild();
+        return;
+    default:
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void CenteredText(Hdc dc, const QString& text, double center, double y, double width,
+                  ColorRef color, double shadowOffset) {
+    const QFont own = dc->Font();
+    const FittedText fitted = FitText(text, own, width);
+    const double full = dc->TextHeight();
+    dc->SetFont(fitted.font);
+    const double lower = (full - dc->TextHeight()) / 2; // a smaller line keeps to the middle
+    BeginDraw(dc, Qt::SolidLine, kWhite, 1, kBlack, BkMode::Transparent);
+    ShadowText(fitted.text, color, kBlack, static_cast<float>(center - fitted.width / 2),
+               static_cast<float>(y + lower), static_cast<float>(shadowOffset));
+    EndDraw();
+    dc->SetFont(own);
+}
+
+} // namespace toolkit

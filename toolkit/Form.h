@@ -1,0 +1,54 @@
+#pragma once
+
+#include "toolkit/Canvas.h"
+#include "toolkit/PictureBox.h"
+
+#include <QWidget>
+
+namespace toolkit {
+
+/// Size of a whole screen in logical pixels.
+constexpr QSize kScreenSize(800, 600);
+
+/// A borderless window with a persistent image that is dragged by any point. It never closes by
+/// itself: a request to close (the window manager's, Escape) is handed to the screen.
+class Form : public QWidget {
+    Q_OBJECT
+public:
+    explicit Form(const QString& name, const QSize& size = kScreenSize);
+
+    Hdc Dc() { return &mCanvas; }
+
+    /// Shows what was drawn since the last time.
+    void Refresh() { update(); }
+
+    /// Draws the bitmap `file` (as in "Images\Back.bmp") over the whole form.
+    void SetPicture(const QString& file);
+
+    /// Shows a screen where the last one stood, so that the screens follow each other in place; a
+    /// smaller form in the middle of that place.
+    void ShowInPlace();
+
+    /// Moves the form, and with it the place of the next screen, to the top left corner.
+    void MoveToCorner();
+
+Q_SIGNALS:
+    void CloseRequested();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    Canvas mCanvas;
+};
+
+/// Draws one line of text, made to fit `width`, with its middle at `center`; see `ShadowText`. The
+/// top edge of the font's line is at `y`.
+void CenteredText(Hdc dc, const QString& text, double center, double y, double width,
+                  ColorRef color, double shadowOffset);
+
+} // namespace toolkit

@@ -1,0 +1,62 @@
+#include "toolkit/GlideSprite.h"
+
+#include "platform/Chance.h"
+#include "platform/Time.h"
+#include "platform/Wait.h"
+
+#include <QScreen>
+#include <stdexcept>
+
+namespace toolkit {
+
+namespace {
+
+QPoint PlaceAfter(QPoint from, QPoint way, double share) {
+    return from + QPoint(platform::RoundHalfEven(way.x() * share),
+                         platform::RoundHalfEven(way.y() * share));
+}
+
+} // namespace
+
+void GlideSprite(Form& form, QPoint from, QPoint to, const Sprite& sprite, int duration,
+                 bool drawAtEnd) {
+    if (duration == 0)
+        throw std::domain_error("a glide needs time");
+    Canvas behind(sprite.width, sprite.height);
+    const auto save = [&](QPoint at) {
+        BitBlt(&behind, 0, 0, sprite.width, sprite.height, form.Dc(), at.x(), at.y(),
+               RasterOp::SrcCopy);
+    };
+    const auto restore = [&](QPoint at) {
+        BitBlt(form.Dc(), at.x(), at.y(), sprite.width, sprite.height, &behind, 0, 0,
+               RasterOp::SrcCopy);
+    };
+    const auto draw = [&](QPoint at) {
+        DrawMasked(form.Dc(), at.x(), at.y(), sprite.width, sprite.height, sprite.mask,
+                   sprite.image, sprite.sourceX, sprite.sourceY);
+    };
+
+    const int frame = static_cast<int>(1000 / std::max(form.screen()->refreshRate(), 30.0));
+    const std::int64_t start = platform::TickCount();
+    std::int64_t elapsed = 0;
+    QPoint previous = from;
+    QPoint current = from;
+    save(current);
+    do {
+        restore(previous);
+        save(current);
+        draw(current);
+        form.Refresh();
+        platform::WaitFor(frame);
+        elapsed = platform::TickCount() - start;
+        previous = current;
+        current = PlaceAfter(from, to - from, static_cast<double>(elapsed) / duration);
+    } while (elapsed <= duration && !platform::Quitting());
+    restore(previous);
+    if (drawAtEnd)
+        draw(current);
+    form.Refresh();
+    platform::PumpEvents();
+}
+
+} // namespace toolkit

@@ -1,0 +1,116 @@
+#include "toolkit/Picture.h"
+
+#include "platform/File.h"
+#include "platform/Message.h"
+#include "platform/ProgramFolder.h"
+#include "platform/Text.h"
+#include "toolkit/ApiDraw.h"
+#include "toolkit/Canvas.h"
+
+#include <QStringList>
+#include <QTimer>
+#include <algorithm>
+#include <cmath>
+
+namespace toolkit {
+
+namespace {
+
+/// The set of pictures for the screen: "" for the base set, "2x" or "3x" for finer screens.
+QString SetFolder() {
+    const int scale = std::clamp(static_cast<int>(std::ceil(Canvas::Ratio())), 1, 3);
+    return scale == 1 ? QString() : QStringLiteral("%1x").arg(scale);
+}
+
+/// `name` in the set folder beside it: "Images\X.bmp" becomes "Images\2x\X.bmp".
+QString InSet(const QString& name, const QString& set) {
+    const qsizetype end = name.lastIndexOf(u'\\');
+    return set.isEmpty() ? name : name.left(end + 1) + set + name.mid(end);
+}
+
+QImage Read(const QString& name) {
+    QByteArray bytes;
+    if (platform::ReadWholeFile(ProgramFile(name), bytes))
+        return QImage();
+    return QImage::fromData(bytes);
+}
+
+/// Without smoothing: blended colours would no longer match the transparent black.
+QImage Scaled(const QImage& picture, double factor) {
+    const QSize size(static_cast<int>(std::lround(picture.width() * factor)),
+                     static_cast<int>(std::lround(picture.height() * factor)));
+    return size == picture.size() ? picture : picture.scaled(size);
+}
+
+QStringList gReported;
+QStringList gUntold;
+
+void TellMissing() {
+    if (gUntold.isEmpty())
+        return;
+    const QString names = gUntold.join(u'\n');
+    gUntold.clear();
+    platform::ShowMessage(QStringLiteral("These pictures are missing or damaged:\n") + names +
+                              QStringLiteral("\nSongrush goes on without them."),
+                          platform::Icon::Warning);
+}
+
+} // namespace
+
+std::filesystem::path ProgramFile(const QString& name) {
+    std::filesystem::path path = platform::ProgramFolder();
+    for (const QString& part : name.split(u'\\', Qt::SkipEmptyParts))
+        path = platform::FindWithoutCase(path, part.toStdString());
+    return path;
+}
+
+QImage LoadPicture(const QString& name) {
+    const QString set = SetFolder();
+    QImage picture = Read(InSet(name, set));
+    if (!picture.isNull())
+        return Scaled(picture, Canvas::Ratio() / std::max(1, set.left(1).toInt()));
+    picture = Read(name);
+    return picture.isNull() ? picture : Scaled(picture, Canvas::Ratio());
+}
+
+void ReportMissingPicture(const QString& file) {
+    const QString name = file.startsWith(u'\\') ? file.mid(1) : file;
+    if (gReported.contains(name, Qt::CaseInsensitive))
+        return;
+    gReported << name;
+    if (gUntold.isEmpty())
+        QTimer::singleShot(0, TellMissing);
+    gUntold << name;
+}
+
+QImage LoadGround(const QString& name, QSize size) {
+    const QImage picture = LoadPicture(name);
+    if (!picture.isNull())
+        return picture;
+    ReportMissingPicture(name);
+    Canvas canvas(size.width(), size.height());
+    BeginDraw(&canvas, Qt::SolidLine, kWhite, 1, kBlack, BkMode::Opaque);
+    // A middle tone: the screens write bright and dark texts on it.
+    GradientBox(0, 0, static_cast<float>(size.width()), static_cast<float>(size.height()),
+                Rgb(96, 104, 196), Rgb(84, 92, 180));
+    EndDraw();
+    return canvas.Image();
+}
+
+QImage PlainSkin(QSize size) {
+    const ColorRef light[] = {Rgb(90, 100, 220), Rgb(170, 150, 255), Rgb(30, 20, 80)};
+    const ColorRef dark[] = {Rgb(30, 20, 80), Rgb(60, 30, 140), Rgb(255, 108, 192)};
+    const ColorRef fill[] = {Rgb(25, 30, 100), Rgb(70, 50, 170), Rgb(20, 12, 60)};
+    Canvas canvas(size.width(), size.height() * 3);
+    BeginDraw(&canvas, Qt::SolidLine, kWhite, 1, kBlack, BkMode::Opaque);
+    for (int frame = 0; frame < 3; ++frame) {
+        const auto top = static_cast<float>(frame * size.height());
+        DrawBox(light[frame], dark[frame], fill[frame], 0, top,
+                static_cast<float>(size.width() - 1),
+                top + static_cast<float>(size.height() - 1));
+    }
+    EndDraw();
+    return canvas.Image();
+}
+
+} // namespace toolkit

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "toolkit/Canvas.h"
+
+#include <QWidget>
+
+namespace toolkit {
+
+/// A rectangle of a form with a persistent image of its own. It shows what was drawn on its canvas
+/// and passes on the mouse and the keys; a button class decides what they mean. Coordinates are
+/// logical pixels inside the box.
+class PictureBox : public QWidget {
+    Q_OBJECT
+public:
+    PictureBox(QWidget* parent, const QString& name, const QSize& size);
+
+    Hdc Dc() { return &mCanvas; }
+    const Canvas& Picture() const { return mCanvas; }
+
+    /// Gives the box and its canvas another size; the canvas keeps its font and becomes black.
+    void SetBoxSize(const QSize& size);
+
+    /// Shows what was drawn since the last time.
+    void Refresh() { update(); }
+
+    /// Makes the box a button for keyboard and screen reader.
+    void SetButton();
+    bool IsButton() const { return mButton; }
+
+    /// Presses the box as the keyboard does; nothing happens while it is hidden.
+    void Activate();
+
+    void setVisible(bool visible) override;
+
+Q_SIGNALS:
+    void MouseDown(double x, double y);
+    void MouseUp(double x, double y);
+    void MouseMoved(double x, double y);
+    /// The pointer left the box, or moves outside of it with a button held down.
+    void MouseOutside();
+    /// Pressed by Enter, by Space or by a screen reader.
+    void Activated();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+private:
+    Canvas mCanvas;
+    bool mButton = false;
+    bool mFocusShown = false;
+};
+
+} // namespace toolkit

@@ -1,0 +1,33 @@
+#include "toolkit/Screen.h"
+
+namespace toolkit {
+
+Screen::Screen(const QString& name)
+    : Form(name), pX(new PictureBox(this, QStringLiteral("pX"), QSize(44, 36))),
+      pMin(new PictureBox(this, QStringLiteral("pMin"), QSize(36, 24))) {
+    pX->setAccessibleName(QStringLiteral("Close"));
+    pMin->setAccessibleName(QStringLiteral("Minimise"));
+}
+
+void Screen::CopyBackground() {
+    if (gBack)
+        BitBlt(Dc(), 0, 0, width(), height(), gBack->HDC(0), 0, 0, RasterOp::SrcCopy);
+    Refresh();
+}
+
+WindowButtons::WindowButtons(Screen& screen) {
+    constexpr int kGap = 4;
+    constexpr int kMinTop = 10;
+    bX.Create(screen.pX, QStringLiteral("Images\\X.bmp"), QString());
+    bMin.Create(screen.pMin, QStringLiteral("Images\\bMin.bmp"), QString());
+    screen.pX->move(screen.width() - bX.Width(), 0);
+    screen.pMin->move(screen.pX->x() - kGap - bMin.Width(), kMinTop);
+    QObject::connect(&screen, &Form::CloseRequested, &bX, &c_SurfButton::Click);
+}
+
+void WindowButtons::Refresh() {
+    bX.Refresh();
+    bMin.Refresh();
+}
+
+} // namespace toolkit

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "toolkit/Form.h"
+#include "toolkit/c_SurfButton.h"
+
+namespace toolkit {
+
+/// A whole-window form with the boxes for a close and a minimise button in its corner.
+class Screen : public Form {
+    Q_OBJECT
+public:
+    explicit Screen(const QString& name);
+
+    /// Copies the program's background over the whole form.
+    void CopyBackground();
+
+    PictureBox* pX;
+    PictureBox* pMin;
+};
+
+/// The skinned buttons over a screen's `pX` and `pMin`, for as long as a controller drives it. The
+/// window manager's request to close presses the close button.
+class WindowButtons {
+public:
+    explicit WindowButtons(Screen& screen);
+
+    void Refresh();
+
+    c_SurfButton bX;
+    c_SurfButton bMin;
+};
+
+} // namespace toolkit

@@ -1,0 +1,61 @@
+#include "toolkit/Style.h"
+
+#include "toolkit/Canvas.h"
+#include "toolkit/Picture.h"
+
+#include <QApplication>
+#include <QIcon>
+#include <QPalette>
+#include <QProxyStyle>
+
+namespace toolkit {
+
+namespace {
+
+/// Buttons of dialogs bear words only.
+class PlainButtonsStyle : public QProxyStyle {
+public:
+    using QProxyStyle::QProxyStyle;
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* data) const override {
+        return hint == SH_DialogButtonBox_ButtonsHaveIcons
+                   ? 0
+                   : QProxyStyle::styleHint(hint, option, widget, data);
+    }
+};
+
+QPalette NightPalette() {
+    const QColor ground(18, 16, 64);
+    const QColor field(10, 8, 36);
+    const QColor light(226, 226, 255);
+    QPalette palette(QColor(42, 60, 200), ground);
+    palette.setColor(QPalette::Window, ground);
+    palette.setColor(QPalette::WindowText, light);
+    palette.setColor(QPalette::Base, field);
+    palette.setColor(QPalette::AlternateBase, QColor(13, 11, 46));
+    palette.setColor(QPalette::Text, light);
+    palette.setColor(QPalette::PlaceholderText, QColor(150, 150, 210));
+    palette.setColor(QPalette::Button, QColor(36, 48, 160));
+    palette.setColor(QPalette::ButtonText, Qt::white);
+    palette.setColor(QPalette::BrightText, Qt::white);
+    palette.setColor(QPalette::Highlight, QColor(90, 70, 240));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::ToolTipBase, field);
+    palette.setColor(QPalette::ToolTipText, light);
+    palette.setColor(QPalette::Link, QColor(140, 160, 255));
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, QColor(120, 120, 170));
+    return palette;
+}
+
+} // namespace
+
+void ApplyStyle(QApplication& application) {
+    QApplication::setStyle(new PlainButtonsStyle(QStringLiteral("Fusion")));
+    QApplication::setPalette(NightPalette());
+    QApplication::setFont(ScreenFont(12));
+    application.setWindowIcon(QIcon(QString::fromStdString(
+        ProgramFile(QStringLiteral("Images\\icon.png")).string())));
+}
+
+} // namespace toolkit

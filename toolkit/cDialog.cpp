@@ -1,0 +1,142 @@
+#include "toolkit/cDialog.h"
+
+#include "platform/Message.h"
+#include "platform/Settings.h"
+#include "platform/Text.h"
+#include "toolkit/ColorRef.h"
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QStringList>
+#include <filesystem>
+
+namespace {
+
+/// Qt's own file dialog on the current folder with one filter.
+class FileDialog : public QFileDialog {
+public:
+    FileDialog(const QString& title, const QString& description, const QString& pattern)
+        : QFileDialog(QApplication::activeWindow(), title, QDir::currentPath(),
+                      QStringLiteral("%1 (%2)").arg(description, pattern)) {
+        setOption(DontUseNativeDialog);
+    }
+
+    /// The chosen files, absolute, with their folder made the current one; empty when cancelled.
+    QStringList Choose() {
+        if (exec() != Accepted)
+            return {};
+        QStringList files = selectedFiles();
+        for (QString& file : files)
+            file = QDir::toNativeSeparators(file);
+        std::error_code ignored;
+        std::filesystem::current_path(platform::PathFromText(files.front()).parent_path(), ignored);
+        return files;
+    }
+};
+
+class SaveDialog : public FileDialog {
+public:
+    SaveDialog(const QString& title, const QString& description, const QString& pattern)
+        : FileDialog(title, description, pattern),
+          mEnding(pattern.mid(pattern.lastIndexOf(u'*') + 1)) {
+        setAcceptMode(AcceptSave);
+        setFileMode(AnyFile);
+    }
+
+protected:
+    void accept() override {
+        const QStringList files = selectedFiles();
+        if (files.isEmpty() || MayBeChosen(QFileInfo(files.front())))
+            QFileDialog::accept();
+    }
+
+private:
+    /// What Qt does not ask by itself.
+    bool MayBeChosen(const QFileInfo& file) const {
+        if (file.exists())
+            return true;
+        if (!file.absoluteDir().exists()) {
+            platform::ShowMessage(QStringLiteral("The folder %1 does not exist.")
+                                      .arg(QDir::toNativeSeparators(file.absolutePath())),
+                                  platform::Icon::Warning, windowTitle());
+            return false;
+        }
+        const QString withEnding = file.fileName() + mEnding;
+        if (file.fileName().endsWith(mEnding, Qt::CaseInsensitive) ||
+            !file.absoluteDir().exists(withEnding))
+            return true;
+        return platform::AskYesNo(
+            QStringLiteral("%1 already exists.\nDo you want to replace it?").arg(withEnding),
+            windowTitle());
+    }
+
+    QString mEnding;
+};
+
+/// Several files as the folder of the first and the names in it; one file as its path.
+QString Join(const QStringList& files) {
+    if (files.size() == 1)
+        return platform::EscapeSeparators(files.front());
+    const QDir folder = QFileInfo(files.front()).absoluteDir();
+    QString joined = platform::EscapeSeparators(folder.path());
+    for (const QString& file : files)
+        joined += u'?' + platform::EscapeSeparators(folder.relativeFilePath(file));
+    return joined;
+}
+
+constexpr int kCustomColors = 16;
+
+const QString kApplication = QStringLiteral("Temp");
+const QString kSection = QStringLiteral("CustomColors");
+
+void LoadCustomColors() {
+    for (int i = 0; i < kCustomColors; ++i) {
+        const QString color =
+            platform::ReadSetting(kApplication, kSection, QString::number(i), QStringLiteral("0"));
+        QColorDialog::setCustomColor(i, toolkit::ToQColor(color.toUInt()));
+    }
+}
+
+toolkit::ColorRef FromQColor(const QColor& color) {
+    return toolkit::Rgb(color.red(), color.green(), color.blue());
+}
+
+void SaveCustomColors() {
+    for (int i = 0; i < kCustomColors; ++i) {
+        platform::WriteSetting(kApplication, kSection, QString::number(i),
+                               QString::number(FromQColor(QColorDialog::customColor(i))));
+    }
+}
+
+} // namespace
+
+QString cDialog::GetSaveName(const QString& title, const QString& description,
+                             const QString& pattern) {
+    return SaveDialog(title, description, pattern).Choose().value(0);
+}
+
+QString cDialog::GetOpenName(const QString& title, const QString& description,
+                             const QString& pattern, const QString& initialName, bool multiple) {
+    constexpr int kBlanks = 1024;
+    FileDialog dialog(title, description, pattern);
+    dialog.setFileMode(multiple ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
+    if (!initialName.isEmpty())
+        dialog.selectFile(initialName);
+    const QStringList files = dialog.Choose();
+    if (!multiple && !files.isEmpty())
+        return files.front();
+    const QString answer = files.isEmpty() ? initialName : Join(files);
+    return answer.leftJustified(initialName.size() + kBlanks);
+}
+
+std::int32_t cDialog::PickColor() {
+    LoadCustomColors();
+    QColorDialog dialog(Qt::black, QApplication::activeWindow());
+    dialog.setOption(QColorDialog::DontUseNativeDialog);
+    const bool chosen = dialog.exec() == QDialog::Accepted;
+    SaveCustomColors();
+    return chosen ? static_cast<std::int32_t>(FromQColor(dialog.selectedColor())) : -1;
+}

@@ -1,0 +1,103 @@
+#include "toolkit/c_PicButton.h"
+
+#include "toolkit/ApiDraw.h"
+#include "toolkit/ButtonFace.h"
+
+using namespace toolkit;
+
+namespace {
+
+using Scheme = std::array<c_PicButton::Look, 3>;
+
+const Scheme kSchemes[] = {
+    // blue
+    {{{Rgb(0, 0, 250), Rgb(0, 0, 100), Rgb(220, 220, 255), Rgb(0, 0, 0), Rgb(200, 200, 255),
+       Rgb(0, 0, 0)},
+      {Rgb(150, 0, 250), Rgb(50, 0, 100), Rgb(255, 255, 255), Rgb(30, 30, 30), Rgb(200, 200, 255),
+       Rgb(0, 0, 0)},
+      {Rgb(0, 0, 100), Rgb(0, 0, 250), Rgb(255, 0, 100), Rgb(0, 0, 0), Rgb(0, 0, 0),
+       Rgb(200, 200, 255)}}},
+    // green
+    {{{Rgb(0, 200, 50), Rgb(0, 50, 20), Rgb(220, 255, 220), Rgb(0, 30, 10), Rgb(200, 255, 200),
+       Rgb(0, 55, 0)},
+      {Rgb(150, 200, 50), Rgb(0, 50, 20), Rgb(255, 200, 200), Rgb(0, 30, 10), Rgb(200, 255, 200),
+       Rgb(0, 55, 0)},
+      {Rgb(0, 50, 20), Rgb(0, 200, 50), Rgb(255, 0, 0), Rgb(0, 0, 0), Rgb(0, 55, 0),
+       Rgb(200, 255, 200)}}},
+    // red; the light shadow of its pressed caption is meant
+    {{{Rgb(200, 0, 0), Rgb(100, 0, 0), Rgb(255, 220, 220), Rgb(0, 0, 0), Rgb(255, 220, 220),
+       Rgb(0, 0, 50)},
+      {Rgb(200, 0, 100), Rgb(100, 0, 50), Rgb(255, 255, 255), Rgb(0, 0, 0), Rgb(255, 220, 220),
+       Rgb(0, 0, 50)},
+      {Rgb(100, 0, 0), Rgb(200, 0, 0), Rgb(0, 0, 0), Rgb(250, 220, 220), Rgb(0, 0, 50),
+       Rgb(255, 220, 220)}}},
+};
+
+/// The outline: two edges each, with cut corners.
+void DrawOutline(const c_PicButton::Look& look, int width, int height) {
+    constexpr int kNear = 2;
+    constexpr int kCut = 5;
+    const int right = width - 1 - kNear;
+    const int bottom = height - 1 - kNear;
+    SetDrawPen(Qt::SolidLine, look.lightEdge, 4);
+    PenMoveTo(kNear, bottom - kCut);
+    PenLineTo(kNear, kCut);
+    PenLineTo(kCut, kNear);
+    PenLineTo(right - kCut, kNear);
+    SetDrawPen(Qt::SolidLine, look.darkEdge, 4);
+    PenLineTo(right, kCut);
+    PenLineTo(right, bottom - kCut);
+    PenLineTo(right - kCut, bottom);
+    PenLineTo(kCut, bottom);
+}
+
+} // namespace
+
+c_PicButton::c_PicButton() { SetColors(0, false); }
+
+void c_PicButton::Create(PictureBox* box, const QString& caption) {
+    mBox = box;
+    box->SetButton();
+    connect(box, &PictureBox::MouseDown, this, [this] { Draw(Pressed); });
+    connect(box, &PictureBox::MouseUp, this, [this] {
+        Draw(Normal);
+        Q_EMIT Clicked();
+    });
+    connect(box, &PictureBox::MouseMoved, this, &c_PicButton::Move);
+    connect(box, &PictureBox::MouseOutside, this, [this] { Draw(Normal); });
+    connect(box, &PictureBox::Activated, this, &c_PicButton::Click);
+    SetCaption(caption);
+}
+
+void c_PicButton::SetCaption(const QString& caption) {
+    mCaption = caption;
+    mBox->setAccessibleName(caption);
+    Draw(Normal);
+}
+
+void c_PicButton::SetColors(int scheme, bool redraw) {
+    if (scheme >= 0 && scheme < 3)
+        mLooks = kSchemes[scheme];
+    if (redraw)
+        Draw(Normal);
+}
+
+void c_PicButton::Move() {
+    if (mState == Normal)
+        Draw(Hover);
+}
+
+void c_PicButton::Draw(State state) {
+    mState = state;
+    const Look& look = mLooks[static_cast<std::size_t>(state)];
+    const int width = mBox->width();
+    const int height = mBox->height();
+    CopyFormBehind(*mBox);
+    BeginDraw(mBox->Dc(), Qt::SolidLine, look.lightEdge, 4, kBlack, BkMode::Opaque);
+    DrawOutline(look, width, height);
+    GradientBox(3, 3, static_cast<float>(width - 3), static_cast<float>(height - 3),
+                look.gradientStart, look.gradientEnd);
+    EndDraw();
+    DrawButtonCaption(*mBox, mCaption, look.caption, look.captionShadow, 8);
+    mBox->Refresh();
+}

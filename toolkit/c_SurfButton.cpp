@@ -1,0 +1,120 @@
+#include "toolkit/c_SurfButton.h"
+
+#include "platform/Chance.h"
+#include "toolkit/ButtonFace.h"
+#include "toolkit/Picture.h"
+
+using namespace toolkit;
+
+void c_SurfButton::Create(PictureBox* box, const QString& file, const QString& caption) {
+    Adopt(box, caption);
+    Canvas skin(1, 1);
+    skin.SetPicture(Skin(file));
+    const int width = skin.Width();
+    const int height = skin.Height();
+    if (!mSurfaces)
+        mSurfaces = std::make_shared<c_Surface>();
+    for (const int index : {0, 1}) {
+        mSurfaces->CreateSurface(width, height, QString());
+        BitBlt(mSurfaces->HDC(index), 0, 0, width, height, &skin, 0, 0, RasterOp::SrcCopy);
+    }
+    mSurfaces->CreateMask(1, kBlack, kBlack, kWhite);
+    box->SetBoxSize(QSize(width, height / 3));
+}
+
+QImage c_SurfButton::Skin(const QString& file) {
+    const QImage skin = LoadPicture(file);
+    if (!skin.isNull())
+        return skin;
+    ReportMissingPicture(file);
+    // Without its picture the button says in words what it is for.
+    if (mCaption.isEmpty())
+        mCaption = mBox->accessibleName();
+    return PlainSkin(mBox->size());
+}
+
+void c_SurfButton::Clone(PictureBox* box, const c_SurfButton& source, const QString& caption) {
+    Adopt(box, caption);
+    box->SetBoxSize(QSize(source.Width(), source.Height()));
+    mSurfaces = source.mSurfaces;
+    mCaptionMargin = source.mCaptionMargin;
+}
+
+void c_SurfButton::Adopt(PictureBox* box, const QString& caption) {
+    mBox = box;
+    box->SetButton();
+    mCaption = caption;
+    if (!caption.isEmpty())
+        box->setAccessibleName(caption);
+    connect(box, &PictureBox::MouseDown, this, &c_SurfButton::Press);
+    connect(box, &PictureBox::MouseUp, this, &c_SurfButton::Release);
+    connect(box, &PictureBox::MouseMoved, this, &c_SurfButton::Move);
+    connect(box, &PictureBox::MouseOutside, this, &c_SurfButton::MoveOutside);
+    connect(box, &PictureBox::Activated, this, [this] {
+        if (!mDisabled)
+            Click();
+    });
+}
+
+void c_SurfButton::SetCaption(const QString& caption) {
+    mCaption = caption;
+    mBox->setAccessibleName(caption);
+    DrawState(Normal);
+}
+
+void c_SurfButton::Refresh(State state) {
+    const State wanted = state == Current ? mState : state;
+    mState = Current;
+    DrawState(wanted);
+}
+
+void c_SurfButton::DrawState(State state) {
+    if (mDisabled || state == mState)
+        return;
+    mState = state;
+    CopyFormBehind(*mBox);
+    DrawMasked(mBox->Dc(), 0, 0, Width(), Height(), mSurfaces->HDC(1), mSurfaces->HDC(0), 0,
+               Height() * state);
+    DrawButtonCaption(*mBox, mCaption, kWhite, kBlack, mCaptionMargin);
+    mBox->Refresh();
+}
+
+bool c_SurfButton::IsTouching(double x, double y) const {
+    const Hdc mask = mSurfaces->HDC(1);
+    if (mask == nullptr || x > mask->Width() || y > mask->Height())
+        return false;
+    return mask->Pixel(platform::RoundHalfEven(x), platform::RoundHalfEven(y)) == kBlack;
+}
+
+void c_SurfButton::MakePicMask(PictureBox* box, ColorRef key, ColorRef other,
+                               ColorRef replacement) {
+    MaskPixels(*box->Dc(), key, other, replacement);
+    box->Refresh();
+}
+
+void c_SurfButton::Press(double x, double y) {
+    if (!mDisabled && IsTouching(x, y))
+        DrawState(Pressed);
+}
+
+void c_SurfButton::Release(double x, double y) {
+    if (mDisabled)
+        return;
+    DrawState(Normal);
+    if (IsTouching(x, y))
+        Q_EMIT Clicked();
+}
+
+void c_SurfButton::Move(double x, double y) {
+    if (IsTouching(x, y)) {
+        if (mState == Normal)
+            DrawState(Hover);
+    } else {
+        DrawState(Normal);
+    }
+}
+
+void c_SurfButton::MoveOutside() {
+    if (mState == Hover)
+        DrawState(Normal);
+}
