@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <vector>
+
+#ifndef __unix__
+#include <fstream>
+#endif
+
+namespace audio {
+
+/// A regular file read through one buffer of 64 KiB, so that a reader asking for a few bytes at a
+/// time does not cost a system call each. Used by one thread at a time.
+class InputFile {
+public:
+    InputFile() = default;
+    ~InputFile();
+    InputFile(const InputFile&) = delete;
+    InputFile& operator=(const InputFile&) = delete;
+
+    /// Opens the file once. False, without ever blocking, if it cannot be read or is anything but
+    /// a regular file.
+    bool Open(const std::filesystem::path& path);
+
+    /// Reads up to `count` bytes; less only at the end of the file. -1 on an error.
+    std::int64_t Read(void* to, std::size_t count);
+
+    /// Moves the reading position as `lseek` does and returns the new one; -1 on an error.
+    std::int64_t Seek(std::int64_t offset, int whence);
+
+private:
+    bool Fill();
+    std::int64_t ReadAt(std::int64_t offset, void* to, std::size_t count);
+
+#ifdef __unix__
+    int mHandle = -1;
+#else
+    std::ifstream mFile;
+#endif
+    std::int64_t mSize = 0;
+    std::int64_t mPosition = 0;
+    std::int64_t mBufferStart = 0;
+    std::size_t mBuffered = 0;
+    std::vector<char> mBuffer;
+};
+
+} // namespace audio

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "audio/Frame.h"
+#include "audio/InputFile.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <mpg123.h>
+#include <span>
+
+namespace audio {
+
+/// An MP3 file as a row of stereo frames at one rate. Lengths and places are exact, with gapless
+/// information honoured, because the whole file is looked through when it is opened. `Rate`,
+/// `Frames` and `Length` may be asked by any thread, the rest used by one thread at a time.
+class Mp3Stream {
+public:
+    /// Opens the file at its start; nothing if it is no playable MP3 file. Never blocks on what
+    /// is no regular file. Takes about 1 ms for 4 minutes of music.
+    static std::unique_ptr<Mp3Stream> Open(const std::filesystem::path& path);
+
+    /// Frames a second, that of the first MP3 frame. Passages with another rate are converted to
+    /// it.
+    int Rate() const { return mRate; }
+
+    /// Number of frames; above 0.
+    std::int64_t Frames() const { return mFrames; }
+
+    /// Duration in seconds.
+    double Length() const { return static_cast<double>(mFrames) / mRate; }
+
+    /// Makes `frame` (0-based) the next one read. At or past the end nothing more is read.
+    void SeekTo(std::int64_t frame);
+
+    /// Decodes into `frames` and returns how many; 0 only at the end or where the file can no
+    /// longer be read.
+    std::size_t Read(std::span<Frame> frames);
+
+private:
+    struct Deleter {
+        void operator()(mpg123_handle* handle) const { mpg123_delete(handle); }
+    };
+
+    Mp3Stream() = default;
+    bool Prepare();
+    bool Scan(long gapless);
+    bool FixFormat();
+
+    InputFile mFile;
+    std::unique_ptr<mpg123_handle, Deleter> mHandle;
+    int mRate = 0;
+    std::int64_t mFrames = 0;
+    std::int64_t mNext = 0;
+};
+
+} // namespace audio

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+/// Makes MP3 files whose sound tells the time: a sine tone that goes to another pitch every half
+/// second, so that what is heard shows where in the file it came from.
+namespace tonefile {
+
+/// The pitch in Hz that sounds `seconds` after the start; comes round again after 8 seconds.
+double Pitch(double seconds);
+
+struct Encoding {
+    int rate = 44100;
+    int channels = 2;
+    int kbps = 128;
+    bool variable = false; ///< variable bit rate; `kbps` is not used then
+    bool header = true;    ///< a leading frame with length and gapless information
+};
+
+/// The bytes of an MP3 file of that many seconds.
+std::string Encode(double seconds, const Encoding& encoding = {});
+
+/// Writes a file, replacing what is there.
+void Write(const std::filesystem::path& path, const std::string& bytes);
+
+/// A kind of file found in the wild.
+struct Kind {
+    std::string name;
+    std::string (*make)() = nullptr; ///< encodes the bytes
+    double length = 0;               ///< what is really to be heard, in seconds
+    double tolerance = 0;            ///< of `length`; 0 where it is known to the sample
+    double delay = 0;                ///< seconds by which the tone comes late
+};
+
+/// All kinds the player has to cope with, from 5 seconds to 60 minutes long.
+std::vector<Kind> AllKinds();
+
+} // namespace tonefile
