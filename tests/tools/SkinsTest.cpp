@@ -1,0 +1,150 @@
+// The bitmaps that the build renders from assets/skins, in the folder SONGRUSH_IMAGES.
+
+#include <QImage>
+#include <QRect>
+#include <QString>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace {
+
+struct Skin {
+    const char* file;
+    int width, height; // of one frame
+};
+
+constexpr Skin kSkins[] = {
+    {"X.bmp", 44, 36},       {"bMin.bmp", 36, 24},     {"bSingle.bmp", 400, 88},
+    {"bMulti.bmp", 400, 88}, {"bEditor.bmp", 400, 88}, {"bPlayBig.bmp", 160, 160},
+    {"bHint.bmp", 150, 54},  {"bCont.bmp", 220, 54},   {"BGeneric.bmp", 496, 66},
+    {"bPlay.bmp", 34, 34},   {"bPause.bmp", 34, 34},   {"bStop.bmp", 34, 34},
+    {"BFF.BMP", 34, 34},     {"sBar.bmp", 16, 48},
+};
+
+constexpr QRgb kHole = qRgb(0, 0, 0);
+
+QImage Picture(const char* file, const char* folder = "") {
+    return QImage(QStringLiteral(SONGRUSH_IMAGES "/") + QLatin1String(folder) +
+                  QLatin1String(file));
+}
+
+double Linear(int channel) {
+    const double value = channel / 255.0;
+    return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+}
+
+double Luminance(QRgb pixel) {
+    return 0.2126 * Linear(qRed(pixel)) + 0.7152 * Linear(qGreen(pixel)) +
+           0.0722 * Linear(qBlue(pixel));
+}
+
+std::vector<double> Luminances(const QImage& image, const QRect& area) {
+    std::vector<double> all;
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        for (int x = area.left(); x <= area.right(); ++x)
+            all.push_back(Luminance(image.pixel(x, y)));
+    }
+    std::sort(all.begin(), all.end());
+    return all;
+}
+
+double Mean(const std::vector<double>& values) {
+    double sum = 0;
+    for (const double value : values)
+        sum += value;
+    return sum / double(values.size());
+}
+
+double Contrast(double one, double other) {
+    return (std::max(one, other) + 0.05) / (std::min(one, other) + 0.05);
+}
+
+TEST(Skins, HaveThreeFramesAtEveryScale) {
+    const char* folders[] = {"", "2x/", "3x/"};
+    for (const Skin& skin : kSkins) {
+        for (int scale = 1; scale <= 3; ++scale) {
+            EXPECT_EQ(Picture(skin.file, folders[scale - 1]).size(),
+                      QSize(skin.width, skin.height * 3) * scale)
+                << skin.file << " at scale " << scale;
+        }
+    }
+}
+
+TEST(Skins, AreHolesOutsideAndWholeInside) {
+    for (const Skin& skin : kSkins) {
+        SCOPED_TRACE(skin.file);
+        const QImage image = Picture(skin.file);
+        EXPECT_EQ(image.pixel(0, skin.height - 1), kHole);
+        for (int y = 0; y < skin.height; ++y) {
+            bool inside = false;
+            bool left = false;
+            for (int x = 0; x < skin.width; ++x) {
+                const bool hole = image.pixel(x, y) == kHole;
+                ASSERT_FALSE(left && !hole) << "a hole left of " << x << ", " << y;
+                left = inside && hole;
+                inside = inside || !hole;
+            }
+            EXPECT_TRUE(inside) << "empty row " << y;
+        }
+    }
+}
+
+TEST(Skins, KeepOneOutlineInAllLooks) {
+    for (const Skin& skin : kSkins) {
+        const QImage image = Picture(skin.file);
+        for (int y = 0; y < skin.height * 3; ++y) {
+            for (int x = 0; x < skin.width; ++x) {
+                ASSERT_EQ(image.pixel(x, y) == kHole, image.pixel(x, y % skin.height) == kHole)
+                    << skin.file << " at " << x << ", " << y;
+            }
+        }
+    }
+}
+
+TEST(Skins, TellTheirLooksApartWithoutColour) {
+    for (const Skin& skin : kSkins) {
+        SCOPED_TRACE(skin.file);
+        const QImage image = Picture(skin.file);
+        const auto half = [&](int index) {
+            return Mean(
+                Luminances(image, {0, index * skin.height / 2, skin.width, skin.height / 2}));
+        };
+        EXPECT_GT(half(2) + half(3), 1.4 * (half(0) + half(1))) << "hover is brighter";
+        EXPECT_GT(half(0), half(1)) << "normal is lit from above";
+        EXPECT_GT(half(5), half(4)) << "pressed is lit from below";
+    }
+}
+
+TEST(Skins, CarryAWhiteCaptionOnAnAnswer) {
+    const QImage image = Picture("BGeneric.bmp");
+    for (int frame = 0; frame < 3; ++frame) {
+        const double brightest = Luminances(image, {56, 66 * frame + 14, 384, 38}).back();
+        EXPECT_GE(Contrast(1, brightest), 4.5) << "frame " << frame;
+    }
+}
+
+TEST(Background, IsDarkWhereTextsStand) {
+    const QImage back = Picture("Back.bmp");
+    ASSERT_EQ(back.size(), QSize(800, 600));
+    const QRect texts[] = {{10, 8, 190, 34},
+                           {560, 88, 230, 38},
+                           {100, 150, 600, 40},
+                           {100, 200, 600, 240},
+                           {180, 550, 440, 40}};
+    for (const QRect& text : texts) {
+        const std::vector<double> sorted = Luminances(back, text);
+        EXPECT_LT(sorted[sorted.size() * 97 / 100], 0.02) << "at y " << text.top();
+        EXPECT_LT(sorted.back(), 0.08) << "at y " << text.top();
+    }
+}
+
+TEST(Background, LightsTheClockForDarkDigitsAndWhiteTitles) {
+    const std::vector<double> lit = Luminances(Picture("Back.bmp"), {402, 92, 106, 28});
+    EXPECT_GE(Contrast(1, lit.back()), 3);
+    EXPECT_GE(Contrast(Luminance(qRgb(50, 0, 100)), lit.front()), 3);
+}
+
+} // namespace
