@@ -57,6 +57,7 @@ c_Quick::c_Quick(f_Quick& form, f_Load& loadForm)
     connect(&bEditor, &c_PicButton::Clicked, this, &c_Quick::bEditor_Clicked);
     connect(&mWindowButtons.bMin, &c_SurfButton::Clicked, this, &c_Quick::bMin_Clicked);
     connect(&mWindowButtons.bX, &c_SurfButton::Clicked, this, &c_Quick::bX_Clicked);
+    connect(&mLoadForm, &Form::CloseRequested, this, &c_Quick::LoadingDone);
 }
 
 c_Quick::~c_Quick() { mForm.hide(); }

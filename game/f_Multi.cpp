@@ -101,8 +101,7 @@ void f_Multi::DrawClock() {
     const QString text = ClockText(mElapsed);
     BeginDraw(dc, Qt::SolidLine, kWhite, 1, kBlack, BkMode::Transparent);
     SetDrawTextColor(Rgb(50, 0, 100));
-    PlainText(text, static_cast<float>((pTimer->width() - dc->TextWidth(text)) / 2),
-              static_cast<float>((pTimer->height() - dc->TextHeight()) / 2));
+    PlainText(text, static_cast<float>((pTimer->width() - dc->TextWidth(text)) / 2), 0);
     EndDraw();
     pTimer->Refresh();
 }

@@ -1,0 +1,133 @@
+#include "game/Choices.h"
+
+#include "platform/Chance.h"
+#include "platform/Text.h"
+
+#include <QString>
+#include <algorithm>
+#include <iterator>
+#include <optional>
+#include <vector>
+
+namespace game {
+
+namespace {
+
+constexpr int kSlots = 4;
+
+/// The rules for a candidate in the order in which they are given up.
+enum Rule { kFileNotDrawn, kNotFirstEntry, kEntryNotDrawn, kNotCurrentSong };
+
+class CandidateDraw {
+public:
+    CandidateDraw(int count, const std::function<std::filesystem::path(int)>& fileName,
+                  const std::filesystem::path& currentSong)
+        : mHighest(std::max(count - 1, 0)), mFileName(fileName),
+          mCurrentSong(platform::TextFromPath(currentSong)) {}
+
+    /// The index of the next candidate.
+    int Next() {
+        const int index = Draw();
+        mDrawn.push_back({index, File(index)});
+        return index;
+    }
+
+private:
+    struct Candidate {
+        int index;
+        QString file;
+    };
+
+    int Draw() {
+        // Ten different songs reject this often once in 2^100 questions, so the whole list is
+        // looked through only when it lacks different ones.
+        constexpr int kDraws = 100;
+        for (;; ++mGivenUp) {
+            for (int i = 0; i < kDraws; ++i) {
+                const int index = platform::RndRounded(mHighest);
+                if (Fits(index))
+                    return index;
+            }
+            const std::vector<int> fitting = AllFitting();
+            if (!fitting.empty())
+                return fitting[static_cast<std::size_t>(
+                    platform::RndRounded(static_cast<int>(fitting.size()) - 1))];
+        }
+    }
+
+    std::vector<int> AllFitting() {
+        if (!mOthers)
+            mOthers = AllButTheCurrentSong();
+        std::vector<int> fitting;
+        std::copy_if(mOthers->begin(), mOthers->end(), std::back_inserter(fitting),
+                     [this](int index) { return Fits(index); });
+        return fitting;
+    }
+
+    std::vector<int> AllButTheCurrentSong() const {
+        std::vector<int> others;
+        for (int index = 0; index <= mHighest; ++index) {
+            if (!SameFile(File(index), mCurrentSong))
+                others.push_back(index);
+        }
+        return others;
+    }
+
+    bool Fits(int index) const {
+        if (Holds(kNotFirstEntry) && index == 0)
+            return false;
+        if (Holds(kEntryNotDrawn) &&
+            WasDrawn([index](const Candidate& c) { return c.index == index; }))
+            return false;
+        if (!Holds(kNotCurrentSong))
+            return true;
+        const QString file = File(index);
+        if (SameFile(file, mCurrentSong))
+            return false;
+        return !Holds(kFileNotDrawn) ||
+               !WasDrawn([&file](const Candidate& c) { return SameFile(c.file, file); });
+    }
+
+    bool Holds(Rule rule) const { return rule >= mGivenUp; }
+
+    template <typename Predicate> bool WasDrawn(Predicate predicate) const {
+        return std::any_of(mDrawn.begin(), mDrawn.end(), predicate);
+    }
+
+    QString File(int index) const { return platform::TextFromPath(mFileName(index)); }
+
+    static bool SameFile(const QString& a, const QString& b) {
+        return a.compare(b, Qt::CaseInsensitive) == 0;
+    }
+
+    int mHighest;
+    const std::function<std::filesystem::path(int)>& mFileName;
+    QString mCurrentSong;
+    std::vector<Candidate> mDrawn;
+    std::optional<std::vector<int>> mOthers; // kept so that the list is looked through only once
+    int mGivenUp = 0; // how many rules are given up; those stay so for later candidates
+};
+
+} // namespace
+
+Choices DrawChoices(int count, const std::function<std::filesystem::path(int)>& fileName,
+                    const std::filesystem::path& currentSong) {
+    Choices choices;
+    CandidateDraw draw(count, fileName, currentSong);
+    for (int& candidate : choices.candidates)
+        candidate = draw.Next();
+    choices.correctSlot = platform::RndRounded(kSlots - 1);
+    return choices;
+}
+
+std::array<int, 2> DrawHint(int correctSlot) {
+    int first = correctSlot;
+    while (first == correctSlot)
+        first = platform::RndRounded(kSlots - 1);
+    int second = correctSlot;
+    while (second == correctSlot || second == first)
+        second = platform::RndRounded(kSlots - 1);
+    return {first, second};
+}
+
+} // namespace game

@@ -1,0 +1,130 @@
+#include "game/HighScoreTable.h"
+
+#include "platform/Text.h"
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
+namespace game {
+
+namespace {
+
+constexpr QByteArrayView kLineEnd("\r\n");
+
+/// The number that a text starts with: digits with an optional sign and decimal part, after any
+/// blanks; 0 when there is none.
+double LeadingNumber(QByteArrayView text) {
+    while (text.startsWith(' '))
+        text = text.sliced(1);
+    const bool negative = text.startsWith('-');
+    if (negative || text.startsWith('+'))
+        text = text.sliced(1);
+    double number = 0;
+    double unit = 1; // worth of the last digit
+    bool decimals = false;
+    for (const char c : text) {
+        if (c == '.' && !decimals) {
+            decimals = true;
+        } else if (c < '0' || c > '9') {
+            break;
+        } else if (decimals) {
+            unit /= 10;
+            number += (c - '0') * unit;
+        } else {
+            number = number * 10 + (c - '0');
+        }
+    }
+    return negative ? -number : number;
+}
+
+/// The next line, which `text` then starts behind; the last line needs no end.
+std::optional<QByteArrayView> TakeLine(QByteArrayView& text) {
+    if (text.isEmpty())
+        return std::nullopt;
+    const qsizetype end = text.indexOf(kLineEnd);
+    const QByteArrayView line = end < 0 ? text : text.first(end);
+    text = end < 0 ? QByteArrayView() : text.sliced(end + kLineEnd.size());
+    return line;
+}
+
+QString Shown(const QByteArray& bytes) {
+    return platform::ShownText(
+        std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
+}
+
+int CheckValue(const QByteArray& name, const QByteArray& score) {
+    return Checksum(name + score);
+}
+
+} // namespace
+
+int Checksum(QByteArrayView bytes) {
+    int sum = 0;
+    for (const char c : bytes) {
+        sum += static_cast<unsigned char>(c);
+        if (sum > 100000)
+            sum -= 50000;
+    }
+    return sum;
+}
+
+QString PlayerName(const QString& typed) {
+    const QString name = typed.trimmed();
+    return name.isEmpty() ? QStringLiteral("Blank") : name;
+}
+
+QString HighScoreTable::Name(int place) const {
+    return Shown(At(place).name);
+}
+
+QString HighScoreTable::Score(int place) const {
+    return Shown(At(place).score);
+}
+
+HighScoreTable::ReadResult HighScoreTable::Parse(QByteArrayView file) {
+    std::array<Entry, kPlaces> read;
+    for (Entry& entry : read) {
+        const auto name = TakeLine(file);
+        const auto score = TakeLine(file);
+        const auto check = TakeLine(file);
+        if (!check)
+            return ReadResult::Unreadable;
+        entry = {name->toByteArray(), score->toByteArray(), false};
+        if (LeadingNumber(*check) != CheckValue(entry.name, entry.score)) {
+            mEntries = {};
+            return ReadResult::Tampered;
+        }
+    }
+    mEntries = std::move(read);
+    return ReadResult::Good;
+}
+
+QByteArray HighScoreTable::Serialise() const {
+    QByteArray file;
+    const auto addLine = [&file](QByteArrayView line) { file.append(line).append(kLineEnd); };
+    for (const Entry& entry : mEntries) {
+        addLine(entry.name);
+        addLine(entry.score);
+        addLine(QByteArray::number(CheckValue(entry.name, entry.score)));
+    }
+    return file;
+}
+
+std::optional<int> HighScoreTable::PlaceFor(std::int32_t score) const {
+    for (int place = 0; place < kPlaces; ++place) {
+        if (LeadingNumber(At(place).score) < score)
+            return place;
+    }
+    return std::nullopt;
+}
+
+void HighScoreTable::Insert(int place, const QString& name, std::int32_t score) {
+    QByteArray line = platform::SystemBytes(name);
+    line.replace('\r', ' ').replace('\n', ' '); // a line of the file cannot hold its own end
+    const auto at = mEntries.begin() + place;
+    std::shift_right(at, mEntries.end(), 1);
+    *at = {line, QByteArray::number(score), true};
+}
+
+} // namespace game

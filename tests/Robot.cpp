@@ -1,0 +1,53 @@
+#include "tests/Robot.h"
+
+#include "platform/Wait.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <gtest/gtest.h>
+#include <utility>
+
+namespace {
+
+constexpr int kLookEvery = 5;
+constexpr int kLimit = 30000;
+
+} // namespace
+
+Robot::Robot(std::function<void()> act) : mAct(std::move(act)) {
+    QTimer::singleShot(kLookEvery, this, &Robot::Look);
+    mLimit.setSingleShot(true);
+    connect(&mLimit, &QTimer::timeout, this, [] {
+        ADD_FAILURE() << "the program waits for something that never comes";
+        platform::RequestQuit();
+    });
+    mLimit.start(kLimit);
+}
+
+void Robot::Look() {
+    // Not a repeating timer: Qt holds its next shot back while the last one is still handled.
+    QTimer::singleShot(kLookEvery, this, &Robot::Look);
+    // What is done now may itself wait, but only for a dialog's answer.
+    if (mActing && QApplication::activeModalWidget() == nullptr)
+        return;
+    const bool outer = std::exchange(mActing, true);
+    if (!CloseMessage())
+        mAct();
+    mActing = outer;
+}
+
+bool Robot::CloseMessage() {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    if (box == nullptr)
+        return false;
+    mMessages << box->text();
+    const bool question = box->button(QMessageBox::Yes) != nullptr;
+    ClickOn(box->button(!question   ? QMessageBox::Ok
+                        : mSaysYes ? QMessageBox::Yes
+                                   : QMessageBox::No));
+    return true;
+}
+
+void ClickOn(QWidget* widget) { QTest::mouseClick(widget, Qt::LeftButton); }

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QObject>
+#include <QStringList>
+#include <QTimer>
+#include <functional>
+#include <ostream>
+
+class QWidget;
+
+/// Sits at the program while it waits: every few milliseconds it closes what message box is open,
+/// or else looks and acts. Gives the program up when it takes too long.
+class Robot : public QObject {
+public:
+    explicit Robot(std::function<void()> act);
+
+    /// The texts of the message boxes so far.
+    const QStringList& Messages() const { return mMessages; }
+
+    /// How a question is answered.
+    bool mSaysYes = true;
+
+private:
+    void Look();
+    bool CloseMessage();
+
+    std::function<void()> mAct;
+    QTimer mLimit;
+    QStringList mMessages;
+    bool mActing = false;
+};
+
+/// For the messages of failed tests.
+inline void PrintTo(const QString& text, std::ostream* out) { *out << text.toStdString(); }
+
+/// A click of the left mouse button in the middle of a visible widget.
+void ClickOn(QWidget* widget);

@@ -1,0 +1,64 @@
+#include "tests/SongFolder.h"
+
+#include "audio/c_XAudio.h"
+#include "library/c_ID3.h"
+#include "library/c_M3U.h"
+#include "platform/ProgramFolder.h"
+#include "tests/audio/ToneFile.h"
+
+#include <cmath>
+#include <map>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr double kShortest = 1.0;
+constexpr double kStep = 0.1;
+
+const std::string& SongBytes(int number) {
+    static std::map<int, std::string> made;
+    std::string& bytes = made[number];
+    if (bytes.empty()) // one byte more, which the tag replaces
+        bytes = tonefile::Encode(kShortest + kStep * number) + '\0';
+    return bytes;
+}
+
+QString Title(int number) { return QStringLiteral("Title %1").arg(number); }
+
+} // namespace
+
+SongFolder::SongFolder() {
+    fs::create_directory_symlink(SONGRUSH_IMAGES, Path() / "Images");
+    fs::create_directory(Path() / "PlayList");
+    platform::SetProgramFolder(Path());
+}
+
+SongFolder::~SongFolder() { platform::SetProgramFolder({}); }
+
+std::vector<fs::path> SongFolder::MakeSongs(int count, const char* name) {
+    const fs::path folder = Path() / name;
+    fs::create_directories(folder);
+    std::vector<fs::path> songs;
+    for (int number = 1; number <= count; ++number) {
+        songs.push_back(folder / ("song" + std::to_string(number) + ".mp3"));
+        tonefile::Write(songs.back(), SongBytes(number));
+        c_ID3 tag;
+        tag.SetTitle(Title(number));
+        tag.PutIdTag(songs.back());
+    }
+    return songs;
+}
+
+fs::path SongFolder::MakePlaylist(const std::vector<fs::path>& songs) {
+    c_M3U list;
+    for (const fs::path& song : songs)
+        list.Add(song);
+    const fs::path file = Path() / "PlayList" / "Test.m3u";
+    list.WriteFile(file);
+    return file;
+}
+
+QString SongFolder::OpenTitle() {
+    return Title(static_cast<int>(std::lround((Audio().Length() - kShortest) / kStep)));
+}

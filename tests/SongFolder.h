@@ -1,0 +1,30 @@
+#pragma once
+
+#include "tests/TemporaryFolder.h"
+
+#include <QString>
+#include <filesystem>
+#include <vector>
+
+/// A program folder of its own for a test, with the real pictures, and songs in it that are told
+/// apart by their lengths.
+class SongFolder {
+public:
+    SongFolder();
+    ~SongFolder();
+
+    std::filesystem::path Path() const { return mFolder.Path(); }
+
+    /// Writes `count` songs into the folder `name`, titled "Title 1" and so on, and returns their
+    /// paths.
+    std::vector<std::filesystem::path> MakeSongs(int count, const char* name = "Music");
+
+    /// Writes a playlist of the songs.
+    std::filesystem::path MakePlaylist(const std::vector<std::filesystem::path>& songs);
+
+    /// The title of the song that the clip player has open.
+    static QString OpenTitle();
+
+private:
+    TemporaryFolder mFolder;
+};

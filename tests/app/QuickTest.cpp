@@ -1,0 +1,152 @@
+#include "app/c_Quick.h"
+#include "app/f_Load.h"
+#include "app/f_Quick.h"
+#include "library/c_ID3.h"
+#include "platform/ProgramFolder.h"
+#include "platform/Settings.h"
+#include "platform/Wait.h"
+#include "tests/Robot.h"
+#include "tests/SongFolder.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QTest>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+class QuickTest : public testing::Test {
+protected:
+    QuickTest() {
+        gBack = std::make_unique<c_Surface>();
+        gBack->CreateSurface(800, 600, QStringLiteral("Images\\Back.bmp"));
+    }
+    ~QuickTest() override { gBack.reset(); }
+
+    /// Presses `button` once, answers its dialog with `chosen` (nothing cancels), and leaves by the
+    /// close button when the chooser comes back.
+    void Run(toolkit::PictureBox* button, const fs::path& chosen, bool saysYes = true) {
+        bool pressed = false;
+        Robot robot([&] {
+            auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            if (dialog != nullptr)
+                return Answer(*dialog, chosen);
+            if (form.isVisible())
+                ClickOn(std::exchange(pressed, true) ? form.pX : button);
+        });
+        robot.mSaysYes = saysYes;
+        c_Quick quick(form, load);
+        mPath = quick.GetM3U();
+        mExit = quick.ExitProgram();
+        EXPECT_TRUE(load.isVisible()) << "the game is about to load";
+        quick.LoadingDone();
+        EXPECT_FALSE(load.isVisible());
+        mMessages = robot.Messages();
+    }
+
+    static void Answer(QFileDialog& dialog, const fs::path& chosen) {
+        if (chosen.empty())
+            return dialog.reject();
+        auto* edit = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        edit->setText(QString::fromStdString(chosen.string()));
+        QTest::keyClick(edit, Qt::Key_Return);
+    }
+
+    fs::path QuickList() const { return mFolder.Path() / "PlayList" / "Quick.m3u"; }
+
+    platform::QuitWatch mQuitWatch;
+    SongFolder mFolder;
+    f_Quick form;
+    f_Load load;
+    fs::path mPath;
+    bool mExit = false;
+    QStringList mMessages;
+};
+
+TEST_F(QuickTest, AFolderBecomesTheQuickPlaylist) {
+    mFolder.MakeSongs(10);
+    fs::rename(mFolder.Path() / "Music" / "song3.mp3", mFolder.Path() / "Music" / "SONG3.MP3");
+    mFolder.MakeSongs(1, "Music/deeper");
+    std::ofstream(mFolder.Path() / "Music" / "x.mp3.bak") << "no song";
+    Run(form.pUseDir, mFolder.Path() / "Music");
+    EXPECT_EQ(mPath, QuickList());
+    EXPECT_FALSE(mExit);
+    EXPECT_TRUE(mMessages.isEmpty());
+    const std::string list = BytesOf(QuickList());
+    EXPECT_EQ(std::count(list.begin(), list.end(), '\n'), 1 + 2 * 11);
+    EXPECT_NE(list.find("Music/SONG3.MP3\r\n"), std::string::npos);
+    EXPECT_GT(list.find("deeper/song1.mp3"), list.rfind("Music/song"));
+    EXPECT_EQ(platform::ReadPathSetting("Songrush", "Dirs", "Mp3Dir", {}),
+              mFolder.Path() / "Music");
+}
+
+TEST_F(QuickTest, NineSongsAreRefusedButListed) {
+    mFolder.MakeSongs(9);
+    Run(form.pUseDir, mFolder.Path() / "Music");
+    EXPECT_EQ(mMessages, QStringList("Songrush Requires atleast 10 MP3's to play.\n"
+                                     "This directory has 9 MP3's."));
+    EXPECT_TRUE(mExit);
+    EXPECT_NE(BytesOf(QuickList()).find("song9.mp3"), std::string::npos);
+}
+
+TEST_F(QuickTest, ASongWithoutTitleIsAskedAbout) {
+    const auto songs = mFolder.MakeSongs(10);
+    c_ID3 blank;
+    blank.PutIdTag(songs[4]);
+    for (const bool yes : {true, false}) {
+        Run(form.pUseDir, mFolder.Path() / "Music", yes);
+        ASSERT_EQ(mMessages.size(), 1);
+        EXPECT_TRUE(mMessages[0].startsWith("Warning playlist contains entries with no song"));
+        EXPECT_EQ(mExit, !yes) << "No leads back to the chooser";
+    }
+}
+
+TEST_F(QuickTest, CancelledDialogsAreToldAndLeadBack) {
+    Run(form.pUseDir, {});
+    EXPECT_EQ(mMessages, QStringList("No directory was selected."));
+    EXPECT_TRUE(mExit);
+    EXPECT_FALSE(fs::exists(QuickList()));
+    Run(form.pUsePlayList, {});
+    EXPECT_EQ(mMessages, QStringList("No Playlist was selected.\n"
+                                     "You can create a playlist using the Editor."));
+    EXPECT_TRUE(mPath.empty());
+}
+
+TEST_F(QuickTest, APlaylistIsPickedAndItsFolderIsTheCurrentOne) {
+    const fs::path list = mFolder.MakePlaylist(mFolder.MakeSongs(10));
+    Run(form.pUsePlayList, list);
+    EXPECT_EQ(mPath, list);
+    EXPECT_FALSE(mExit);
+    EXPECT_EQ(fs::current_path(), list.parent_path());
+}
+
+TEST_F(QuickTest, ClosingTheWaitingWindowGivesTheScanUp) {
+    mFolder.MakeSongs(12);
+    bool pressed = false;
+    Robot robot([&] {
+        if (auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget()))
+            return Answer(*dialog, mFolder.Path() / "Music");
+        if (form.isVisible())
+            ClickOn(std::exchange(pressed, true) ? form.pX : form.pUseDir);
+    });
+    // The window is closed the moment that it appears.
+    struct Closer : QObject {
+        bool eventFilter(QObject* watched, QEvent* event) override {
+            if (event->type() == QEvent::Show)
+                QTimer::singleShot(0, watched, [watched] {
+                    QTest::keyClick(static_cast<QWidget*>(watched), Qt::Key_Escape);
+                });
+            return false;
+        }
+    } closer;
+    load.installEventFilter(&closer);
+    c_Quick quick(form, load);
+    quick.GetM3U();
+    load.removeEventFilter(&closer);
+    EXPECT_TRUE(quick.ExitProgram());
+    EXPECT_FALSE(fs::exists(QuickList()));
+}
+
+} // namespace

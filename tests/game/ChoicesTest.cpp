@@ -1,0 +1,110 @@
+#include "game/Choices.h"
+
+#include "platform/Chance.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+namespace {
+
+/// Gives these numbers instead of random ones while it lives.
+class ScriptedRandom {
+public:
+    explicit ScriptedRandom(std::vector<double> numbers) : mNumbers(std::move(numbers)) {
+        mBefore = platform::ReplaceRandom([this] { return mNumbers.at(mUsed++); });
+    }
+    ~ScriptedRandom() { platform::ReplaceRandom(mBefore); }
+    bool UsedUp() const { return mUsed == mNumbers.size(); }
+
+private:
+    std::vector<double> mNumbers;
+    std::size_t mUsed = 0;
+    std::function<double()> mBefore;
+};
+
+std::string NumberedFile(int index) {
+    return "/music/song" + std::to_string(index) + ".mp3";
+}
+
+TEST(Choices, DrawsRoundHalfToEvenAndSkipFirstCurrentAndDrawnEntries) {
+    // Of 11 entries:     0 first, 2,  2 drawn, 3 now, 4,  10,   6;  slot 2
+    ScriptedRandom random({0.04, 0.25, 0.2, 0.3, 0.35, 0.999, 0.55, 0.5});
+    const auto choices = game::DrawChoices(11, NumberedFile, "/MUSIC/Song3.MP3");
+    EXPECT_EQ(choices.candidates, (std::array{2, 4, 10, 6}));
+    EXPECT_EQ(choices.correctSlot, 2);
+    EXPECT_TRUE(random.UsedUp());
+}
+
+TEST(Choices, TheEndsAreHalfAsLikelyAndTheFirstEntryIsNeverOffered) {
+    platform::Randomize(1);
+    std::vector<int> hits(20);
+    std::array<int, 4> slots{};
+    for (int i = 0; i < 20000; ++i) {
+        const auto choices = game::DrawChoices(20, NumberedFile, NumberedFile(7));
+        ++slots.at(static_cast<std::size_t>(choices.correctSlot));
+        for (const int index : choices.candidates)
+            ++hits.at(static_cast<std::size_t>(index));
+    }
+    EXPECT_EQ(hits[0], 0);
+    EXPECT_EQ(hits[7], 0);
+    EXPECT_NEAR(hits[19] / double(hits[12]), 0.5, 0.05);
+    EXPECT_NEAR(slots[0] / double(slots[1]), 0.5, 0.05);
+    EXPECT_NEAR(slots[3] / double(slots[2]), 0.5, 0.05);
+}
+
+TEST(Choices, PoorPlaylistsGiveRulesUpLeastImportantFirst) {
+    const struct {
+        const char* playlist;               // one letter a file; A is the current song
+        std::array<const char*, 4> allowed; // indices that the candidates may be
+    } cases[] = {
+        {"ABBCCAAAAA", {"1234", "1234", "1234", "1234"}}, // files twice, as different entries
+        {"XBBBAAAAAA", {"123", "123", "123", "0"}},       // then the first entry
+        {"BAAABAAAAA", {"4", "0", "04", "04"}},           // then the same entry again
+        {"AAAABAAAAA", {"4", "4", "4", "4"}},
+        {"AAAAAAAAAA", {"0123456789", "0123456789", "0123456789", "0123456789"}},
+        {"A", {"0", "0", "0", "0"}},
+        {"", {"0", "0", "0", "0"}},
+    };
+    for (const auto& c : cases) {
+        const std::string playlist = c.playlist;
+        const auto fileName = [&playlist](int index) {
+            return static_cast<std::size_t>(index) < playlist.size()
+                       ? std::string(1, playlist[static_cast<std::size_t>(index)])
+                       : std::string();
+        };
+        for (int seed = 0; seed < 20; ++seed) {
+            platform::Randomize(seed);
+            const auto drawn =
+                game::DrawChoices(static_cast<int>(playlist.size()), fileName, "a").candidates;
+            for (std::size_t slot = 0; slot < drawn.size(); ++slot)
+                EXPECT_NE(std::string(c.allowed[slot]).find(std::to_string(drawn[slot])),
+                          std::string::npos)
+                    << playlist << ": " << drawn[slot] << " in slot " << slot;
+            if (playlist.find('C') != std::string::npos) {
+                EXPECT_NE(fileName(drawn[0]), fileName(drawn[1])) << playlist;
+                EXPECT_NE(drawn[2], drawn[3]) << playlist;
+            }
+        }
+    }
+}
+
+TEST(Choices, ALongListIsLookedThroughOnlyForARareSong) {
+    constexpr int kCount = 100000;
+    int asked = 0;
+    const auto different = [&asked](int index) { return ++asked, NumberedFile(index); };
+    game::DrawChoices(kCount, different, NumberedFile(1));
+    EXPECT_LT(asked, 50);
+    const auto rare = [](int index) { return NumberedFile(index == 777 ? 777 : 1); };
+    EXPECT_EQ(game::DrawChoices(kCount, rare, NumberedFile(1)).candidates[0], 777);
+}
+
+TEST(Choices, AHintTakesTwoDifferentWrongSlots) {
+    // Slot 1 is right:      1,   3,   3,    0
+    ScriptedRandom random({0.4, 0.9, 0.95, 0.1});
+    EXPECT_EQ(game::DrawHint(1), (std::array{3, 0}));
+    EXPECT_TRUE(random.UsedUp());
+}
+
+} // namespace

@@ -1,0 +1,350 @@
+#include "audio/c_XAudio.h"
+#include "game/HighScoreTable.h"
+#include "game/c_gBet.h"
+#include "game/f_High.h"
+#include "game/f_HighMulti.h"
+#include "game/f_Multi.h"
+#include "platform/Time.h"
+#include "platform/Wait.h"
+#include "tests/Robot.h"
+#include "tests/SongFolder.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+#include <algorithm>
+#include <map>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// Hands a game the playlist of a test.
+struct FixedSource : game::SongSource {
+    explicit FixedSource(fs::path path, bool exits = false) : list(std::move(path)), exit(exits) {}
+    fs::path GetM3U() override { return list; }
+    bool ExitProgram() const override { return exit; }
+    void LoadingDone() override {}
+    fs::path list;
+    bool exit;
+};
+
+class GameTest : public testing::Test {
+protected:
+    GameTest() {
+        gBack = std::make_unique<c_Surface>();
+        gBack->CreateSurface(800, 600, QStringLiteral("Images\\Back.bmp"));
+        mPlaylist = mFolder.MakePlaylist(mFolder.MakeSongs(12));
+    }
+    ~GameTest() override {
+        gAudio.reset();
+        gBack.reset();
+        if (mRealTime.tickCount)
+            platform::ReplaceTimeSource(mRealTime);
+    }
+
+    /// A clock that stands still until a test moves it.
+    void StopTime() {
+        mRealTime = platform::ReplaceTimeSource({});
+        platform::ReplaceTimeSource({[this] { return mNow; }, mRealTime.tickCount});
+    }
+
+    template <typename Game> std::unique_ptr<Game> NewGame(int players) {
+        auto game = std::make_unique<Game>(
+            mForms, [this] { return std::make_unique<FixedSource>(mPlaylist, mSourceExits); });
+        game->SetPlayers(players);
+        return game;
+    }
+
+    /// The box of the choice that is right, or of one that is wrong, among those still shown.
+    toolkit::PictureBox* Choice(bool right) {
+        for (toolkit::PictureBox* box : board.Choices())
+            if (box->isVisible() && (box->accessibleName() == SongFolder::OpenTitle()) == right)
+                return box;
+        return nullptr;
+    }
+
+    bool BetsNow() const {
+        return board.PChoice1->accessibleName() == QStringLiteral("1 Second, 140,000 Points");
+    }
+
+    /// Plays on with the screens around the questions: starts the clip, goes on after an answer,
+    /// types a name, leaves the score lists. True if there was something to do.
+    bool GoOn() {
+        if (board.pPlay->isVisible())
+            ClickOn(board.pPlay);
+        else if (board.pCont->isVisible())
+            ClickOn(board.pCont);
+        else if (name.isVisible()) {
+            mPrompts << name.Label1->text();
+            QTest::keyClicks(name.Text1, QStringLiteral(" Ann%1 ").arg(mPrompts.size()));
+            ClickOn(name.cmdContinue);
+        } else if (scores.isVisible())
+            ClickOn(scores.pCont);
+        else
+            return false;
+        return true;
+    }
+
+    game::HighScoreTable Table(const char* file) {
+        game::HighScoreTable table;
+        const std::string bytes = BytesOf(mFolder.Path() / file);
+        EXPECT_EQ(table.Parse(bytes), game::HighScoreTable::ReadResult::Good);
+        return table;
+    }
+
+    long MarksInFile() {
+        const std::string bytes = BytesOf(mPlaylist);
+        long marks = 0;
+        for (auto at = bytes.find("#Songrush:1"); at != std::string::npos;
+             at = bytes.find("#Songrush:1", at + 1))
+            ++marks;
+        return marks;
+    }
+
+    platform::QuitWatch mQuitWatch;
+    SongFolder mFolder;
+    f_Multi board;
+    f_HighMulti scores;
+    f_High name;
+    game::Forms mForms{board, scores, name};
+    fs::path mPlaylist;
+    bool mSourceExits = false;
+    QStringList mPrompts;
+    double mNow = 1000;
+    platform::TimeSource mRealTime;
+};
+
+TEST_F(GameTest, AnswersAreScoredByTheClockAndTheBestScoreIsKept) {
+    StopTime();
+    auto game = NewGame<c_gMulti>(1);
+    int answered = 0;
+    bool thought = false;
+    Robot robot([&] {
+        if (GoOn())
+            return;
+        auto* box = Choice(true);
+        if (box == nullptr)
+            return;
+        if (!thought) {
+            mNow += 7.5;
+            thought = true;
+        } else if (board.ElapsedTime() > 0) { // the clock has ticked
+            ClickOn(box);
+            thought = false;
+            ++answered;
+        }
+    });
+    game->Run();
+    EXPECT_FALSE(game->ExitProgram());
+    EXPECT_EQ(answered, 6);
+    EXPECT_EQ(mPrompts, QStringList("You got a High Score! Please Enter your name below."));
+    EXPECT_EQ(Table("H1.dat").Name(0), "Ann1");
+    EXPECT_EQ(Table("H1.dat").Score(0), QString::number(6 * 7500));
+    game.reset();
+    EXPECT_EQ(MarksInFile(), 6);
+}
+
+TEST_F(GameTest, PlayersTakeTurnsAndAreAskedForNamesByTheirRank) {
+    StopTime();
+    auto game = NewGame<c_gMulti>(3);
+    int question = 0;
+    Robot robot([&] {
+        // Only the second player knows the songs, and the third one once.
+        if (!GoOn() && Choice(true) != nullptr) {
+            const bool knows = question % 3 == 1 || question == 2;
+            ++question;
+            ClickOn(Choice(knows));
+        }
+    });
+    game->Run();
+    EXPECT_EQ(question, 18);
+    const game::HighScoreTable table = Table("H1.dat");
+    EXPECT_EQ(table.Score(0), QString::number(6 * 120000));
+    EXPECT_EQ(table.Score(1), QString::number(120000));
+    EXPECT_EQ(table.Score(2), "0");
+    EXPECT_EQ(mPrompts,
+              QStringList({"Player 1 got a High Score! Please Enter Their name below.",
+                           "Player 2 got a High Score! Please Enter Their name below."}));
+}
+
+TEST_F(GameTest, AHintLeavesTheRightAndOneWrongChoiceAndIsPaidFor) {
+    StopTime();
+    auto game = NewGame<c_gMulti>(1);
+    int question = 0;
+    Robot robot([&] {
+        if (GoOn() || Choice(true) == nullptr)
+            return;
+        if (board.pHint->isVisible() && question < 2) {
+            ClickOn(board.pHint);
+            const auto choices = board.Choices();
+            EXPECT_EQ(std::count_if(choices.begin(), choices.end(),
+                                    [](auto* box) { return box->isVisible(); }),
+                      2);
+            EXPECT_NE(Choice(true), nullptr);
+            EXPECT_FALSE(board.pHint->isVisible());
+            return;
+        }
+        // The first hint finds no points to take, the second takes its price.
+        ClickOn(Choice(question++ == 0));
+    });
+    game->Run();
+    EXPECT_EQ(Table("H1.dat").Score(0), QString::number(120000 - 10000));
+}
+
+TEST_F(GameTest, AWholeGameIsPlayedByKeys) {
+    auto game = NewGame<c_gMulti>(1);
+    int answered = 0;
+    Robot robot([&] {
+        QWidget* window = QApplication::activeWindow();
+        if (window == nullptr || QApplication::focusWidget() == nullptr)
+            return;
+        if (Choice(true) != nullptr) {
+            const auto choices = board.Choices();
+            const auto slot = std::find(choices.begin(), choices.end(), Choice(true));
+            QTest::keyClick(QApplication::focusWidget(),
+                            static_cast<Qt::Key>(Qt::Key_1 + (slot - choices.begin())));
+            ++answered;
+        } else {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        }
+    });
+    game->Run();
+    EXPECT_EQ(answered, 6);
+    EXPECT_EQ(Table("H1.dat").Name(0), "Blank");
+    EXPECT_GT(Table("H1.dat").Score(0).toInt(), 0);
+}
+
+TEST_F(GameTest, ABetFixesTheClipAndThePointsAndHasItsOwnTable) {
+    StopTime();
+    auto game = NewGame<c_gBet>(1);
+    int bets = 0;
+    Robot robot([&] {
+        if (BetsNow() && board.PChoice1->isVisible() && !board.pPlay->isVisible()) {
+            ClickOn(bets++ == 0 ? board.pChoice4 : board.pChoice2);
+        } else if (!GoOn() && Choice(true) != nullptr) {
+            if (bets == 1 && board.TimeLimit() == 5) {
+                mNow += 5.3; // past the bet: the next tick stops the clip
+            } else if (board.TimeLimit() == -1) {
+                EXPECT_EQ(board.ElapsedTime(), 5.0F);
+                EXPECT_EQ(Audio().Position(), 0.0);
+                ClickOn(Choice(true));
+            } else if (bets > 1) {
+                EXPECT_EQ(board.TimeLimit(), 2);
+                ClickOn(Choice(true));
+            }
+        }
+    });
+    game->Run();
+    EXPECT_EQ(bets, 6);
+    EXPECT_EQ(Table("H2.dat").Score(0), QString::number(25000 + 5 * 70000));
+    EXPECT_FALSE(fs::exists(mFolder.Path() / "H1.dat"));
+    game.reset();
+    EXPECT_NE(NewGame<c_gMulti>(1), nullptr);
+    EXPECT_EQ(board.TimeLimit(), 0) << "a bet's limit must not cut later clips short";
+}
+
+TEST_F(GameTest, TheCloseButtonEndsTheGameAtAnyMomentWithoutHighScores) {
+    enum Moment { BeforePlay, WhilePlaying, AfterAnswer, DuringBet };
+    for (const Moment moment : {BeforePlay, WhilePlaying, AfterAnswer, DuringBet}) {
+        std::unique_ptr<c_gMulti> game = NewGame<c_gMulti>(1);
+        if (moment == DuringBet)
+            game = NewGame<c_gBet>(1);
+        Robot robot([&] {
+            const bool come = (moment == BeforePlay && board.pPlay->isVisible()) ||
+                              (moment == WhilePlaying && board.pHint->isVisible()) ||
+                              (moment == AfterAnswer && board.pCont->isVisible()) ||
+                              (moment == DuringBet && board.PChoice1->isVisible());
+            if (come)
+                ClickOn(board.pX);
+            else if (!GoOn() && Choice(true) != nullptr)
+                ClickOn(Choice(false));
+        });
+        game->Run();
+        EXPECT_TRUE(game->ExitProgram()) << moment;
+        EXPECT_FALSE(board.isVisible()) << moment;
+        game.reset();
+        EXPECT_EQ(MarksInFile(), moment + 1);
+        EXPECT_TRUE(robot.Messages().isEmpty());
+    }
+    EXPECT_FALSE(fs::exists(mFolder.Path() / "H1.dat"));
+}
+
+TEST_F(GameTest, AGameIsRefusedWithoutEnoughSongs) {
+    const auto nine = mFolder.MakePlaylist(mFolder.MakeSongs(9));
+    const std::map<std::string, QString> cases = {
+        {"", "Songrush requires a playlist to play."},
+        {nine.string(), "Songrush Requires atleast 10 songs in a playlist."}};
+    for (const auto& [path, message] : cases) {
+        mPlaylist = path;
+        auto game = NewGame<c_gMulti>(1);
+        Robot robot([] {});
+        game->Run();
+        EXPECT_EQ(robot.Messages(), QStringList(message));
+        EXPECT_FALSE(game->ExitProgram());
+    }
+    mSourceExits = true;
+    auto game = NewGame<c_gMulti>(1);
+    Robot robot([] {});
+    game->Run();
+    EXPECT_TRUE(game->ExitProgram());
+    EXPECT_TRUE(robot.Messages().isEmpty());
+}
+
+TEST_F(GameTest, SongsThatCannotBeOpenedArePassedOver) {
+    auto songs = mFolder.MakeSongs(12);
+    std::vector<fs::path> dead;
+    for (int i = 0; i < 30; ++i)
+        dead.push_back(mFolder.Path() / ("gone" + std::to_string(i) + ".mp3"));
+    std::vector<fs::path> mixed = dead;
+    mixed.insert(mixed.end(), songs.begin(), songs.end());
+    mPlaylist = mFolder.MakePlaylist(mixed);
+    {
+        auto game = NewGame<c_gMulti>(1);
+        int answered = 0;
+        Robot robot([&] {
+            if (!GoOn() && Choice(true) != nullptr) {
+                ClickOn(Choice(true));
+                ++answered;
+            }
+        });
+        game->Run();
+        EXPECT_EQ(answered, 6);
+        EXPECT_TRUE(robot.Messages().isEmpty());
+    }
+    mPlaylist = mFolder.MakePlaylist(dead);
+    auto game = NewGame<c_gMulti>(1);
+    Robot robot([] {});
+    game->Run();
+    EXPECT_EQ(robot.Messages(), QStringList("None of the songs in this playlist can be played."));
+    EXPECT_FALSE(board.isVisible());
+}
+
+TEST_F(GameTest, ScoresThatCannotBeWrittenAreToldOnceAndTheGameEndsWell) {
+    fs::create_directories(mFolder.Path() / "H1.dat" / "in the way");
+    auto game = NewGame<c_gMulti>(1);
+    Robot robot([&] {
+        if (!GoOn() && Choice(true) != nullptr)
+            ClickOn(Choice(true));
+    });
+    game->Run();
+    EXPECT_EQ(robot.Messages(),
+              QStringList({"Error loading High Scores.", "Error Writing High Scores."}));
+    EXPECT_FALSE(game->ExitProgram());
+}
+
+TEST_F(GameTest, MoreThanTenPlayersSeeAllTheirScores) {
+    auto game = NewGame<c_gMulti>(12);
+    int lists = 0;
+    Robot robot([&] {
+        if (scores.isVisible())
+            ++lists;
+        if (!GoOn() && Choice(true) != nullptr)
+            ClickOn(Choice(false));
+    });
+    game->Run();
+    EXPECT_EQ(lists, 3) << "ten scores, two more, and the table";
+}
+
+} // namespace

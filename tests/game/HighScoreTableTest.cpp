@@ -1,0 +1,132 @@
+#include "game/HighScoreTable.h"
+
+#include "game/RankScores.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using game::HighScoreTable;
+using Result = HighScoreTable::ReadResult;
+
+QByteArray Record(const QByteArray& name, const QByteArray& score) {
+    const QByteArray check = QByteArray::number(game::Checksum(name + score));
+    return name + "\r\n" + score + "\r\n" + check + "\r\n";
+}
+
+/// A file of ten players, "a" with 100 down to "j" with 10.
+QByteArray TenPlayers() {
+    QByteArray file;
+    for (int i = 0; i < HighScoreTable::kPlaces; ++i)
+        file += Record(QByteArray(1, static_cast<char>('a' + i)), QByteArray::number(100 - 10 * i));
+    return file;
+}
+
+QString Names(const HighScoreTable& table) {
+    QString names;
+    for (int i = 0; i < HighScoreTable::kPlaces; ++i)
+        names += table.Name(i);
+    return names;
+}
+
+TEST(HighScoreTable, ChecksumAddsBytesAndFoldsAbove100000) {
+    EXPECT_EQ(game::Checksum({}), 0);
+    EXPECT_EQ(game::Checksum("Blank0"), 536);
+    const QByteArray nearlyFull(392, '\xFF'); // 99960
+    EXPECT_EQ(game::Checksum(nearlyFull + '('), 100000);
+    EXPECT_EQ(game::Checksum(nearlyFull + ')'), 50001);
+}
+
+TEST(HighScoreTable, ANewTableIsTenBlanksWithNought) {
+    EXPECT_EQ(HighScoreTable().Serialise(), QByteArray("Blank\r\n0\r\n536\r\n").repeated(10));
+}
+
+TEST(HighScoreTable, EveryKindOfFileIsToldApart) {
+    const QByteArray good = TenPlayers();
+    const QByteArray huge = Record("z", QByteArray(400, '9')).repeated(10);
+    const struct {
+        const char* what;
+        QByteArray file;
+        Result result;
+        const char* names; // of a table that held "x" in all places before
+    } cases[] = {
+        {"whole", good, Result::Good, "abcdefghij"},
+        {"no line end at its end", good.chopped(2), Result::Good, "abcdefghij"},
+        {"check line with blanks and decimals", QByteArray(good).replace("246\r\n", "  246.0x\r\n"),
+         Result::Good, "abcdefghij"},
+        {"huge scores", huge, Result::Good, "zzzzzzzzzz"},
+        {"score edited", QByteArray(good).replace("60", "61"), Result::Tampered, "Blank"},
+        {"name edited", QByteArray(good).replace("j", "k"), Result::Tampered, "Blank"},
+        {"wrong before it ends too early", "a\r\n1\r\n2\r\n", Result::Tampered, "Blank"},
+        {"empty", "", Result::Unreadable, "x"},
+        {"two lines", "a\r\n1\r\n", Result::Unreadable, "x"},
+        {"last line missing", good.chopped(5), Result::Unreadable, "x"},
+        {"a megabyte of zeros", QByteArray(1 << 20, '\0'), Result::Unreadable, "x"},
+        {"other line ends", QByteArray(good).replace("\r\n", "\n"), Result::Unreadable, "x"},
+    };
+    for (const auto& c : cases) {
+        HighScoreTable table;
+        for (int i = 0; i < HighScoreTable::kPlaces; ++i)
+            table.Insert(0, "x", 5);
+        EXPECT_EQ(table.Parse(c.file), c.result) << c.what;
+        const QString names = c.names;
+        EXPECT_EQ(Names(table), names.size() == 10 ? names : names.repeated(10)) << c.what;
+        EXPECT_EQ(table.IsNew(0), c.result == Result::Unreadable) << c.what;
+    }
+}
+
+TEST(HighScoreTable, NewScoresGoBelowEqualOnes) {
+    const struct {
+        int score;
+        int place; // -1 for none
+        const char* names;
+    } cases[] = {
+        {101, 0, "*abcdefghi"}, {100, 1, "a*bcdefghi"}, {11, 9, "abcdefghi*"},
+        {10, -1, "abcdefghij"}, {-5, -1, "abcdefghij"},
+    };
+    for (const auto& c : cases) {
+        HighScoreTable table;
+        ASSERT_EQ(table.Parse(TenPlayers()), Result::Good);
+        const auto place = table.PlaceFor(c.score);
+        EXPECT_EQ(place.value_or(-1), c.place) << c.score;
+        if (place) {
+            table.Insert(*place, "*", c.score);
+            EXPECT_TRUE(table.IsNew(*place));
+            EXPECT_EQ(table.Score(*place), QString::number(c.score));
+        }
+        EXPECT_EQ(Names(table), c.names) << c.score;
+    }
+    EXPECT_FALSE(HighScoreTable().PlaceFor(0));
+}
+
+TEST(HighScoreTable, NamesKeepTheirBytesAndNeverBreakTheFile) {
+    const QByteArray file = Record("Caf\xE9", "7") + Record("Jos\xC3\xA9", "6") +
+                            Record(" two  blanks ", "5") + Record("", "4").repeated(7);
+    HighScoreTable table;
+    ASSERT_EQ(table.Parse(file), Result::Good);
+    EXPECT_EQ(table.Name(0), "Caf\u00E9");
+    EXPECT_EQ(table.Name(1), "Jos\u00E9");
+    EXPECT_EQ(table.Serialise(), file);
+
+    table.Insert(0, "Bj\u00F6rn\r\n9\n", 8);
+    HighScoreTable again;
+    ASSERT_EQ(again.Parse(table.Serialise()), Result::Good);
+    EXPECT_EQ(again.Name(0), "Bj\u00F6rn  9 ");
+    EXPECT_EQ(again.Name(1), table.Name(1));
+}
+
+TEST(HighScoreTable, ANameOfBlanksBecomesBlank) {
+    EXPECT_EQ(game::PlayerName("  "), "Blank");
+    EXPECT_EQ(game::PlayerName(" Ann B "), "Ann B");
+}
+
+TEST(RankScores, EqualScoresKeepTheOrderOfThePlayers) {
+    std::vector<std::int32_t> scores{10, 30, 10, 40, 30};
+    QString ranking;
+    for (const QString& label : game::RankScores(scores))
+        ranking += label + u';';
+    EXPECT_EQ(ranking, "Player 4;Player 2;Player 5;Player 1;Player 3;");
+    EXPECT_EQ(scores, (std::vector<std::int32_t>{40, 30, 30, 10, 10}));
+}
+
+} // namespace

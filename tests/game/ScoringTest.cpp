@@ -1,0 +1,53 @@
+#include "game/Scoring.h"
+
+#include <gtest/gtest.h>
+#include <limits>
+
+namespace {
+
+TEST(Scoring, EveryBandOfTheClockHasItsPoints) {
+    const struct {
+        float seconds;
+        int points;
+    } cases[] = {
+        {0.0F, 120000},  {0.5F, 110000},
+        {1.9F, 81999},   {4.99F, 20200},
+        {4.999F, 20019}, {5.0F, 15000},
+        {9.5F, 1500},    {9.9999F, 0},
+        {10.0F, 1250},   {14.2F, 200},
+        {14.999F, 0},    {15.0F, 200},
+        {20.0F, 200},    {25.99F, 200},
+        {26.0F, 100},    {30.0F, 100},
+        {86400.0F, 100}, {-0.5F, 100},
+        {1e30F, 100},    {std::numeric_limits<float>::quiet_NaN(), 100},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(game::PointsForTime(c.seconds), c.points) << c.seconds << " s";
+}
+
+TEST(Scoring, TheFourthBetButtonMeansFiveSeconds) {
+    const int points[] = {140000, 70000, 35000, 25000};
+    for (int button = 1; button <= 4; ++button)
+        EXPECT_EQ(game::PointsForBet(game::BetFromButton(button)), points[button - 1]) << button;
+    EXPECT_EQ(game::PointsForBet(4), 100);
+}
+
+TEST(Scoring, ScoresStayWithinTheirRange) {
+    constexpr auto kMax = std::numeric_limits<std::int32_t>::max();
+    constexpr auto kMin = std::numeric_limits<std::int32_t>::min();
+    EXPECT_EQ(game::AddPoints(70000, 35000), 105000);
+    EXPECT_EQ(game::AddPoints(kMax - 1, 140000), kMax);
+    EXPECT_EQ(game::ScoreAfterHint(9999), 0);
+    EXPECT_EQ(game::ScoreAfterHint(10001), 1);
+    EXPECT_EQ(game::ScoreAfterHint(kMin), 0);
+}
+
+TEST(Scoring, UpToTwoSecondsCountAsOneInTheSentence) {
+    const QString fast = "Wow, Did it in 1 second";
+    EXPECT_EQ(game::AnswerTimeText(0.2F), fast);
+    EXPECT_EQ(game::AnswerTimeText(1.99F), fast);
+    EXPECT_EQ(game::AnswerTimeText(2.0F), "You answered in 2 Seconds");
+    EXPECT_EQ(game::AnswerTimeText(12.9F), "You answered in 12 Seconds");
+}
+
+} // namespace
