@@ -7,6 +7,7 @@
 
 #include <cstdio>
 #include <string>
+#include <utility>
 #else
 #include "platform/Text.h"
 
@@ -251,7 +252,9 @@ std::error_code ReplaceFile(const fs::path& file, QByteArrayView bytes) {
     QSaveFile replacement(name);
     if (!replacement.open(QIODevice::WriteOnly))
         return make_error_code(std::errc::permission_denied);
-    replacement.write(bytes.data(), bytes.size());
+    // Flushed here because `commit` does not notice that its own flush failed.
+    if (replacement.write(bytes.data(), bytes.size()) != bytes.size() || !replacement.flush())
+        replacement.cancelWriting();
     return replacement.commit() ? std::error_code() : IoError();
 }
 

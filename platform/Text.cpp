@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <optional>
 
 namespace platform {
 
@@ -22,9 +23,13 @@ char16_t FromWindows1252(unsigned char byte) {
     return byte >= 128 && byte < 160 ? kWindows1252[byte - 128u] : byte;
 }
 
-QStringDecoder Utf8Decoder() {
+/// Decodes UTF-8; nothing if it is not valid. A byte order mark is a character like others.
+std::optional<QString> Utf8(std::string_view bytes) {
     using Flag = QStringDecoder::Flag;
-    return QStringDecoder(QStringDecoder::Utf8, Flag::Stateless | Flag::ConvertInitialBom);
+    QStringDecoder decoder(QStringDecoder::Utf8, Flag::Stateless | Flag::ConvertInitialBom);
+    const QString text =
+        decoder(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
+    return decoder.hasError() ? std::nullopt : std::optional(text);
 }
 
 /// Length in bytes of the valid UTF-8 sequence at the start of `bytes`; 0 if there is none.
@@ -33,25 +38,20 @@ std::size_t ValidLength(std::string_view bytes) {
     const std::size_t length = lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
     if (length > bytes.size())
         return 0;
-    QStringDecoder decoder = Utf8Decoder();
-    const QString decoded =
-        decoder(QByteArrayView(bytes.data(), static_cast<qsizetype>(length)));
-    return decoder.hasError() || decoded.isEmpty() ? 0 : length;
+    return Utf8(bytes.substr(0, length)) ? length : 0;
 }
 
 /// Decodes UTF-8, each byte that is not part of a valid sequence by `fallback`.
 template <typename Fallback> QString Decode(std::string_view bytes, Fallback fallback) {
-    QStringDecoder decoder = Utf8Decoder();
-    QString whole = decoder(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
-    if (!decoder.hasError())
-        return whole;
+    if (const auto whole = Utf8(bytes))
+        return *whole;
     QString text;
     while (!bytes.empty()) {
         const std::size_t length = ValidLength(bytes);
         if (length == 0)
             text += QChar(fallback(static_cast<unsigned char>(bytes.front())));
         else
-            text += QString::fromUtf8(bytes.data(), static_cast<qsizetype>(length));
+            text += *Utf8(bytes.substr(0, length));
         bytes.remove_prefix(std::max<std::size_t>(length, 1));
     }
     return text;

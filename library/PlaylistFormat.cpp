@@ -1,0 +1,119 @@
+#include "library/PlaylistFormat.h"
+
+#include "platform/Chance.h"
+#include "platform/LeadingNumber.h"
+
+#include <algorithm>
+#include <charconv>
+#include <iterator>
+#include <limits>
+
+namespace library {
+
+namespace {
+
+constexpr std::string_view kLineEnd = "\r\n";
+constexpr std::string_view kMarkTag = "#Songrush:";
+constexpr std::string_view kLengthTag = " bytes=";
+
+std::string_view Trimmed(std::string_view text) {
+    while (text.starts_with(' '))
+        text.remove_prefix(1);
+    while (text.ends_with(' '))
+        text.remove_suffix(1);
+    return text;
+}
+
+/// A mark too big for its type only has to stay a mark.
+std::int16_t MarkFromText(std::string_view text) {
+    using Limits = std::numeric_limits<std::int16_t>;
+    const double number = std::clamp<double>(platform::LeadingNumber(text), Limits::min(), Limits::max());
+    return static_cast<std::int16_t>(platform::RoundHalfEven(number));
+}
+
+/// The whole of `text` as a number of bytes; 0 when it is none.
+std::size_t LengthFromText(std::string_view text) {
+    std::size_t length = 0;
+    const char* end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, length);
+    return error == std::errc() && stop == end ? length : 0;
+}
+
+/// Whether the path would not come back from a plain line.
+bool NeedsLength(std::string_view path) {
+    if (path.empty())
+        return false; // names no file, so it need not come back
+    return path.size() == 1 || path.front() == '#' || path.front() == ' ' || path.back() == ' ' ||
+           path.find(kLineEnd) != std::string_view::npos;
+}
+
+template <typename Number> void AppendNumber(std::string& file, Number number) {
+    char digits[24];
+    const auto [end, error] = std::to_chars(std::begin(digits), std::end(digits), number);
+    file.append(digits, end);
+}
+
+} // namespace
+
+std::optional<PlaylistEntry> PlaylistReader::Next() {
+    std::int16_t played = 0;
+    while (!mRest.empty()) {
+        const std::string_view line = TakeLine();
+        if (line.size() < 2)
+            continue;
+        if (line.front() != '#') {
+            const std::string_view path = Trimmed(line);
+            if (!path.empty())
+                return PlaylistEntry{path, played};
+            continue;
+        }
+        const bool tagFirst = line.starts_with(kMarkTag);
+        if (!tagFirst && line.find(kMarkTag) == std::string_view::npos)
+            continue;
+        // The format has the mark at this place of the line even when the tag stands further on.
+        const std::string_view markText = line.substr(kMarkTag.size());
+        played = MarkFromText(markText);
+        const auto path = tagFirst ? TakeMeasuredPath(markText) : std::nullopt;
+        if (path)
+            return PlaylistEntry{*path, played};
+    }
+    return std::nullopt;
+}
+
+std::string_view PlaylistReader::TakeLine() {
+    const std::size_t end = mRest.find(kLineEnd);
+    const std::string_view line = mRest.substr(0, end);
+    mRest.remove_prefix(end == std::string_view::npos ? mRest.size() : end + kLineEnd.size());
+    return line;
+}
+
+std::optional<std::string_view> PlaylistReader::TakeMeasuredPath(std::string_view markText) {
+    const std::size_t tag = markText.find(kLengthTag);
+    if (tag == std::string_view::npos)
+        return std::nullopt;
+    const std::size_t length = LengthFromText(markText.substr(tag + kLengthTag.size()));
+    if (length == 0 || length > mRest.size())
+        return std::nullopt;
+    const std::string_view path = mRest.substr(0, length);
+    const std::string_view after = mRest.substr(length);
+    if (!after.empty() && !after.starts_with(kLineEnd))
+        return std::nullopt;
+    mRest = after.substr(std::min(kLineEnd.size(), after.size()));
+    return path;
+}
+
+void AppendHeader(std::string& file) {
+    (file += "#EXTM3U") += kLineEnd;
+}
+
+void AppendEntry(std::string& file, const PlaylistEntry& entry) {
+    file += kMarkTag;
+    AppendNumber(file, entry.played);
+    if (NeedsLength(entry.path)) {
+        file += kLengthTag;
+        AppendNumber(file, entry.path.size());
+    }
+    ((file += kLineEnd) += entry.path) += kLineEnd;
+}
+
+} // namespace library

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <cstddef>
+#include <filesystem>
+#include <span>
+
+/// The ID3v1 tag of an MP3 file: its last 128 bytes, Windows-1252. A title of more than 30
+/// characters goes on in the comment. What cannot be read or written is passed over silently.
+class c_ID3 {
+public:
+    static constexpr std::size_t kTagSize = 128;
+
+    QString Title() const { return mTitle; }
+    QString Artist() const { return mArtist; }
+    QString Album() const { return mAlbum; }
+    QString Comment() const { return mComment; }
+    /// As stored: 4 characters, padding included.
+    QString Year() const { return mYear; }
+    /// The genre's name; empty when the file's genre number has none.
+    QString Genre() const { return mGenre; }
+
+    // The texts are taken as they are; `PutIdTag` cuts them.
+    void SetTitle(const QString& title) { mTitle = title; }
+    void SetArtist(const QString& artist) { mArtist = artist; }
+    void SetAlbum(const QString& album) { mAlbum = album; }
+    void SetComment(const QString& comment) { mComment = comment; }
+    void SetYear(const QString& year) { mYear = year; }
+    void SetGenre(const QString& genre) { mGenre = genre; }
+
+    /// Reads the file's tag. Without one the fields are empty but for `Genre`, which stays.
+    void GetIdTag(const std::filesystem::path& fileName);
+
+    /// As `GetIdTag`, from the file's last 128 bytes; any other number of bytes stands for a file
+    /// that cannot be read.
+    void GetIdTag(std::span<const char> tail);
+
+    /// Writes the fields over the file's tag, or adds one, which replaces the file's last byte. A
+    /// `Genre` without a number is written as Blues. A file that cannot be written, is read-only or
+    /// has less than 128 bytes stays as it was. The fields then hold what was written; after a
+    /// failure they also keep their padding.
+    void PutIdTag(const std::filesystem::path& fileName);
+
+    /// `text` without spaces at its ends, and then without line feeds, carriage returns, NULs and
+    /// backslashes. Spaces that stood before one of those at the end stay.
+    static QString CleanCrap(const QString& text);
+
+    /// `text` cut to `length` characters, or filled up with spaces.
+    static QString SpaceOut(const QString& text, int length);
+
+    /// A song title made from the file's name.
+    static QString TitleFromFileName(const std::filesystem::path& file);
+
+private:
+    void CleanFields();
+    void SplitLongTitle();
+    QByteArray TagBytes() const;
+
+    QString mTitle;
+    QString mArtist;
+    QString mAlbum;
+    QString mComment;
+    QString mYear;
+    QString mGenre;
+};

@@ -1,0 +1,127 @@
+#include "library/c_M3U.h"
+
+#include "library/PlaylistFormat.h"
+#include "platform/Chance.h"
+#include "platform/File.h"
+#include "platform/Message.h"
+#include "platform/Text.h"
+#include "platform/Time.h"
+
+#include <QLoggingCategory>
+#include <algorithm>
+#include <numeric>
+#include <string>
+#include <utility>
+
+namespace {
+
+Q_LOGGING_CATEGORY(Log, "songrush.library", QtInfoMsg)
+
+std::string_view ViewOf(const QByteArray& bytes) {
+    return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
+}
+
+} // namespace
+
+c_M3U::~c_M3U() {
+    if (!mFileName.empty())
+        WriteFile(mFileName);
+}
+
+void c_M3U::Add(const std::filesystem::path& song) {
+    const std::string bytes = song.string();
+    mFiles.push_back({ViewOf(mText).size(), bytes.size()});
+    mPlayed.push_back(0);
+    mOrder.push_back(0);
+    mText.append(bytes.data(), static_cast<qsizetype>(bytes.size()));
+}
+
+std::string_view c_M3U::Bytes(std::size_t index) const {
+    return ViewOf(mText).substr(mFiles[index].begin, mFiles[index].size);
+}
+
+std::filesystem::path c_M3U::FileName(int index) const {
+    if (index < 0 || index >= Count())
+        return {};
+    return std::filesystem::path(Bytes(static_cast<std::size_t>(index)));
+}
+
+std::filesystem::path c_M3U::NextUnplayed() {
+    if (Count() == 0)
+        return {};
+    while (true) {
+        if (mCursor > Count() - 1) {
+            qCDebug(Log) << "All Played, reseting..";
+            mCursor = 0;
+            ClearAllPlayed();
+            RandomizeList();
+        }
+        for (; mPlayedUpTo < Count(); ++mPlayedUpTo) {
+            const std::int32_t song = mOrder[static_cast<std::size_t>(mPlayedUpTo)];
+            std::int16_t& played = mPlayed[static_cast<std::size_t>(song)];
+            if (played == 0) {
+                played = 1;
+                return FileName(song);
+            }
+        }
+        mCursor = Count();
+    }
+}
+
+void c_M3U::RandomizeList() {
+    platform::Randomize(platform::SecondsSinceMidnight());
+    mPlayedUpTo = 0;
+    std::iota(mOrder.begin(), mOrder.end(), 0);
+    // Three passes of swapping each place with any place, which is what a play order is here.
+    for (int pass = 0; pass < 3; ++pass) {
+        for (std::int32_t& place : mOrder) {
+            const double other = platform::Rnd() * Count();
+            std::swap(place, mOrder[static_cast<std::size_t>(other)]);
+        }
+    }
+}
+
+void c_M3U::ClearAllPlayed() {
+    mPlayedUpTo = 0;
+    std::fill(mPlayed.begin(), mPlayed.end(), std::int16_t{0});
+}
+
+void c_M3U::ReadFile(const std::filesystem::path& file) {
+    qCDebug(Log) << "Reading M3u";
+    mFileName = file;
+    mFiles.clear();
+    mPlayed.clear();
+    mOrder.clear();
+    mPlayedUpTo = 0;
+    std::error_code error = platform::ReadWholeFile(file, mText);
+    if (error == std::errc::no_such_file_or_directory)
+        error = platform::ReplaceFile(file, {});
+    if (error) {
+        qCDebug(Log) << "M3u Read Error";
+        return;
+    }
+    library::PlaylistReader reader(ViewOf(mText));
+    while (const auto entry = reader.Next()) {
+        const auto begin = static_cast<std::size_t>(entry->path.data() - mText.constData());
+        mFiles.push_back({begin, entry->path.size()});
+        mPlayed.push_back(entry->played);
+    }
+    mOrder.assign(mFiles.size(), 0);
+    qCDebug(Log) << "M3u Read";
+}
+
+void c_M3U::WriteFile(const std::filesystem::path& file) const {
+    if (Count() < 1)
+        return;
+    std::string bytes;
+    constexpr std::size_t kLinesAround = 16; // the mark line and the line ends of one song
+    bytes.reserve(ViewOf(mText).size() + mFiles.size() * kLinesAround);
+    library::AppendHeader(bytes);
+    for (std::size_t i = 0; i < mFiles.size(); ++i)
+        library::AppendEntry(bytes, {Bytes(i), mPlayed[i]});
+    if (const std::error_code error = platform::ReplaceFile(file, bytes)) {
+        const QString reason = QString::fromLocal8Bit(error.message().c_str());
+        platform::ShowMessage(QStringLiteral("Error Writing Playlist file:%1:\n%2")
+                                  .arg(platform::ShownText(file), reason));
+    }
+}

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QByteArray>
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <string_view>
+#include <vector>
+
+/// A playlist with a played mark for each song, so that no song comes back before all were played.
+/// The marks are kept in the playlist file: a list that was read writes itself back when it goes.
+class c_M3U {
+public:
+    c_M3U() = default;
+    ~c_M3U();
+    c_M3U(const c_M3U&) = delete;
+    c_M3U& operator=(const c_M3U&) = delete;
+
+    /// Appends an unplayed song; it has its place in the play order after the next `RandomizeList`.
+    void Add(const std::filesystem::path& song);
+
+    /// Number of songs.
+    int Count() const { return static_cast<int>(mFiles.size()); }
+
+    /// Place in the cycle of play; 0 outside `NextUnplayed`.
+    int TotalPlayed() const { return mCursor; }
+
+    /// The song at `index`, 0-based, in list order; empty when there is none.
+    std::filesystem::path FileName(int index) const;
+
+    /// The next song to play, which is thereby played. When all are, a new cycle begins in a new
+    /// order. Empty for an empty list. Needs a `RandomizeList` after reading or adding.
+    std::filesystem::path NextUnplayed();
+
+    /// Makes a new random play order from the clock's seed. The marks stay.
+    void RandomizeList();
+
+    void ClearAllPlayed();
+
+    /// Replaces the list by the file's contents and makes that file the one to write back to. A
+    /// file that does not exist is created empty. Errors are silent and leave an empty list, which
+    /// is never written back.
+    void ReadFile(const std::filesystem::path& file);
+
+    /// Writes the list, replacing the file also when it is read-only. An empty list leaves it
+    /// alone. An error is told in a message box and leaves the old file as it was.
+    void WriteFile(const std::filesystem::path& file) const;
+
+private:
+    /// A part of `mText`.
+    struct Slice {
+        std::size_t begin = 0;
+        std::size_t size = 0;
+    };
+
+    std::string_view Bytes(std::size_t index) const;
+
+    QByteArray mText; ///< holds the bytes of all songs' paths
+    std::vector<Slice> mFiles;
+    std::vector<std::int16_t> mPlayed;
+    std::vector<std::int32_t> mOrder;
+    std::int32_t mCursor = 0;
+    std::int32_t mPlayedUpTo = 0; ///< the songs at all places of `mOrder` before this are played
+    std::filesystem::path mFileName;
+};

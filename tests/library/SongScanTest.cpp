@@ -1,0 +1,132 @@
+#include "library/SongScan.h"
+
+#include "library/c_ID3.h"
+#include "tests/TemporaryFolder.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <string>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+using Paths = std::vector<fs::path>;
+
+class SongScanTest : public testing::Test {
+protected:
+    /// Scans until `wanted` songs were met.
+    void Scan(const fs::path& start, std::size_t wanted = 1000) {
+        library::ScanSongs(start, {[this](const fs::path& folder) {
+                                       mFolders.push_back(folder);
+                                       return true;
+                                   },
+                                   [this, wanted](const fs::path& song, const c_ID3& tag) {
+                                       mSongs.push_back(song);
+                                       mTitles.push_back(tag.Title());
+                                       return mSongs.size() < wanted;
+                                   }});
+    }
+
+    void AddSong(const fs::path& name, const std::string& title = "") {
+        fs::create_directories((mTree.Path() / name).parent_path());
+        mTree.Write(name,
+                    title.empty() ? "" : "TAG" + title + std::string(125 - title.size(), ' '));
+    }
+
+    Paths SortedSongs() const {
+        Paths names;
+        for (const fs::path& song : mSongs)
+            names.push_back(song.lexically_relative(mTree.Path()));
+        std::sort(names.begin(), names.end());
+        return names;
+    }
+
+    TemporaryFolder mTree;
+    Paths mFolders;
+    Paths mSongs;
+    std::vector<QString> mTitles;
+};
+
+TEST_F(SongScanTest, AllFilesWhoseNamesEndInMp3AreTakenWithTheirTags) {
+    for (const char* name : {"a.mp3", "b.MP3", "c.mP3", ".mp3", "sub/\xFF ?\\\r\n.mp3"})
+        AddSong(name, "Title");
+    for (const char* name : {"a.mp3.bak", "mp3", "xmp3", "a.mp3 "})
+        AddSong(name, "Title");
+    AddSong("folder.mp3/none");
+    fs::create_symlink("nowhere", mTree.Path() / "dangling.mp3");
+    ASSERT_EQ(mkfifo((mTree.Path() / "pipe.mp3").c_str(), 0600), 0);
+    Scan(mTree.Path());
+    EXPECT_EQ(SortedSongs(), (Paths{".mp3", "a.mp3", "b.MP3", "c.mP3", "sub/\xFF ?\\\r\n.mp3"}));
+    EXPECT_EQ(mTitles, std::vector<QString>(5, QStringLiteral("Title")));
+}
+
+TEST_F(SongScanTest, FilesComeInTheirOrderBeforeSubfoldersAndSubfoldersDepthFirst) {
+    for (const char* name : {"1.mp3", "2.mp3", "x/3.mp3", "x/in/4.mp3", "y/5.mp3", "y/in/6.mp3"})
+        AddSong(name);
+    // The expected walk, by the plain recursive rule.
+    Paths folders;
+    Paths songs;
+    const auto walk = [&](const auto& self, const fs::path& folder) -> void {
+        folders.push_back(folder);
+        Paths inner;
+        for (const fs::directory_entry& entry : fs::directory_iterator(folder))
+            (entry.is_directory() ? inner : songs).push_back(entry.path());
+        for (const fs::path& next : inner)
+            self(self, next);
+    };
+    walk(walk, mTree.Path());
+    Scan(mTree.Path());
+    EXPECT_EQ(mFolders, folders);
+    EXPECT_EQ(mSongs, songs);
+}
+
+TEST_F(SongScanTest, LinkedFoldersAreReadOnceAndLoopsEnd) {
+    AddSong("real/a.mp3");
+    fs::create_directory_symlink("real", mTree.Path() / "again");
+    fs::create_directory_symlink("..", mTree.Path() / "real/up");
+    fs::create_symlink("a.mp3", mTree.Path() / "real/link.mp3");
+    Scan(mTree.Path());
+    EXPECT_EQ(mSongs.size(), 2u) << "the song and the link to it, on one of the ways";
+    EXPECT_EQ(mFolders.size(), 2u);
+}
+
+TEST_F(SongScanTest, UnreadableFoldersAddNothing) {
+    Scan(mTree.Path() / "missing");
+    EXPECT_TRUE(mFolders.empty());
+    if (geteuid() == 0)
+        GTEST_SKIP() << "the superuser can read every folder";
+    AddSong("closed/a.mp3");
+    AddSong("open/b.mp3");
+    fs::permissions(mTree.Path() / "closed", fs::perms::none);
+    Scan(mTree.Path());
+    fs::permissions(mTree.Path() / "closed", fs::perms::owner_all);
+    EXPECT_EQ(SortedSongs(), Paths{"open/b.mp3"});
+}
+
+TEST_F(SongScanTest, AFalseAnswerEndsTheScan) {
+    for (const char* name : {"1.mp3", "2.mp3", "in/3.mp3"})
+        AddSong(name);
+    Scan(mTree.Path(), 1);
+    EXPECT_EQ(mSongs.size(), 1u);
+    EXPECT_EQ(mFolders.size(), 1u);
+}
+
+TEST_F(SongScanTest, TreesDeeperThanTheNumberOfHandlesAreReadToTheEnd) {
+    rlimit old{};
+    getrlimit(RLIMIT_NOFILE, &old);
+    const rlimit few{64, old.rlim_max};
+    fs::path deep;
+    for (rlim_t i = 0; i < 2 * few.rlim_cur; ++i)
+        deep /= "d";
+    AddSong(deep / "a.mp3");
+    setrlimit(RLIMIT_NOFILE, &few);
+    Scan(mTree.Path());
+    setrlimit(RLIMIT_NOFILE, &old);
+    EXPECT_EQ(mSongs.size(), 1u);
+}
+
+} // namespace

@@ -1,0 +1,103 @@
+#include "platform/File.h"
+
+#include "tests/FileSizeLimit.h"
+#include "tests/TemporaryFolder.h"
+
+#include <array>
+#include <gtest/gtest.h>
+#include <string>
+#include <sys/stat.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::array<char, 4> TailOf(const fs::path& file) {
+    std::array<char, 4> tail{'n', 'o', 'n', 'e'};
+    platform::ReadTail(file, tail);
+    return tail;
+}
+constexpr std::array<char, 4> kNone{'n', 'o', 'n', 'e'};
+
+TEST(FileTest, BytesComeBackWhateverTheyAreAndWhateverTheNameIs) {
+    const TemporaryFolder folder;
+    const std::string bytes("\0\r\n\xFF tail", 9);
+    for (const std::string& name :
+         {std::string("plain"), std::string(" \xFF\r\n?\\*.mp3"), std::string(255, 'x')}) {
+        const fs::path file = folder.Path() / name;
+        EXPECT_FALSE(platform::ReplaceFile(file, "old"));
+        EXPECT_FALSE(platform::ReplaceFile(file, bytes));
+        QByteArray read;
+        EXPECT_FALSE(platform::ReadWholeFile(file, read));
+        EXPECT_EQ(read.toStdString(), bytes);
+        EXPECT_EQ(TailOf(file), (std::array<char, 4>{'t', 'a', 'i', 'l'}));
+    }
+}
+
+TEST(FileTest, WhatIsNoRegularFileIsRefusedAndNeverWaitedFor) {
+    const TemporaryFolder folder;
+    fs::create_directory(folder.Path() / "folder.mp3");
+    fs::create_symlink("nowhere", folder.Path() / "dangling.mp3");
+    fs::create_symlink("loop.mp3", folder.Path() / "loop.mp3");
+    ASSERT_EQ(mkfifo((folder.Path() / "pipe.mp3").c_str(), 0600), 0);
+    for (const char* name : {"folder.mp3", "dangling.mp3", "loop.mp3", "pipe.mp3", "missing.mp3"}) {
+        const fs::path file = folder.Path() / name;
+        QByteArray read("old");
+        EXPECT_TRUE(platform::ReadWholeFile(file, read)) << name;
+        EXPECT_TRUE(read.isEmpty()) << name;
+        EXPECT_EQ(TailOf(file), kNone) << name;
+        EXPECT_TRUE(platform::ReplaceTail(file, 1, "x")) << name;
+    }
+    for (const char* name : {"folder.mp3", "loop.mp3", "pipe.mp3"})
+        EXPECT_TRUE(platform::ReplaceFile(folder.Path() / name, "x")) << name;
+    EXPECT_EQ(folder.Entries(), 4);
+}
+
+TEST(ReplaceFileTest, AReadOnlyFileIsReplacedAndKeepsItsOtherPermissions) {
+    const TemporaryFolder folder;
+    const fs::path file = folder.Write("list", "old");
+    MakeReadOnly(file);
+    EXPECT_FALSE(platform::ReplaceFile(file, "new"));
+    EXPECT_EQ(BytesOf(file), "new");
+    EXPECT_EQ(fs::status(file).permissions(),
+              fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+}
+
+TEST(ReplaceFileTest, LinksStayAndWhatTheyLeadToIsReplaced) {
+    const TemporaryFolder folder;
+    fs::create_directory(folder.Path() / "sub");
+    fs::create_symlink("sub/inner", folder.Path() / "outer");
+    fs::create_symlink(folder.Path() / "target", folder.Path() / "sub/inner");
+    for (const char* bytes : {"first, there is no target", "second"}) {
+        EXPECT_FALSE(platform::ReplaceFile(folder.Path() / "outer", bytes));
+        EXPECT_EQ(BytesOf(folder.Path() / "target"), bytes);
+    }
+    EXPECT_TRUE(fs::is_symlink(folder.Path() / "outer"));
+    EXPECT_TRUE(fs::is_symlink(folder.Path() / "sub/inner"));
+}
+
+TEST(FullDiskTest, AFailureLeavesTheOldFileWholeAndNothingBeside) {
+    const TemporaryFolder folder;
+    const std::string old(1000, 'o');
+    const fs::path file = folder.Write("file", old);
+    {
+        const FileSizeLimit limit(1050);
+        EXPECT_TRUE(platform::ReplaceFile(file, std::string(2000, 'n')));
+        EXPECT_TRUE(platform::ReplaceFile(folder.Path() / "new", std::string(2000, 'n')));
+        EXPECT_TRUE(platform::ReplaceTail(file, 1, std::string(128, 'n')));
+    }
+    EXPECT_EQ(BytesOf(file), old);
+    EXPECT_EQ(folder.Entries(), 1);
+}
+
+TEST(RemoveFileTest, ReadOnlyFilesGoAndMissingOnesAreNoError) {
+    const TemporaryFolder folder;
+    const fs::path file = folder.Write("file", "x");
+    MakeReadOnly(file);
+    EXPECT_FALSE(platform::RemoveFile(file));
+    EXPECT_FALSE(platform::RemoveFile(file));
+    EXPECT_EQ(folder.Entries(), 0);
+    EXPECT_TRUE(platform::RemoveFile(folder.Path())) << "a folder is no file";
+}
+
+} // namespace

@@ -1,0 +1,181 @@
+#include "platform/Chance.h"
+#include "platform/ProgramFolder.h"
+#include "platform/Settings.h"
+#include "platform/SingleInstance.h"
+#include "platform/Wait.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <csignal>
+#include <cstddef>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+TEST(Settings, PathsAndTextsComeBackFromDiskAsTheyWere) {
+    const QString app = "RoundTrip";
+    const QString section = "Dirs";
+    const fs::path paths[] = {"/music", "/m/caf\xE9", "/m/caf\xC3\xA9", "@/a, b;c=\"d\" %41\\n ",
+                              ""};
+    for (const fs::path& path : paths) {
+        platform::WritePathSetting(app, section, "Path", path);
+        platform::WriteSetting(app, section, "Text", "@1, \u00E4 ");
+        // A changed file is read again.
+        QFile store(QSettings("Songrush", app).fileName());
+        ASSERT_TRUE(store.open(QIODevice::Append) && store.write("\n") == 1);
+        store.close();
+        EXPECT_EQ(platform::ReadPathSetting(app, section, "Path", "none"), path);
+        EXPECT_EQ(platform::ReadSetting(app, section, "Text", QString()), "@1, \u00E4 ");
+    }
+}
+
+TEST(Settings, AMissingValueIsTheFallback) {
+    const QString app = "Missing";
+    EXPECT_EQ(platform::ReadSetting(app, app, app, "0"), "0");
+    EXPECT_EQ(platform::ReadPathSetting(app, app, app, "/m\xFF"), fs::path("/m\xFF"));
+}
+
+TEST(Chance, HalvesGoToTheEvenNeighbour) {
+    const struct {
+        double value;
+        int rounded;
+    } cases[] = {{0.5, 0}, {1.5, 2}, {2.5, 2}, {2.51, 3}, {-0.5, 0}, {-1.5, -2}};
+    for (const auto& c : cases)
+        EXPECT_EQ(platform::RoundHalfEven(c.value), c.rounded) << c.value;
+}
+
+TEST(Chance, EndValuesGetHalfTheRangeOfTheOthers) {
+    const struct {
+        double random;
+        int drawn;
+    } cases[] = {{0.0, 0},  {0.12, 0}, {0.13, 1}, {0.37, 1}, {0.38, 2},
+                 {0.62, 2}, {0.63, 3}, {0.87, 3}, {0.88, 4}, {0.9999, 4}};
+    for (const auto& c : cases) {
+        const auto before = platform::ReplaceRandom([&c] { return c.random; });
+        EXPECT_EQ(platform::RndRounded(4), c.drawn) << c.random;
+        platform::ReplaceRandom(before);
+    }
+}
+
+TEST(Chance, TheSeedDecidesTheNumbers) {
+    const auto first = [](double seed) { return platform::Randomize(seed), platform::Rnd(); };
+    EXPECT_EQ(first(43200.25), first(43200.25));
+    EXPECT_NE(first(43200.25), first(43200.26));
+    EXPECT_GE(first(0), 0);
+    EXPECT_LT(first(0), 1);
+}
+
+class WaitTest : public testing::Test {
+protected:
+    /// A quit leaves its mark on Qt's loops; the main loop wipes it off.
+    void TearDown() override {
+        QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(); });
+        QCoreApplication::exec();
+    }
+};
+
+TEST_F(WaitTest, AWaitEndsWhenItsConditionChanges) {
+    bool waiting = true;
+    QTimer::singleShot(1, qApp, [&waiting] { waiting = false; });
+    platform::WaitWhile([&waiting] { return waiting; });
+    EXPECT_FALSE(platform::Quitting());
+}
+
+TEST_F(WaitTest, NestedAndLaterWaitsEndAfterAQuit) {
+    const auto forever = [] { return true; };
+    const struct {
+        const char* what;
+        void (*quit)();
+    } cases[] = {
+        {"request", platform::RequestQuit},
+        {"session's end",
+         [] {
+             QEvent quit(QEvent::Quit);
+             QCoreApplication::sendEvent(qApp, &quit);
+         }},
+        {"terminated", [] { std::raise(SIGTERM); }},
+        {"hung up", [] { std::raise(SIGHUP); }},
+    };
+    for (const auto& c : cases) {
+        const platform::QuitWatch watch;
+        EXPECT_FALSE(platform::Quitting()) << c.what;
+        QTimer::singleShot(0, qApp, [&] {
+            QTimer::singleShot(1, qApp, c.quit);
+            platform::WaitWhile(forever);
+        });
+        platform::WaitWhile(forever);
+        platform::WaitWhile(forever);
+        EXPECT_TRUE(platform::Quitting()) << c.what;
+    }
+}
+
+/// Another running copy of the program, until it is killed.
+class Copy {
+public:
+    Copy() {
+        int ends[2] = {-1, -1};
+        EXPECT_EQ(pipe(ends), 0);
+        mProcess = fork();
+        if (mProcess == 0) {
+            const char claimed = platform::ClaimSingleInstance() ? 'y' : 'n';
+            if (write(ends[1], &claimed, 1) == 1)
+                pause();
+            _exit(1);
+        }
+        close(ends[1]);
+        EXPECT_EQ(read(ends[0], &mClaimed, 1), 1);
+        close(ends[0]);
+    }
+    ~Copy() {
+        kill(mProcess, SIGKILL);
+        waitpid(mProcess, nullptr, 0);
+    }
+    Copy(const Copy&) = delete;
+    Copy& operator=(const Copy&) = delete;
+    bool Claimed() const { return mClaimed == 'y'; }
+
+private:
+    pid_t mProcess = -1;
+    char mClaimed = '?';
+};
+
+TEST(SingleInstance, ASecondCopyIsRefusedUntilTheFirstIsGone) {
+    const QTemporaryDir folder;
+    const QByteArray before = qgetenv("XDG_RUNTIME_DIR");
+    qputenv("XDG_RUNTIME_DIR", folder.path().toUtf8());
+    {
+        const Copy first;
+        EXPECT_TRUE(first.Claimed());
+        EXPECT_FALSE(Copy().Claimed());
+        EXPECT_FALSE(Copy().Claimed()); // the refused one took nothing away
+    }
+    EXPECT_TRUE(Copy().Claimed());
+    qputenv("XDG_RUNTIME_DIR", folder.path().toUtf8() + "/missing");
+    EXPECT_TRUE(Copy().Claimed());
+    qputenv("XDG_RUNTIME_DIR", before);
+}
+
+TEST(ProgramFolder, FilesAreFoundWithoutRegardToCase) {
+    const QTemporaryDir temporary;
+    const fs::path folder = temporary.path().toStdString();
+    for (const char* name : {"BFF.BMP", "x.bmp", "X.bmp"})
+        std::ofstream(folder / name) << '\n';
+    const struct {
+        const char* wanted;
+        const char* found;
+    } cases[] = {
+        {"bff.bmp", "BFF.BMP"}, {"X.bmp", "X.bmp"}, {"x.bmp", "x.bmp"}, {"y.bmp", "y.bmp"}};
+    for (const auto& c : cases)
+        EXPECT_EQ(platform::FindWithoutCase(folder, c.wanted), folder / c.found);
+    EXPECT_EQ(platform::FindWithoutCase(folder / "none", "a"), folder / "none" / "a");
+}
+
+} // namespace
