@@ -102,8 +102,7 @@ bool c_Quick::QuickPlay() {
     c_M3U list;
     if (!ScanFolder(folder, list))
         return false;
-    mPath = PlaylistFolder() / "Quick.m3u";
-    list.WriteFile(mPath);
+    WriteQuickList(list);
     mLoadForm.hide();
     if (list.Count() < kFewestSongs) {
         platform::ShowMessage(
@@ -119,6 +118,17 @@ bool c_Quick::QuickPlay() {
                "Although you can still play, The filename will be used for the correct answer.\n"
                "To correct this problem use the Editor to make sure song titles are correct.\n"
                "Do you still wish to play?"));
+}
+
+void c_Quick::WriteQuickList(const c_M3U& list) {
+    std::error_code error;
+    fs::create_directories(PlaylistFolder(), error);
+    mPath = PlaylistFolder() / "Quick.m3u";
+    if (list.WriteFile(mPath))
+        return;
+    // A program folder that cannot be written to need not keep anyone from playing.
+    mPath = platform::CacheFolder() / "Quick.m3u";
+    list.WriteFile(mPath);
 }
 
 bool c_Quick::ScanFolder(const fs::path& folder, c_M3U& list) {

@@ -1,5 +1,6 @@
 #include "game/HighScoreTable.h"
 
+#include "platform/LeadingNumber.h"
 #include "platform/Text.h"
 
 #include <algorithm>
@@ -11,32 +12,6 @@ namespace game {
 namespace {
 
 constexpr QByteArrayView kLineEnd("\r\n");
-
-/// The number that a text starts with: digits with an optional sign and decimal part, after any
-/// blanks; 0 when there is none.
-double LeadingNumber(QByteArrayView text) {
-    while (text.startsWith(' '))
-        text = text.sliced(1);
-    const bool negative = text.startsWith('-');
-    if (negative || text.startsWith('+'))
-        text = text.sliced(1);
-    double number = 0;
-    double unit = 1; // worth of the last digit
-    bool decimals = false;
-    for (const char c : text) {
-        if (c == '.' && !decimals) {
-            decimals = true;
-        } else if (c < '0' || c > '9') {
-            break;
-        } else if (decimals) {
-            unit /= 10;
-            number += (c - '0') * unit;
-        } else {
-            number = number * 10 + (c - '0');
-        }
-    }
-    return negative ? -number : number;
-}
 
 /// The next line, which `text` then starts behind; the last line needs no end.
 std::optional<QByteArrayView> TakeLine(QByteArrayView& text) {
@@ -91,7 +66,7 @@ HighScoreTable::ReadResult HighScoreTable::Parse(QByteArrayView file) {
         if (!check)
             return ReadResult::Unreadable;
         entry = {name->toByteArray(), score->toByteArray(), false};
-        if (LeadingNumber(*check) != CheckValue(entry.name, entry.score)) {
+        if (platform::LeadingNumber(*check) != CheckValue(entry.name, entry.score)) {
             mEntries = {};
             return ReadResult::Tampered;
         }
@@ -113,7 +88,7 @@ QByteArray HighScoreTable::Serialise() const {
 
 std::optional<int> HighScoreTable::PlaceFor(std::int32_t score) const {
     for (int place = 0; place < kPlaces; ++place) {
-        if (LeadingNumber(At(place).score) < score)
+        if (platform::LeadingNumber(At(place).score) < score)
             return place;
     }
     return std::nullopt;

@@ -110,18 +110,20 @@ void c_M3U::ReadFile(const std::filesystem::path& file) {
     qCDebug(Log) << "M3u Read";
 }
 
-void c_M3U::WriteFile(const std::filesystem::path& file) const {
+bool c_M3U::WriteFile(const std::filesystem::path& file) const {
     if (Count() < 1)
-        return;
+        return true;
     std::string bytes;
     constexpr std::size_t kLinesAround = 16; // the mark line and the line ends of one song
     bytes.reserve(ViewOf(mText).size() + mFiles.size() * kLinesAround);
     library::AppendHeader(bytes);
     for (std::size_t i = 0; i < mFiles.size(); ++i)
         library::AppendEntry(bytes, {Bytes(i), mPlayed[i]});
-    if (const std::error_code error = platform::ReplaceFile(file, bytes)) {
-        const QString reason = QString::fromLocal8Bit(error.message().c_str());
-        platform::ShowMessage(QStringLiteral("Error Writing Playlist file:%1:\n%2")
-                                  .arg(platform::ShownText(file), reason));
-    }
+    const std::error_code error = platform::ReplaceFile(file, bytes);
+    if (!error)
+        return true;
+    const QString reason = QString::fromLocal8Bit(error.message().c_str());
+    platform::ShowMessage(QStringLiteral("Error Writing Playlist file:%1:\n%2")
+                              .arg(platform::ShownText(file), reason));
+    return false;
 }

@@ -43,8 +43,9 @@ public:
     void ReadFile(const std::filesystem::path& file);
 
     /// Writes the list, replacing the file also when it is read-only. An empty list leaves it
-    /// alone. An error is told in a message box and leaves the old file as it was.
-    void WriteFile(const std::filesystem::path& file) const;
+    /// alone. An error is told in a message box and leaves the old file as it was; then the answer
+    /// is false.
+    bool WriteFile(const std::filesystem::path& file) const;
 
 private:
     /// A part of `mText`.

@@ -23,16 +23,23 @@ fs::path ExecutableFolder() {
     return fs::path(QCoreApplication::applicationDirPath().toStdU16String());
 }
 
+fs::path UserFolder(QStandardPaths::StandardLocation kind) {
+    return fs::path(QStandardPaths::writableLocation(kind).toStdU16String());
+}
+
 } // namespace
 
 fs::path ProgramFolder() { return gFolder.empty() ? ExecutableFolder() : gFolder; }
 
 void SetProgramFolder(const fs::path& folder) { gFolder = folder; }
 
-fs::path DocumentsFolder() {
-    const QString folder =
-        QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    return fs::path(folder.toStdU16String());
+fs::path DocumentsFolder() { return UserFolder(QStandardPaths::DocumentsLocation); }
+
+fs::path CacheFolder() {
+    const fs::path folder = UserFolder(QStandardPaths::GenericCacheLocation) / "Songrush";
+    std::error_code error;
+    fs::create_directories(folder, error);
+    return folder;
 }
 
 fs::path RootFolder() { return ProgramFolder().root_path(); }

@@ -14,6 +14,9 @@ void SetProgramFolder(const std::filesystem::path& folder);
 /// The user's documents folder, where the file dialogs start the first time.
 std::filesystem::path DocumentsFolder();
 
+/// A folder of the user's, made if need be, for files that can be made again.
+std::filesystem::path CacheFolder();
+
 /// The root of the file system.
 std::filesystem::path RootFolder();
 

@@ -82,6 +82,16 @@ TEST_F(QuickTest, AFolderBecomesTheQuickPlaylist) {
               mFolder.Path() / "Music");
 }
 
+TEST_F(QuickTest, AListThatCannotBeWrittenToItsPlaceIsToldAndPlayedAllTheSame) {
+    mFolder.MakeSongs(10);
+    fs::create_directories(QuickList() / "in the way");
+    Run(form.pUseDir, mFolder.Path() / "Music");
+    ASSERT_EQ(mMessages.size(), 1);
+    EXPECT_TRUE(mMessages[0].startsWith("Error Writing Playlist file:"));
+    EXPECT_FALSE(mExit);
+    EXPECT_NE(BytesOf(mPath).find("song9.mp3"), std::string::npos);
+}
+
 TEST_F(QuickTest, NineSongsAreRefusedButListed) {
     mFolder.MakeSongs(9);
     Run(form.pUseDir, mFolder.Path() / "Music");

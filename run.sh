@@ -1,0 +1,20 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds the game and starts it.
+# --tour: plays whole games by itself on a virtual display and leaves pictures in build/tour/.
+set -eu
+cd "$(dirname "$0")"
+. scripts/prepare.sh
+
+tour=no
+[ "${1:-}" = "--tour" ] && tour=yes
+if [ $tour = no ] && [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+    echo "There is no display here: taking the tour on a virtual one instead."
+    tour=yes
+fi
+prepare build run
+[ $tour = yes ] && prepare test
+build release
+if [ $tour = yes ]; then
+    exec scripts/tour.sh build/release/songrush build/tour
+fi
+exec build/release/songrush/songrush

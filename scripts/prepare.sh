@@ -1,0 +1,43 @@
+# Sourced by run.sh and test.sh: names every package that the project uses and installs what is
+# missing. `prepare <group>...` with the groups below.
+
+PACKAGES_BUILD="g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libgl-dev libmpg123-dev
+ libsdl2-dev libmp3lame-dev fonts-liberation"
+PACKAGES_RUN="libqt6svg6 qt6-qpa-plugins fonts-liberation"
+PACKAGES_TEST="libgtest-dev xvfb xauth xdotool x11-utils imagemagick procps"
+
+missing_packages() {
+    local package
+    for package in "$@"; do
+        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || echo "$package"
+    done
+}
+
+as_root() {
+    if [ "$(id -u)" -eq 0 ]; then "$@"; else sudo "$@"; fi
+}
+
+prepare() {
+    local wanted="" missing group
+    for group in "$@"; do
+        case $group in
+        build) wanted="$wanted $PACKAGES_BUILD" ;;
+        run) wanted="$wanted $PACKAGES_RUN" ;;
+        test) wanted="$wanted $PACKAGES_TEST" ;;
+        esac
+    done
+    if ! command -v dpkg-query >/dev/null; then
+        echo "This system has no apt. Songrush needs what these Debian packages hold:" $wanted
+        return 0
+    fi
+    missing=$(missing_packages $wanted)
+    [ -z "$missing" ] && return 0
+    echo "Installing:" $missing
+    as_root apt-get update -qq &&
+        as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing
+}
+
+# build <preset>: configures and builds.
+build() {
+    cmake --preset "$1" >/dev/null && cmake --build --preset "$1"
+}

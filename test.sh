@@ -1,0 +1,10 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds everything under address and undefined-behaviour sanitizers and
+# runs all the tests.
+set -eu
+cd "$(dirname "$0")"
+. scripts/prepare.sh
+
+prepare build run test
+build asan
+ctest --preset asan "$@"
