@@ -149,7 +149,7 @@ void GradientBox(float x1, float y1, float x2, float y2, ColorRef start, ColorRe
     const int rows = RoundHalfEven(y2) - top + 1;
     // The sweep starts one row above the box, and its first line has no length.
     const int steps = RoundHalfEven(x2) - left + rows;
-    if (columns < 1 || rows < 1 || steps < 1)
+    if (rows < 1 || steps < 1)
         return;
     const std::vector<QRgb> colors = SweepColors(start, end, steps);
     const QRect box = Canvas::ScreenPixels(QRect(left, top, columns, rows));

@@ -1,6 +1,7 @@
 #include "toolkit/Canvas.h"
 
 #include <QFontMetricsF>
+#include <QPainter>
 #include <algorithm>
 #include <cmath>
 
@@ -18,10 +19,11 @@ struct Overlap {
     QPoint source;
 };
 
-Overlap Clip(const Canvas& target, const QRect& area, const Canvas& source, QPoint from) {
+/// `source`: the pixels of the screen that may be taken.
+Overlap Clip(const Canvas& target, const QRect& area, const QRect& source, QPoint from) {
     const QRect whole = Canvas::ScreenPixels(area);
     const QPoint start(ToScreen(from.x()), ToScreen(from.y()));
-    const QRect available = source.Image().rect().translated(whole.topLeft() - start);
+    const QRect available = source.translated(whole.topLeft() - start);
     const QRect clipped = whole & target.Image().rect() & available;
     return {clipped, clipped.topLeft() - whole.topLeft() + start};
 }
@@ -60,6 +62,13 @@ Canvas::Canvas(int width, int height)
       mWidth(width), mHeight(height), mFont(ScreenFont(12)) {
     mImage.fill(Qt::black);
     mImage.setDevicePixelRatio(gRatio);
+}
+
+void Canvas::Show(QPainter& painter) const {
+    // The window may lie on a screen of another ratio.
+    const bool scaled = painter.device()->devicePixelRatioF() != mImage.devicePixelRatio();
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, scaled);
+    painter.drawImage(0, 0, mImage);
 }
 
 void Canvas::SetPicture(const QImage& picture) {
@@ -103,7 +112,7 @@ void BitBlt(Hdc target, int x, int y, int width, int height, Hdc source, int sou
     if (target == nullptr || source == nullptr)
         return;
     const Overlap part =
-        Clip(*target, QRect(x, y, width, height), *source, QPoint(sourceX, sourceY));
+        Clip(*target, QRect(x, y, width, height), source->Image().rect(), QPoint(sourceX, sourceY));
     switch (operation) {
     case RasterOp::SrcCopy:
         return Combine(*target, part, *source, [](QRgb, QRgb from) { return from; });
@@ -118,8 +127,12 @@ void DrawMasked(Hdc target, int x, int y, int width, int height, Hdc mask, Hdc s
                 int sourceY) {
     if (target == nullptr || mask == nullptr || sprite == nullptr)
         return;
-    const Overlap part =
-        Clip(*target, QRect(x, y, width, height), *sprite, QPoint(sourceX, sourceY));
+    const QPoint from(sourceX, sourceY);
+    // At a fractional ratio the same width has a pixel more in one place than in another; the
+    // pixel beyond the sprite is the next frame's.
+    const QRect frame = Canvas::ScreenPixels(QRect(from, QSize(width, height))) &
+                        mask->Image().rect() & sprite->Image().rect();
+    const Overlap part = Clip(*target, QRect(x, y, width, height), frame, from);
     for (int row = 0; row < part.target.height(); ++row) {
         auto* __restrict to =
             reinterpret_cast<QRgb*>(target->PaintDevice().scanLine(part.target.y() + row)) +

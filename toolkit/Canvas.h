@@ -7,6 +7,8 @@
 #include <QRect>
 #include <QString>
 
+class QPainter;
+
 namespace toolkit {
 
 /// What forms, picture boxes and surfaces draw on: a persistent 32-bit image, measured in logical
@@ -21,6 +23,9 @@ public:
 
     /// The image that shows the canvas; its device pixel ratio is set.
     const QImage& Image() const { return mImage; }
+
+    /// Shows the canvas at a widget's top left corner.
+    void Show(QPainter& painter) const;
 
     /// For painters, which then draw in logical pixels.
     QImage& PaintDevice() { return mImage; }

@@ -6,8 +6,8 @@
 namespace toolkit {
 
 FittedText FitText(const QString& text, const QFont& font, double width) {
-    constexpr double kSmallest = 0.6;
-    const QString line = text.simplified() == text ? text : QString(text).replace(u'\n', u' ');
+    constexpr double kSmallest = 0.55;
+    const QString line = QString(text).replace(u'\n', u' ');
     QFont fitted = font;
     const int smallest = static_cast<int>(std::lround(font.pixelSize() * kSmallest));
     while (QFontMetricsF(fitted).horizontalAdvance(line) > width && fitted.pixelSize() > smallest)

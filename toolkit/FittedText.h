@@ -12,7 +12,7 @@ struct FittedText {
     double width; ///< in logical pixels
 };
 
-/// Makes `text` fit `width` logical pixels: first by a smaller font, down to 60 % of `font`, then
+/// Makes `text` fit `width` logical pixels: first by a smaller font, down to 55 % of `font`, then
 /// by cutting it off with an ellipsis. Line breaks become spaces.
 FittedText FitText(const QString& text, const QFont& font, double width);
 

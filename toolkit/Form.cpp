@@ -25,7 +25,7 @@ Form::Form(const QString& name, const QSize& size)
     setWindowTitle(QStringLiteral("Songrush"));
     setFixedSize(size);
     setAttribute(Qt::WA_OpaquePaintEvent);
-    setFocusPolicy(Qt::StrongFocus);
+    setFocusPolicy(Qt::ClickFocus);
 }
 
 void Form::SetPicture(const QString& file) {
@@ -53,7 +53,7 @@ void Form::MoveToCorner() {
 void Form::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     painter.setClipRegion(event->region());
-    painter.drawImage(0, 0, mCanvas.Image());
+    mCanvas.Show(painter);
 }
 
 void Form::closeEvent(QCloseEvent* event) {

@@ -5,6 +5,7 @@
 #include "platform/Wait.h"
 
 #include <QScreen>
+#include <algorithm>
 #include <stdexcept>
 
 namespace toolkit {
@@ -22,14 +23,15 @@ void GlideSprite(Form& form, QPoint from, QPoint to, const Sprite& sprite, int d
                  bool drawAtEnd) {
     if (duration == 0)
         throw std::domain_error("a glide needs time");
-    Canvas behind(sprite.width, sprite.height);
+    // One more pixel each way: at a fractional ratio the sprite is not the same size everywhere.
+    const int width = sprite.width + 1;
+    const int height = sprite.height + 1;
+    Canvas behind(width, height);
     const auto save = [&](QPoint at) {
-        BitBlt(&behind, 0, 0, sprite.width, sprite.height, form.Dc(), at.x(), at.y(),
-               RasterOp::SrcCopy);
+        BitBlt(&behind, 0, 0, width, height, form.Dc(), at.x(), at.y(), RasterOp::SrcCopy);
     };
     const auto restore = [&](QPoint at) {
-        BitBlt(form.Dc(), at.x(), at.y(), sprite.width, sprite.height, &behind, 0, 0,
-               RasterOp::SrcCopy);
+        BitBlt(form.Dc(), at.x(), at.y(), width, height, &behind, 0, 0, RasterOp::SrcCopy);
     };
     const auto draw = [&](QPoint at) {
         DrawMasked(form.Dc(), at.x(), at.y(), sprite.width, sprite.height, sprite.mask,
@@ -47,7 +49,8 @@ void GlideSprite(Form& form, QPoint from, QPoint to, const Sprite& sprite, int d
         save(current);
         draw(current);
         form.Refresh();
-        platform::WaitFor(frame);
+        // The last frame is cut short, so that the sprite ends where it should.
+        platform::WaitFor(static_cast<int>(std::min<std::int64_t>(frame, duration + 1 - elapsed)));
         elapsed = platform::TickCount() - start;
         previous = current;
         current = PlaceAfter(from, to - from, static_cast<double>(elapsed) / duration);

@@ -19,7 +19,7 @@ public:
     bool eventFilter(QObject*, QEvent* event) override {
         if (event->type() == QEvent::MouseMove)
             mForm->move(static_cast<QMouseEvent*>(event)->globalPosition().toPoint() - mGrip);
-        else if (event->type() == QEvent::MouseButtonRelease)
+        else if (event->type() == QEvent::MouseButtonRelease || event->type() == QEvent::Hide)
             deleteLater();
         return false;
     }

@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QtMath>
 
 namespace toolkit {
 
@@ -15,7 +16,12 @@ namespace {
 class AccessibleBox : public QAccessibleWidget {
 public:
     explicit AccessibleBox(PictureBox* box)
-        : QAccessibleWidget(box, box->IsButton() ? QAccessible::Button : QAccessible::Graphic) {}
+        : QAccessibleWidget(box) {}
+
+    // A box may become a button after a screen reader has come to know it.
+    QAccessible::Role role() const override {
+        return Box()->IsButton() ? QAccessible::Button : QAccessible::Graphic;
+    }
 
     QStringList actionNames() const override {
         QStringList names = QAccessibleWidget::actionNames();
@@ -34,6 +40,9 @@ public:
 private:
     PictureBox* Box() const { return static_cast<PictureBox*>(widget()); }
 };
+
+/// The pixel that holds the point; rounded, the last half pixel of a box would be its neighbour's.
+QPoint PixelAt(QPointF point) { return QPoint(qFloor(point.x()), qFloor(point.y())); }
 
 QAccessibleInterface* MakeAccessible(const QString&, QObject* object) {
     auto* box = qobject_cast<PictureBox*>(object);
@@ -77,13 +86,13 @@ void PictureBox::setVisible(bool visible) {
     if (!visible && hasFocus())
         window()->setFocus();
     QWidget::setVisible(visible);
-    if (!visible)
-        Q_EMIT MouseOutside();
 }
+
+void PictureBox::hideEvent(QHideEvent*) { Q_EMIT MouseOutside(); }
 
 void PictureBox::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.drawImage(0, 0, mCanvas.Image());
+    mCanvas.Show(painter);
     if (!mFocusShown)
         return;
     painter.setRenderHint(QPainter::Antialiasing);
@@ -104,7 +113,7 @@ void PictureBox::mouseMoveEvent(QMouseEvent* event) {
     const QPointF at = event->position();
     // A point exactly on the far edge still counts as inside.
     const bool outside = at.x() < 0 || at.y() < 0 || at.x() > width() || at.y() > height() ||
-                         QApplication::widgetAt(event->globalPosition().toPoint()) != this;
+                         QApplication::widgetAt(PixelAt(event->globalPosition())) != this;
     if (outside)
         Q_EMIT MouseOutside();
     else

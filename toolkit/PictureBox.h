@@ -36,7 +36,8 @@ Q_SIGNALS:
     void MouseDown(double x, double y);
     void MouseUp(double x, double y);
     void MouseMoved(double x, double y);
-    /// The pointer left the box, or moves outside of it with a button held down.
+    /// The pointer left the box or moves outside of it with a button held down, or the box was
+    /// hidden.
     void MouseOutside();
     /// Pressed by Enter, by Space or by a screen reader.
     void Activated();
@@ -47,6 +48,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;

@@ -9,6 +9,15 @@ Screen::Screen(const QString& name)
     pMin->setAccessibleName(QStringLiteral("Minimise"));
 }
 
+void Screen::showEvent(QShowEvent* event) {
+    // The keyboard comes to the corner's buttons last.
+    if (QWidget* last = previousInFocusChain(); last != pX) {
+        setTabOrder(last, pMin);
+        setTabOrder(pMin, pX);
+    }
+    Form::showEvent(event);
+}
+
 void Screen::CopyBackground() {
     if (gBack)
         BitBlt(Dc(), 0, 0, width(), height(), gBack->HDC(0), 0, 0, RasterOp::SrcCopy);

@@ -16,6 +16,9 @@ public:
 
     PictureBox* pX;
     PictureBox* pMin;
+
+protected:
+    void showEvent(QShowEvent* event) override;
 };
 
 /// The skinned buttons over a screen's `pX` and `pMin`, for as long as a controller drives it. The

@@ -37,8 +37,8 @@ const Scheme kSchemes[] = {
 void DrawOutline(const c_PicButton::Look& look, int width, int height) {
     constexpr int kNear = 2;
     constexpr int kCut = 5;
-    const int right = width - 1 - kNear;
-    const int bottom = height - 1 - kNear;
+    const int right = width - kNear;
+    const int bottom = height - kNear;
     SetDrawPen(Qt::SolidLine, look.lightEdge, 4);
     PenMoveTo(kNear, bottom - kCut);
     PenLineTo(kNear, kCut);

@@ -63,27 +63,35 @@ void c_SurfButton::SetCaption(const QString& caption) {
 }
 
 void c_SurfButton::Refresh(State state) {
-    const State wanted = state == Current ? mState : state;
-    mState = Current;
-    DrawState(wanted);
+    if (mDisabled)
+        return;
+    if (state != Current)
+        mState = state;
+    Draw();
 }
 
 void c_SurfButton::DrawState(State state) {
     if (mDisabled || state == mState)
         return;
     mState = state;
+    Draw();
+}
+
+void c_SurfButton::Draw() {
     CopyFormBehind(*mBox);
     DrawMasked(mBox->Dc(), 0, 0, Width(), Height(), mSurfaces->HDC(1), mSurfaces->HDC(0), 0,
-               Height() * state);
+               Height() * mState);
     DrawButtonCaption(*mBox, mCaption, kWhite, kBlack, mCaptionMargin);
     mBox->Refresh();
 }
 
 bool c_SurfButton::IsTouching(double x, double y) const {
     const Hdc mask = mSurfaces->HDC(1);
-    if (mask == nullptr || x > mask->Width() || y > mask->Height())
+    const int row = platform::RoundHalfEven(y);
+    // Below the first frame the mask goes on with the next one, which is not under the pointer.
+    if (mask == nullptr || row >= Height())
         return false;
-    return mask->Pixel(platform::RoundHalfEven(x), platform::RoundHalfEven(y)) == kBlack;
+    return mask->Pixel(platform::RoundHalfEven(x), row) == kBlack;
 }
 
 void c_SurfButton::MakePicMask(PictureBox* box, ColorRef key, ColorRef other,
@@ -115,6 +123,7 @@ void c_SurfButton::Move(double x, double y) {
 }
 
 void c_SurfButton::MoveOutside() {
-    if (mState == Hover)
+    // A pressed button waits for its release, which never comes to a hidden one.
+    if (mState == Hover || !mBox->isVisible())
         DrawState(Normal);
 }

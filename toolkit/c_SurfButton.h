@@ -58,6 +58,7 @@ private:
     void Adopt(toolkit::PictureBox* box, const QString& caption);
     QImage Skin(const QString& file);
     void DrawState(State state);
+    void Draw();
     void Press(double x, double y);
     void Release(double x, double y);
     void Move(double x, double y);

@@ -1,0 +1,89 @@
+#include "audio/Mp3Stream.h"
+#include "audio/c_XAudio.h"
+
+#include "tests/audio/ToneFile.h"
+
+#include <array>
+#include <benchmark/benchmark.h>
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+#include <thread>
+
+namespace {
+
+namespace fs = std::filesystem;
+using Clock = std::chrono::steady_clock;
+using Seconds = std::chrono::duration<double>;
+
+fs::path FileOf(const std::string& name, const std::string& bytes) {
+    const fs::path path = fs::temp_directory_path() / ("audio-bench-" + name + ".mp3");
+    tonefile::Write(path, bytes);
+    return path;
+}
+
+/// What a game does with a song before anything is heard: open it with its length, go to the
+/// middle, decode the first samples.
+void OpenSeekDecode(benchmark::State& state, const std::string& name, const std::string& bytes) {
+    const fs::path path = FileOf(name, bytes);
+    std::array<audio::Frame, 1152> frames;
+    for (auto _ : state) {
+        const auto stream = audio::Mp3Stream::Open(path);
+        if (!stream) {
+            state.SkipWithError("cannot be opened");
+            break;
+        }
+        stream->SeekTo(stream->Frames() / 2);
+        benchmark::DoNotOptimize(stream->Read(frames));
+        state.counters["seconds"] = stream->Length();
+    }
+    fs::remove(path);
+}
+
+/// From `Play` until the first samples were handed to the device and its buffer of 10 ms has
+/// passed, that is until the position moves. `idle`: with the device closed, as after a pause, in
+/// place of one that plays another song.
+void PlayUntilHeard(benchmark::State& state, bool idle) {
+    setenv("SDL_AUDIODRIVER", "dummy", 0);
+    const fs::path path = FileOf("play", tonefile::Encode(60));
+    c_XAudio player;
+    double call = 0;
+    for (auto _ : state) {
+        player.OpenFile(path);
+        player.SeekTo(30);
+        if (idle)
+            std::this_thread::sleep_for(std::chrono::milliseconds(200));
+        const auto start = Clock::now();
+        player.Play();
+        call += Seconds(Clock::now() - start).count();
+        while (player.Position() <= 30)
+            std::this_thread::sleep_for(std::chrono::microseconds(100));
+        state.SetIterationTime(Seconds(Clock::now() - start).count());
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    }
+    state.counters["call_us"] = benchmark::Counter(call * 1e6, benchmark::Counter::kAvgIterations);
+    fs::remove(path);
+}
+
+void RegisterOpenSeekDecode(const tonefile::Kind& kind) {
+    benchmark::RegisterBenchmark(
+        ("OpenSeekDecode/" + kind.name).c_str(),
+        [kind](benchmark::State& state) { OpenSeekDecode(state, kind.name, kind.make()); })
+        ->Unit(benchmark::kMicrosecond);
+}
+
+const bool kRegistered = [] {
+    for (const tonefile::Kind& kind : tonefile::AllKinds())
+        RegisterOpenSeekDecode(kind);
+    RegisterOpenSeekDecode({.name = "FourMinutes", .make = [] { return tonefile::Encode(240); }});
+    for (const bool idle : {true, false})
+        benchmark::RegisterBenchmark(
+            idle ? "PlayUntilHeard/FromSilence" : "PlayUntilHeard/NextSong", PlayUntilHeard, idle)
+            ->UseManualTime()
+            ->Iterations(30)
+            ->Unit(benchmark::kMillisecond);
+    return true;
+}();
+
+} // namespace

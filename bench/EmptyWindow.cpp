@@ -1,0 +1,12 @@
+// The measure for the program's start: a window of its size with nothing in it.
+
+#include <QApplication>
+#include <QWidget>
+
+int main(int argc, char* argv[]) {
+    QApplication application(argc, argv);
+    QWidget window;
+    window.setFixedSize(800, 600);
+    window.show();
+    return QApplication::exec();
+}

@@ -1,0 +1,218 @@
+// The music library next to the least work that could do the same: a folder scan next to a bare
+// walk of the system's calls, a playlist next to splitting its file into lines.
+
+#include "library/SongScan.h"
+#include "library/c_ID3.h"
+#include "library/c_M3U.h"
+
+#include <array>
+#include <benchmark/benchmark.h>
+#include <cstdlib>
+#include <cstring>
+#include <dirent.h>
+#include <fcntl.h>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class TemporaryFolder {
+public:
+    TemporaryFolder() {
+        std::string name = (fs::temp_directory_path() / "songrush-bench-XXXXXX").string();
+        mPath = mkdtemp(name.data());
+    }
+    ~TemporaryFolder() { fs::remove_all(mPath); }
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+    const fs::path& Path() const { return mPath; }
+
+private:
+    fs::path mPath;
+};
+
+std::string TagOf(int song) {
+    std::string tag = "TAGSong number " + std::to_string(song);
+    tag.resize(33, '\0');
+    tag += "Some Artist";
+    tag.resize(63, ' ');
+    tag += "Some Album";
+    tag.resize(128, ' ');
+    return tag;
+}
+
+/// 10,000 tagged files in 20 folders of 10 folders of 50 files.
+const fs::path& MusicTree() {
+    static const TemporaryFolder folder;
+    static const bool made = [] {
+        int song = 0;
+        for (int artist = 0; artist < 20; ++artist) {
+            for (int album = 0; album < 10; ++album) {
+                const fs::path path = folder.Path() / ("Artist " + std::to_string(artist)) /
+                                      ("Album " + std::to_string(album));
+                fs::create_directories(path);
+                for (int track = 0; track < 50; ++track, ++song) {
+                    std::ofstream file(path / (std::to_string(track) + " - Song Title.mp3"));
+                    file << std::string(4000, 'x') << TagOf(song);
+                }
+            }
+        }
+        return true;
+    }();
+    benchmark::DoNotOptimize(made);
+    return folder.Path();
+}
+
+int BareWalk(int folder) {
+    int tagged = 0;
+    DIR* listing = fdopendir(folder);
+    std::array<char, 128> tail;
+    while (const dirent* entry = readdir(listing)) {
+        if (entry->d_name[0] == '.')
+            continue;
+        if (entry->d_type == DT_DIR) {
+            tagged += BareWalk(openat(folder, entry->d_name, O_RDONLY | O_DIRECTORY));
+            continue;
+        }
+        const int file = openat(folder, entry->d_name, O_RDONLY);
+        struct stat status;
+        fstat(file, &status);
+        if (pread(file, tail.data(), tail.size(), status.st_size - 128) == 128)
+            tagged += std::memcmp(tail.data(), "TAG", 3) == 0;
+        close(file);
+    }
+    closedir(listing);
+    return tagged;
+}
+
+void ScanFloor(benchmark::State& state) {
+    const fs::path& tree = MusicTree();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(BareWalk(open(tree.c_str(), O_RDONLY | O_DIRECTORY)));
+}
+BENCHMARK(ScanFloor)->Unit(benchmark::kMillisecond);
+
+void ScanWithTags(benchmark::State& state) {
+    const fs::path& tree = MusicTree();
+    for (auto _ : state) {
+        c_M3U list;
+        int untitled = 0;
+        library::ScanSongs(tree, {[](const fs::path&) { return true; },
+                                  [&](const fs::path& song, const c_ID3& tag) {
+                                      untitled += tag.Title().isEmpty() ? 1 : 0;
+                                      list.Add(song);
+                                      return true;
+                                  }});
+        if (list.Count() != 10'000 || untitled != 0)
+            state.SkipWithError("the scan missed songs");
+    }
+}
+BENCHMARK(ScanWithTags)->Unit(benchmark::kMillisecond);
+
+constexpr int kSongs = 100'000;
+
+fs::path SongPath(int song) {
+    return "/home/somebody/Music/Some Artist/Some Album/" + std::to_string(song) + " - Title.mp3";
+}
+
+const fs::path& Playlist() {
+    static const TemporaryFolder folder;
+    static const fs::path file = folder.Path() / "list.m3u";
+    if (!fs::exists(file)) {
+        c_M3U list;
+        for (int song = 0; song < kSongs; ++song)
+            list.Add(SongPath(song));
+        list.WriteFile(file);
+    }
+    return file;
+}
+
+/// Reads the file and finds its lines, nothing more.
+std::size_t ReadAndSplit(const fs::path& path) {
+    const int file = open(path.c_str(), O_RDONLY);
+    struct stat status;
+    fstat(file, &status);
+    const auto size = static_cast<std::size_t>(status.st_size);
+    char* bytes = static_cast<char*>(std::malloc(size));
+    const ssize_t got = read(file, bytes, size);
+    close(file);
+    std::vector<std::string_view> lines;
+    for (const char *line = bytes, *end = bytes + got; line < end;) {
+        const void* found = std::memchr(line, '\n', static_cast<std::size_t>(end - line));
+        const char* next = found ? static_cast<const char*>(found) + 1 : end;
+        lines.emplace_back(line, next - line);
+        line = next;
+    }
+    benchmark::DoNotOptimize(lines.data());
+    std::free(bytes);
+    return lines.size();
+}
+
+void PlaylistFloor(benchmark::State& state) {
+    const fs::path& file = Playlist();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(ReadAndSplit(file));
+}
+BENCHMARK(PlaylistFloor)->Unit(benchmark::kMillisecond);
+
+/// A list without a file to write back to when it goes.
+void FillUnbound(c_M3U& list) {
+    for (int song = 0; song < kSongs; ++song)
+        list.Add(SongPath(song));
+    list.RandomizeList();
+}
+
+void PlaylistRead(benchmark::State& state) {
+    const fs::path& file = Playlist();
+    for (auto _ : state) {
+        auto list = std::make_unique<c_M3U>();
+        list->ReadFile(file);
+        if (list->Count() != kSongs)
+            state.SkipWithError("the playlist missed songs");
+        state.PauseTiming();
+        list.reset(); // writes the file, which is then brought back to the processor's caches
+        ReadAndSplit(file);
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(PlaylistRead)->Unit(benchmark::kMillisecond);
+
+void PlaylistShuffled(benchmark::State& state) {
+    c_M3U list;
+    FillUnbound(list);
+    for (auto _ : state)
+        list.RandomizeList();
+}
+BENCHMARK(PlaylistShuffled)->Unit(benchmark::kMillisecond);
+
+void PlaylistWalkedToTheEnd(benchmark::State& state) {
+    c_M3U list;
+    FillUnbound(list);
+    for (auto _ : state) {
+        list.ClearAllPlayed();
+        for (int song = 0; song < kSongs; ++song)
+            benchmark::DoNotOptimize(list.NextUnplayed());
+    }
+}
+BENCHMARK(PlaylistWalkedToTheEnd)->Unit(benchmark::kMillisecond);
+
+/// Flushed to the disk, so the disk is measured too where the temporary folder is on one.
+void PlaylistWritten(benchmark::State& state) {
+    const TemporaryFolder folder;
+    c_M3U list;
+    FillUnbound(list);
+    for (auto _ : state)
+        list.WriteFile(folder.Path() / "list.m3u");
+}
+BENCHMARK(PlaylistWritten)->Unit(benchmark::kMillisecond);
+
+} // namespace

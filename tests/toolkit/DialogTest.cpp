@@ -1,0 +1,255 @@
+#include "platform/ProgramFolder.h"
+#include "platform/Settings.h"
+#include "platform/Text.h"
+#include "platform/Wait.h"
+#include "toolkit/SelectFolder.h"
+#include "toolkit/cDialog.h"
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QListView>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <filesystem>
+#include <functional>
+#include <gtest/gtest.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Acts on the dialog that is shown next.
+template <typename Dialog> void OnNext(std::function<void(Dialog&)> act) {
+    QTimer::singleShot(0, qApp, [act = std::move(act)] {
+        auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+        if (dialog)
+            return act(*dialog);
+        ADD_FAILURE() << "not the dialog that was expected";
+        QApplication::closeAllWindows();
+    });
+}
+
+void Press(QDialog& dialog, QDialogButtonBox::StandardButton button) {
+    auto* box = dialog.findChild<QDialogButtonBox*>();
+    QTest::mouseClick(box->button(button), Qt::LeftButton);
+}
+
+void Type(QFileDialog& dialog, const QString& name) {
+    auto* edit = dialog.findChild<QLineEdit*>("fileNameEdit");
+    // Without the focus a file listed under the first letters would stay the chosen one.
+    dialog.activateWindow();
+    edit->setFocus();
+    EXPECT_TRUE(QTest::qWaitFor([edit] { return edit->hasFocus(); }));
+    QTest::keyClicks(edit, name);
+}
+
+/// Waits until the dialog lists these names and no others.
+void ExpectListed(QFileDialog& dialog, const QStringList& names) {
+    auto* list = dialog.findChild<QListView*>("listView");
+    const auto listed = [list] {
+        QStringList found;
+        for (int row = 0; row < list->model()->rowCount(list->rootIndex()); ++row)
+            found += list->model()->index(row, 0, list->rootIndex()).data().toString();
+        return found;
+    };
+    EXPECT_TRUE(QTest::qWaitFor([&] { return listed() == names; }))
+        << "listed: " << listed().join(u'|').toStdString();
+}
+
+void Click(QFileDialog& dialog, int row, Qt::KeyboardModifiers keys) {
+    auto* list = dialog.findChild<QListView*>("listView");
+    const QRect place = list->visualRect(list->model()->index(row, 0, list->rootIndex()));
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, keys, place.center());
+}
+
+class DialogTest : public testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(mFolder.isValid());
+        QDir(mFolder.path()).mkdir("lists");
+        toolkit::ChangeToFolder(platform::PathFromText(Lists()));
+        ASSERT_EQ(QDir::currentPath(), Lists());
+        mGuard.callOnTimeout([] {
+            ADD_FAILURE() << "a dialog stayed open";
+            QApplication::closeAllWindows();
+        });
+        mGuard.start(20000);
+    }
+    void TearDown() override { fs::current_path(mBefore); }
+
+    QString Lists() const { return mFolder.path() + "/lists"; }
+
+    static void Make(const QStringList& names) {
+        for (const QString& name : names) {
+            QFile file(name);
+            ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << name.toStdString();
+        }
+    }
+
+    static QString Save() { return cDialog::GetSaveName("Save", "Lists", "*.m3u"); }
+    static QString Open(bool multiple, const QString& initialName = {}) {
+        return cDialog::GetOpenName("Open", "Songs", "*.mp3", initialName, multiple);
+    }
+
+private:
+    QTemporaryDir mFolder;
+    QTimer mGuard;
+    fs::path mBefore = fs::current_path();
+};
+
+TEST_F(DialogTest, SavingGivesTheTypedNameAndMovesToItsFolder) {
+    QDir().mkdir("inner");
+    OnNext<QFileDialog>([](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "Save");
+        Type(dialog, "inner/what?.m3u");
+        Press(dialog, QDialogButtonBox::Save);
+    });
+    EXPECT_EQ(Save(), Lists() + "/inner/what?.m3u");
+    EXPECT_EQ(QDir::currentPath(), Lists() + "/inner");
+}
+
+TEST_F(DialogTest, SavingAsksBeforeAFileIsReplacedAlsoWithoutItsEnding) {
+    Make({"rock.m3u"});
+    for (const char* name : {"rock.m3u", "rock"}) {
+        for (const auto answer : {QMessageBox::No, QMessageBox::Yes}) {
+            OnNext<QFileDialog>([&](QFileDialog& dialog) {
+                Type(dialog, name);
+                OnNext<QMessageBox>([answer](QMessageBox& box) { box.button(answer)->click(); });
+                Press(dialog, QDialogButtonBox::Save);
+                if (answer == QMessageBox::No) {
+                    EXPECT_TRUE(dialog.isVisible());
+                    dialog.reject();
+                }
+            });
+            const QString chosen = Lists() + u'/' + name;
+            EXPECT_EQ(Save(), answer == QMessageBox::Yes ? chosen : QString()) << name;
+        }
+    }
+}
+
+TEST_F(DialogTest, SavingIntoAMissingFolderIsRefused) {
+    OnNext<QFileDialog>([](QFileDialog& dialog) {
+        Type(dialog, "nowhere/new.m3u");
+        OnNext<QMessageBox>([](QMessageBox& box) { box.accept(); });
+        Press(dialog, QDialogButtonBox::Save);
+        EXPECT_TRUE(dialog.isVisible());
+        Press(dialog, QDialogButtonBox::Cancel);
+    });
+    EXPECT_EQ(Save(), QString());
+}
+
+TEST_F(DialogTest, SeveralFilesComeAsFolderAndNamesThatSeparateAtQuestionMarks) {
+    const QStringList songs{"100%41.MP3", "back\\slash.mp3", "say \"hi\".mp3", "why?.mp3"};
+    Make(songs + QStringList{"note.txt", "old.mp3.bak"});
+    OnNext<QFileDialog>([&](QFileDialog& dialog) {
+        ExpectListed(dialog, songs);
+        for (int row = 0; row < 4; ++row)
+            Click(dialog, row, row == 0 ? Qt::NoModifier : Qt::ControlModifier);
+        Press(dialog, QDialogButtonBox::Open);
+    });
+    QStringList parts = Open(true).trimmed().split(u'?');
+    for (QString& part : parts)
+        part = platform::UnescapeSeparators(part);
+    EXPECT_EQ(parts.takeFirst(), Lists());
+    EXPECT_EQ(parts, songs);
+}
+
+TEST_F(DialogTest, OneFileComesAsItsPath) {
+    Make({"a?b.mp3"});
+    const QString path = Lists() + "/a?b.mp3";
+    for (const bool multiple : {false, true}) {
+        OnNext<QFileDialog>([](QFileDialog& dialog) {
+            ExpectListed(dialog, {"a?b.mp3"});
+            Click(dialog, 0, Qt::NoModifier);
+            Press(dialog, QDialogButtonBox::Open);
+        });
+        const QString answer = Open(multiple);
+        EXPECT_EQ(answer.trimmed(), multiple ? platform::EscapeSeparators(path) : path);
+        EXPECT_EQ(answer.endsWith(u' '), multiple);
+    }
+}
+
+TEST_F(DialogTest, ACancelledOpenGivesTheInitialNameAndBlanks) {
+    for (const bool multiple : {false, true}) {
+        OnNext<QFileDialog>([](QFileDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+        EXPECT_EQ(Open(multiple, "x.mp3"), "x.mp3" + QString(1024, u' '));
+    }
+    EXPECT_EQ(QDir::currentPath(), Lists());
+}
+
+TEST_F(DialogTest, AQuitEndsAnOpenDialog) {
+    const platform::QuitWatch watch;
+    OnNext<QFileDialog>([](QFileDialog&) { platform::RequestQuit(); });
+    EXPECT_EQ(Save(), QString());
+    // The main loop wipes off the mark that a quit leaves on Qt's loops.
+    QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(); });
+    QCoreApplication::exec();
+}
+
+TEST_F(DialogTest, TheColourAndTheCustomColoursAreKept) {
+    const auto stored = [](int key) {
+        return platform::ReadSetting("Temp", "CustomColors", QString::number(key), "none");
+    };
+    platform::WriteSetting("Temp", "CustomColors", "15", QString::number(0x030201));
+    OnNext<QColorDialog>([](QColorDialog& dialog) {
+        EXPECT_EQ(QColorDialog::customColor(15), QColor(1, 2, 3));
+        EXPECT_EQ(QColorDialog::customColor(14), QColor(Qt::black));
+        QColorDialog::setCustomColor(2, QColor(0, 0, 255));
+        Press(dialog, QDialogButtonBox::Cancel);
+    });
+    EXPECT_EQ(cDialog::PickColor(), -1);
+    EXPECT_EQ(stored(2), QString::number(0xFF0000));
+    EXPECT_EQ(stored(14), "0");
+    EXPECT_EQ(stored(15), QString::number(0x030201));
+
+    OnNext<QColorDialog>([](QColorDialog& dialog) {
+        dialog.setCurrentColor(QColor(10, 20, 30));
+        Press(dialog, QDialogButtonBox::Ok);
+    });
+    EXPECT_EQ(cDialog::PickColor(), 0x1E140A);
+}
+
+TEST_F(DialogTest, BrowsingStartsInTheFolderAndShowsFoldersOnly) {
+    const QString start = Lists() + "/start";
+    QDir().mkpath(start + "/in?ner");
+    Make({start + "/song.mp3"});
+    const struct {
+        std::function<void(QFileDialog&)> act;
+        QString answer;
+    } cases[] = {
+        {[](QFileDialog& dialog) { Press(dialog, QDialogButtonBox::Open); }, start},
+        {[](QFileDialog& dialog) { Press(dialog, QDialogButtonBox::Cancel); }, QString()},
+        {[](QFileDialog& dialog) {
+             ExpectListed(dialog, {"in?ner"});
+             Click(dialog, 0, Qt::NoModifier);
+             Press(dialog, QDialogButtonBox::Open);
+         },
+         start + "/in?ner"},
+    };
+    QWidget owner;
+    for (const auto& c : cases) {
+        OnNext<QFileDialog>(c.act);
+        EXPECT_EQ(toolkit::BrowseForFolder(&owner, "Add Folder", platform::PathFromText(start)),
+                  c.answer);
+    }
+}
+
+TEST_F(DialogTest, ChangingToAUselessFolderChangesNothingAndToNoneLeadsToTheDocuments) {
+    for (const char* folder : {"/", "/.", "..", "/no/such/folder"}) {
+        toolkit::ChangeToFolder(folder);
+        EXPECT_EQ(QDir::currentPath(), Lists()) << folder;
+    }
+    fs::create_directories(platform::DocumentsFolder());
+    toolkit::ChangeToFolder({});
+    EXPECT_EQ(fs::current_path(), platform::DocumentsFolder());
+}
+
+} // namespace

@@ -1,0 +1,88 @@
+#include "platform/Time.h"
+#include "tests/toolkit/Pictures.h"
+#include "toolkit/GlideSprite.h"
+
+#include <gtest/gtest.h>
+#include <stdexcept>
+#include <utility>
+#include <vector>
+
+namespace {
+
+using namespace toolkit;
+
+constexpr QSize kSize(21, 5);
+constexpr ColorRef kColor = Rgb(1, 2, 250);
+
+/// A form, a sprite of one colour and a clock that goes on 40 milliseconds a frame.
+class Glides : public testing::TestWithParam<double> {
+protected:
+    Glides() {
+        Scribble(*mForm.Dc());
+        mImage.Fill(QRect({0, kSize.height()}, kSize), kColor);
+        mBefore = *mForm.Dc();
+        mRealTime = platform::ReplaceTimeSource({[] { return 0.0; },
+                                                 [this] {
+                                                     mSeen.push_back(SpritePlace());
+                                                     return 1000 + 40 * mFrame++;
+                                                 }});
+    }
+    ~Glides() override { platform::ReplaceTimeSource(std::move(mRealTime)); }
+
+    QPoint SpritePlace() {
+        for (int y = 0; y < mForm.height(); ++y)
+            for (int x = 0; x < mForm.width(); ++x)
+                if (mForm.Dc()->Pixel(x, y) == kColor)
+                    return QPoint(x, y);
+        return QPoint(-1, -1);
+    }
+
+    void Glide(QPoint from, QPoint to, int duration, bool drawAtEnd) {
+        GlideSprite(mForm, from, to,
+                    {&mImage, &mMask, 0, kSize.height(), kSize.width(), kSize.height()}, duration,
+                    drawAtEnd);
+    }
+
+    AtRatio mRatio{GetParam()};
+    Form mForm{QStringLiteral("f_Test"), QSize(200, 100)};
+    Canvas mImage{kSize.width(), 2 * kSize.height()};
+    Canvas mMask{kSize.width(), 2 * kSize.height()};
+    Canvas mBefore{1, 1};
+    std::int64_t mFrame = 0;
+    std::vector<QPoint> mSeen; ///< where the sprite stood whenever the clock was read
+    platform::TimeSource mRealTime;
+};
+
+INSTANTIATE_TEST_SUITE_P(Ratio, Glides, testing::Values(1, 1.25, 1.5, 2));
+
+TEST_P(Glides, GoByTheClockAndRestoreWhatLiesBelow) {
+    Glide({10, 5}, {110, 65}, 120, false);
+    const std::vector<QPoint> expected = {{-1, -1}, {10, 5}, {43, 25}, {77, 45}, {110, 65}};
+    EXPECT_EQ(mSeen, expected);
+    EXPECT_EQ(mForm.Dc()->Image(), mBefore.Image());
+}
+
+TEST_P(Glides, EndWhereTheClockLeftThem) {
+    Glide({10, 5}, {110, 65}, 100, true);
+    const QPoint end(130, 77);
+    EXPECT_EQ(SpritePlace(), end);
+    for (int y = 0; y < 100; ++y) {
+        for (int x = 0; x < 200; ++x) {
+            if (QRect(end, kSize).contains(x, y))
+                continue;
+            ASSERT_EQ(mForm.Dc()->Pixel(x, y), mBefore.Pixel(x, y)) << x << ", " << y;
+        }
+    }
+}
+
+TEST_P(Glides, MayLeaveTheForm) {
+    Glide({-15, 40}, {195, -8}, 170, false);
+    EXPECT_EQ(mForm.Dc()->Image(), mBefore.Image());
+}
+
+TEST_P(Glides, NeedTime) {
+    EXPECT_THROW(Glide({0, 0}, {10, 10}, 0, true), std::domain_error);
+    EXPECT_EQ(mForm.Dc()->Image(), mBefore.Image());
+}
+
+} // namespace

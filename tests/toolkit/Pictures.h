@@ -1,0 +1,45 @@
+#pragma once
+
+#include "platform/ProgramFolder.h"
+#include "toolkit/Canvas.h"
+
+#include <QDir>
+#include <QImage>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+/// A program's folder with the pictures that a test needs.
+class PictureFolder {
+public:
+    PictureFolder() { platform::SetProgramFolder(mFolder.path().toStdString()); }
+    ~PictureFolder() { platform::SetProgramFolder({}); }
+    PictureFolder(const PictureFolder&) = delete;
+    PictureFolder& operator=(const PictureFolder&) = delete;
+
+    /// `file` with slashes, as in "Images/X.bmp".
+    void Save(const QString& file, const QImage& picture) const {
+        const QString path = mFolder.filePath(file);
+        ASSERT_TRUE(QDir().mkpath(QFileInfo(path).path()));
+        ASSERT_TRUE(picture.save(path, "BMP"));
+    }
+
+private:
+    QTemporaryDir mFolder;
+};
+
+/// While it lives, new canvases have `ratio` pixels of the screen for a logical pixel.
+class AtRatio {
+public:
+    explicit AtRatio(double ratio) { toolkit::Canvas::SetRatio(ratio); }
+    ~AtRatio() { toolkit::Canvas::SetRatio(1); }
+    AtRatio(const AtRatio&) = delete;
+    AtRatio& operator=(const AtRatio&) = delete;
+};
+
+/// Gives every pixel of the screen a colour of its own, none of them black or white.
+inline void Scribble(toolkit::Canvas& canvas, int blue = 7) {
+    QImage& image = canvas.PaintDevice();
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            image.setPixel(x, y, qRgb(x % 256, y % 256, blue + x / 256));
+}

@@ -1,0 +1,124 @@
+#include "tests/toolkit/Pictures.h"
+#include "toolkit/Picture.h"
+#include "toolkit/c_SurfButton.h"
+#include "toolkit/c_Surface.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QTest>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace toolkit;
+
+QImage Plain(int width, int height, const QColor& color) {
+    QImage image(width, height, QImage::Format_RGB888);
+    image.fill(color);
+    return image;
+}
+
+TEST(Surfaces, AreNumberedOnAfterTheyWereReleased) {
+    c_Surface surfaces;
+    const Hdc first = surfaces.CreateSurface(4, 3, QString());
+    EXPECT_EQ(surfaces.HDC(0), first);
+    surfaces.CreateSurface(6, 5, QString());
+    EXPECT_EQ(surfaces.Count(), 2);
+    EXPECT_THROW(surfaces.HDC(2), std::out_of_range);
+    EXPECT_THROW(surfaces.Width(-1), std::out_of_range);
+
+    surfaces.FreeSurfaces();
+    EXPECT_EQ(surfaces.Count(), 2);
+    EXPECT_EQ(surfaces.HDC(1), nullptr);
+    EXPECT_EQ(surfaces.Width(1), 6);
+    surfaces.CreateMask(1, kBlack, kBlack, kWhite);
+    surfaces.CreateSurface(1, 1, QString());
+    EXPECT_EQ(surfaces.Count(), 3);
+    EXPECT_NE(surfaces.HDC(2), nullptr);
+}
+
+TEST(Surfaces, BecomeMasksOfTwoColours) {
+    const ColorRef other = Rgb(0, 0, 9);
+    const ColorRef replacement = Rgb(9, 0, 0);
+    c_Surface surfaces;
+    const Hdc dc = surfaces.CreateSurface(3, 2, QString());
+    dc->Fill(QRect(1, 0, 1, 2), Rgb(0, 0, 1));
+    dc->Fill(QRect(2, 0, 1, 1), kWhite);
+    surfaces.CreateMask(0, kBlack, other, replacement);
+    const ColorRef expected[2][3] = {{replacement, other, other},
+                                     {replacement, other, replacement}};
+    for (int y = 0; y < 2; ++y)
+        for (int x = 0; x < 3; ++x)
+            EXPECT_EQ(dc->Pixel(x, y), expected[y][x]) << x << ", " << y;
+}
+
+TEST(Surfaces, KeepTheirSizeWhenAFileIsLoaded) {
+    const PictureFolder folder;
+    folder.Save(QStringLiteral("images/Back.BMP"), Plain(8, 5, QColor(1, 2, 3)));
+    c_Surface surfaces;
+    for (const char* name : {"Images\\Back.bmp", "\\IMAGES\\back.bmp"}) {
+        const Hdc dc = surfaces.CreateSurface(4, 4, QString::fromLatin1(name));
+        EXPECT_EQ(dc->Pixel(7, 4), Rgb(1, 2, 3)) << name;
+    }
+    EXPECT_EQ(surfaces.Width(1), 4);
+    EXPECT_EQ(surfaces.Height(1), 4);
+}
+
+TEST(Pictures, ComeFromTheSetForTheScreen) {
+    const PictureFolder folder;
+    folder.Save(QStringLiteral("Images/Both.bmp"), Plain(10, 6, Qt::red));
+    folder.Save(QStringLiteral("Images/2x/both.bmp"), Plain(20, 12, Qt::green));
+    folder.Save(QStringLiteral("Images/Base.bmp"), Plain(10, 6, Qt::red));
+    struct Case {
+        double ratio;
+        const char* file;
+        QSize size;
+        QColor color;
+    };
+    const Case cases[] = {
+        {1, "Images\\Both.bmp", {10, 6}, Qt::red},    {1.5, "Images\\Both.bmp", {15, 9}, Qt::green},
+        {2, "Images\\Both.bmp", {20, 12}, Qt::green}, {3, "Images\\Both.bmp", {30, 18}, Qt::red},
+        {2, "Images\\Base.bmp", {20, 12}, Qt::red},
+    };
+    for (const Case& expected : cases) {
+        const AtRatio ratio(expected.ratio);
+        const QImage picture = LoadPicture(QString::fromLatin1(expected.file));
+        EXPECT_EQ(picture.size(), expected.size) << expected.file << " at " << expected.ratio;
+        EXPECT_EQ(picture.pixelColor(0, 0), expected.color) << expected.file;
+    }
+}
+
+TEST(Pictures, ThatAreMissingAreNamedTogetherOnce) {
+    const PictureFolder folder;
+    c_Surface surfaces;
+    const Hdc dc = surfaces.CreateSurface(20, 10, QStringLiteral("\\Images\\NoBack.bmp"));
+    LoadGround(QStringLiteral("images\\noback.bmp"), QSize(4, 4));
+    LoadGround(QStringLiteral("Images\\NoList.bmp"), QSize(4, 4));
+    EXPECT_NE(dc->Pixel(10, 5), kBlack) << "no ground in its place";
+
+    PictureBox box(nullptr, QStringLiteral("pHint"), QSize(40, 21));
+    box.setAccessibleName(QStringLiteral("Hint"));
+    c_SurfButton button;
+    button.Create(&box, QStringLiteral("Images\\NoHint.bmp"), QString());
+    EXPECT_EQ(box.size(), QSize(40, 21));
+    EXPECT_EQ(button.Caption(), QStringLiteral("Hint"));
+    EXPECT_TRUE(button.IsTouching(20, 10));
+
+    QStringList texts;
+    QTimer closer;
+    QObject::connect(&closer, &QTimer::timeout, [&texts] {
+        if (auto* message = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+            texts << message->text();
+            message->accept();
+        }
+    });
+    closer.start(1);
+    ASSERT_TRUE(QTest::qWaitFor([&texts] { return !texts.isEmpty(); }));
+    ASSERT_EQ(texts.size(), 1);
+    EXPECT_TRUE(texts[0].contains(
+        QStringLiteral("\nImages\\NoBack.bmp\nImages\\NoList.bmp\nImages\\NoHint.bmp\n")))
+        << texts[0].toStdString();
+}
+
+} // namespace
