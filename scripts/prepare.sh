@@ -4,7 +4,7 @@
 PACKAGES_BUILD="g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libgl-dev libmpg123-dev
  libsdl2-dev libmp3lame-dev fonts-liberation"
 PACKAGES_RUN="libqt6svg6 qt6-qpa-plugins fonts-liberation"
-PACKAGES_TEST="libgtest-dev xvfb xauth xdotool x11-utils imagemagick procps"
+PACKAGES_TEST="libgtest-dev libx11-dev xvfb xauth xdotool x11-utils imagemagick procps"
 
 missing_packages() {
     local package

@@ -8,6 +8,7 @@
 #include "toolkit/Picture.h"
 
 #include <QCloseEvent>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPainter>
 
@@ -39,6 +40,8 @@ void Form::ShowInPlace() {
     platform::SetMessagePlace(QRect(gPlace, kScreenSize));
     const QSize spare = kScreenSize - size();
     move(gPlace + QPoint(spare.width() / 2, spare.height() / 2));
+    // A window that is shown again before the system has hidden it misses that it has the focus.
+    QGuiApplication::sync();
     show();
     raise();
     activateWindow();

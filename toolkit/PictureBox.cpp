@@ -70,8 +70,9 @@ void PictureBox::SetBoxSize(const QSize& size) {
     setFixedSize(size);
 }
 
-void PictureBox::SetButton() {
+void PictureBox::SetButton(double radius) {
     mButton = true;
+    mFocusRadius = radius;
     setFocusPolicy(Qt::StrongFocus);
 }
 
@@ -97,8 +98,8 @@ void PictureBox::paintEvent(QPaintEvent*) {
         return;
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(QColor(255, 221, 120), 2));
-    const double radius = std::min(width(), height()) / 2.0;
-    painter.drawRoundedRect(QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5), radius, radius);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5), mFocusRadius,
+                            mFocusRadius);
 }
 
 void PictureBox::mousePressEvent(QMouseEvent* event) {

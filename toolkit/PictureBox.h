@@ -23,8 +23,9 @@ public:
     /// Shows what was drawn since the last time.
     void Refresh() { update(); }
 
-    /// Makes the box a button for keyboard and screen reader.
-    void SetButton();
+    /// Makes the box a button for keyboard and screen reader. The frame that shows the focus has
+    /// corners of `radius` logical pixels.
+    void SetButton(double radius);
     bool IsButton() const { return mButton; }
 
     /// Presses the box as the keyboard does; nothing happens while it is hidden.
@@ -56,6 +57,7 @@ protected:
 private:
     Canvas mCanvas;
     bool mButton = false;
+    double mFocusRadius = 0;
     bool mFocusShown = false;
 };
 

@@ -57,7 +57,8 @@ c_PicButton::c_PicButton() { SetColors(0, false); }
 
 void c_PicButton::Create(PictureBox* box, const QString& caption) {
     mBox = box;
-    box->SetButton();
+    constexpr double kCutCorner = 4;
+    box->SetButton(kCutCorner);
     connect(box, &PictureBox::MouseDown, this, [this] { Draw(Pressed); });
     connect(box, &PictureBox::MouseUp, this, [this] {
         Draw(Normal);

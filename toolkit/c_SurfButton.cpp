@@ -4,6 +4,8 @@
 #include "toolkit/ButtonFace.h"
 #include "toolkit/Picture.h"
 
+#include <algorithm>
+
 using namespace toolkit;
 
 void c_SurfButton::Create(PictureBox* box, const QString& file, const QString& caption) {
@@ -20,6 +22,7 @@ void c_SurfButton::Create(PictureBox* box, const QString& file, const QString& c
     }
     mSurfaces->CreateMask(1, kBlack, kBlack, kWhite);
     box->SetBoxSize(QSize(width, height / 3));
+    SetRoundFocus();
 }
 
 QImage c_SurfButton::Skin(const QString& file) {
@@ -36,13 +39,13 @@ QImage c_SurfButton::Skin(const QString& file) {
 void c_SurfButton::Clone(PictureBox* box, const c_SurfButton& source, const QString& caption) {
     Adopt(box, caption);
     box->SetBoxSize(QSize(source.Width(), source.Height()));
+    SetRoundFocus();
     mSurfaces = source.mSurfaces;
     mCaptionMargin = source.mCaptionMargin;
 }
 
 void c_SurfButton::Adopt(PictureBox* box, const QString& caption) {
     mBox = box;
-    box->SetButton();
     mCaption = caption;
     if (!caption.isEmpty())
         box->setAccessibleName(caption);
@@ -55,6 +58,8 @@ void c_SurfButton::Adopt(PictureBox* box, const QString& caption) {
             Click();
     });
 }
+
+void c_SurfButton::SetRoundFocus() { mBox->SetButton(std::min(Width(), Height()) / 2.0); }
 
 void c_SurfButton::SetCaption(const QString& caption) {
     mCaption = caption;

@@ -57,6 +57,7 @@ Q_SIGNALS:
 private:
     void Adopt(toolkit::PictureBox* box, const QString& caption);
     QImage Skin(const QString& file);
+    void SetRoundFocus();
     void DrawState(State state);
     void Draw();
     void Press(double x, double y);
