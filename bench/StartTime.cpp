@@ -54,7 +54,8 @@ public:
         const auto end = Clock::now() + kLimit;
         while (IsPainted() != painted) {
             if (Clock::now() > end)
-                throw std::runtime_error(painted ? "nothing is painted" : "the display is not empty");
+                throw std::runtime_error(painted ? "nothing is painted"
+                                                 : "the display is not empty");
             std::this_thread::sleep_for(kLookEvery);
         }
     }

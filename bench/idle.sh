@@ -27,9 +27,10 @@ used_ticks() {
 
 measure() {
     local before after
-    settle
+    settle 1
     before=$(used_ticks)
     sleep "$seconds"
+    running || fail_ended "the measurement was over"
     after=$(used_ticks)
     awk -v name="$1" -v ticks=$((after - before)) -v rate="$(getconf CLK_TCK)" \
         -v seconds="$seconds" \

@@ -1,0 +1,260 @@
+#!/usr/bin/env bash
+# run.sh <program folder> <songrush_ask_to_close> [case...]
+# Runs the real program on virtual displays. Every case has its own display, home and copy of the
+# program folder.
+set -u
+scripts=$(cd "$(dirname "${BASH_SOURCE[0]}")/../../scripts" && pwd)
+# shellcheck source=scripts/display.sh
+. "$scripts/display.sh"
+# shellcheck source=scripts/screens.sh
+. "$scripts/screens.sh"
+# shellcheck source=scripts/games.sh
+. "$scripts/games.sh"
+
+[ $# -ge 2 ] || { echo "Usage: run.sh <program folder> <songrush_ask_to_close> [case...]" >&2; exit 2; }
+original=$(cd "$1" && pwd) || exit 1
+ask_to_close=$(realpath "$2")
+shift 2
+[ -f "$original/PlayList/Sample.m3u" ] || fail "$1 has no sample songs"
+LIMIT=60 # programs under sanitizers are slow
+HAND=keys
+
+# copy_program <folder>: with the songs left where they are.
+copy_program() {
+    mkdir -p "$1"
+    cp -a "$original/songrush" "$original/Images" "$original/PlayList" "$1"
+    sed -i 's/^#Songrush:1/#Songrush:0/' "$1/PlayList/Sample.m3u"
+    ln -s "$original/Music" "$1/Music"
+}
+
+# The screens, one after the other; each function leads there from the start.
+
+to_menu() {
+    start_program "$program"
+    await "the menu" menu_shown
+    settle
+}
+
+to_second_stage() {
+    to_menu
+    click_on one_player
+    await "the second stage" second_stage_shown ""
+}
+
+to_chooser() {
+    to_second_stage
+    click_on normal_play
+    await "the chooser" chooser_shown
+}
+
+to_question() {
+    to_chooser
+    click_on playlist
+    answer_file_dialog "Load Playlist" "$list"
+    await "the question" question_shown
+}
+
+to_playing() {
+    to_question
+    start_clip
+}
+
+to_result() {
+    to_playing
+    give_answer
+}
+
+to_scores() {
+    to_question
+    for _ in 1 2 3 4 5 6; do
+        start_clip
+        give_answer
+        go_on
+    done
+    await "the scores" scores_shown
+}
+
+to_table() {
+    to_scores
+    use continue Return
+    if [[ $ANSWERS == *right* ]]; then
+        enter_name Eva
+    fi
+    await "the table" table_shown
+}
+
+# expect_marks <number>: of songs that the list has as played.
+expect_marks() {
+    local marks
+    marks=$(played_marks "$list")
+    [ "$marks" -eq "$1" ] || fail "$marks songs are marked as played instead of $1"
+}
+
+# The cases.
+
+# left_by_close_button <screen> <played songs>
+left_by_close_button() {
+    "to_$1"
+    settle
+    click_on x
+    await_end 0
+    expect_marks "$2"
+}
+
+the_close_button_ends_the_menu() { left_by_close_button menu 0; }
+the_close_button_ends_the_second_stage() { left_by_close_button second_stage 0; }
+the_close_button_ends_the_chooser() { left_by_close_button chooser 0; }
+the_close_button_ends_the_board_before_play() { left_by_close_button question 1; }
+the_close_button_ends_the_board_while_playing() { left_by_close_button playing 1; }
+the_close_button_ends_the_result() { left_by_close_button result 1; }
+the_close_button_ends_the_scores() { left_by_close_button scores 6; }
+the_close_button_ends_the_table() {
+    left_by_close_button table 6
+    [ -f "$program/H1.dat" ] || fail "the table was not written"
+}
+
+closed_by_window_manager() {
+    "to_$1"
+    settle
+    "$ask_to_close" "$(xdotool search --onlyvisible --name '^Songrush$')"
+    await_end 0
+    expect_marks "$2"
+}
+
+a_window_manager_closes_the_menu() { closed_by_window_manager menu 0; }
+a_window_manager_closes_the_chooser() { closed_by_window_manager chooser 0; }
+a_window_manager_closes_the_board() { closed_by_window_manager playing 1; }
+a_window_manager_closes_the_table() { closed_by_window_manager table 6; }
+
+terminated() {
+    "to_$1"
+    kill -TERM "$PROGRAM"
+    await_end 0
+    expect_marks "$2"
+}
+
+a_termination_ends_a_question() { terminated playing 1; }
+a_termination_ends_the_scores() { terminated scores 6; }
+a_termination_ends_an_open_message() {
+    to_chooser
+    click_on playlist
+    await "the dialog" find_dialog "Load Playlist"
+    press_key Escape
+    await "the message" find_dialog Songrush
+    kill -TERM "$PROGRAM"
+    await_end 0
+}
+
+a_second_copy_only_says_so() {
+    local first second=$STAGE/second before
+    to_menu
+    first=$PROGRAM
+    copy_program "$second"
+    before=$(snapshot)
+    start_program "$second"
+    await "the message" find_dialog Songrush
+    answer_message Return
+    await_end 0
+    PROGRAM=$first
+    [ "$(snapshot)" = "$before" ] || fail "the second copy changed settings or files"
+    menu_shown || fail "the menu of the first copy is gone"
+}
+
+# What the settings and the program folders hold, with times.
+snapshot() { (cd "$STAGE" && find config program second -type f -printf '%p %s %T@\n' | sort); }
+
+a_killed_copy_does_not_stop_the_next() {
+    to_playing
+    kill -KILL "$PROGRAM"
+    await_end 137
+    to_menu
+    no_dialog Songrush || fail "there is a message"
+}
+
+a_moved_program_is_remembered() {
+    local moved="$STAGE/moved here, to a longer name"
+    to_menu
+    press_key Escape
+    await_end 0
+    mv "$program" "$moved"
+    program=$moved
+    to_menu
+    grep -q "^AppPath=.*$moved" "$XDG_CONFIG_HOME/Songrush/Songrush.conf" ||
+        fail "the settings hold another folder: $(cat "$XDG_CONFIG_HOME/Songrush/Songrush.conf")"
+}
+
+missing_pictures_are_told_once() {
+    rm -r "$program/Images"
+    start_program "$program"
+    answer_message Return
+    settle 3
+    no_dialog Songrush || fail "there is another message"
+    click_at 400 236 # one player
+    await "the second stage" second_stage_shown ""
+    no_dialog Songrush || fail "there is another message"
+    click_on back
+    await "the end of the second stage" hidden back
+    press_key Escape
+    await_end 0
+}
+
+a_table_that_cannot_be_written_is_told_once() {
+    ln -s "no such folder/H1.dat" "$program/H1.dat"
+    to_table
+    press_key Return
+    answer_message Return
+    await "the menu" menu_shown
+    settle 3
+    no_dialog Songrush || fail "there is another message"
+    click_on x
+    await_end 0
+    expect_marks 6
+}
+
+cases=(
+    the_close_button_ends_the_menu
+    the_close_button_ends_the_second_stage
+    the_close_button_ends_the_chooser
+    the_close_button_ends_the_board_before_play
+    the_close_button_ends_the_board_while_playing
+    the_close_button_ends_the_result
+    the_close_button_ends_the_scores
+    the_close_button_ends_the_table
+    a_window_manager_closes_the_menu
+    a_window_manager_closes_the_chooser
+    a_window_manager_closes_the_board
+    a_window_manager_closes_the_table
+    a_termination_ends_a_question
+    a_termination_ends_the_scores
+    a_termination_ends_an_open_message
+    a_second_copy_only_says_so
+    a_killed_copy_does_not_stop_the_next
+    a_moved_program_is_remembered
+    missing_pictures_are_told_once
+    a_table_that_cannot_be_written_is_told_once
+)
+[ $# -eq 0 ] || cases=("$@")
+
+run_case() (
+    open_display
+    program=$STAGE/program
+    list=$program/PlayList/Sample.m3u
+    copy_program "$program"
+    read_controls "$original"
+    "$1"
+)
+
+passed=0
+failed=0
+for name in "${cases[@]}"; do
+    if output=$(run_case "$name" 2>&1); then
+        passed=$((passed + 1))
+        echo "passed  $name"
+    else
+        failed=$((failed + 1))
+        echo "FAILED  $name"
+        printf '%s\n' "$output"
+    fi
+done
+echo "$passed passed, $failed failed"
+[ $failed -eq 0 ]
