@@ -20,7 +20,7 @@ void Start::Run() {
     Start().ModeLoop();
 }
 
-Start::Start() : mNewSongSource([this] { return std::make_unique<c_Quick>(mQuick, mLoad); }) {
+Start::Start() {
     gBack = std::make_unique<c_Surface>();
     gBack->CreateSurface(800, 600, QStringLiteral("Images\\Back.bmp"));
 }
@@ -61,7 +61,11 @@ bool Start::RunEditor() {
 }
 
 template <typename Game> bool Start::RunGame() {
-    Game game(mGameForms, mNewSongSource);
+    if (!mGameForms)
+        mGameForms = std::make_unique<GameForms>();
+    GameForms& forms = *mGameForms;
+    Game game({forms.board, forms.scores, forms.name},
+              [&forms] { return std::make_unique<c_Quick>(forms.quick, forms.load); });
     game.SetPlayers(gPlayers);
     game.Run();
     return game.ExitProgram();

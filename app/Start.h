@@ -3,13 +3,12 @@
 #include "app/f_Load.h"
 #include "app/f_Menu.h"
 #include "app/f_Quick.h"
-#include "game/SongSource.h"
-#include "game/c_gMulti.h"
 #include "game/f_High.h"
 #include "game/f_HighMulti.h"
 #include "game/f_Multi.h"
 
 #include <cstdint>
+#include <memory>
 
 /// The program's life: claims the program, remembers where it lives, loads the background and goes
 /// from mode to mode until one of them wants to end.
@@ -34,12 +33,15 @@ private:
     std::int16_t gPlayers = 0;
     QString gMode;
 
+    /// The forms of both games, made for the first one, so that the menu need not wait for them.
+    struct GameForms {
+        f_Quick quick;
+        f_Load load;
+        f_Multi board;
+        f_HighMulti scores;
+        f_High name;
+    };
+
     f_Menu mMenu;
-    f_Quick mQuick;
-    f_Load mLoad;
-    f_Multi mBoard;
-    f_HighMulti mScores;
-    f_High mName;
-    game::Forms mGameForms{mBoard, mScores, mName};
-    game::SongSourceFactory mNewSongSource;
+    std::unique_ptr<GameForms> mGameForms;
 };

@@ -13,7 +13,7 @@ using namespace toolkit;
 c_Menu::c_Menu(f_Menu& form) : mForm(form), mWindowButtons(form) {
     constexpr int kFirstTop = 192;
     constexpr int kStep = 110;
-    mForm.SetPicture(QStringLiteral("\\Images\\Back.bmp"));
+    mForm.CopyBackground();
     bSingle.Create(mForm.pSingle, QStringLiteral("Images\\bSingle.bmp"), QString());
     bMulti.Create(mForm.pMulti, QStringLiteral("Images\\bMulti.bmp"), QString());
     bEditor.Create(mForm.pEditor, QStringLiteral("Images\\bEditor.bmp"), QString());
@@ -79,7 +79,7 @@ void c_Menu::Glide(PictureBox* box, const c_SurfButton& button) {
     const int height = button.Height();
     const c_Surface& surfaces = *button.Surfaces();
     const Sprite sprite{surfaces.HDC(0), surfaces.HDC(1), 0, height * c_SurfButton::Hover,
-                        width, height};
+                        width,           height};
     GlideSprite(mForm, box->pos(), QPoint(box->x(), kTop), sprite, kDuration, true);
 }
 

@@ -28,8 +28,8 @@ const QString kMp3Dir = QStringLiteral("Mp3Dir");
 
 /// The folder in which MP3s were chosen last.
 fs::path LastMp3Folder() {
-    const fs::path folder = platform::ReadPathSetting(kApplication, kDirs, kMp3Dir,
-                                                      platform::DocumentsFolder());
+    const fs::path folder =
+        platform::ReadPathSetting(kApplication, kDirs, kMp3Dir, platform::DocumentsFolder());
     std::error_code error;
     return fs::is_directory(folder, error) ? folder : platform::RootFolder();
 }
@@ -105,11 +105,10 @@ bool c_Quick::QuickPlay() {
     WriteQuickList(list);
     mLoadForm.hide();
     if (list.Count() < kFewestSongs) {
-        platform::ShowMessage(
-            QStringLiteral("Songrush Requires atleast 10 MP3's to play.\n"
-                           "This directory has %1 MP3's.")
-                .arg(list.Count()),
-            platform::Icon::Critical);
+        platform::ShowMessage(QStringLiteral("Songrush Requires atleast 10 MP3's to play.\n"
+                                             "This directory has %1 MP3's.")
+                                  .arg(list.Count()),
+                              platform::Icon::Critical);
         return false;
     }
     return !mNoTitles ||

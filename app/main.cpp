@@ -2,6 +2,7 @@
 #include "platform/ProgramFolder.h"
 #include "platform/Wait.h"
 #include "toolkit/Canvas.h"
+#include "toolkit/Picture.h"
 #include "toolkit/Style.h"
 
 #include <QApplication>
@@ -12,8 +13,16 @@ int main(int argc, char* argv[]) {
     // Between two screens no window is open.
     QApplication::setQuitOnLastWindowClosed(false);
     toolkit::Canvas::SetRatio(application.devicePixelRatio());
-    toolkit::ApplyStyle(application);
+    // The menu's font and pictures, while the rest of the program gets ready.
+    toolkit::PreloadFont();
+    toolkit::PreloadPictures(
+        {QStringLiteral("Images\\Back.bmp"), QStringLiteral("Images\\X.bmp"),
+         QStringLiteral("Images\\bMin.bmp"), QStringLiteral("Images\\bSingle.bmp"),
+         QStringLiteral("Images\\bMulti.bmp"), QStringLiteral("Images\\bEditor.bmp")});
+    toolkit::ApplyStyle();
     const platform::QuitWatch quitWatch;
+    // Later than the first screen, which need not wait for it.
+    QTimer::singleShot(100, &application, toolkit::SetProgramIcon);
     // Inside the event loop, so that the system's requests to quit are heard.
     QTimer::singleShot(0, &application, [] {
         Start::Run();

@@ -22,9 +22,7 @@ double c_XAudio::Length() const {
     return mStream ? mStream->Length() : 0;
 }
 
-double c_XAudio::Position() const {
-    return mStream ? mDeck->Position() : Length();
-}
+double c_XAudio::Position() const { return mStream ? mDeck->Position() : Length(); }
 
 std::int16_t c_XAudio::OpenFile(const std::filesystem::path& path) {
     if (mStream)

@@ -28,9 +28,7 @@ QString Shown(const QByteArray& bytes) {
         std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
 }
 
-int CheckValue(const QByteArray& name, const QByteArray& score) {
-    return Checksum(name + score);
-}
+int CheckValue(const QByteArray& name, const QByteArray& score) { return Checksum(name + score); }
 
 } // namespace
 
@@ -49,13 +47,9 @@ QString PlayerName(const QString& typed) {
     return name.isEmpty() ? QStringLiteral("Blank") : name;
 }
 
-QString HighScoreTable::Name(int place) const {
-    return Shown(At(place).name);
-}
+QString HighScoreTable::Name(int place) const { return Shown(At(place).name); }
 
-QString HighScoreTable::Score(int place) const {
-    return Shown(At(place).score);
-}
+QString HighScoreTable::Score(int place) const { return Shown(At(place).score); }
 
 HighScoreTable::ReadResult HighScoreTable::Parse(QByteArrayView file) {
     std::array<Entry, kPlaces> read;

@@ -29,9 +29,7 @@ std::int32_t PointsForTime(float seconds) {
     return 100;
 }
 
-int BetFromButton(int button) {
-    return button == 4 ? 5 : button;
-}
+int BetFromButton(int button) { return button == 4 ? 5 : button; }
 
 std::int32_t PointsForBet(int bet) {
     switch (bet) {

@@ -8,10 +8,9 @@
 
 bool c_gBet::TakeBet() {
     DrawStatus();
-    SetChoiceCaptions({QStringLiteral("1 Second, 140,000 Points"),
-                       QStringLiteral("2 Seconds, 70,000 Points"),
-                       QStringLiteral("3 Seconds, 35,000 Points"),
-                       QStringLiteral("5 Seconds, 25,000 Points")});
+    SetChoiceCaptions(
+        {QStringLiteral("1 Second, 140,000 Points"), QStringLiteral("2 Seconds, 70,000 Points"),
+         QStringLiteral("3 Seconds, 35,000 Points"), QStringLiteral("5 Seconds, 25,000 Points")});
     Board().AskQuestion(QStringLiteral("I can name that MP3 in:"));
     ShowBoard();
     ShowChoices(true);

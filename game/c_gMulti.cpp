@@ -16,7 +16,7 @@ using namespace toolkit;
 c_gMulti::c_gMulti(const game::Forms& forms, game::SongSourceFactory newSongSource)
     : mForms(forms), mNewSongSource(std::move(newSongSource)), mWindowButtons(forms.board) {
     CreateButtons();
-    Board().SetPicture(QStringLiteral("\\Images\\Back.bmp"));
+    Board().CopyBackground();
     Board().LayOut();
 }
 
@@ -76,8 +76,7 @@ bool c_gMulti::LoadPlaylist() {
         return false;
     }
     if (mList->Count() < kFewestSongs) {
-        platform::ShowMessage(
-            QStringLiteral("Songrush Requires atleast 10 songs in a playlist."));
+        platform::ShowMessage(QStringLiteral("Songrush Requires atleast 10 songs in a playlist."));
         return false;
     }
     return true;
@@ -230,9 +229,7 @@ void c_gMulti::WaitWhileShown(const std::function<bool()>& waiting) {
     mQuit = mQuit || platform::Quitting();
 }
 
-std::int32_t c_gMulti::PointsForAnswer(float seconds) const {
-    return game::PointsForTime(seconds);
-}
+std::int32_t c_gMulti::PointsForAnswer(float seconds) const { return game::PointsForTime(seconds); }
 
 QString c_gMulti::Addressed(const QString& one, const QString& several) const {
     return mPlayers == 1 ? one : several.arg(mPlayer);
@@ -243,9 +240,9 @@ void c_gMulti::DrawRight() {
     const std::int32_t points = PointsForAnswer(seconds);
     Score() = game::AddPoints(Score(), points);
     Board().SetFontSize(32);
-    Board().WriteCentered(Addressed(QStringLiteral("You are Correct!"),
-                                    QStringLiteral("Player %1 is Correct!")),
-                          200, kWhite);
+    Board().WriteCentered(
+        Addressed(QStringLiteral("You are Correct!"), QStringLiteral("Player %1 is Correct!")), 200,
+        kWhite);
     Board().WriteCentered(game::AnswerTimeText(seconds), 280, Rgb(50, 100, 250));
     Board().WriteCentered(QStringLiteral("%1 Points").arg(points), 360, Rgb(255, 0, 0));
 }
@@ -253,9 +250,9 @@ void c_gMulti::DrawRight() {
 void c_gMulti::DrawWrong() {
     DrawWrongStorm();
     Board().SetFontSize(32);
-    Board().WriteCentered(Addressed(QStringLiteral("You are Wrong!"),
-                                    QStringLiteral("Player %1 is Wrong!")),
-                          200, kWhite);
+    Board().WriteCentered(
+        Addressed(QStringLiteral("You are Wrong!"), QStringLiteral("Player %1 is Wrong!")), 200,
+        kWhite);
     Board().WriteCentered(QStringLiteral("The Correct Answer Is:"), 280, Rgb(250, 250, 250));
     Board().WriteCentered(TitleOf(mSong), 360, Rgb(60, 230, 60));
 }

@@ -52,8 +52,7 @@ void c_hMulti::SetAndShowScores(std::vector<std::int32_t>& scores) {
         mForm.DrawTitle(QStringLiteral("SCORES"));
         for (int i = first; i < std::min(first + f_HighMulti::kRows, count); ++i) {
             const auto at = static_cast<std::size_t>(i);
-            mForm.DrawRow(i - first,
-                          {i + 1, labels[at], QString::number(scores[at]), false});
+            mForm.DrawRow(i - first, {i + 1, labels[at], QString::number(scores[at]), false});
         }
         ShowForm();
     }
@@ -80,8 +79,8 @@ void c_hMulti::Load() {
         return;
     using Result = game::HighScoreTable::ReadResult;
     QByteArray bytes;
-    const Result result = platform::ReadWholeFile(mFile, bytes) ? Result::Unreadable
-                                                                 : mTable.Parse(bytes);
+    const Result result =
+        platform::ReadWholeFile(mFile, bytes) ? Result::Unreadable : mTable.Parse(bytes);
     if (result == Result::Tampered)
         KillIt();
     else if (result == Result::Unreadable)

@@ -26,7 +26,8 @@ f_HighMulti::f_HighMulti()
 }
 
 void f_HighMulti::LayOut() {
-    pCont->move((width() - pCont->width()) / 2, height() - 10 - pCont->height());
+    constexpr int kBelow = 4; // the table leaves no more
+    pCont->move((width() - pCont->width()) / 2, height() - kBelow - pCont->height());
 }
 
 void f_HighMulti::DrawTitle(const QString& title) {

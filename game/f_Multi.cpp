@@ -96,8 +96,8 @@ void f_Multi::Timer1_Timer() {
 void f_Multi::DrawClock() {
     const Hdc dc = pTimer->Dc();
     if (gBack)
-        BitBlt(dc, 0, 0, pTimer->width(), pTimer->height(), gBack->HDC(0), pTimer->x(),
-               pTimer->y(), RasterOp::SrcCopy);
+        BitBlt(dc, 0, 0, pTimer->width(), pTimer->height(), gBack->HDC(0), pTimer->x(), pTimer->y(),
+               RasterOp::SrcCopy);
     const QString text = ClockText(mElapsed);
     BeginDraw(dc, Qt::SolidLine, kWhite, 1, kBlack, BkMode::Transparent);
     SetDrawTextColor(Rgb(50, 0, 100));

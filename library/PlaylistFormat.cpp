@@ -27,7 +27,8 @@ std::string_view Trimmed(std::string_view text) {
 /// A mark too big for its type only has to stay a mark.
 std::int16_t MarkFromText(std::string_view text) {
     using Limits = std::numeric_limits<std::int16_t>;
-    const double number = std::clamp<double>(platform::LeadingNumber(text), Limits::min(), Limits::max());
+    const double number =
+        std::clamp<double>(platform::LeadingNumber(text), Limits::min(), Limits::max());
     return static_cast<std::int16_t>(platform::RoundHalfEven(number));
 }
 
@@ -102,9 +103,7 @@ std::optional<std::string_view> PlaylistReader::TakeMeasuredPath(std::string_vie
     return path;
 }
 
-void AppendHeader(std::string& file) {
-    (file += "#EXTM3U") += kLineEnd;
-}
+void AppendHeader(std::string& file) { (file += "#EXTM3U") += kLineEnd; }
 
 void AppendEntry(std::string& file, const PlaylistEntry& entry) {
     file += kMarkTag;

@@ -80,8 +80,6 @@ private:
 
 } // namespace
 
-void ScanSongs(const fs::path& folder, const ScanCalls& calls) {
-    Scan(calls).Run(folder);
-}
+void ScanSongs(const fs::path& folder, const ScanCalls& calls) { Scan(calls).Run(folder); }
 
 } // namespace library

@@ -86,9 +86,7 @@ QString SingleByteText(const QString& text) {
         {bytes.constData(), static_cast<std::size_t>(bytes.size())});
 }
 
-bool IsCrap(QChar c) {
-    return c == u'\n' || c == u'\r' || c == u'\0' || c == u'\\';
-}
+bool IsCrap(QChar c) { return c == u'\n' || c == u'\r' || c == u'\0' || c == u'\\'; }
 
 } // namespace
 

@@ -187,9 +187,7 @@ std::error_code CheckRegular(const QString& file) {
     return info.isFile() ? std::error_code() : make_error_code(std::errc::invalid_argument);
 }
 
-std::error_code IoError() {
-    return make_error_code(std::errc::io_error);
-}
+std::error_code IoError() { return make_error_code(std::errc::io_error); }
 
 bool ReadTail(QFile& file, std::span<char> tail) {
     const auto length = static_cast<qint64>(tail.size());

@@ -62,9 +62,7 @@ Folder::Folder(const fs::path& path) : mHandle(std::make_unique<Handle>(path)) {
 
 Folder::~Folder() = default;
 
-bool Folder::Open() const {
-    return mHandle->listing != nullptr;
-}
+bool Folder::Open() const { return mHandle->listing != nullptr; }
 
 std::string Folder::Identity() const {
     struct stat status {};
@@ -114,9 +112,7 @@ Folder::Folder(const fs::path& path) : mHandle(std::make_unique<Handle>(path)) {
 
 Folder::~Folder() = default;
 
-bool Folder::Open() const {
-    return !mHandle->error;
-}
+bool Folder::Open() const { return !mHandle->error; }
 
 std::string Folder::Identity() const {
     std::error_code error;

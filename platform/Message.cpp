@@ -1,7 +1,9 @@
 #include "platform/Message.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QMessageBox>
+#include <algorithm>
 
 namespace platform {
 
@@ -23,20 +25,34 @@ QMessageBox::Icon ToQt(Icon icon) {
 
 QRect gPlace;
 
-int Show(const QString& text, Icon icon, const QString& title, QMessageBox::StandardButtons buttons) {
+/// Qt would wrap lines that are not much too long.
+void KeepLinesWhole(QMessageBox& box) {
+    constexpr int kWidest = 640;
+    auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+    if (label != nullptr)
+        label->setMinimumWidth(std::min(label->fontMetrics().size(0, box.text()).width(), kWidest));
+}
+
+int Show(const QString& text, Icon icon, const QString& title,
+         QMessageBox::StandardButtons buttons) {
     QMessageBox box(ToQt(icon), title, text, buttons, QApplication::activeWindow());
     // The texts hold file names, which must not be taken for markup.
     box.setTextFormat(Qt::PlainText);
-    if (box.parentWidget() == nullptr && !gPlace.isNull()) {
-        box.adjustSize();
-        box.move(gPlace.center() - box.rect().center());
-    }
+    KeepLinesWhole(box);
+    PlaceDialog(box);
     return box.exec();
 }
 
 } // namespace
 
-void SetMessagePlace(const QRect& place) { gPlace = place; }
+void SetDialogPlace(const QRect& place) { gPlace = place; }
+
+void PlaceDialog(QDialog& dialog) {
+    if (dialog.parentWidget() != nullptr || gPlace.isNull())
+        return;
+    dialog.adjustSize();
+    dialog.move(gPlace.center() - dialog.rect().center());
+}
 
 void ShowMessage(const QString& text, Icon icon, const QString& title) {
     Show(text, icon, title, QMessageBox::Ok);

@@ -3,13 +3,18 @@
 #include <QRect>
 #include <QString>
 
+class QDialog;
+
 namespace platform {
 
 enum class Icon { None, Information, Warning, Critical };
 
-/// Where on the screen messages appear while no window of the program is open: in the middle of
+/// Where on the screen dialogs appear while no window of the program is open: in the middle of
 /// `place`.
-void SetMessagePlace(const QRect& place);
+void SetDialogPlace(const QRect& place);
+
+/// Moves a dialog without an owner to that place.
+void PlaceDialog(QDialog& dialog);
 
 /// Shows a message box with one OK button and waits until it is closed.
 void ShowMessage(const QString& text, Icon icon = Icon::Information,

@@ -15,6 +15,9 @@ QVariant Read(const QString& application, const QString& section, const QString&
 
 void Write(const QString& application, const QString& section, const QString& key,
            const QVariant& value) {
+    // Writing flushes a file to the disk, which is worth avoiding at every start.
+    if (Read(application, section, key) == value)
+        return;
     QSettings store(QStringLiteral("Songrush"), application);
     store.setValue(section + QLatin1Char('/') + key, value);
 }

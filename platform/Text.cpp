@@ -57,7 +57,9 @@ template <typename Fallback> QString Decode(std::string_view bytes, Fallback fal
     return text;
 }
 
-bool StandsForByte(QChar c) { return c.unicode() >= kByteBase + 0x80 && c.unicode() <= kByteBase + 0xFF; }
+bool StandsForByte(QChar c) {
+    return c.unicode() >= kByteBase + 0x80 && c.unicode() <= kByteBase + 0xFF;
+}
 
 constexpr QChar kEscape(0xFDD0); // a noncharacter, of no use in a real name
 
@@ -111,8 +113,9 @@ QByteArray SystemBytes(const QString& text) { return text.toLocal8Bit(); }
 
 QString TextFromWindows1252(std::string_view bytes) {
     QString text(static_cast<qsizetype>(bytes.size()), Qt::Uninitialized);
-    std::transform(bytes.begin(), bytes.end(), text.begin(),
-                   [](char byte) { return QChar(FromWindows1252(static_cast<unsigned char>(byte))); });
+    std::transform(bytes.begin(), bytes.end(), text.begin(), [](char byte) {
+        return QChar(FromWindows1252(static_cast<unsigned char>(byte)));
+    });
     return text;
 }
 

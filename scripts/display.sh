@@ -12,7 +12,7 @@ moments=0
 
 # Ends the script; with a display open, a picture of the moment is left as $FAILURE_PICTURE.
 fail() {
-    echo "FAILED: $*" >&2
+    echo "FAILED: $* (lines ${BASH_LINENO[*]})" >&2
     if [ -n "${FAILURE_PICTURE:-}" ] && [ -s "${SCREEN:-}" ]; then
         picture "$FAILURE_PICTURE"
         finish_pictures

@@ -43,6 +43,7 @@ read_controls() {
     skin_button play bPlayBig center $((300 - $(skin_height bPlayBig) / 2))
     skin_button hint bHint $((790 - $(skin_width bHint))) $((590 - $(skin_height bHint)))
     skin_button continue bCont center $((590 - $(skin_height bCont)))
+    skin_button continue_scores bCont center $((596 - $(skin_height bCont)))
 }
 
 # open_bmp <picture>
@@ -161,8 +162,8 @@ playing_shown() { choices_shown && shows hint; }
 # A score row is drawn where the board has none.
 row_shown() { has_pixel 595 $((175 + 36 * ($1 - 1) + 17)) 000064; }
 result_shown() { shows continue && ! row_shown 1; }
-scores_shown() { shows continue && row_shown 1 && ! row_shown 10; }
-table_shown() { shows continue && row_shown 10; }
+scores_shown() { shows continue_scores && row_shown 1 && ! row_shown 10; }
+table_shown() { shows continue_scores && row_shown 10; }
 name_shown() { has_pixel 180 300 $DIALOG_EDGE; }
 loading_shown() { has_pixel 160 300 $DIALOG_EDGE; }
 

@@ -231,7 +231,7 @@ end_of_game() {
     await "the scores" scores_shown
     move_away
     shot "$game-scores"
-    use continue Return
+    use continue_scores Return
     for ((prompt = 1; prompt <= prompts; ++prompt)); do
         await "the prompt for a name" name_shown
         shot "$game-name-$prompt"
@@ -304,7 +304,7 @@ tour_short_playlist
 tour_normal_play
 [[ $ANSWERS == *right* ]] && winners=1 || winners=0
 end_of_game normal-play "$winners"
-use continue Return
+use continue_scores Return
 HAND=keys
 tour_betting_setup
 tour_betting

@@ -44,7 +44,7 @@ bool Robot::CloseMessage() {
         return false;
     mMessages << box->text();
     const bool question = box->button(QMessageBox::Yes) != nullptr;
-    ClickOn(box->button(!question   ? QMessageBox::Ok
+    ClickOn(box->button(!question  ? QMessageBox::Ok
                         : mSaysYes ? QMessageBox::Yes
                                    : QMessageBox::No));
     return true;

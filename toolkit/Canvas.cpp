@@ -64,6 +64,8 @@ Canvas::Canvas(int width, int height)
     mImage.setDevicePixelRatio(gRatio);
 }
 
+Canvas::Canvas(const QImage& picture) : mFont(ScreenFont(12)) { SetPicture(picture); }
+
 void Canvas::Show(QPainter& painter) const {
     // The window may lie on a screen of another ratio.
     const bool scaled = painter.device()->devicePixelRatioF() != mImage.devicePixelRatio();

@@ -18,6 +18,9 @@ public:
     /// A black canvas of `width` x `height` logical pixels.
     Canvas(int width, int height);
 
+    /// A canvas that shows `picture`; see `SetPicture`.
+    explicit Canvas(const QImage& picture);
+
     int Width() const { return mWidth; }
     int Height() const { return mHeight; }
 

@@ -5,7 +5,6 @@
 #include "toolkit/ApiDraw.h"
 #include "toolkit/FittedText.h"
 #include "toolkit/Mous.h"
-#include "toolkit/Picture.h"
 
 #include <QCloseEvent>
 #include <QGuiApplication>
@@ -29,15 +28,8 @@ Form::Form(const QString& name, const QSize& size)
     setFocusPolicy(Qt::ClickFocus);
 }
 
-void Form::SetPicture(const QString& file) {
-    Canvas picture(width(), height());
-    picture.SetPicture(LoadGround(file, size()));
-    BitBlt(&mCanvas, 0, 0, width(), height(), &picture, 0, 0, RasterOp::SrcCopy);
-    Refresh();
-}
-
 void Form::ShowInPlace() {
-    platform::SetMessagePlace(QRect(gPlace, kScreenSize));
+    platform::SetDialogPlace(QRect(gPlace, kScreenSize));
     const QSize spare = kScreenSize - size();
     move(gPlace + QPoint(spare.width() / 2, spare.height() / 2));
     // A window that is shown again before the system has hidden it misses that it has the focus.

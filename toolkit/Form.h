@@ -22,9 +22,6 @@ public:
     /// Shows what was drawn since the last time.
     void Refresh() { update(); }
 
-    /// Draws the bitmap `file` (as in "Images\Back.bmp") over the whole form.
-    void SetPicture(const QString& file);
-
     /// Shows a screen where the last one stood, so that the screens follow each other in place; a
     /// smaller form in the middle of that place.
     void ShowInPlace();

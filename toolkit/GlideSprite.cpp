@@ -51,7 +51,8 @@ void GlideSprite(Form& form, QPoint from, QPoint to, const Sprite& sprite, int d
         form.Refresh();
         // The last frame is cut short, so that the sprite ends where it should.
         platform::WaitFor(static_cast<int>(std::min<std::int64_t>(frame, duration + 1 - elapsed)));
-        elapsed = platform::TickCount() - start;
+        // However late the frame came, the sprite goes at most one frame too far.
+        elapsed = std::min<std::int64_t>(platform::TickCount() - start, duration + frame);
         previous = current;
         current = PlaceAfter(from, to - from, static_cast<double>(elapsed) / duration);
     } while (elapsed <= duration && !platform::Quitting());

@@ -7,10 +7,13 @@
 #include "toolkit/ApiDraw.h"
 #include "toolkit/Canvas.h"
 
-#include <QStringList>
 #include <QTimer>
 #include <algorithm>
 #include <cmath>
+#include <future>
+#include <map>
+#include <utility>
+#include <vector>
 
 namespace toolkit {
 
@@ -32,7 +35,9 @@ QImage Read(const QString& name) {
     QByteArray bytes;
     if (platform::ReadWholeFile(ProgramFile(name), bytes))
         return QImage();
-    return QImage::fromData(bytes);
+    // Named first: to recognise a format Qt loads all that it has.
+    const QImage bitmap = QImage::fromData(bytes, "BMP");
+    return bitmap.isNull() ? QImage::fromData(bytes) : bitmap;
 }
 
 /// Without smoothing: blended colours would no longer match the transparent black.
@@ -41,6 +46,18 @@ QImage Scaled(const QImage& picture, double factor) {
                      static_cast<int>(std::lround(picture.height() * factor)));
     return size == picture.size() ? picture : picture.scaled(size);
 }
+
+QImage LoadNow(const QString& name) {
+    const QString set = SetFolder();
+    QImage picture = Read(InSet(name, set));
+    if (!picture.isNull())
+        return Scaled(picture, Canvas::Ratio() / std::max(1, set.left(1).toInt()));
+    picture = Read(name);
+    return picture.isNull() ? picture : Scaled(picture, Canvas::Ratio());
+}
+
+std::map<QString, std::future<QImage>> gPreloaded;
+std::future<void> gPreloading; // its destruction waits for the thread
 
 QStringList gReported;
 QStringList gUntold;
@@ -65,12 +82,21 @@ std::filesystem::path ProgramFile(const QString& name) {
 }
 
 QImage LoadPicture(const QString& name) {
-    const QString set = SetFolder();
-    QImage picture = Read(InSet(name, set));
-    if (!picture.isNull())
-        return Scaled(picture, Canvas::Ratio() / std::max(1, set.left(1).toInt()));
-    picture = Read(name);
-    return picture.isNull() ? picture : Scaled(picture, Canvas::Ratio());
+    if (auto preloaded = gPreloaded.extract(name))
+        return preloaded.mapped().get();
+    return LoadNow(name);
+}
+
+void PreloadPictures(const QStringList& names) {
+    std::vector<std::packaged_task<QImage()>> tasks;
+    for (const QString& name : names) {
+        tasks.emplace_back([name] { return LoadNow(name); });
+        gPreloaded[name] = tasks.back().get_future();
+    }
+    gPreloading = std::async(std::launch::async, [tasks = std::move(tasks)]() mutable {
+        for (auto& task : tasks)
+            task();
+    });
 }
 
 void ReportMissingPicture(const QString& file) {
@@ -106,8 +132,7 @@ QImage PlainSkin(QSize size) {
     for (int frame = 0; frame < 3; ++frame) {
         const auto top = static_cast<float>(frame * size.height());
         DrawBox(light[frame], dark[frame], fill[frame], 0, top,
-                static_cast<float>(size.width() - 1),
-                top + static_cast<float>(size.height() - 1));
+                static_cast<float>(size.width() - 1), top + static_cast<float>(size.height() - 1));
     }
     EndDraw();
     return canvas.Image();

@@ -3,6 +3,7 @@
 #include <QImage>
 #include <QSize>
 #include <QString>
+#include <QStringList>
 #include <filesystem>
 
 namespace toolkit {
@@ -14,6 +15,10 @@ std::filesystem::path ProgramFile(const QString& name);
 /// The picture of that name at the screen's pixel ratio, or a null image when it cannot be read.
 /// Pictures for finer screens lie in folders "2x" and "3x" beside the base set.
 QImage LoadPicture(const QString& name);
+
+/// Begins to load pictures on a thread of its own, in the order given. The first `LoadPicture` of
+/// each takes over what was loaded, waiting for it if need be.
+void PreloadPictures(const QStringList& names);
 
 /// Notes that a picture is missing: one message tells of all of them as soon as events run.
 void ReportMissingPicture(const QString& file);

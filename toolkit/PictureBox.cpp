@@ -15,8 +15,7 @@ namespace {
 /// Tells screen readers that a box is a button, and lets them press it.
 class AccessibleBox : public QAccessibleWidget {
 public:
-    explicit AccessibleBox(PictureBox* box)
-        : QAccessibleWidget(box) {}
+    explicit AccessibleBox(PictureBox* box) : QAccessibleWidget(box) {}
 
     // A box may become a button after a screen reader has come to know it.
     QAccessible::Role role() const override {

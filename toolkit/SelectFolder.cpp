@@ -2,21 +2,16 @@
 
 #include "platform/ProgramFolder.h"
 #include "platform/Text.h"
-
-#include <QDir>
-#include <QFileDialog>
+#include "toolkit/FileDialog.h"
 
 namespace toolkit {
 
 QString BrowseForFolder(QWidget* owner, const QString& title,
                         const std::filesystem::path& startFolder) {
-    QFileDialog dialog(owner, title, platform::TextFromPath(startFolder));
-    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    FileDialog dialog(owner, title, platform::TextFromPath(startFolder));
     dialog.setOption(QFileDialog::ShowDirsOnly);
     dialog.setFileMode(QFileDialog::Directory);
-    if (dialog.exec() != QDialog::Accepted)
-        return {};
-    return QDir::toNativeSeparators(QDir::cleanPath(dialog.selectedFiles().value(0)));
+    return dialog.Choose().value(0);
 }
 
 void ChangeToFolder(const std::filesystem::path& folder) {

@@ -4,9 +4,11 @@
 #include "toolkit/Picture.h"
 
 #include <QApplication>
+#include <QFontMetricsF>
 #include <QIcon>
 #include <QPalette>
 #include <QProxyStyle>
+#include <future>
 
 namespace toolkit {
 
@@ -44,18 +46,27 @@ QPalette NightPalette() {
     palette.setColor(QPalette::ToolTipText, light);
     palette.setColor(QPalette::Link, QColor(140, 160, 255));
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        palette.setColor(QPalette::Disabled, role, QColor(120, 120, 170));
+        palette.setColor(QPalette::Disabled, role, QColor(165, 170, 220));
     return palette;
 }
 
 } // namespace
 
-void ApplyStyle(QApplication& application) {
+void ApplyStyle() {
     QApplication::setStyle(new PlainButtonsStyle(QStringLiteral("Fusion")));
     QApplication::setPalette(NightPalette());
     QApplication::setFont(ScreenFont(12));
-    application.setWindowIcon(QIcon(QString::fromStdString(
-        ProgramFile(QStringLiteral("Images\\icon.png")).string())));
+}
+
+void PreloadFont() {
+    static std::future<void> preloading = std::async(std::launch::async, [] {
+        [[maybe_unused]] const double width = QFontMetricsF(ScreenFont(12)).horizontalAdvance(u'S');
+    });
+}
+
+void SetProgramIcon() {
+    QApplication::setWindowIcon(
+        QIcon(QString::fromStdString(ProgramFile(QStringLiteral("Images\\icon.png")).string())));
 }
 
 } // namespace toolkit

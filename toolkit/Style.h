@@ -1,11 +1,15 @@
 #pragma once
 
-class QApplication;
-
 namespace toolkit {
 
 /// Dresses the windowing toolkit's own controls (labels, text boxes, buttons, lists, message boxes
-/// and dialogs) in the program's colours and fonts, and sets the program's icon.
-void ApplyStyle(QApplication& application);
+/// and dialogs) in the program's colours and fonts.
+void ApplyStyle();
+
+/// Begins to load the program's font on a thread of its own; the first text would wait for it.
+void PreloadFont();
+
+/// Gives all windows of the program its icon.
+void SetProgramIcon();
 
 } // namespace toolkit

@@ -4,58 +4,53 @@
 #include "platform/Settings.h"
 #include "platform/Text.h"
 #include "toolkit/ColorRef.h"
+#include "toolkit/FileDialog.h"
 
 #include <QApplication>
 #include <QColorDialog>
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QStringList>
 #include <filesystem>
 
 namespace {
 
-/// Qt's own file dialog on the current folder with one filter.
-class FileDialog : public QFileDialog {
+/// A file dialog on the current folder with one filter.
+class OneFilterDialog : public toolkit::FileDialog {
 public:
-    FileDialog(const QString& title, const QString& description, const QString& pattern)
-        : QFileDialog(QApplication::activeWindow(), title, QDir::currentPath(),
-                      QStringLiteral("%1 (%2)").arg(description, pattern)) {
-        setOption(DontUseNativeDialog);
-    }
+    OneFilterDialog(const QString& title, const QString& description, const QString& pattern)
+        : FileDialog(QApplication::activeWindow(), title, QDir::currentPath(),
+                     QStringLiteral("%1 (%2)").arg(description, pattern)) {}
 
-    /// The chosen files, absolute, with their folder made the current one; empty when cancelled.
-    QStringList Choose() {
-        if (exec() != Accepted)
-            return {};
-        QStringList files = selectedFiles();
-        for (QString& file : files)
-            file = QDir::toNativeSeparators(file);
+    /// The chosen files, with their folder made the current one; empty when cancelled.
+    QStringList ChooseInFolder() {
+        const QStringList files = Choose();
         std::error_code ignored;
-        std::filesystem::current_path(platform::PathFromText(files.front()).parent_path(), ignored);
+        if (!files.isEmpty())
+            std::filesystem::current_path(platform::PathFromText(files.front()).parent_path(),
+                                          ignored);
         return files;
     }
 };
 
-class SaveDialog : public FileDialog {
+class SaveDialog : public OneFilterDialog {
 public:
     SaveDialog(const QString& title, const QString& description, const QString& pattern)
-        : FileDialog(title, description, pattern),
+        : OneFilterDialog(title, description, pattern),
           mEnding(pattern.mid(pattern.lastIndexOf(u'*') + 1)) {
         setAcceptMode(AcceptSave);
         setFileMode(AnyFile);
     }
 
 protected:
-    void accept() override {
+    bool MayBeChosen() const override {
         const QStringList files = selectedFiles();
-        if (files.isEmpty() || MayBeChosen(QFileInfo(files.front())))
-            QFileDialog::accept();
+        return files.isEmpty() || MayBeSaved(QFileInfo(files.front()));
     }
 
 private:
     /// What Qt does not ask by itself.
-    bool MayBeChosen(const QFileInfo& file) const {
+    bool MayBeSaved(const QFileInfo& file) const {
         if (file.exists())
             return true;
         if (!file.absoluteDir().exists()) {
@@ -115,17 +110,17 @@ void SaveCustomColors() {
 
 QString cDialog::GetSaveName(const QString& title, const QString& description,
                              const QString& pattern) {
-    return SaveDialog(title, description, pattern).Choose().value(0);
+    return SaveDialog(title, description, pattern).ChooseInFolder().value(0);
 }
 
 QString cDialog::GetOpenName(const QString& title, const QString& description,
                              const QString& pattern, const QString& initialName, bool multiple) {
     constexpr int kBlanks = 1024;
-    FileDialog dialog(title, description, pattern);
+    OneFilterDialog dialog(title, description, pattern);
     dialog.setFileMode(multiple ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
     if (!initialName.isEmpty())
         dialog.selectFile(initialName);
-    const QStringList files = dialog.Choose();
+    const QStringList files = dialog.ChooseInFolder();
     if (!multiple && !files.isEmpty())
         return files.front();
     const QString answer = files.isEmpty() ? initialName : Join(files);

@@ -10,18 +10,13 @@ using namespace toolkit;
 
 void c_SurfButton::Create(PictureBox* box, const QString& file, const QString& caption) {
     Adopt(box, caption);
-    Canvas skin(1, 1);
-    skin.SetPicture(Skin(file));
-    const int width = skin.Width();
-    const int height = skin.Height();
+    const QImage skin = Skin(file);
     if (!mSurfaces)
         mSurfaces = std::make_shared<c_Surface>();
-    for (const int index : {0, 1}) {
-        mSurfaces->CreateSurface(width, height, QString());
-        BitBlt(mSurfaces->HDC(index), 0, 0, width, height, &skin, 0, 0, RasterOp::SrcCopy);
-    }
+    mSurfaces->CreateSurface(skin);
+    mSurfaces->CreateSurface(skin);
     mSurfaces->CreateMask(1, kBlack, kBlack, kWhite);
-    box->SetBoxSize(QSize(width, height / 3));
+    box->SetBoxSize(QSize(mSurfaces->Width(0), mSurfaces->Height(0) / 3));
     SetRoundFocus();
 }
 

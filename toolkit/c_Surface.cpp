@@ -15,6 +15,14 @@ Hdc c_Surface::CreateSurface(int width, int height, const QString& file) {
     return mSurfaces.back().canvas.get();
 }
 
+Hdc c_Surface::CreateSurface(const QImage& picture) {
+    auto canvas = std::make_unique<Canvas>(picture);
+    const int width = canvas->Width();
+    const int height = canvas->Height();
+    mSurfaces.push_back({std::move(canvas), width, height});
+    return mSurfaces.back().canvas.get();
+}
+
 void c_Surface::FreeSurfaces() {
     for (Surface& surface : mSurfaces)
         surface.canvas.reset();

@@ -27,6 +27,9 @@ public:
     /// Adds a surface, filled from the bitmap `file` (as in "Images\X.bmp") unless that is empty.
     toolkit::Hdc CreateSurface(int width, int height, const QString& file);
 
+    /// Adds a surface that shows `picture`, at the screen's pixel ratio.
+    toolkit::Hdc CreateSurface(const QImage& picture);
+
     /// Releases all surfaces. The numbering goes on where it was.
     void FreeSurfaces();
 

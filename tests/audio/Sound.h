@@ -1,32 +1,30 @@
 #pragma once
 
 #include "audio/Frame.h"
-#include "audio/Mp3Stream.h"
 
-#include <filesystem>
+#include <algorithm>
+#include <cmath>
 #include <span>
-#include <vector>
 
 /// Looking at sound in tests.
 namespace sound {
 
-/// A folder of this process's own for files, removed when the process ends.
-const std::filesystem::path& TestFolder();
-
-/// The next `count` frames, fewer at the end.
-std::vector<audio::Frame> Read(audio::Mp3Stream& stream, std::size_t count);
-
-/// Passes over `count` frames by decoding them and returns how many there were.
-std::size_t Skip(audio::Mp3Stream& stream, std::size_t count);
-
 /// The largest difference between the frames of `part` and those at the same places in `whole`,
 /// which is at least as long.
-float Difference(std::span<const audio::Frame> part, std::span<const audio::Frame> whole);
-
-/// The largest step between two neighbouring frames.
-float Roughness(std::span<const audio::Frame> frames);
+inline float Difference(std::span<const audio::Frame> part, std::span<const audio::Frame> whole) {
+    float largest = 0;
+    for (std::size_t i = 0; i < part.size(); ++i)
+        largest = std::max({largest, std::abs(part[i].left - whole[i].left),
+                            std::abs(part[i].right - whole[i].right)});
+    return largest;
+}
 
 /// Pitch of a tone in Hz.
-double Pitch(std::span<const audio::Frame> frames, int rate);
+inline double Pitch(std::span<const audio::Frame> frames, int rate) {
+    int crossings = 0;
+    for (std::size_t i = 1; i < frames.size(); ++i)
+        crossings += (frames[i - 1].left < 0) != (frames[i].left < 0) ? 1 : 0;
+    return crossings / 2.0 * rate / static_cast<double>(frames.size());
+}
 
 } // namespace sound

@@ -76,7 +76,7 @@ to_scores() {
 
 to_table() {
     to_scores
-    use continue Return
+    use continue_scores Return
     if [[ $ANSWERS == *right* ]]; then
         enter_name Eva
     fi

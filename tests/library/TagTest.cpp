@@ -44,81 +44,69 @@ TEST_F(TagTest, FieldsAreReadAndCleaned) {
         std::string stored;
         QString title;
     } cases[] = {
-        {"Hello", QStringLiteral("Hello")},          {Padded("Hello", 30), QStringLiteral("Hello")},
-        {"  Song  \0\0"s, QStringLiteral("Song  ")}, {"a\r\n\\b", QStringLiteral("ab")},
-        {"caf\xE9 \x80", QStringLiteral("café €")},  {Padded("", 30), QString()},
+        {"Hello", "Hello"}, {Padded("Hello", 30), "Hello"}, {"  Song  \0\0"s, "Song  "},
+        {"a\r\n\\b", "ab"}, {"caf\xE9 \x80", "café €"},     {Padded("", 30), QString()},
     };
     for (const auto& [stored, title] : cases)
         EXPECT_EQ(Read(mFolder, TagWith(stored)).Title(), title) << stored;
     const c_ID3 tag = Read(mFolder, "soundtAg" + TagWith("Title", "A Comment", 17).substr(3));
-    EXPECT_EQ(tag.Artist(), QStringLiteral("The Artist"));
-    EXPECT_EQ(tag.Album(), QStringLiteral("The Album"));
-    EXPECT_EQ(tag.Year(), QStringLiteral("1999"));
-    EXPECT_EQ(tag.Comment(), QStringLiteral("A Comment"));
-    EXPECT_EQ(tag.Genre(), QStringLiteral("Rock"));
+    EXPECT_EQ(tag.Artist(), "The Artist");
+    EXPECT_EQ(tag.Album(), "The Album");
+    EXPECT_EQ(tag.Year(), "1999");
+    EXPECT_EQ(tag.Comment(), "A Comment");
+    EXPECT_EQ(tag.Genre(), "Rock");
 }
 
 TEST_F(TagTest, WithoutATagAllButTheGenreIsEmpty) {
-    mFolder.Write("untagged.mp3", std::string(500, 'x'));
-    mFolder.Write("short.mp3", TagWith("Title").substr(0, 127));
-    for (const char* name : {"untagged.mp3", "short.mp3", "missing.mp3"}) {
-        c_ID3 tag = Read(mFolder, TagWith("Title", "Comment", 17));
-        tag.GetIdTag(mFolder.Path() / name);
-        EXPECT_EQ(tag.Title() + tag.Artist() + tag.Album() + tag.Year() + tag.Comment(), QString());
-        EXPECT_EQ(tag.Genre(), QStringLiteral("Rock"));
+    const std::string bytes = TagWith("Title", "Comment", 17);
+    for (const std::string& untagged : {std::string(500, 'x'), bytes.substr(0, 127)}) {
+        c_ID3 tag = Read(mFolder, bytes);
+        tag.GetIdTag(mFolder.Write("untagged.mp3", untagged));
+        EXPECT_EQ(tag.Title() + tag.Artist() + tag.Album() + tag.Year() + tag.Comment(), "");
+        EXPECT_EQ(tag.Genre(), "Rock");
     }
 }
 
 TEST_F(TagTest, GenreNumbersAndNames) {
-    EXPECT_EQ(Read(mFolder, TagWith("", "", '\x93')).Genre(), QStringLiteral("Synth Pop"));
-    EXPECT_EQ(Read(mFolder, TagWith("", "", '\x94')).Genre(), QString());
-    EXPECT_EQ(Read(mFolder, TagWith("", "", '\xFF')).Genre(), QString());
-    const struct {
-        QString name;
-        char number;
-    } cases[] = {
-        {QStringLiteral("jazz+funk"), 29},          {QStringLiteral("Phychedelic"), 67},
-        {QStringLiteral("Trash Metal"), '\x90'},    {QStringLiteral("Synth Pop"), '\x93'},
-        {QStringLiteral("Nothing Of The Kind"), 0}, {QString(), 0},
-    };
-    for (const auto& [name, number] : cases) {
+    EXPECT_EQ(Read(mFolder, TagWith("", "", '\x93')).Genre(), "Synth Pop");
+    EXPECT_EQ(Read(mFolder, TagWith("", "", '\x94')).Genre(), "");
+    const std::pair<const char*, char> numbers[] = {
+        {"jazz+funk", 29}, {"Trash Metal", '\x90'}, {"Nothing Of The Kind", 0}, {"", 0}};
+    for (const auto& [name, number] : numbers) {
         c_ID3 tag;
         tag.SetGenre(name);
-        EXPECT_EQ(Written(tag).back(), number) << name.toStdString();
+        EXPECT_EQ(Written(tag).back(), number) << name;
     }
 }
 
 TEST_F(TagTest, EveryByteIsWrittenInItsPlace) {
     c_ID3 tag;
-    tag.SetTitle(QStringLiteral("Üï Ж🎵"));
+    tag.SetTitle("Üï Ж🎵");
     tag.SetArtist(QString(40, u'a'));
-    tag.SetAlbum(QStringLiteral("Album"));
-    tag.SetYear(QStringLiteral("20012"));
-    tag.SetComment(QStringLiteral(" c\\"));
+    tag.SetYear("20012");
+    tag.SetComment(" c\\");
     EXPECT_EQ(Written(tag), "TAG" + Padded("\xDC\xEF ??", 30) + std::string(30, 'a') +
-                                Padded("Album", 30) + "2001" + Padded(" c\\", 30) + '\0');
-    EXPECT_EQ(tag.Album(), QStringLiteral("Album"));
-    EXPECT_EQ(tag.Comment(), QStringLiteral("c"));
+                                Padded("", 30) + "2001" + Padded(" c\\", 30) + '\0');
+    EXPECT_EQ(tag.Comment(), "c");
 }
 
 TEST_F(TagTest, ALongTitleGoesOnInTheComment) {
-    const QString thirty = QStringLiteral("A title that is long and has| ");
+    const QString thirty = "A title that is long and has| ";
     const struct {
         QString title;
         QString readBack;
         QString comment;
     } cases[] = {
-        {QString(30, u't'), QString(30, u't'), QStringLiteral("Comment")},
-        {thirty + QStringLiteral(" a|b "), thirty + QStringLiteral(" a b "),
-         QStringLiteral("||a|b|")},
+        {QString(30, u't'), QString(30, u't'), "Comment"},
+        {thirty + " a|b ", thirty + " a b ", "||a|b|"},
         {QString(70, u't'), QString(59, u't'), QString(30, u't')},
-        {QStringLiteral("🎵").repeated(30), QString(30, u'?'), QStringLiteral("Comment")},
-        {QStringLiteral("€").repeated(31), QStringLiteral("€").repeated(31), QStringLiteral("€€")},
+        {QString("🎵").repeated(30), QString(30, u'?'), "Comment"},
+        {QString(31, u'€'), QString(31, u'€'), "€€"},
     };
     for (const auto& [title, readBack, comment] : cases) {
         c_ID3 tag;
         tag.SetTitle(title);
-        tag.SetComment(QStringLiteral("Comment"));
+        tag.SetComment("Comment");
         const c_ID3 read = Read(mFolder, Written(tag));
         EXPECT_EQ(read.Title(), readBack);
         EXPECT_EQ(read.Comment(), comment);
@@ -128,12 +116,12 @@ TEST_F(TagTest, ALongTitleGoesOnInTheComment) {
 }
 
 TEST_F(TagTest, ANewTagReplacesTheLastByteOfTheFile) {
-    const fs::path file = mFolder.Write("new.mp3", std::string(999, 'x') + "y");
+    const fs::path file = mFolder.Write("new.mp3", std::string(128, 'x'));
     c_ID3 tag;
-    tag.SetTitle(QStringLiteral("New"));
+    tag.SetTitle("New");
     tag.PutIdTag(file);
-    EXPECT_EQ(BytesOf(file).substr(0, 1005), std::string(999, 'x') + "TAGNew");
-    EXPECT_EQ(fs::file_size(file), 1127u);
+    EXPECT_EQ(BytesOf(file).substr(0, 133), std::string(127, 'x') + "TAGNew");
+    EXPECT_EQ(fs::file_size(file), 255u);
 }
 
 TEST_F(TagTest, ShortAndReadOnlyFilesAndMissingOnesStayAsTheyWere) {
@@ -148,19 +136,12 @@ TEST_F(TagTest, ShortAndReadOnlyFilesAndMissingOnesStayAsTheyWere) {
 }
 
 TEST(TagTextTest, TitlesFromFileNames) {
-    const struct {
-        const char* file;
-        QString title;
-    } cases[] = {
-        {"C:\\Music\\My_Song.MP3", QStringLiteral("My Song")},
-        {"/music/My_Song.mp3", QStringLiteral("My Song")},
-        {"a.mp3.b.MP3", QStringLiteral("a.b")},
-        {"/music/ song.mp3 ", QStringLiteral("song")},
-        {"/music/_song.ogg", QStringLiteral(" song.ogg")},
-        {"/music/caf\xE9.mp3", QStringLiteral("café")},
-        {"/music/.m.mp3p3", QStringLiteral(".mp3")},
+    const std::pair<const char*, const char*> titles[] = {
+        {"C:\\Music\\My_Song.MP3", "My Song"}, {"a.mp3.b.MP3", "a.b"},
+        {"/music/ song.mp3 ", "song"},         {"/music/_song.ogg", " song.ogg"},
+        {"/music/caf\xE9.mp3", "café"},        {"/music/.m.mp3p3", ".mp3"},
     };
-    for (const auto& [file, title] : cases)
+    for (const auto& [file, title] : titles)
         EXPECT_EQ(c_ID3::TitleFromFileName(file), title) << file;
 }
 

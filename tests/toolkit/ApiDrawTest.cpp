@@ -1,6 +1,5 @@
 #include "toolkit/ApiDraw.h"
 #include "tests/toolkit/Pictures.h"
-#include "toolkit/FittedText.h"
 
 #include <gtest/gtest.h>
 #include <set>
@@ -51,33 +50,20 @@ INSTANTIATE_TEST_SUITE_P(Ratio, Drawing, testing::Values(1, 1.5, 2));
 INSTANTIATE_TEST_SUITE_P(Ratio, Gradients, testing::Values(1, 2, 3));
 
 TEST_P(Drawing, ALineLeavesItsLastPointOut) {
-    struct Line {
+    const struct {
         double x1, y1, x2, y2;
         Points points;
-    };
-    const Line lines[] = {
-        {2, 3, 5, 3, {{2, 3}, {3, 3}, {4, 3}}},
-        {5, 3, 2, 3, {{5, 3}, {4, 3}, {3, 3}}},
-        {2, 3, 2, 5, {{2, 3}, {2, 4}}},
-        {2, 5, 4, 3, {{2, 5}, {3, 4}}},
-        {4, 4, 4, 4, {}},
+    } lines[] = {
+        {2, 3, 5, 3, {{2, 3}, {3, 3}, {4, 3}}}, {2, 5, 4, 3, {{2, 5}, {3, 4}}}, {4, 4, 4, 4, {}},
         {2.5, 3.5, 4.5, 3.5, {{2, 4}, {3, 4}}}, // halves go to the even neighbour
         {-2, 0, 2, 0, {{0, 0}, {1, 0}}},
     };
-    for (const Line& line : lines) {
+    for (const auto& line : lines) {
         mCanvas.Fill(QRect(0, 0, 40, 30), kBlack);
         PenMoveTo(line.x1, line.y1);
         PenLineTo(line.x2, line.y2);
         EXPECT_EQ(Painted(mCanvas, kPen), line.points) << line.x1 << ", " << line.y1;
     }
-}
-
-TEST_P(Drawing, AFilledBoxExcludesItsRightAndBottomEdges) {
-    FillBox(2, 3, 6, 5);
-    EXPECT_EQ(Painted(mCanvas, kBrush), Box(2, 3, 4, 2));
-    SetDrawBrush(kWhite);
-    FillBox(2.5F, 3.5F, 6.5F, 8.4F);
-    EXPECT_EQ(Painted(mCanvas, kWhite), Box(2, 4, 4, 4));
 }
 
 TEST_P(Drawing, ABoxIsLightAboveAndDarkBelow) {
@@ -114,8 +100,7 @@ void Sweep(int x1, int y1, int x2, int y2, RgbParts start, RgbParts end) {
 }
 
 TEST_P(Gradients, AreSweepsOfLinesAt45Degrees) {
-    const QRect boxes[] = {{3, 3, 20, 9}, {1, 2, 5, 20}, {0, 1, 30, 1}, {4, 4, 1, 12}};
-    for (const QRect& box : boxes) {
+    for (const QRect& box : {QRect(3, 3, 20, 9), QRect(1, 2, 5, 20), QRect(4, 4, 1, 12)}) {
         const int right = box.x() + box.width();
         const int bottom = box.y() + box.height();
         Canvas expected(40, 30);
@@ -130,58 +115,9 @@ TEST_P(Gradients, AreSweepsOfLinesAt45Degrees) {
             for (int y = 0; y < 30; ++y)
                 ASSERT_EQ(actual.Pixel(x, y), expected.Pixel(x, y)) << x << ", " << y;
     }
-}
-
-TEST_P(Drawing, AGradientOfOneColourOrOneColumnIsFlat) {
-    GradientBox(2, 3, 6, 7, kBrush, kBrush);
-    EXPECT_EQ(Painted(mCanvas, kBrush), Box(2, 3, 4, 5));
+    Begin(mCanvas);
     GradientBox(20, 3, 20, 7, kWhite, kWhite);
     EXPECT_EQ(Painted(mCanvas, kWhite), Box(20, 3, 1, 5));
-}
-
-TEST_P(Drawing, ShadowedTextIsTheTextOverItsOffsetCopy) {
-    const QString text = QStringLiteral("Hit");
-    ShadowText(text, kPen, kBrush, 3.5F, 2, 2);
-    Canvas expected(40, 30);
-    Begin(expected);
-    SetDrawTextColor(kBrush);
-    PlainText(text, 6, 4);
-    SetDrawTextColor(kPen);
-    PlainText(text, 4, 2);
-    EXPECT_EQ(mCanvas.Image(), expected.Image());
-    EXPECT_FALSE(Painted(mCanvas, kPen).empty());
-}
-
-TEST_P(Drawing, GoesToTheOpenBracketOnly) {
-    Canvas second(3, 3);
-    Begin(second);
-    PutPixel(1, 1, kPen);
-    EXPECT_EQ(PeekPixel(1, 1), kPen);
-    EXPECT_EQ(PeekPixel(3, 0), Canvas::kNoColor);
-    EndDraw();
-    PutPixel(2, 2, kPen);
-    FillBox(0, 0, 3, 3);
-    PenLineTo(3, 3);
-    GradientBox(0, 0, 3, 3, kPen, kPen);
-    PlainText(QStringLiteral("x"), 0, 0);
-    EXPECT_EQ(Painted(second, kBlack).size(), 8U);
-    EXPECT_EQ(Painted(mCanvas, kBlack).size(), 40U * 30U);
-}
-
-TEST(FittedText, ShrinksBeforeItIsCutOff) {
-    const QFont font = ScreenFont(24);
-    const QString title = QStringLiteral("In the Hall\nof the Mountain King");
-    const double full = FitText(title, font, 1e6).width;
-
-    const FittedText smaller = FitText(title, font, full * 0.8);
-    EXPECT_EQ(smaller.text, QString(title).replace(u'\n', u' '));
-    EXPECT_LT(smaller.font.pixelSize(), font.pixelSize());
-
-    const FittedText cut = FitText(title, font, full * 0.3);
-    EXPECT_TRUE(cut.text.endsWith(u'\u2026'));
-    EXPECT_GE(cut.font.pixelSize(), font.pixelSize() * 0.55 - 1);
-    for (const FittedText& text : {smaller, cut})
-        EXPECT_LE(text.width, full * 0.8);
 }
 
 } // namespace

@@ -13,8 +13,6 @@ class PictureFolder {
 public:
     PictureFolder() { platform::SetProgramFolder(mFolder.path().toStdString()); }
     ~PictureFolder() { platform::SetProgramFolder({}); }
-    PictureFolder(const PictureFolder&) = delete;
-    PictureFolder& operator=(const PictureFolder&) = delete;
 
     /// `file` with slashes, as in "Images/X.bmp".
     void Save(const QString& file, const QImage& picture) const {
@@ -32,8 +30,6 @@ class AtRatio {
 public:
     explicit AtRatio(double ratio) { toolkit::Canvas::SetRatio(ratio); }
     ~AtRatio() { toolkit::Canvas::SetRatio(1); }
-    AtRatio(const AtRatio&) = delete;
-    AtRatio& operator=(const AtRatio&) = delete;
 };
 
 /// Gives every pixel of the screen a colour of its own, none of them black or white.

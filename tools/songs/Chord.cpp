@@ -31,9 +31,7 @@ const std::array<Quality, 9> kQualities = {{
 }};
 
 /// The lowest key of the pitch class that is not below `lowest`.
-int KeyFrom(int lowest, int pitchClass) {
-    return lowest + (pitchClass - lowest % 12 + 12) % 12;
-}
+int KeyFrom(int lowest, int pitchClass) { return lowest + (pitchClass - lowest % 12 + 12) % 12; }
 
 } // namespace
 

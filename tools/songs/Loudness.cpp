@@ -67,9 +67,7 @@ void AddEnergies(const Samples& channel, std::vector<double>& energies) {
     }
 }
 
-double InLufs(double energy) {
-    return -0.691 + 10 * std::log10(energy + 1e-12);
-}
+double InLufs(double energy) { return -0.691 + 10 * std::log10(energy + 1e-12); }
 
 double MeanAbove(const std::vector<double>& blocks, double lufs) {
     double sum = 0;

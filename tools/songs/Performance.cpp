@@ -8,9 +8,7 @@ namespace songs {
 
 namespace {
 
-double SecondsPerTick(const Turn& turn) {
-    return 60 / turn.quartersPerMinute / kTicksPerQuarter;
-}
+double SecondsPerTick(const Turn& turn) { return 60 / turn.quartersPerMinute / kTicksPerQuarter; }
 
 /// An accompanying part and what belongs to it.
 struct Part {
@@ -100,8 +98,6 @@ float Performer::Accent(const Note& note) const {
 
 } // namespace
 
-Performance Perform(const Score& score) {
-    return Performer(score).Perform();
-}
+Performance Perform(const Score& score) { return Performer(score).Perform(); }
 
 } // namespace songs

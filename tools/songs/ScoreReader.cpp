@@ -203,8 +203,6 @@ void Reader::ReadTurn(std::string_view word, Turn& turn) {
 
 } // namespace
 
-Score ReadScore(std::istream& in, const std::string& name) {
-    return Reader().Read(in, name);
-}
+Score ReadScore(std::istream& in, const std::string& name) { return Reader().Read(in, name); }
 
 } // namespace songs

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QFileDialog>
+
+namespace toolkit {
+
+/// Qt's own file dialog, for a name that is chosen or typed.
+class FileDialog : public QFileDialog {
+public:
+    FileDialog(QWidget* owner, const QString& title, const QString& folder,
+               const QString& filter = {});
+
+    /// Shows the dialog where the program's dialogs appear. Returns the chosen paths, absolute and
+    /// with the platform's separators, empty when cancelled.
+    QStringList Choose();
+
+protected:
+    void accept() final;
+
+    /// Whether the dialog may close with what is chosen now.
+    virtual bool MayBeChosen() const { return true; }
+};
+
+} // namespace toolkit
