@@ -3,6 +3,7 @@
 #include "app/c_Menu.h"
 #include "app/c_Quick.h"
 #include "audio/c_XAudio.h"
+#include "editor/c_Editor.h"
 #include "game/c_gBet.h"
 #include "platform/Message.h"
 #include "platform/ProgramFolder.h"
@@ -56,8 +57,9 @@ void Start::ModeStep() {
 }
 
 bool Start::RunEditor() {
-    platform::ShowMessage(QStringLiteral("The playlist editor is not part of this version yet."));
-    return false;
+    c_Editor editor;
+    editor.Run();
+    return editor.ExitProgram;
 }
 
 template <typename Game> bool Start::RunGame() {

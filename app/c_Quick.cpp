@@ -2,12 +2,13 @@
 
 #include "app/f_Load.h"
 #include "app/f_Quick.h"
+#include "editor/c_Editor.h"
+#include "library/SongFolders.h"
 #include "library/SongScan.h"
 #include "library/c_ID3.h"
 #include "library/c_M3U.h"
 #include "platform/Message.h"
 #include "platform/ProgramFolder.h"
-#include "platform/Settings.h"
 #include "platform/Text.h"
 #include "platform/Time.h"
 #include "platform/Wait.h"
@@ -19,24 +20,6 @@
 using namespace toolkit;
 
 namespace fs = std::filesystem;
-
-namespace {
-
-const QString kApplication = QStringLiteral("Songrush");
-const QString kDirs = QStringLiteral("Dirs");
-const QString kMp3Dir = QStringLiteral("Mp3Dir");
-
-/// The folder in which MP3s were chosen last.
-fs::path LastMp3Folder() {
-    const fs::path folder =
-        platform::ReadPathSetting(kApplication, kDirs, kMp3Dir, platform::DocumentsFolder());
-    std::error_code error;
-    return fs::is_directory(folder, error) ? folder : platform::RootFolder();
-}
-
-fs::path PlaylistFolder() { return platform::ProgramFolder() / "PlayList"; }
-
-} // namespace
 
 c_Quick::c_Quick(f_Quick& form, f_Load& loadForm)
     : mForm(form), mLoadForm(loadForm), mWindowButtons(form) {
@@ -92,12 +75,12 @@ void c_Quick::bUseDir_Clicked() {
 bool c_Quick::QuickPlay() {
     constexpr int kFewestSongs = 10;
     const fs::path folder = platform::PathFromText(
-        BrowseForFolder(&mForm, QStringLiteral("Add Folder"), LastMp3Folder()));
+        BrowseForFolder(&mForm, QStringLiteral("Add Folder"), library::LastMp3Folder()));
     if (folder.native().size() < 2) {
         platform::ShowMessage(QStringLiteral("No directory was selected."));
         return false;
     }
-    platform::WritePathSetting(kApplication, kDirs, kMp3Dir, folder);
+    library::SetLastMp3Folder(folder);
 
     c_M3U list;
     if (!ScanFolder(folder, list))
@@ -121,8 +104,8 @@ bool c_Quick::QuickPlay() {
 
 void c_Quick::WriteQuickList(const c_M3U& list) {
     std::error_code error;
-    fs::create_directories(PlaylistFolder(), error);
-    mPath = PlaylistFolder() / "Quick.m3u";
+    fs::create_directories(library::PlaylistFolder(), error);
+    mPath = library::PlaylistFolder() / "Quick.m3u";
     if (list.WriteFile(mPath))
         return;
     // A program folder that cannot be written to need not keep anyone from playing.
@@ -162,7 +145,7 @@ bool c_Quick::ScanFolder(const fs::path& folder, c_M3U& list) {
 void c_Quick::bUsePlaylist_Clicked() {
     mBusy = true;
     mForm.hide();
-    ChangeToFolder(PlaylistFolder());
+    ChangeToFolder(library::PlaylistFolder());
     const QString chosen =
         cDialog::GetOpenName(QStringLiteral("Load Playlist"), QStringLiteral("Playlist Files"),
                              QStringLiteral("*.m3u"), QString(), false)
@@ -179,8 +162,14 @@ void c_Quick::bUsePlaylist_Clicked() {
 void c_Quick::bEditor_Clicked() {
     mBusy = true;
     mForm.hide();
-    platform::ShowMessage(QStringLiteral("The playlist editor is not part of this version yet."));
-    ShowChooser();
+    {
+        c_Editor editor;
+        editor.SetExitToPlay();
+        editor.Run();
+        mExitProgram = editor.ExitProgram;
+    }
+    if (!mExitProgram)
+        ShowChooser();
     mBusy = false;
 }
 

@@ -1,11 +1,8 @@
-#define SDL_MAIN_HANDLED
-
 #include "audio/Output.h"
 
 #include "audio/AlsaMessages.h"
+#include "audio/Sdl.h"
 #include "audio/Voice.h"
-
-#include <SDL.h>
 
 namespace audio {
 
@@ -19,11 +16,11 @@ void SDLCALL FillDevice(void* voice, Uint8* bytes, int length) {
     static_cast<Voice*>(voice)->Fill({frames, count});
 }
 
-bool StartSdl() {
-    SDL_SetMainReady();
-    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
-    SDL_SetHint(SDL_HINT_APP_NAME, "Songrush");
-    if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0)
+bool StartSdl(const Sdl& sdl) {
+    sdl.SetMainReady();
+    sdl.SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
+    sdl.SetHint(SDL_HINT_APP_NAME, "Songrush");
+    if (sdl.InitSubSystem(SDL_INIT_AUDIO) != 0)
         return false;
     SilenceAlsaMessages();
     return true;
@@ -31,11 +28,15 @@ bool StartSdl() {
 
 } // namespace
 
+Output::Output(Voice& voice) : mSdl(LoadSdl()), mVoice(voice), mSilent(voice) {}
+
 Output::~Output() {
     Close();
+    if (mSdl == nullptr)
+        return;
     if (mStarted)
-        SDL_QuitSubSystem(SDL_INIT_AUDIO);
-    SDL_TLSCleanup(); // on a thread that SDL did not make nobody else does it
+        mSdl->QuitSubSystem(SDL_INIT_AUDIO);
+    mSdl->TLSCleanup(); // on a thread that SDL did not make nobody else does it
 }
 
 void Output::Open(int rate) {
@@ -48,7 +49,9 @@ void Output::Open(int rate) {
 }
 
 bool Output::OpenDevice(int rate) {
-    mStarted = mStarted || StartSdl();
+    if (mSdl == nullptr)
+        return false;
+    mStarted = mStarted || StartSdl(*mSdl);
     if (!mStarted)
         return false;
     SDL_AudioSpec wanted = {};
@@ -58,16 +61,16 @@ bool Output::OpenDevice(int rate) {
     wanted.samples = static_cast<Uint16>(rate / kBuffersPerSecond);
     wanted.callback = FillDevice;
     wanted.userdata = &mVoice;
-    mDevice = SDL_OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0);
+    mDevice = mSdl->OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0);
     if (mDevice == 0)
         return false;
-    SDL_PauseAudioDevice(mDevice, 0);
+    mSdl->PauseAudioDevice(mDevice, 0);
     return true;
 }
 
 void Output::Close() {
     if (mDevice != 0)
-        SDL_CloseAudioDevice(mDevice);
+        mSdl->CloseAudioDevice(mDevice);
     mSilent.Close();
     mDevice = 0;
     mRate = 0;

@@ -6,6 +6,7 @@
 
 namespace audio {
 
+struct Sdl;
 class Voice;
 
 /// Where the voice is heard: the system's default sound device or, if that cannot be had, a silent
@@ -13,7 +14,7 @@ class Voice;
 /// business with SDL; the device calls the voice on a thread of its own.
 class Output {
 public:
-    explicit Output(Voice& voice) : mVoice(voice), mSilent(voice) {}
+    explicit Output(Voice& voice);
     ~Output();
     Output(const Output&) = delete;
     Output& operator=(const Output&) = delete;
@@ -30,6 +31,7 @@ public:
 private:
     bool OpenDevice(int rate);
 
+    const Sdl* mSdl;
     Voice& mVoice;
     SilentDevice mSilent;
     bool mStarted = false;

@@ -1,6 +1,7 @@
 #include "audio/c_XAudio.h"
 
 #include "audio/Deck.h"
+#include "audio/Sdl.h"
 
 #include <algorithm>
 
@@ -12,7 +13,9 @@ c_XAudio& Audio() {
     return *gAudio;
 }
 
-c_XAudio::c_XAudio() : mDeck(std::make_unique<audio::Deck>()) {}
+c_XAudio::c_XAudio() : mDeck(std::make_unique<audio::Deck>()) {
+    audio::LoadSdl(); // now, so that the first song need not wait for it when it is to be heard
+}
 
 c_XAudio::~c_XAudio() = default;
 

@@ -14,6 +14,10 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+
+#define WIN32_LEAN_AND_MEAN
+#define NOMINMAX
+#include <windows.h>
 #endif
 
 namespace platform {
@@ -110,6 +114,20 @@ void FlushFolder(const fs::path& folder) {
     close(handle);
 }
 
+/// For file systems that cannot refuse to replace: takes the name with an empty file, which works
+/// only if nothing had it, and renames over that.
+std::error_code ClaimAndRename(const fs::path& from, const fs::path& to) {
+    const int claim = open(to.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+    if (claim < 0)
+        return RegularFile::LastError();
+    close(claim);
+    if (std::rename(from.c_str(), to.c_str()) == 0)
+        return {};
+    const std::error_code error = RegularFile::LastError();
+    unlink(to.c_str());
+    return error;
+}
+
 } // namespace
 
 std::error_code ReadWholeFile(const fs::path& file, QByteArray& bytes) {
@@ -171,6 +189,22 @@ std::error_code ReplaceFile(const fs::path& file, QByteArrayView bytes) {
     return {};
 }
 
+std::error_code RenameNoReplace(const fs::path& from, const fs::path& to) {
+#ifdef RENAME_NOREPLACE
+    if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0)
+        return {};
+    if (errno != EINVAL && errno != ENOSYS)
+        return RegularFile::LastError();
+#endif
+    return ClaimAndRename(from, to);
+}
+
+std::error_code ClearReadOnly(const fs::path& file) {
+    std::error_code error;
+    fs::permissions(file, fs::perms::owner_write, fs::perm_options::add, error);
+    return error;
+}
+
 std::error_code RemoveFile(const fs::path& file) {
     return unlink(file.c_str()) == 0 || errno == ENOENT ? std::error_code()
                                                         : RegularFile::LastError();
@@ -187,6 +221,10 @@ std::error_code CheckRegular(const QString& file) {
     return info.isFile() ? std::error_code() : make_error_code(std::errc::invalid_argument);
 }
 
+std::error_code LastWindowsError() {
+    return {static_cast<int>(GetLastError()), std::system_category()};
+}
+
 std::error_code IoError() { return make_error_code(std::errc::io_error); }
 
 bool ReadTail(QFile& file, std::span<char> tail) {
@@ -197,10 +235,6 @@ bool ReadTail(QFile& file, std::span<char> tail) {
 
 bool WriteAt(QFile& file, qint64 offset, QByteArrayView bytes) {
     return file.seek(offset) && file.write(bytes.data(), bytes.size()) == bytes.size();
-}
-
-void ClearReadOnly(const QString& file) {
-    QFile::setPermissions(file, QFile::permissions(file) | QFile::WriteOwner | QFile::WriteUser);
 }
 
 } // namespace
@@ -246,7 +280,7 @@ std::error_code ReplaceFile(const fs::path& file, QByteArrayView bytes) {
     if (old && old != std::errc::no_such_file_or_directory)
         return old;
     if (!old)
-        ClearReadOnly(name);
+        ClearReadOnly(file);
     QSaveFile replacement(name);
     if (!replacement.open(QIODevice::WriteOnly))
         return make_error_code(std::errc::permission_denied);
@@ -256,12 +290,21 @@ std::error_code ReplaceFile(const fs::path& file, QByteArrayView bytes) {
     return replacement.commit() ? std::error_code() : IoError();
 }
 
+std::error_code RenameNoReplace(const fs::path& from, const fs::path& to) {
+    return MoveFileExW(from.c_str(), to.c_str(), 0) ? std::error_code() : LastWindowsError();
+}
+
+std::error_code ClearReadOnly(const fs::path& file) {
+    return SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_NORMAL) ? std::error_code()
+                                                                   : LastWindowsError();
+}
+
 std::error_code RemoveFile(const fs::path& file) {
     const QString name = TextFromPath(file);
     const std::error_code old = CheckRegular(name);
     if (old)
         return old == std::errc::no_such_file_or_directory ? std::error_code() : old;
-    ClearReadOnly(name);
+    ClearReadOnly(file);
     return QFile::remove(name) ? std::error_code() : make_error_code(std::errc::permission_denied);
 }
 

@@ -28,6 +28,13 @@ std::error_code ReplaceTail(const std::filesystem::path& file, std::size_t repla
 /// replace the old ones in one step; on error the old file is as it was.
 std::error_code ReplaceFile(const std::filesystem::path& file, QByteArrayView bytes);
 
+/// Gives a file another name on the same file system; never one that another file has, also where
+/// the system's own rename would replace that one. On error the file is where it was.
+std::error_code RenameNoReplace(const std::filesystem::path& from, const std::filesystem::path& to);
+
+/// Makes a file writable for its owner; on Windows also neither hidden nor of the system.
+std::error_code ClearReadOnly(const std::filesystem::path& file);
+
 /// Deletes a file, also a read-only one; a link itself, not what it leads to. No error when there
 /// is none.
 std::error_code RemoveFile(const std::filesystem::path& file);

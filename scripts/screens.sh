@@ -7,8 +7,11 @@
 declare -A PLACE    # control: left, top, width, height
 declare -A PROBE    # control: a point (x, y) and its colours normal, hovered, pressed
 declare -A BMP      # picture: offset of the pixels, width, height, bytes of a row and of a pixel
+MESSAGE='(Songrush|Mp3 Editor)' # the titles that messages have
 RING=ffdd78         # frame of the control that the keys are on
 DIALOG_EDGE=0096fa  # left edge of the small forms
+LINES_TOP=123       # of the editor's list
+LINE_HEIGHT=22
 
 # read_controls <program folder>
 read_controls() {
@@ -34,6 +37,13 @@ read_controls() {
     plain_button quickplay 200 200 400 60
     plain_button playlist 200 280 400 60
     plain_button create_playlist 200 360 400 60
+
+    local button left=20 top=512
+    for button in add_file add_dir remove edit preview load save exit_editor; do
+        plain_button $button $left $top 184 36
+        left=$((left + 192))
+        [ $button != edit ] || { left=20 && top=556; }
+    done
 
     local choice height
     height=$(skin_height BGeneric)
@@ -155,6 +165,7 @@ tab_to() {
 menu_shown() { shows one_player && shows several_players && shows editor; }
 second_stage_shown() { shows "back$1" && shows "betting$1" && hidden editor; }
 chooser_shown() { shows quickplay && shows playlist && shows create_playlist; }
+editor_shown() { shows add_file && shows exit_editor; }
 question_shown() { shows play; }
 bet_shown() { choices_shown && hidden play && hidden hint; }
 choices_shown() { shows choice1 && shows choice2 && shows choice3 && shows choice4; }
@@ -178,10 +189,10 @@ answer_was_right() {
 
 # answer_message <key>: a message is on the screen and goes away.
 answer_message() {
-    await "a message" find_dialog Songrush
+    await "a message" find_dialog "$MESSAGE"
     settle
     press_key "$1"
-    await "the end of the message" no_dialog Songrush
+    await "the end of the message" no_dialog "$MESSAGE"
 }
 
 # answer_file_dialog <title> <path>
@@ -190,6 +201,14 @@ answer_file_dialog() {
     settle
     enter_text "$2"
     await "the end of the dialog $1" no_dialog "$1"
+}
+
+# click_on_line <line> [key to hold]: of the editor's list as it is scrolled, from 0.
+click_on_line() {
+    move_to 200 $((LINES_TOP + LINE_HEIGHT * $1 + LINE_HEIGHT / 2))
+    [ $# -eq 1 ] || xdotool keydown "$2"
+    xdotool click 1
+    [ $# -eq 1 ] || xdotool keyup "$2"
 }
 
 # The numbers of the choices that a hint has left.

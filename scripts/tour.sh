@@ -46,7 +46,7 @@ numbered_picture() {
 
 # message <name> [key]
 message() {
-    await "the message $1" find_dialog Songrush
+    await "the message $1" find_dialog "$MESSAGE"
     shot "$1"
     answer_message "${2:-Return}"
 }
@@ -78,9 +78,6 @@ tour_menu() {
     await "the released button" shows several_players normal
     tab_to one_player
     shot menu-keyboard-focus
-    click_on editor
-    message editor-not-there-yet
-    await "the menu" menu_shown
     start_second_copy
 }
 
@@ -90,6 +87,87 @@ start_second_copy() {
     message already-running
     await_end 0
     PROGRAM=$first
+}
+
+# A list made of the sample songs, corrected, heard, saved and loaded.
+tour_editor() {
+    click_on editor
+    await "the editor" editor_shown
+    move_away
+    shot editor-empty
+    click_on preview
+    message no-songs-in-list
+    click_on add_dir
+    file_dialog "Add Folder" editor-folder-dialog "$program/Music"
+    await "the end of the scan" list_has_line 16
+    move_away
+    shot editor-filled
+    click_at 640 86 # the header of the artists
+    shot editor-sorted-by-artist
+    click_on_line 2
+    click_on_line 5 shift
+    click_on_line 8 ctrl
+    shot editor-marked
+    click_on remove
+    shot editor-removed
+    tour_title_dialog
+    tour_preview
+    click_on save
+    file_dialog "Save Playlist" editor-save-dialog Mine
+    await "the saved list" own_list_saved
+    click_on exit_editor
+    await "the menu" menu_shown
+}
+
+own_list_saved() { [ "$(grep -c mp3 "$program/PlayList/Mine.m3u" 2>/dev/null)" = 18 ]; }
+
+tour_title_dialog() {
+    click_on_line 1
+    click_on edit
+    await "the title dialog" title_dialog_shown
+    shot title-dialog
+    press_key ctrl+a
+    xdotool type --delay 1 "An artist - A title of some length: of the tour"
+    shot title-dialog-typed
+    press_key alt+t
+    shot title-dialog-taken-apart
+    press_key alt+p
+    await "the end of the title dialog" title_dialog_gone
+    shot editor-after-edit
+    [ -f "$program/Music/An artist - A title of some length of the tour.mp3" ] ||
+        fail "the song should have its new name"
+}
+
+title_dialog_shown() { has_pixel 100 300 $DIALOG_EDGE; }
+title_dialog_gone() { ! title_dialog_shown; }
+
+tour_preview() {
+    click_on_line 1
+    click_on preview
+    await "the player" player_shown
+    shot_of_display preview
+    click_at 29 57
+    sleep 1.2
+    shot_at_once preview-playing
+    move_to 143 57
+    xdotool mousedown 1
+    sleep 1
+    shot_at_once preview-fast-forward
+    xdotool mouseup 1
+    click_at 67 57
+    sleep 0.3
+    shot_at_once preview-paused
+    click_at 270 14
+    await "the end of the player" player_gone
+}
+
+player_shown() { xdotool search --onlyvisible --name '^A title of some length' >/dev/null; }
+player_gone() { ! player_shown; }
+
+# list_has_line <line>: of the editor's list as it is scrolled, from 0.
+list_has_line() {
+    local y=$((LINES_TOP + LINE_HEIGHT * $1))
+    screen_lines $y $LINE_HEIGHT | od -An -v -tx4 -w4 | grep -q 'e2e2ff$'
 }
 
 tour_second_stage() {
@@ -122,7 +200,7 @@ tour_second_stage() {
     click_on normal_play
 }
 
-# Everything that the chooser refuses, and the waiting window.
+# Everything that the chooser refuses, the editor on the way to a game, and the waiting window.
 tour_chooser() {
     local few=$MEMORY/few untitled=$MEMORY/untitled
     await "the chooser" chooser_shown
@@ -134,7 +212,13 @@ tour_chooser() {
     file_dialog "Load Playlist" file-dialog ""
     message no-playlist-selected
     click_on create_playlist
-    message chooser-editor-not-there-yet
+    await "the editor" editor_shown
+    click_on load
+    file_dialog "Load Playlist" editor-load-dialog Mine.m3u
+    await "the songs" list_has_line 15
+    shot editor-loaded-on-the-way-to-a-game
+    click_on exit_editor
+    await "the chooser" chooser_shown
     click_on quickplay
     file_dialog "Add Folder" folder-dialog ""
     message no-directory-selected
@@ -158,7 +242,7 @@ tour_chooser() {
     rm -r "$few" "$untitled"
 }
 
-search_begun() { loading_shown || find_dialog Songrush; }
+search_begun() { loading_shown || find_dialog "$MESSAGE"; }
 
 # A list that the game refuses; back from the menu to the chooser.
 tour_short_playlist() {
@@ -187,7 +271,7 @@ tour_normal_play() {
     local question
     ANSWERS=
     click_on playlist
-    file_dialog "Load Playlist" file-dialog-sample-list Sample.m3u
+    file_dialog "Load Playlist" file-dialog-own-list Mine.m3u
     for question in 1 2 3 4 5 6; do
         await "the question" question_shown
         [ $question -gt 1 ] || show_question
@@ -298,6 +382,7 @@ open_display
 read_controls "$program"
 start_program "$program"
 tour_menu
+tour_editor
 tour_second_stage
 tour_chooser
 tour_short_playlist

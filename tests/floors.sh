@@ -7,7 +7,8 @@ declare -A below=(
     [audio]="platform audio"
     [toolkit]="platform toolkit"
     [game]="platform library audio toolkit game"
-    [app]="platform library audio toolkit game app"
+    [editor]="platform library audio toolkit editor"
+    [app]="platform library audio toolkit game editor app"
 )
 wrong=0
 for floor in "${!below[@]}"; do

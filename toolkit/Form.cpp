@@ -58,10 +58,10 @@ void Form::closeEvent(QCloseEvent* event) {
     Q_EMIT CloseRequested();
 }
 
-void Form::hideEvent(QHideEvent* event) {
-    if (size() == kScreenSize)
+void Form::moveEvent(QMoveEvent* event) {
+    if (isVisible() && size() == kScreenSize)
         gPlace = pos();
-    QWidget::hideEvent(event);
+    QWidget::moveEvent(event);
 }
 
 void Form::mousePressEvent(QMouseEvent*) { DragForm(this); }

@@ -35,6 +35,12 @@ to_menu() {
     settle
 }
 
+to_editor() {
+    to_menu
+    click_on editor
+    await "the editor" editor_shown
+}
+
 to_second_stage() {
     to_menu
     click_on one_player
@@ -102,6 +108,7 @@ left_by_close_button() {
 }
 
 the_close_button_ends_the_menu() { left_by_close_button menu 0; }
+the_close_button_ends_the_editor() { left_by_close_button editor 0; }
 the_close_button_ends_the_second_stage() { left_by_close_button second_stage 0; }
 the_close_button_ends_the_chooser() { left_by_close_button chooser 0; }
 the_close_button_ends_the_board_before_play() { left_by_close_button question 1; }
@@ -133,6 +140,7 @@ terminated() {
     expect_marks "$2"
 }
 
+a_termination_ends_the_editor() { terminated editor 0; }
 a_termination_ends_a_question() { terminated playing 1; }
 a_termination_ends_the_scores() { terminated scores 6; }
 a_termination_ends_an_open_message() {
@@ -213,6 +221,7 @@ a_table_that_cannot_be_written_is_told_once() {
 
 cases=(
     the_close_button_ends_the_menu
+    the_close_button_ends_the_editor
     the_close_button_ends_the_second_stage
     the_close_button_ends_the_chooser
     the_close_button_ends_the_board_before_play
@@ -224,6 +233,7 @@ cases=(
     a_window_manager_closes_the_chooser
     a_window_manager_closes_the_board
     a_window_manager_closes_the_table
+    a_termination_ends_the_editor
     a_termination_ends_a_question
     a_termination_ends_the_scores
     a_termination_ends_an_open_message

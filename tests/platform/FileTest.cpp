@@ -66,6 +66,36 @@ TEST(ReplaceFileTest, LinksStayAndWhatTheyLeadToIsReplaced) {
     EXPECT_TRUE(fs::is_symlink(folder.Path() / "sub/inner"));
 }
 
+TEST(RenameTest, AFileMovesOnlyToANameThatIsFree) {
+    const TemporaryFolder folder;
+    const fs::path song = folder.Write("song \xFF?", "song");
+    const fs::path other = folder.Write("other", "other");
+    fs::create_symlink("nowhere", folder.Path() / "dangling");
+    fs::create_directory(folder.Path() / "folder");
+    for (const std::string& name :
+         {std::string("other"), std::string("dangling"), std::string("folder"),
+          std::string("missing/name"), std::string(256, 'n'), song.filename().string()}) {
+        EXPECT_TRUE(platform::RenameNoReplace(song, folder.Path() / name)) << name;
+        EXPECT_EQ(BytesOf(song), "song") << name;
+    }
+    EXPECT_EQ(BytesOf(other), "other");
+    EXPECT_TRUE(platform::RenameNoReplace(folder.Path() / "missing", folder.Path() / "new"));
+    EXPECT_EQ(folder.Entries(), 4);
+    EXPECT_FALSE(platform::RenameNoReplace(song, folder.Path() / "new"));
+    EXPECT_EQ(BytesOf(folder.Path() / "new"), "song");
+    EXPECT_EQ(folder.Entries(), 4);
+}
+
+TEST(ClearReadOnlyTest, OnlyTheOwnersPermissionToWriteIsAdded) {
+    const TemporaryFolder folder;
+    const fs::path file = folder.Write("file", "bytes");
+    MakeReadOnly(file);
+    EXPECT_FALSE(platform::ClearReadOnly(file));
+    EXPECT_EQ(fs::status(file).permissions(),
+              fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+    EXPECT_TRUE(platform::ClearReadOnly(folder.Path() / "missing"));
+}
+
 TEST(FullDiskTest, AFailureLeavesTheOldFileWholeAndNothingBeside) {
     const TemporaryFolder folder;
     const std::string old(1000, 'o');

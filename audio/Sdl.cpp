@@ -1,0 +1,41 @@
+#include "audio/Sdl.h"
+
+#include <QLibrary>
+#include <optional>
+
+namespace audio {
+
+namespace {
+
+template <typename Function> bool Resolve(QLibrary& library, const char* name, Function& function) {
+    function = reinterpret_cast<Function>(library.resolve(name));
+    return function != nullptr;
+}
+
+std::optional<Sdl> Load() {
+#ifdef Q_OS_UNIX
+    QLibrary library(QStringLiteral("SDL2-2.0"), 0);
+#else
+    QLibrary library(QStringLiteral("SDL2"));
+#endif
+    library.setLoadHints(QLibrary::PreventUnloadHint);
+    Sdl sdl;
+    const bool complete = Resolve(library, "SDL_SetMainReady", sdl.SetMainReady) &&
+                          Resolve(library, "SDL_SetHint", sdl.SetHint) &&
+                          Resolve(library, "SDL_InitSubSystem", sdl.InitSubSystem) &&
+                          Resolve(library, "SDL_QuitSubSystem", sdl.QuitSubSystem) &&
+                          Resolve(library, "SDL_TLSCleanup", sdl.TLSCleanup) &&
+                          Resolve(library, "SDL_OpenAudioDevice", sdl.OpenAudioDevice) &&
+                          Resolve(library, "SDL_PauseAudioDevice", sdl.PauseAudioDevice) &&
+                          Resolve(library, "SDL_CloseAudioDevice", sdl.CloseAudioDevice);
+    return complete ? std::optional(sdl) : std::nullopt;
+}
+
+} // namespace
+
+const Sdl* LoadSdl() {
+    static const std::optional<Sdl> sdl = Load();
+    return sdl ? &*sdl : nullptr;
+}
+
+} // namespace audio

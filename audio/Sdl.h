@@ -1,0 +1,24 @@
+#pragma once
+
+#define SDL_MAIN_HANDLED
+#include <SDL.h>
+
+namespace audio {
+
+/// What the program uses of SDL.
+struct Sdl {
+    decltype(&SDL_SetMainReady) SetMainReady;
+    decltype(&SDL_SetHint) SetHint;
+    decltype(&SDL_InitSubSystem) InitSubSystem;
+    decltype(&SDL_QuitSubSystem) QuitSubSystem;
+    decltype(&SDL_TLSCleanup) TLSCleanup;
+    decltype(&SDL_OpenAudioDevice) OpenAudioDevice;
+    decltype(&SDL_PauseAudioDevice) PauseAudioDevice;
+    decltype(&SDL_CloseAudioDevice) CloseAudioDevice;
+};
+
+/// SDL, loaded by the first call, from any thread; null where there is none. It brings thirty
+/// libraries with it, for which the program's start need not wait.
+const Sdl* LoadSdl();
+
+} // namespace audio

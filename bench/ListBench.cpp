@@ -1,0 +1,113 @@
+// A list of 100,000 songs: filling, sorting, removing half of them, and what is done between two
+// pictures.
+
+#include "toolkit/Form.h"
+#include "toolkit/c_PicList.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <benchmark/benchmark.h>
+#include <random>
+
+namespace {
+
+using namespace toolkit;
+
+constexpr int kSongs = 100'000;
+
+class SongList {
+public:
+    SongList() {
+        mList.Create(&mBox, QStringLiteral("File Name\\Song Title\\Artist"));
+        QObject::connect(&mList, &c_PicList::LinePrint, [this](ListCell& cell) {
+            if (mList.TextWidth(cell.text) > cell.width)
+                cell.text.chop(1);
+        });
+        mForm.show();
+    }
+
+    void Fill() {
+        std::mt19937 random(1);
+        for (int i = 0; i < kSongs; ++i) {
+            const auto number = static_cast<int>(random() % kSongs);
+            mList.AddItem(QStringLiteral("%1 - The Band - A Song About Number %2\\A Song About "
+                                         "Number %2\\The Band %1")
+                              .arg(number % 1000)
+                              .arg(number),
+                          QStringLiteral("?Music?Folder %1?%2.mp3").arg(number % 100).arg(number));
+            if (i % 10 == 9) {
+                mList.Refresh();
+                QApplication::processEvents();
+            }
+        }
+    }
+
+    void Press(Qt::Key key) {
+        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+        QApplication::sendEvent(&mBox, &event);
+    }
+
+    c_PicList& List() { return mList; }
+    PictureBox& Box() { return mBox; }
+
+private:
+    Form mForm{QStringLiteral("f_Bench")};
+    PictureBox mBox{&mForm, QStringLiteral("pList"), QSize(760, 440)};
+    c_PicList mList;
+};
+
+void FillAndShow(benchmark::State& state) {
+    for (auto _ : state) {
+        SongList songs;
+        songs.Fill();
+    }
+}
+BENCHMARK(FillAndShow)->Unit(benchmark::kMillisecond);
+
+void Sort(benchmark::State& state) {
+    SongList songs;
+    songs.Fill();
+    int mode = 0;
+    for (auto _ : state) {
+        songs.List().SortByHeader(static_cast<int>(state.range(0)), mode);
+        mode = 2 - mode;
+    }
+}
+BENCHMARK(Sort)->DenseRange(0, 2)->Unit(benchmark::kMillisecond);
+
+void RemoveEverySecondLine(benchmark::State& state) {
+    for (auto _ : state) {
+        state.PauseTiming();
+        SongList songs;
+        songs.Fill();
+        state.ResumeTiming();
+        for (int line = kSongs - 1; line >= 0; line -= 2)
+            songs.List().RemoveLine(line);
+    }
+}
+BENCHMARK(RemoveEverySecondLine)->Unit(benchmark::kMillisecond);
+
+/// From the key to the finished picture of the list and its copy in the window.
+void KeyToPicture(benchmark::State& state) {
+    SongList songs;
+    songs.Fill();
+    songs.Press(Qt::Key_End);
+    for (auto _ : state) {
+        songs.Press(Qt::Key_Up);
+        songs.Box().repaint();
+    }
+}
+BENCHMARK(KeyToPicture)->Unit(benchmark::kMicrosecond);
+
+/// Nothing begins with it: every line is looked at.
+void TypeALetterInVain(benchmark::State& state) {
+    SongList songs;
+    songs.Fill();
+    for (auto _ : state) {
+        QKeyEvent event(QEvent::KeyPress, Qt::Key_X, Qt::NoModifier, QStringLiteral("x"));
+        QApplication::sendEvent(&songs.Box(), &event);
+    }
+}
+BENCHMARK(TypeALetterInVain)->Unit(benchmark::kMillisecond);
+
+} // namespace

@@ -1,0 +1,86 @@
+#include "editor/TitleRules.h"
+
+#include <QStringList>
+#include <QStringView>
+#include <algorithm>
+#include <array>
+#include <iterator>
+
+namespace editor {
+
+namespace {
+
+const QString kEnding = QStringLiteral(".mp3");
+
+bool StaysLower(QString word) {
+    static constexpr std::array<QStringView, 11> kLittleWords = {
+        u"is", u"the", u"and", u"a", u"if", u"am", u"of", u"on", u"but", u"nor", u"for"};
+    word.remove(u',');
+    return std::find(kLittleWords.begin(), kLittleWords.end(), word) != kLittleWords.end();
+}
+
+/// The two parts around a separator; nothing if there are more parts or fewer.
+std::optional<ArtistAndTitle> SplitInTwo(const QString& name, QChar separator) {
+    const QStringList parts = name.split(separator);
+    if (parts.size() != 2)
+        return std::nullopt;
+    return ArtistAndTitle{parts[0], parts[1]};
+}
+
+} // namespace
+
+QString Trim(const QString& text) {
+    const auto isSpace = [](QChar c) { return c == u' '; };
+    const auto first = std::find_if_not(text.begin(), text.end(), isSpace);
+    const auto last = std::find_if_not(text.rbegin(), std::make_reverse_iterator(first), isSpace);
+    return QString(first, last.base() - first);
+}
+
+QString CapitalizeWords(const QString& text) {
+    QStringList words = text.toLower().split(u' ');
+    for (qsizetype i = 0; i < words.size(); ++i) {
+        QString& word = words[i];
+        if (!word.isEmpty() && (i == 0 || !StaysLower(word)))
+            word.front() = word.front().toUpper();
+    }
+    return words.join(u' ');
+}
+
+QString RemoveJunk(const QString& text) {
+    QString kept = QString(text).replace(u'_', u' ');
+    kept.removeIf([](QChar c) { return QStringView(u"~<>{}+=/\\?").contains(c); });
+    return Trim(kept);
+}
+
+ArtistAndTitle GuessFromName(const QString& name) {
+    std::optional<ArtistAndTitle> guess = SplitInTwo(name, u'-');
+    if (!guess)
+        guess = SplitInTwo(name, u'_');
+    if (!guess)
+        guess = {QStringLiteral("Unknown"), QString(name).remove(kEnding, Qt::CaseInsensitive)};
+    return {RemoveJunk(guess->artist), RemoveJunk(guess->title)};
+}
+
+std::optional<QString> Combine(const QString& artist, const QString& title) {
+    const QString first = Trim(artist);
+    const QString second = Trim(title);
+    if (first.isEmpty() && second.isEmpty())
+        return std::nullopt;
+    return first + u'-' + second;
+}
+
+QString NameCharacters(const QString& text) {
+    QString kept = text;
+    kept.removeIf([](QChar c) { return c < u' ' || QStringView(u"\\/<>:*|?").contains(c); });
+    return kept;
+}
+
+QString WithoutEnding(const QString& name) {
+    return name.endsWith(kEnding, Qt::CaseInsensitive) ? name.chopped(kEnding.size()) : name;
+}
+
+QString WithEnding(const QString& name) {
+    return name.endsWith(kEnding, Qt::CaseInsensitive) ? name : name + kEnding;
+}
+
+} // namespace editor

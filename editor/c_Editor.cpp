@@ -1,0 +1,390 @@
+#include "editor/c_Editor.h"
+
+#include "library/SongFolders.h"
+#include "library/SongScan.h"
+#include "library/c_ID3.h"
+#include "library/c_M3U.h"
+#include "platform/Message.h"
+#include "platform/Text.h"
+#include "platform/Wait.h"
+#include "toolkit/SelectFolder.h"
+#include "toolkit/cDialog.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QLocale>
+#include <algorithm>
+
+using namespace toolkit;
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr int kRefreshEvery = 10;
+
+const QString kTitle = QStringLiteral("Mp3 Editor");
+
+void Tell(const QString& text) { platform::ShowMessage(text, platform::Icon::Information, kTitle); }
+
+QString WithoutLastFour(const QString& name) {
+    constexpr qsizetype kEnding = 4; // ".mp3"
+    return name.left(std::max<qsizetype>(0, name.size() - kEnding));
+}
+
+QString LineOf(const QString& fileName, const QString& title, const QString& artist) {
+    return platform::EscapeSeparators(WithoutLastFour(fileName)) + u'\\' +
+           platform::EscapeSeparators(title) + u'\\' + platform::EscapeSeparators(artist);
+}
+
+/// The files of a multiple selection: one path, or a folder and names in it.
+std::vector<fs::path> ChosenFiles(const QString& answer) {
+    const QStringList parts = answer.split(u'?');
+    const auto path = [](const QString& part) {
+        return platform::PathFromText(platform::UnescapeSeparators(part));
+    };
+    if (parts.size() == 1)
+        return {path(parts.front())};
+    std::vector<fs::path> files;
+    for (const QString& name : parts.mid(1))
+        files.push_back(path(parts.front()) / path(name));
+    return files;
+}
+
+QString WithPlaylistEnding(const QString& name) {
+    const QString ending = QStringLiteral(".m3u");
+    return name.endsWith(ending, Qt::CaseInsensitive) ? name : name + ending;
+}
+
+} // namespace
+
+c_Editor::c_Editor() : mWindowButtons(mForm) {
+    mForm.CopyBackground();
+    bAddFile.Create(mForm.pAddFile, QStringLiteral("Add File"));
+    bAddDir.Create(mForm.pAddDir, QStringLiteral("Add Directory"));
+    bRemove.Create(mForm.pRemove, QStringLiteral("Remove"));
+    bEdit.Create(mForm.pEdit, QStringLiteral("Edit Title/Artist"));
+    bPlay.Create(mForm.pPlay, QStringLiteral("Play"));
+    bLoad.Create(mForm.pLoad, QStringLiteral("Load PlayList"));
+    bSave.Create(mForm.pSave, QStringLiteral("Save PlayList"));
+    bMenu.Create(mForm.pMenu, QStringLiteral("Exit Editor"));
+    mList.Create(mForm.pList, QStringLiteral("File Name\\Song Title\\Artist"));
+    Connect();
+}
+
+c_Editor::~c_Editor() { mForm.hide(); }
+
+void c_Editor::Connect() {
+    connect(&bAddFile, &c_PicButton::Clicked, this, &c_Editor::bAddFile_Clicked);
+    connect(&bAddDir, &c_PicButton::Clicked, this, &c_Editor::bAddDir_Clicked);
+    connect(&bRemove, &c_PicButton::Clicked, this, &c_Editor::bRemove_Clicked);
+    connect(&bEdit, &c_PicButton::Clicked, this, &c_Editor::bEdit_Clicked);
+    connect(&bPlay, &c_PicButton::Clicked, this, &c_Editor::bPlay_Clicked);
+    connect(&bLoad, &c_PicButton::Clicked, this, &c_Editor::bLoad_Clicked);
+    connect(&bSave, &c_PicButton::Clicked, this, &c_Editor::bSave_Clicked);
+    connect(&bMenu, &c_PicButton::Clicked, this, &c_Editor::bMenu_Clicked);
+    connect(&mWindowButtons.bX, &c_SurfButton::Clicked, this, &c_Editor::bX_Clicked);
+    connect(&mWindowButtons.bMin, &c_SurfButton::Clicked, this, &c_Editor::bMin_Clicked);
+    connect(&mList, &c_PicList::HeaderSelClicked, this, &c_Editor::mList_HeaderSelClicked);
+    connect(&mList, &c_PicList::LineDoubleClicked, this, &c_Editor::mList_LineDoubleClicked);
+    connect(&mList, &c_PicList::LinePrint, this, &c_Editor::mList_LinePrint);
+    connect(&mList, &c_PicList::LineSelChanged, this, &c_Editor::mList_LineSelChanged);
+    connect(&mList, &c_PicList::RemoveWanted, this, &c_Editor::bRemove_Clicked);
+    connect(&mList, &c_PicList::SelectAllWanted, this, &c_Editor::MarkAll);
+}
+
+void c_Editor::SetExitToPlay() { bMenu.SetCaption(QStringLiteral("Play Game")); }
+
+void c_Editor::Run() {
+    ExitProgram = true;
+    mForm.ShowInPlace();
+    mWindowButtons.Refresh();
+    ShowAll();
+    mForm.pList->setFocus();
+    platform::WaitWhile([this] { return mForm.isVisible(); });
+}
+
+void c_Editor::bAddFile_Clicked() {
+    constexpr qsizetype kShortest = 3;
+    std::error_code ignored;
+    fs::current_path(library::LastMp3Folder(), ignored);
+    const QString answer =
+        cDialog::GetOpenName(QStringLiteral("Select an Mp3"), QStringLiteral("Mp3s"),
+                             QStringLiteral("*.mp3"), QString(), true)
+            .trimmed();
+    if (answer.size() < kShortest)
+        return;
+    library::SetLastMp3Folder(fs::current_path(ignored));
+    for (const fs::path& song : ChosenFiles(answer))
+        AddSong(song);
+    ShowAll();
+}
+
+void c_Editor::bAddDir_Clicked() {
+    constexpr std::size_t kShortest = 2;
+    const fs::path folder = platform::PathFromText(
+        BrowseForFolder(&mForm, QStringLiteral("Add Folder"), library::LastMp3Folder()));
+    library::SetLastMp3Folder(folder);
+    if (folder.native().size() < kShortest)
+        return;
+    mFolders.push_back(folder);
+    // A scan under way comes to it in its turn.
+    if (!mScanning)
+        ScanWaitingFolders();
+}
+
+void c_Editor::ScanWaitingFolders() {
+    mScanning = true;
+    while (!mFolders.empty()) {
+        const fs::path folder = mFolders.front();
+        mFolders.pop_front();
+        ScanFolder(folder);
+    }
+    mScanning = false;
+    mReading.clear();
+    ShowAll();
+}
+
+void c_Editor::ScanFolder(const fs::path& folder) {
+    int unseen = 0;
+    const std::function<bool()> goOn = StillWanted();
+    library::ScanSongs(folder, {[&](const fs::path& entered) {
+                                    mReading = platform::ShownText(entered);
+                                    unseen = 0;
+                                    ShowAll();
+                                    return goOn();
+                                },
+                                [&](const fs::path& song, const c_ID3& tag) {
+                                    AddSong(song, tag);
+                                    if (++unseen % kRefreshEvery == 0)
+                                        ShowAll();
+                                    return goOn();
+                                }});
+}
+
+/// Lets events run and tells whether the list is still being filled with what it was.
+std::function<bool()> c_Editor::StillWanted() {
+    return [this, filling = mFilling] {
+        platform::PumpEventsNowAndThen();
+        return filling == mFilling && mForm.isVisible() && !platform::Quitting();
+    };
+}
+
+void c_Editor::AddSong(const fs::path& song, const c_ID3& tag) {
+    mList.AddItem(LineOf(platform::ShownText(song.filename()), tag.Title(), tag.Artist()),
+                  platform::KeyFromPath(song));
+    mMarks.resize(static_cast<std::size_t>(mList.LineCount()));
+}
+
+void c_Editor::AddSong(const fs::path& song) {
+    c_ID3 tag;
+    tag.GetIdTag(song);
+    AddSong(song, tag);
+}
+
+void c_Editor::ShowAll() {
+    const int count = mList.LineCount();
+    QString songs = count == 1 ? QStringLiteral("1 song")
+                               : QStringLiteral("%1 songs").arg(QLocale().toString(count));
+    if (count == 0 && mReading.isEmpty())
+        songs = QStringLiteral("Add files or a directory");
+    const QString reading = mReading.isEmpty() ? QString() : QStringLiteral("Adding ") + mReading;
+    mList.SetSubHeader(songs + u'\\' + platform::EscapeSeparators(reading) + u'\\');
+    mList.Refresh();
+}
+
+bool c_Editor::AnySong() {
+    if (mList.LineCount() > 0)
+        return true;
+    Tell(QStringLiteral("No songs in list"));
+    return false;
+}
+
+bool c_Editor::SongSelected() {
+    if (!AnySong())
+        return false;
+    if (mList.LineSelectedNum() >= 0)
+        return true;
+    Tell(QStringLiteral("No song is selected."));
+    return false;
+}
+
+fs::path c_Editor::SelectedSong() const {
+    return platform::PathFromKey(mList.LineKey(mList.LineSelectedNum()));
+}
+
+void c_Editor::bEdit_Clicked() {
+    if (!SongSelected())
+        return;
+    const int line = mList.LineSelectedNum();
+    const QString key = mEdit.Run(SelectedSong());
+    if (mEdit.Cancelled)
+        return;
+    mList.SetLineText(
+        line, LineOf(mEdit.tFileName->text(), mEdit.tSongTitle->text(), mEdit.tArtist->text()));
+    mList.SetLineKey(line, key);
+    ShowAll();
+}
+
+void c_Editor::bPlay_Clicked() {
+    if (!SongSelected())
+        return;
+    mPlayer.OpenFile(SelectedSong());
+    mPlayer.Show();
+}
+
+void c_Editor::bRemove_Clicked() {
+    if (mList.LineCount() == 0)
+        return;
+    const int selected = mList.LineSelectedNum();
+    // Downwards, so that the numbers of the lines still to be looked at stay right.
+    for (int line = mList.LineCount() - 1; line >= 0; --line)
+        if (line == selected || mMarks[static_cast<std::size_t>(line)])
+            mList.RemoveLine(line);
+    mMarks.assign(static_cast<std::size_t>(mList.LineCount()), false);
+    mLastSel = mRangeStart = mList.LineSelectedNum();
+    ShowAll();
+}
+
+void c_Editor::bSave_Clicked() {
+    if (mList.LineCount() == 0) {
+        Tell(QStringLiteral("Nothing to save."));
+        return;
+    }
+    std::error_code ignored;
+    fs::create_directories(library::PlaylistFolder(), ignored);
+    ChangeToFolder(library::PlaylistFolder());
+    const QString answer = cDialog::GetSaveName(
+        QStringLiteral("Save Playlist"), QStringLiteral("PlayList Files"), QStringLiteral("*.m3u"));
+    if (answer.isEmpty())
+        return;
+    if (UntitledSongs())
+        platform::ShowMessage(
+            QStringLiteral("Warning, This playlist contains MP3s that do not have song titles "
+                           "set.\n"
+                           "If used for a game, the filename will be used for the song title."),
+            platform::Icon::Warning);
+    c_M3U playlist;
+    for (int line = 0; line < mList.LineCount(); ++line)
+        playlist.Add(platform::PathFromKey(mList.LineKey(line)));
+    playlist.WriteFile(platform::PathFromText(WithPlaylistEnding(answer)));
+    platform::PumpEvents();
+}
+
+bool c_Editor::UntitledSongs() const {
+    for (int line = 0; line < mList.LineCount(); ++line) {
+        const QStringList columns = mList.LineText(line).split(u'\\');
+        if (columns.size() > 1 && columns[1].trimmed().isEmpty())
+            return true;
+    }
+    return false;
+}
+
+void c_Editor::bLoad_Clicked() {
+    ChangeToFolder(library::PlaylistFolder());
+    const QString answer =
+        cDialog::GetOpenName(QStringLiteral("Load Playlist"), QStringLiteral("Playlist Files"),
+                             QStringLiteral("*.m3u"), QString(), false)
+            .trimmed();
+    if (answer.isEmpty())
+        return;
+    c_M3U playlist;
+    playlist.ReadFile(platform::PathFromText(answer));
+    if (playlist.Count() == 0)
+        return;
+    ++mFilling;
+    mFolders.clear();
+    mList.ClearLines();
+    mMarks.clear();
+    mLastSel = mRangeStart = -1;
+    mReading = platform::ShownText(platform::PathFromText(answer).filename());
+    const std::function<bool()> goOn = StillWanted();
+    for (int song = 0; song < playlist.Count() && goOn(); ++song) {
+        AddSong(playlist.FileName(song));
+        if (song % kRefreshEvery == 0)
+            ShowAll();
+    }
+    mReading.clear();
+    ShowAll();
+}
+
+void c_Editor::bMenu_Clicked() {
+    ExitProgram = false;
+    mForm.hide();
+}
+
+void c_Editor::bX_Clicked() { mForm.hide(); }
+
+void c_Editor::bMin_Clicked() { mForm.showMinimized(); }
+
+void c_Editor::mList_HeaderSelClicked(int column) {
+    QApplication::beep();
+    const std::vector<int> before = mList.SortByHeader(column, mSortMode == 1 ? 2 : 0);
+    mSortMode = mSortMode == 1 ? 0 : 1;
+
+    const std::vector<bool> marks = std::move(mMarks);
+    const int last = mLastSel;
+    const int start = mRangeStart;
+    mMarks.resize(before.size());
+    for (std::size_t line = 0; line < before.size(); ++line) {
+        mMarks[line] = marks[static_cast<std::size_t>(before[line])];
+        if (before[line] == last)
+            mLastSel = static_cast<int>(line);
+        if (before[line] == start)
+            mRangeStart = static_cast<int>(line);
+    }
+    ShowAll();
+}
+
+void c_Editor::mList_LineDoubleClicked(int) { bEdit_Clicked(); }
+
+void c_Editor::mList_LinePrint(ListCell& cell) {
+    constexpr ColorRef kMarked = Rgb(255, 50, 50);
+    while (!cell.text.isEmpty() && mList.TextWidth(cell.text) > cell.width)
+        cell.text.chop(1);
+    if (mMarks[static_cast<std::size_t>(cell.line)])
+        cell.color = kMarked;
+}
+
+void c_Editor::mList_LineSelChanged(int line) {
+    static bool busy = false;
+    if (busy)
+        return;
+    busy = true;
+    const bool range = mList.mRangeKey;
+    const bool add = mList.mAddKey;
+    // Keys draw one range out step by step.
+    if (range && mList.mByKeys && mRangeStart >= 0)
+        mLastSel = mRangeStart;
+    else
+        mRangeStart = line;
+    if (mLastSel >= 0) {
+        bool changed = range || add;
+        if (!add)
+            changed = ClearMarks() || changed;
+        if (range)
+            MarkRange(mLastSel, line);
+        else if (add)
+            MarkRange(line, line);
+        if (changed)
+            mList.Refresh();
+    }
+    mLastSel = line;
+    busy = false;
+}
+
+void c_Editor::MarkRange(int from, int to) {
+    const auto [first, last] = std::minmax(from, to);
+    std::fill(mMarks.begin() + first, mMarks.begin() + last + 1, true);
+}
+
+void c_Editor::MarkAll() {
+    mMarks.assign(mMarks.size(), true);
+    mList.Refresh();
+}
+
+bool c_Editor::ClearMarks() {
+    const bool any = std::find(mMarks.begin(), mMarks.end(), true) != mMarks.end();
+    mMarks.assign(mMarks.size(), false);
+    return any;
+}

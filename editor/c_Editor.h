@@ -1,0 +1,97 @@
+#pragma once
+
+#include "editor/c_player.h"
+#include "editor/f_Edit.h"
+#include "editor/f_Editor.h"
+#include "toolkit/Screen.h"
+#include "toolkit/c_PicButton.h"
+#include "toolkit/c_PicList.h"
+
+#include <QObject>
+#include <deque>
+#include <filesystem>
+#include <functional>
+#include <vector>
+
+class c_ID3;
+
+/// The playlist editor: fills a list with songs, corrects their titles, lets them be heard, saves
+/// and loads playlists.
+class c_Editor : public QObject {
+    Q_OBJECT
+public:
+    c_Editor();
+    ~c_Editor() override;
+
+    /// For an editor that was opened on the way to a game: names its menu button "Play Game".
+    void SetExitToPlay();
+
+    /// Shows the editor with an empty list and waits until it is left.
+    void Run();
+
+    /// Whether it was left by its close button.
+    bool ExitProgram = true;
+
+    f_Editor& Form() { return mForm; }
+    f_Edit& TitleDialog() { return mEdit; }
+    c_player& Player() { return mPlayer; }
+    const c_PicList& List() const { return mList; }
+
+    void bAddDir_Clicked();
+    void bAddFile_Clicked();
+    void bEdit_Clicked();
+    void bLoad_Clicked();
+    void bMenu_Clicked();
+    void bMin_Clicked();
+    void bPlay_Clicked();
+    void bRemove_Clicked();
+    void bSave_Clicked();
+    void bX_Clicked();
+
+    void mList_HeaderSelClicked(int column);
+    void mList_LineDoubleClicked(int line);
+    void mList_LinePrint(toolkit::ListCell& cell);
+    void mList_LineSelChanged(int line);
+
+private:
+    void Connect();
+    bool AnySong();
+    bool SongSelected();
+    std::filesystem::path SelectedSong() const;
+
+    void AddSong(const std::filesystem::path& song, const c_ID3& tag);
+    void AddSong(const std::filesystem::path& song);
+    void ScanWaitingFolders();
+    void ScanFolder(const std::filesystem::path& folder);
+    std::function<bool()> StillWanted();
+    void ShowAll();
+
+    void MarkRange(int from, int to);
+    void MarkAll();
+    bool ClearMarks();
+    bool UntitledSongs() const;
+
+    f_Editor mForm;
+    f_Edit mEdit;
+    c_player mPlayer;
+    toolkit::WindowButtons mWindowButtons;
+    c_PicButton bAddFile;
+    c_PicButton bAddDir;
+    c_PicButton bRemove;
+    c_PicButton bEdit;
+    c_PicButton bPlay;
+    c_PicButton bLoad;
+    c_PicButton bSave;
+    c_PicButton bMenu;
+
+    c_PicList mList;
+    std::vector<bool> mMarks; ///< of each line
+    int mLastSel = -1;        ///< the line selected before the current one
+    int mRangeStart = -1;     ///< where a range that is drawn out by keys began
+    std::int16_t mSortMode = 0;
+
+    std::deque<std::filesystem::path> mFolders; ///< still to be added
+    bool mScanning = false;
+    QString mReading; ///< what is being added
+    int mFilling = 0; ///< counts the fillings of the list; what belongs to an older one is dropped
+};

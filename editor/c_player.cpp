@@ -1,0 +1,132 @@
+#include "editor/c_player.h"
+
+#include "audio/c_XAudio.h"
+#include "library/c_ID3.h"
+#include "platform/Text.h"
+#include "platform/Wait.h"
+#include "toolkit/Mous.h"
+
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+using namespace toolkit;
+
+namespace {
+
+bool IsPressKey(const QEvent& event) {
+    const auto& key = static_cast<const QKeyEvent&>(event);
+    return !key.isAutoRepeat() && (key.key() == Qt::Key_Space || key.key() == Qt::Key_Return ||
+                                   key.key() == Qt::Key_Enter);
+}
+
+} // namespace
+
+c_player::c_player() {
+    bPlay.Create(mForm.pPlay, QStringLiteral("Images\\bPlay.bmp"), QString());
+    bPause.Create(mForm.pPause, QStringLiteral("Images\\bPause.bmp"), QString());
+    bStop.Create(mForm.pStop, QStringLiteral("Images\\bStop.bmp"), QString());
+    bFF.Create(mForm.pFF, QStringLiteral("Images\\BFF.BMP"), QString());
+    bX.Create(mForm.pX, QStringLiteral("Images\\X.bmp"), QString());
+
+    connect(&bPlay, &c_SurfButton::Clicked, this, &c_player::bPlay_Clicked);
+    connect(&bPause, &c_SurfButton::Clicked, this, &c_player::bPause_Clicked);
+    connect(&bStop, &c_SurfButton::Clicked, this, &c_player::bStop_Clicked);
+    connect(&bX, &c_SurfButton::Clicked, this, &c_player::bX_Clicked);
+    connect(&mForm, &f_Player::CloseRequested, &bX, &c_SurfButton::Click);
+    connect(mForm.pFF, &PictureBox::MouseDown, this, [this](double x, double y) {
+        if (bFF.IsTouching(x, y))
+            HoldFF(Hold::Mouse);
+    });
+    connect(mForm.pFF, &PictureBox::MouseUp, this, [this] { HoldFF(Hold::None); });
+    mForm.pFF->installEventFilter(this);
+}
+
+c_player::~c_player() {
+    if (mInUse)
+        Audio().StopPlay();
+    mForm.hide();
+}
+
+void c_player::Show() {
+    if (mForm.isVisible())
+        return;
+    // What the system still has to tell of the last place must not come after the new one.
+    QGuiApplication::sync();
+    SetTopMost(&mForm, true);
+    for (c_SurfButton* button : {&bPlay, &bPause, &bStop, &bFF, &bX})
+        button->Refresh();
+    mForm.show();
+    mForm.raise();
+    mForm.activateWindow();
+    mForm.setFocus();
+    platform::PumpEvents();
+}
+
+void c_player::OpenFile(const std::filesystem::path& song) {
+    c_ID3 tag;
+    tag.GetIdTag(song);
+    mForm.StopTimer();
+    mForm.SetTitle(tag.Title().isEmpty() ? platform::ShownText(song) : tag.Title());
+    Audio().OpenFile(song);
+    mForm.SetPos(0);
+    mInUse = false;
+}
+
+void c_player::bPlay_Clicked() {
+    if (Audio().Position() >= Audio().Length())
+        Audio().SeekTo(0); // once more
+    Audio().Play();
+    mForm.PosTimer.start();
+    mInUse = true;
+}
+
+void c_player::bPause_Clicked() {
+    Audio().PausePlay();
+    mForm.PosTimer.start(); // the second press plays, also a song that was not playing
+    mInUse = true;
+}
+
+void c_player::bStop_Clicked() {
+    Audio().StopPlay();
+    mForm.StopTimer();
+    mForm.SetPos(0);
+    mInUse = false;
+}
+
+void c_player::bX_Clicked() {
+    bStop_Clicked();
+    mForm.hide();
+}
+
+bool c_player::eventFilter(QObject* watched, QEvent* event) {
+    switch (event->type()) {
+    case QEvent::KeyPress:
+        if (IsPressKey(*event))
+            HoldFF(Hold::Key);
+        break;
+    case QEvent::KeyRelease:
+        if (IsPressKey(*event))
+            HoldFF(Hold::None);
+        break;
+    case QEvent::MouseMove: // the release may have gone to another program
+        if (mHold == Hold::Mouse && static_cast<QMouseEvent*>(event)->buttons() == Qt::NoButton)
+            HoldFF(Hold::None);
+        break;
+    case QEvent::FocusOut:
+    case QEvent::Hide:
+        HoldFF(Hold::None);
+        break;
+    default:
+        break;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void c_player::HoldFF(Hold hold) {
+    if (hold == mHold)
+        return;
+    mHold = hold;
+    Audio().SetRate(hold == Hold::None ? 1 : 2);
+    bFF.Refresh(hold == Hold::None ? c_SurfButton::Normal : c_SurfButton::Pressed);
+}

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "editor/f_Player.h"
+#include "toolkit/c_SurfButton.h"
+
+#include <QObject>
+#include <filesystem>
+
+/// The small window in which a song of the editor's list is heard. It plays through the program's
+/// clip player.
+class c_player : public QObject {
+    Q_OBJECT
+public:
+    c_player();
+    /// Stops what this player plays and closes the window.
+    ~c_player() override;
+
+    /// Shows the window at the screen's top left corner, above all others; nothing happens while it
+    /// is shown.
+    void Show();
+
+    /// Takes over a song at its start, without playing it.
+    void OpenFile(const std::filesystem::path& song);
+
+    f_Player& Form() { return mForm; }
+
+    void bPlay_Clicked();
+    void bPause_Clicked();
+    void bStop_Clicked();
+    void bX_Clicked();
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    enum class Hold { None, Mouse, Key };
+
+    void HoldFF(Hold hold);
+
+    f_Player mForm;
+    c_SurfButton bPlay;
+    c_SurfButton bPause;
+    c_SurfButton bStop;
+    c_SurfButton bFF;
+    c_SurfButton bX;
+    Hold mHold = Hold::None; // of the fast-forward key
+    bool mInUse = false;     // this player may be what is heard
+};

@@ -1,0 +1,260 @@
+#include "editor/f_Edit.h"
+
+#include "editor/TitleRules.h"
+#include "library/c_ID3.h"
+#include "platform/File.h"
+#include "platform/Message.h"
+#include "platform/Text.h"
+#include "platform/Wait.h"
+#include "toolkit/ApiDraw.h"
+
+#include <QDir>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <algorithm>
+
+namespace fs = std::filesystem;
+using namespace toolkit;
+
+namespace {
+
+constexpr QSize kSize(600, 330);
+constexpr int kMargin = 24;
+
+/// Makes `text` the box's text by one edit of the part that differs, which can be undone.
+void EditText(QLineEdit& box, const QString& text) {
+    const QString old = box.text();
+    const auto shorter = std::min(old.size(), text.size());
+    const auto start = std::mismatch(old.begin(), old.begin() + shorter, text.begin()).first;
+    const auto before = static_cast<int>(start - old.begin());
+    const auto end =
+        std::mismatch(old.rbegin(), old.rbegin() + (shorter - before), text.rbegin()).first;
+    const auto after = static_cast<int>(end - old.rbegin());
+    box.setSelection(before, static_cast<int>(old.size()) - before - after);
+    box.insert(text.mid(before, text.size() - before - after));
+}
+
+fs::path Renamed(const fs::path& song, const fs::path& name) {
+    const fs::path renamed = song.parent_path() / name;
+    return name != song.filename() && !platform::RenameNoReplace(song, renamed) ? renamed : song;
+}
+
+} // namespace
+
+f_Edit::f_Edit()
+    : Form(QStringLiteral("f_Edit"), kSize), tFileName(new QLineEdit(this)),
+      tSongTitle(new QLineEdit(this)), tArtist(new QLineEdit(this)), lPath(new QLabel(this)),
+      Label1(new QLabel(QStringLiteral("&File Name:"), this)),
+      Label2(new QLabel(QStringLiteral("&Song Title:"), this)),
+      Label3(new QLabel(QStringLiteral("&Artist:"), this)),
+      cmdCombine(new QPushButton(QStringLiteral("Artist - Title to &Name"), this)),
+      cmdGet(new QPushButton(QStringLiteral("Name &to Artist - Title"), this)),
+      cmdCapital(new QPushButton(QStringLiteral("&Capitalize"), this)),
+      cmdRemove(new QPushButton(QStringLiteral("&Remove Junk"), this)),
+      cmdApply(new QPushButton(QStringLiteral("A&pply"), this)),
+      cmdCancel(new QPushButton(QStringLiteral("Cance&l"), this)) {
+    setWindowTitle(QStringLiteral("Mp3 Editor"));
+    // Above the editor, which cannot be used meanwhile.
+    setWindowFlags(Qt::Dialog | Qt::FramelessWindowHint);
+    setWindowModality(Qt::ApplicationModal);
+    Name();
+    LayOut();
+    DrawFrame();
+
+    connect(tFileName, &QLineEdit::textChanged, this, &f_Edit::tFileName_Change);
+    for (QLineEdit* box : {tFileName, tSongTitle, tArtist})
+        connect(box, &QLineEdit::returnPressed, this, &f_Edit::cmdApply_Click);
+    connect(cmdCombine, &QPushButton::clicked, this, &f_Edit::cmdCombine_Click);
+    connect(cmdGet, &QPushButton::clicked, this, &f_Edit::cmdGet_Click);
+    connect(cmdCapital, &QPushButton::clicked, this, &f_Edit::cmdCapital_Click);
+    connect(cmdRemove, &QPushButton::clicked, this, &f_Edit::cmdRemove_Click);
+    connect(cmdApply, &QPushButton::clicked, this, &f_Edit::cmdApply_Click);
+    connect(cmdCancel, &QPushButton::clicked, this, &f_Edit::cmdCancel_Click);
+    connect(this, &Form::CloseRequested, this, &f_Edit::cmdCancel_Click);
+}
+
+/// Gives the controls their names, and the boxes their captions.
+void f_Edit::Name() {
+    tFileName->setObjectName(QStringLiteral("tFileName"));
+    tSongTitle->setObjectName(QStringLiteral("tSongTitle"));
+    tArtist->setObjectName(QStringLiteral("tArtist"));
+    lPath->setObjectName(QStringLiteral("lPath"));
+    Label1->setObjectName(QStringLiteral("Label1"));
+    Label2->setObjectName(QStringLiteral("Label2"));
+    Label3->setObjectName(QStringLiteral("Label3"));
+    cmdCombine->setObjectName(QStringLiteral("cmdCombine"));
+    cmdGet->setObjectName(QStringLiteral("cmdGet"));
+    cmdCapital->setObjectName(QStringLiteral("cmdCapital"));
+    cmdRemove->setObjectName(QStringLiteral("cmdRemove"));
+    cmdApply->setObjectName(QStringLiteral("cmdApply"));
+    cmdCancel->setObjectName(QStringLiteral("cmdCancel"));
+
+    tFileName->setAccessibleName(QStringLiteral("File Name"));
+    tSongTitle->setAccessibleName(QStringLiteral("Song Title"));
+    tArtist->setAccessibleName(QStringLiteral("Artist"));
+    Label1->setBuddy(tFileName);
+    Label2->setBuddy(tSongTitle);
+    Label3->setBuddy(tArtist);
+    for (QPushButton* button : {cmdCombine, cmdGet, cmdCapital, cmdRemove, cmdApply, cmdCancel}) {
+        button->setAccessibleName(button->text().remove(u'&'));
+        button->setAutoDefault(button != cmdApply); // Enter presses the one that has the focus
+    }
+    cmdApply->setDefault(true);
+}
+
+void f_Edit::LayOut() {
+    constexpr int kButtonHeight = 34;
+    auto* fields = new QGridLayout;
+    fields->setHorizontalSpacing(14);
+    fields->setVerticalSpacing(12);
+    int row = 0;
+    for (QLabel* caption : {Label1, Label2, Label3}) {
+        fields->addWidget(caption, row, 0);
+        fields->addWidget(caption->buddy(), row, 1);
+        caption->buddy()->setMinimumHeight(30);
+        ++row;
+    }
+    auto* helpers = new QHBoxLayout;
+    helpers->setSpacing(8);
+    for (QPushButton* button : {cmdCombine, cmdGet, cmdCapital, cmdRemove}) {
+        button->setMinimumHeight(kButtonHeight);
+        helpers->addWidget(button, button->sizeHint().width());
+    }
+    auto* closing = new QHBoxLayout;
+    closing->setSpacing(12);
+    closing->addStretch();
+    for (QPushButton* button : {cmdApply, cmdCancel}) {
+        button->setFixedSize(120, kButtonHeight);
+        closing->addWidget(button);
+    }
+
+    lPath->setTextFormat(Qt::PlainText);
+    auto* all = new QVBoxLayout(this);
+    all->setContentsMargins(kMargin, 20, kMargin, 22);
+    all->addWidget(lPath);
+    all->addSpacing(14);
+    all->addLayout(fields);
+    all->addSpacing(18);
+    all->addLayout(helpers);
+    all->addStretch();
+    all->addLayout(closing);
+}
+
+void f_Edit::DrawFrame() {
+    const auto right = static_cast<float>(kSize.width() - 1);
+    const auto bottom = static_cast<float>(kSize.height() - 1);
+    BeginDraw(Dc(), Qt::SolidLine, kWhite, 1, kBlack, BkMode::Transparent);
+    DrawBox(Rgb(0, 150, 250), Rgb(0, 60, 160), Rgb(14, 12, 60), 0, 0, right, bottom);
+    EndDraw();
+}
+
+QString f_Edit::Run(const fs::path& song) {
+    c_ID3 tag;
+    tag.GetIdTag(song);
+    ShowFolder(song.parent_path());
+    tArtist->setText(tag.Artist());
+    tSongTitle->setText(tag.Title());
+    tFileName->setText(editor::WithoutEnding(platform::ShownText(song.filename())));
+    const QString shownName = tFileName->text();
+
+    const bool apply = WaitForApply();
+    const fs::path name = NewName(song.filename(), shownName);
+    fs::path path = song;
+    if (apply) {
+        tag.SetTitle(editor::Trim(tSongTitle->text()));
+        tag.SetArtist(editor::Trim(tArtist->text()));
+        // Before the file is made writable: what is read-only keeps its tag.
+        tag.PutIdTag(song);
+        platform::PumpEvents();
+        platform::ClearReadOnly(song);
+        path = Renamed(song, name);
+    }
+    hide();
+    return platform::KeyFromPath(path);
+}
+
+void f_Edit::ShowFolder(const fs::path& folder) {
+    const QString text = QDir::toNativeSeparators(platform::ShownText(folder / fs::path()));
+    constexpr int kWidth = kSize.width() - 2 * kMargin - 2; // the label rounds its text's width up
+    lPath->setText(lPath->fontMetrics().elidedText(text, Qt::ElideMiddle, kWidth));
+    lPath->setAccessibleName(text);
+    lPath->setToolTip(Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text);
+}
+
+/// True when the dialog was applied. It then stays, deaf, to keep the editor out of use while the
+/// file is changed.
+bool f_Edit::WaitForApply() {
+    Cancelled = true;
+    mWaiting = true;
+    setEnabled(true);
+    ShowInPlace();
+    tFileName->setFocus();
+    platform::WaitWhile([this] { return mWaiting && isVisible(); });
+    mWaiting = false;
+    setEnabled(false);
+    return !Cancelled;
+}
+
+fs::path f_Edit::NewName(const fs::path& ownName, const QString& shownName) {
+    const bool touched = tFileName->text() != shownName;
+    const QString typed = editor::WithEnding(editor::Trim(tFileName->text()));
+    if (touched && !editor::WithoutEnding(typed).isEmpty()) {
+        tFileName->setText(typed);
+        return platform::PathFromText(typed);
+    }
+    tFileName->setText(editor::WithEnding(shownName));
+    return ownName;
+}
+
+/// Takes out what no file name may hold, and leaves the cursor where the user types.
+void f_Edit::tFileName_Change() {
+    const QString text = tFileName->text();
+    const QString kept = editor::NameCharacters(text);
+    if (kept == text)
+        return;
+    const auto cursor = editor::NameCharacters(text.left(tFileName->cursorPosition())).size();
+    if (tFileName->isUndoAvailable()) {
+        // The edit is made again without them, so that undoing never brings them back.
+        tFileName->undo();
+        EditText(*tFileName, kept);
+    } else {
+        tFileName->setText(kept);
+    }
+    tFileName->setCursorPosition(static_cast<int>(cursor));
+}
+
+void f_Edit::cmdCombine_Click() {
+    if (const auto name = editor::Combine(tArtist->text(), tSongTitle->text()))
+        EditText(*tFileName, *name);
+    else
+        platform::ShowMessage(QStringLiteral("No songtitle or artist to combine."),
+                              platform::Icon::Information, QStringLiteral("Mp3 Editor"));
+}
+
+void f_Edit::cmdGet_Click() {
+    const editor::ArtistAndTitle guess = editor::GuessFromName(tFileName->text());
+    EditText(*tSongTitle, guess.title);
+    EditText(*tArtist, guess.artist);
+}
+
+void f_Edit::cmdCapital_Click() {
+    for (QLineEdit* box : {tSongTitle, tArtist, tFileName})
+        EditText(*box, editor::CapitalizeWords(box->text()));
+}
+
+void f_Edit::cmdRemove_Click() {
+    for (QLineEdit* box : {tFileName, tSongTitle, tArtist})
+        EditText(*box, editor::RemoveJunk(box->text()));
+}
+
+void f_Edit::cmdApply_Click() {
+    if (!mWaiting)
+        return;
+    Cancelled = false;
+    mWaiting = false;
+}
+
+void f_Edit::cmdCancel_Click() { mWaiting = false; }

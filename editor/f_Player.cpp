@@ -1,0 +1,167 @@
+#include "editor/f_Player.h"
+
+#include "audio/c_XAudio.h"
+#include "platform/Chance.h"
+#include "toolkit/ApiDraw.h"
+#include "toolkit/Picture.h"
+
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+
+using namespace toolkit;
+
+namespace {
+
+constexpr QSize kSize(300, 80);
+constexpr QSize kKeySize(34, 34);
+constexpr QRect kStrip(12, 10, 234, 22);
+constexpr int kInterval = 100; // milliseconds
+
+constexpr int kTitleMargin = 4;
+constexpr int kTitleShadow = 1;
+constexpr int kTitleStep = 3;
+constexpr ColorRef kStripLight = Rgb(50, 50, 200);
+constexpr ColorRef kStripDark = Rgb(0, 0, 100);
+constexpr ColorRef kStripFill = Rgb(20, 20, 20);
+constexpr ColorRef kTitleColor = Rgb(50, 255, 50);
+constexpr ColorRef kTitleShadowColor = Rgb(50, 100, 50);
+
+// The marker's middle goes from one end of the picture's groove to the other.
+constexpr QSize kMarker(8, 14);
+constexpr int kLineStart = 176 - kMarker.width() / 2;
+constexpr int kLineEnd = 284 - kMarker.width() / 2;
+constexpr int kLineY = 57;
+constexpr QRect kBar(162, 43, 136, 28); // what the marker and its glow may cover
+
+} // namespace
+
+f_Player::f_Player()
+    : Form(QStringLiteral("f_Player"), kSize),
+      pPlay(new PictureBox(this, QStringLiteral("pPlay"), kKeySize)),
+      pPause(new PictureBox(this, QStringLiteral("pPause"), kKeySize)),
+      pStop(new PictureBox(this, QStringLiteral("pStop"), kKeySize)),
+      pFF(new PictureBox(this, QStringLiteral("pFF"), kKeySize)),
+      pX(new PictureBox(this, QStringLiteral("pX"), QSize(44, 36))),
+      pTitle(new PictureBox(this, QStringLiteral("pTitle"), kStrip.size())),
+      mGround(LoadGround(QStringLiteral("\\Images\\PlayBack.bmp"), kSize)),
+      mMarkerLeft(kLineStart) {
+    constexpr int kKeysTop = 40;
+    constexpr int kKeyStep = 38;
+    int left = kStrip.x();
+    for (PictureBox* key : {pPlay, pPause, pStop, pFF}) {
+        key->move(left, kKeysTop);
+        left += kKeyStep;
+    }
+    pX->move(kSize.width() - pX->width(), 0);
+    pTitle->move(kStrip.topLeft());
+    pTitle->setAttribute(Qt::WA_TransparentForMouseEvents); // the window is dragged by it, too
+    pTitle->Dc()->SetFont(ScreenFont(11));
+    pPlay->setAccessibleName(QStringLiteral("Play"));
+    pPause->setAccessibleName(QStringLiteral("Pause"));
+    pStop->setAccessibleName(QStringLiteral("Stop"));
+    pFF->setAccessibleName(QStringLiteral("Fast forward"));
+    pX->setAccessibleName(QStringLiteral("Close"));
+
+    BitBlt(Dc(), 0, 0, kSize.width(), kSize.height(), &mGround, 0, 0, RasterOp::SrcCopy);
+    DrawBar();
+    DrawTitle();
+    PosTimer.setInterval(kInterval);
+    connect(&PosTimer, &QTimer::timeout, this, &f_Player::PosTimer_Timer);
+}
+
+void f_Player::SetTitle(const QString& title) {
+    mTitle = QString(title).replace(u'\n', u' ');
+    setWindowTitle(mTitle);
+    pTitle->setAccessibleName(mTitle);
+    ResetTitle();
+}
+
+void f_Player::SetPos(float percentage) {
+    const float part = std::clamp(percentage, 0.0F, 100.0F) / 100;
+    const int left = platform::RoundHalfEven(kLineStart + (kLineEnd - kLineStart) * part);
+    if (left == mMarkerLeft)
+        return;
+    mMarkerLeft = left;
+    DrawBar();
+}
+
+void f_Player::StopTimer() {
+    PosTimer.stop();
+    ResetTitle();
+}
+
+void f_Player::PosTimer_Timer() {
+    const double length = Audio().Length();
+    const double position = Audio().Position();
+    SetPos(length > 0 ? static_cast<float>(position / length * 100) : 0);
+    ScrollTitle();
+    if (position >= length)
+        StopTimer();
+}
+
+void f_Player::ResetTitle() {
+    const int width = static_cast<int>(std::ceil(pTitle->Dc()->TextWidth(mTitle))) + kTitleShadow;
+    const int spare = pTitle->width() - width;
+    mTitleScrolls = spare < 2 * kTitleMargin;
+    mTitleOffset = mTitleScrolls ? kTitleMargin : spare / 2;
+    mTitleLimit = -width;
+    DrawTitle();
+}
+
+void f_Player::ScrollTitle() {
+    if (!mTitleScrolls)
+        return;
+    mTitleOffset -= kTitleStep;
+    if (mTitleOffset < mTitleLimit)
+        mTitleOffset = pTitle->width();
+    DrawTitle();
+}
+
+void f_Player::DrawTitle() {
+    const int width = pTitle->width();
+    const int height = pTitle->height();
+    Canvas inside(width - 2, height - 2); // so that the text ends at the bevel
+    inside.SetFont(pTitle->Dc()->Font());
+    const double top = (inside.Height() - inside.TextHeight()) / 2;
+    BeginDraw(&inside, Qt::SolidLine, kWhite, 1, kStripFill, BkMode::Transparent);
+    FillBox(0, 0, static_cast<float>(inside.Width()), static_cast<float>(inside.Height()));
+    ShadowText(mTitle, kTitleColor, kTitleShadowColor, static_cast<float>(mTitleOffset - 1),
+               static_cast<float>(top), kTitleShadow);
+    EndDraw();
+
+    BeginDraw(pTitle->Dc(), Qt::SolidLine, kWhite, 1, kBlack, BkMode::Transparent);
+    DrawBox(kStripLight, kStripDark, kStripFill, 0, 0, static_cast<float>(width - 1),
+            static_cast<float>(height - 1));
+    EndDraw();
+    BitBlt(pTitle->Dc(), 1, 1, inside.Width(), inside.Height(), &inside, 0, 0, RasterOp::SrcCopy);
+    pTitle->Refresh();
+}
+
+void f_Player::DrawBar() {
+    BitBlt(Dc(), kBar.x(), kBar.y(), kBar.width(), kBar.height(), &mGround, kBar.x(), kBar.y(),
+           RasterOp::SrcCopy);
+    const QRectF marker(mMarkerLeft, kLineY - kMarker.height() / 2.0, kMarker.width(),
+                        kMarker.height());
+    QPainter painter(&Dc()->PaintDevice());
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(QColor(52, 58, 140), 2, Qt::SolidLine, Qt::RoundCap));
+    painter.drawLine(kLineStart + 3, kLineY, kLineEnd + kMarker.width() - 3, kLineY);
+    painter.setPen(QPen(QColor(0, 200, 255), 2, Qt::SolidLine, Qt::RoundCap));
+    painter.drawLine(QPointF(kLineStart + 3, kLineY), marker.center());
+
+    constexpr double kGlow = 13;
+    QRadialGradient glow(marker.center(), kGlow);
+    glow.setColorAt(0, QColor(255, 46, 154, 190));
+    glow.setColorAt(1, QColor(255, 46, 154, 0));
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(glow);
+    painter.drawEllipse(marker.center(), kGlow, kGlow);
+
+    QLinearGradient knob(marker.topLeft(), marker.bottomLeft());
+    knob.setColorAt(0, QColor(255, 236, 248));
+    knob.setColorAt(1, QColor(255, 108, 192));
+    painter.setBrush(knob);
+    painter.drawRoundedRect(marker, 3, 3);
+    update(kBar);
+}

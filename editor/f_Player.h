@@ -1,0 +1,47 @@
+#pragma once
+
+#include "toolkit/Form.h"
+
+#include <QTimer>
+
+/// The preview player's window: its keys, the strip with the song's title and the bar that shows
+/// how far the song is.
+class f_Player : public toolkit::Form {
+    Q_OBJECT
+public:
+    f_Player();
+
+    /// Shows the title in the strip and as the window's title. One that is too wide for the strip
+    /// shows its beginning and scrolls while the timer runs.
+    void SetTitle(const QString& title);
+
+    /// Places the marker; 0 to 100 percent of the song, what lies outside is brought into it.
+    void SetPos(float percentage);
+
+    /// Stops the timer and shows the title's beginning again.
+    void StopTimer();
+
+    toolkit::PictureBox* pPlay;
+    toolkit::PictureBox* pPause;
+    toolkit::PictureBox* pStop;
+    toolkit::PictureBox* pFF;
+    toolkit::PictureBox* pX;
+    toolkit::PictureBox* pTitle;
+
+    /// Started with the song, follows it; stops by itself at the song's end.
+    QTimer PosTimer;
+
+private:
+    void PosTimer_Timer();
+    void ResetTitle();
+    void ScrollTitle();
+    void DrawTitle();
+    void DrawBar();
+
+    toolkit::Canvas mGround;
+    QString mTitle;
+    bool mTitleScrolls = false;
+    int mTitleOffset = 0; // left edge of the title in the strip
+    int mTitleLimit = 0;  // of the offset: below it nothing is left to be seen
+    int mMarkerLeft;
+};

@@ -1,0 +1,263 @@
+#include "audio/c_XAudio.h"
+#include "editor/c_Editor.h"
+#include "library/c_ID3.h"
+#include "library/c_M3U.h"
+#include "platform/Settings.h"
+#include "platform/Text.h"
+#include "platform/Wait.h"
+#include "tests/Robot.h"
+#include "tests/SongFolder.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+#include <algorithm>
+#include <deque>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+using Steps = std::deque<std::function<void()>>;
+
+class EditorTest : public testing::Test {
+protected:
+    EditorTest() {
+        gBack = std::make_unique<c_Surface>();
+        gBack->CreateSurface(800, 600, QStringLiteral("Images\\Back.bmp"));
+        editor = std::make_unique<c_Editor>();
+    }
+    ~EditorTest() override {
+        editor.reset();
+        gAudio.reset();
+        gBack.reset();
+    }
+
+    /// Runs the editor, does one step after the other, answers file dialogs with `mChosen` (nothing
+    /// cancels) and leaves by the menu button.
+    QStringList Run(Steps steps) {
+        Robot robot([&] {
+            if (auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget()))
+                return Answer(*dialog);
+            if (editor->TitleDialog().isVisible())
+                return mInDialog();
+            if (!editor->Form().isVisible())
+                return;
+            if (steps.empty())
+                return ClickOn(editor->Form().pMenu);
+            const auto step = steps.front();
+            steps.pop_front();
+            step();
+        });
+        editor->Run();
+        EXPECT_TRUE(steps.empty()) << "left too early";
+        return robot.Messages();
+    }
+
+    void Answer(QFileDialog& dialog) {
+        if (mChosen.isEmpty())
+            return dialog.reject();
+        auto* edit = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        edit->setText(mChosen);
+        QTest::keyClick(edit, Qt::Key_Return);
+    }
+
+    std::function<void()> Press(toolkit::PictureBox* button, const QString& chosen = {}) {
+        return [this, button, chosen] {
+            mChosen = chosen;
+            ClickOn(button);
+        };
+    }
+
+    std::function<void()> Add(const char* folder = "Music") {
+        return Press(editor->Form().pAddDir, PathText(folder));
+    }
+
+    std::function<void()> Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        return [=, this] { QTest::keyClick(editor->Form().pList, key, modifiers); };
+    }
+
+    /// On the header's first column.
+    std::function<void()> ClickHeader() {
+        return
+            [this] { QTest::mouseClick(editor->Form().pList, Qt::LeftButton, {}, QPoint(20, 8)); };
+    }
+
+    QString PathText(const char* name) const {
+        return QString::fromStdString((mFolder.Path() / name).string());
+    }
+
+    /// The first column of all lines.
+    QString Names() const {
+        QStringList names;
+        for (int line = 0; line < editor->List().LineCount(); ++line)
+            names << editor->List().LineText(line).section(u'\\', 0, 0);
+        return names.join(u' ');
+    }
+
+    static QString Title(const fs::path& song) {
+        c_ID3 tag;
+        tag.GetIdTag(song);
+        return tag.Title();
+    }
+
+    platform::QuitWatch mQuitWatch;
+    SongFolder mFolder;
+    std::unique_ptr<c_Editor> editor;
+    QString mChosen;
+    std::function<void()> mInDialog;
+};
+
+TEST_F(EditorTest, AFolderIsListedAndSortedUpAndDownByItsHeader) {
+    mFolder.MakeSongs(11);
+    QStringList seen;
+    const auto look = [&] { seen << Names(); };
+    Run({Add(), ClickHeader(), look, ClickHeader(), look, ClickHeader(), look});
+    const QString up = "song1 song2 song3 song4 song5 song6 song7 song8 song9 song10 song11";
+    EXPECT_EQ(seen[0], up);
+    EXPECT_EQ(seen[1], "song11 song10 song9 song8 song7 song6 song5 song4 song3 song2 song1");
+    EXPECT_EQ(seen[2], up);
+    EXPECT_EQ(editor->List().LineText(1), "song2\\Title 2\\");
+    EXPECT_FALSE(editor->ExitProgram);
+    EXPECT_EQ(platform::ReadPathSetting("Songrush", "Dirs", "Mp3Dir", {}),
+              mFolder.Path() / "Music");
+}
+
+TEST_F(EditorTest, MarkedAndSelectedLinesAreRemovedAlsoAfterSorting) {
+    mFolder.MakeSongs(9);
+    const auto down = Key(Qt::Key_Down);
+    const auto range = Key(Qt::Key_Down, Qt::ShiftModifier);
+    const auto add = Key(Qt::Key_End, Qt::ControlModifier);
+    // Marks 2 to 4, then 9; upside down they must be on the same songs.
+    Run({Add(), ClickHeader(), Key(Qt::Key_Home), down, range, range, add, ClickHeader(),
+         Key(Qt::Key_Delete)});
+    EXPECT_EQ(Names(), "song8 song7 song6 song5 song1");
+    Run({Key(Qt::Key_Home), down, Press(editor->Form().pRemove)});
+    EXPECT_EQ(Names(), "song8 song6 song5 song1") << "without marks only the selected line";
+    Run({Key(Qt::Key_A, Qt::ControlModifier), Press(editor->Form().pRemove)});
+    EXPECT_EQ(Names(), "");
+}
+
+TEST_F(EditorTest, AnEditedSongIsRenamedTaggedAndSavedUnderItsNewName) {
+    const auto songs = mFolder.MakeSongs(2);
+    mInDialog = [this] {
+        editor->TitleDialog().tSongTitle->setText("Better");
+        editor->TitleDialog().tFileName->setText("new name");
+        ClickOn(editor->TitleDialog().cmdApply);
+    };
+    Run({Add(), ClickHeader(), Key(Qt::Key_Home), Key(Qt::Key_Return),
+         Press(editor->Form().pSave, PathText("PlayList/list1"))});
+    EXPECT_EQ(editor->List().LineText(0), "new name\\Better\\");
+    const fs::path renamed = mFolder.Path() / "Music" / "new name.mp3";
+    EXPECT_FALSE(fs::exists(songs[0]));
+    EXPECT_EQ(Title(renamed), "Better");
+    c_M3U saved;
+    saved.ReadFile(mFolder.Path() / "PlayList" / "list1.m3u");
+    EXPECT_EQ(saved.FileName(0), renamed);
+    EXPECT_EQ(saved.FileName(1), songs[1]);
+}
+
+TEST_F(EditorTest, SongsWithoutTitlesAreWarnedAboutAndSavedAndLoadedAgain) {
+    const auto songs = mFolder.MakeSongs(12);
+    c_ID3 blank;
+    blank.PutIdTag(songs[4]);
+    const QString list = PathText("PlayList/list1.M3U");
+    std::ofstream(mFolder.Path() / "PlayList" / "empty.m3u") << "#EXTM3U\r\n";
+    QString before;
+    const QStringList told =
+        Run({Add(), [&] { before = Names(); }, Press(editor->Form().pSave, list),
+             Key(Qt::Key_A, Qt::ControlModifier), Key(Qt::Key_Delete),
+             Press(editor->Form().pLoad, list),
+             Press(editor->Form().pLoad, PathText("PlayList/empty.m3u"))});
+    ASSERT_EQ(told.size(), 1);
+    EXPECT_TRUE(told[0].startsWith("Warning, This playlist contains MP3s"));
+    EXPECT_EQ(Names(), before) << "a list without songs leaves the old one";
+    EXPECT_TRUE(fs::exists(list.toStdString()));
+}
+
+TEST_F(EditorTest, AnEmptyListIsToldAndCancelledDialogsDoNothing) {
+    f_Editor& form = editor->Form();
+    EXPECT_EQ(Run({Press(form.pEdit), Press(form.pPlay), Press(form.pSave), Press(form.pRemove),
+                   Press(form.pLoad), Press(form.pAddFile), Press(form.pAddDir)}),
+              QStringList({"No songs in list", "No songs in list", "Nothing to save."}));
+    EXPECT_EQ(editor->List().LineCount(), 0);
+    EXPECT_EQ(platform::ReadPathSetting("Songrush", "Dirs", "Mp3Dir", "x"), fs::path());
+}
+
+TEST_F(EditorTest, SeveralFilesAreAddedAtOnceAndOneTwice) {
+    mFolder.MakeSongs(3);
+    fs::current_path(mFolder.Path());
+    platform::WritePathSetting("Songrush", "Dirs", "Mp3Dir", mFolder.Path() / "Music");
+    Run({Press(editor->Form().pAddFile, "\"song3.mp3\" \"song1.mp3\""),
+         Press(editor->Form().pAddFile, "song3.mp3")});
+    EXPECT_EQ(Names(), "song3 song1 song3");
+}
+
+TEST_F(EditorTest, AnyNameSurvivesListAndPlaylist) {
+    std::vector<fs::path> songs = mFolder.MakeSongs(6);
+    const char* names[] = {"what?.mp3", "back\\slash.mp3",          "#\"quoted\".mp3",
+                           "a:b*.mp3",  "\xCE\xA9\xE6\x97\xA5.mp3", "bad\xFF.mp3"};
+    for (std::size_t i = 0; i < songs.size(); ++i) {
+        const fs::path odd = songs[i].parent_path() / names[i];
+        fs::rename(songs[i], odd);
+        songs[i] = odd;
+    }
+    std::vector<fs::path> keys;
+    const auto look = [&] {
+        for (int line = 0; line < editor->List().LineCount(); ++line)
+            keys.push_back(platform::PathFromKey(editor->List().LineKey(line)));
+    };
+    const QString list = PathText("PlayList/odd.m3u");
+    Run({Add(), Press(editor->Form().pSave, list), Press(editor->Form().pLoad, list), look});
+    std::sort(keys.begin(), keys.end());
+    std::sort(songs.begin(), songs.end());
+    EXPECT_EQ(keys, songs);
+    EXPECT_EQ(editor->List().LineText(0).count(u'\\'), 2) << "three columns";
+}
+
+TEST_F(EditorTest, TheSelectedSongIsOpenedInThePlayer) {
+    mFolder.MakeSongs(3);
+    QString opened;
+    const auto look = [&] {
+        EXPECT_TRUE(editor->Player().Form().isVisible());
+        opened = SongFolder::OpenTitle();
+    };
+    Run({Add(), ClickHeader(), Key(Qt::Key_End), Press(editor->Form().pPlay), look});
+    EXPECT_EQ(opened, "Title 3");
+}
+
+TEST_F(EditorTest, FoldersAddedDuringAScanFollowItAndClosingStopsIt) {
+    const fs::path many = mFolder.Path() / "many";
+    fs::create_directory(many);
+    for (int i = 0; i < 20000; ++i)
+        std::ofstream(many / (std::to_string(i) + ".mp3"));
+    mFolder.MakeSongs(2);
+    int atSecondAdd = -1;
+    QTimer meanwhile;
+    QObject::connect(&meanwhile, &QTimer::timeout, [&] {
+        if (editor->List().LineCount() == 0 || atSecondAdd >= 0)
+            return;
+        atSecondAdd = editor->List().LineCount();
+        Add()();
+    });
+    meanwhile.start(1);
+    Run({Add("many")});
+    EXPECT_LT(atSecondAdd, 20000);
+    ASSERT_EQ(editor->List().LineCount(), 20002);
+    EXPECT_TRUE(editor->List().LineText(20001).startsWith("song"));
+
+    bool closed = false;
+    QTimer closing;
+    QObject::connect(&closing, &QTimer::timeout, [&] {
+        if (editor->List().LineCount() > 20002 && !std::exchange(closed, true))
+            QTest::keyClick(&editor->Form(), Qt::Key_Escape);
+    });
+    closing.start(1);
+    Run({Add("many")});
+    EXPECT_TRUE(editor->ExitProgram);
+    EXPECT_LT(editor->List().LineCount(), 40002);
+}
+
+} // namespace

@@ -1,0 +1,263 @@
+#include "audio/c_XAudio.h"
+#include "editor/c_player.h"
+#include "library/c_ID3.h"
+#include "tests/Robot.h"
+#include "tests/SongFolder.h"
+#include "tests/audio/ToneFile.h"
+
+#include <QElapsedTimer>
+#include <QTest>
+#include <QWindow>
+
+namespace {
+
+using namespace toolkit;
+namespace fs = std::filesystem;
+
+constexpr int kMarkerStart = 172;
+constexpr int kMarkerEnd = 280;
+
+class Player : public testing::Test {
+protected:
+    Player() { Show(); }
+
+    void Show() {
+        mPlayer->Show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&mForm));
+    }
+
+    fs::path Song(const std::string& name = "song.mp3", const QString& title = {}) const {
+        static const std::string bytes = tonefile::Encode(40) + '\0';
+        fs::create_directories((mFolder.Path() / name).parent_path());
+        tonefile::Write(mFolder.Path() / name, bytes);
+        c_ID3 tag;
+        tag.SetTitle(title);
+        tag.PutIdTag(mFolder.Path() / name);
+        return mFolder.Path() / name;
+    }
+
+    void Key(Qt::Key key) { QTest::keyClick(mForm.windowHandle(), key); }
+
+    bool Passes(double seconds) const {
+        return QTest::qWaitFor([=] { return Audio().Position() > seconds; });
+    }
+
+    bool Stands() const {
+        const double before = Audio().Position();
+        QTest::qWait(150);
+        return Audio().Position() == before;
+    }
+
+    bool IsFast() const {
+        QElapsedTimer clock;
+        clock.start();
+        const double from = Audio().Position();
+        QTest::qWait(300);
+        return (Audio().Position() - from) * 1000 > 1.5 * static_cast<double>(clock.elapsed());
+    }
+
+    int MarkerLeft() const {
+        for (int x = 0; x < mForm.width(); ++x)
+            if (const RgbParts at = SplitRgb(mForm.Dc()->Pixel(x, 57));
+                at.red > 230 && at.green > 100)
+                return x;
+        return -1;
+    }
+
+    /// The first and the last column of the strip with something of the title; nulls for none.
+    QPair<int, int> TitleColumns() const {
+        QPair<int, int> columns;
+        const Canvas& strip = mForm.pTitle->Picture();
+        for (int x = 0; x < strip.Width(); ++x)
+            for (int y = 0; y < strip.Height(); ++y)
+                if (SplitRgb(strip.Pixel(x, y)).green > 60)
+                    columns = {columns.first == 0 ? x : columns.first, x};
+        return columns;
+    }
+
+    SongFolder mFolder;
+    std::unique_ptr<c_player> mPlayer = std::make_unique<c_player>();
+    f_Player& mForm = mPlayer->Form();
+};
+
+TEST_F(Player, ComesUpInTheCornerAboveAllWithoutPlaying) {
+    mPlayer->OpenFile(Song());
+    mForm.move(70, 50);
+    mPlayer->Show();
+    EXPECT_EQ(mForm.pos(), QPoint(70, 50));
+    ClickOn(mForm.pX);
+    Show();
+    EXPECT_EQ(mForm.pos(), QPoint(0, 0));
+    EXPECT_TRUE(mForm.windowFlags() & Qt::WindowStaysOnTopHint);
+    EXPECT_TRUE(Stands());
+    EXPECT_FALSE(mForm.PosTimer.isActive());
+    EXPECT_EQ(MarkerLeft(), kMarkerStart);
+}
+
+TEST_F(Player, PlaysPausesAndStops) {
+    mPlayer->OpenFile(Song());
+    ClickOn(mForm.pPlay);
+    Audio().SeekTo(20);
+    EXPECT_TRUE(
+        QTest::qWaitFor([this] { return MarkerLeft() >= (kMarkerStart + kMarkerEnd) / 2; }));
+    ClickOn(mForm.pPause);
+    EXPECT_TRUE(Stands());
+    EXPECT_TRUE(mForm.PosTimer.isActive());
+    for (PictureBox* key : {mForm.pPause, mForm.pPlay, mForm.pPlay}) {
+        ClickOn(key);
+        EXPECT_TRUE(Passes(Audio().Position() + 0.1));
+    }
+    ClickOn(mForm.pStop);
+    EXPECT_EQ(Audio().Position(), 0);
+    EXPECT_TRUE(Stands());
+    EXPECT_FALSE(mForm.PosTimer.isActive());
+    EXPECT_EQ(MarkerLeft(), kMarkerStart);
+}
+
+TEST_F(Player, RestsAtTheSongsEndAndThenPlaysItOnceMore) {
+    mPlayer->OpenFile(Song());
+    ClickOn(mForm.pPlay);
+    Audio().SeekTo(39.8);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !mForm.PosTimer.isActive(); }));
+    EXPECT_EQ(MarkerLeft(), kMarkerEnd);
+    ClickOn(mForm.pPlay);
+    EXPECT_TRUE(Passes(0.1));
+    EXPECT_LT(Audio().Position(), 30);
+}
+
+TEST_F(Player, IsFastOnlyWhileTheKeyIsHeld) {
+    QWindow* window = mForm.windowHandle();
+    const QPoint corner = mForm.pFF->pos() + QPoint(1, 1);
+    const QPoint beside(280, 75);
+    const QPoint middle = mForm.pFF->geometry().center();
+    const auto press = [&](QPoint at) {
+        QTest::mouseMove(window, at);
+        QTest::mousePress(window, Qt::LeftButton, Qt::NoModifier, at);
+    };
+    const auto release = [&](QPoint at) {
+        QTest::mouseMove(window, at);
+        QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, at);
+    };
+    const struct {
+        const char* way;
+        std::function<void()> begin;
+        bool fast;
+        std::function<void()> end;
+    } cases[] = {
+        {"beside", [&] { press(corner); }, false, [&] { release(corner); }},
+        {"inside", [&] { press(middle); }, true, [&] { release(middle); }},
+        {"outside", [&] { press(middle); }, true, [&] { release(beside); }},
+        {"focus", [&] { press(middle); }, true, [&] { mForm.pStop->setFocus(); }},
+        {"lost release", [&] { press(middle); }, true,
+         [&] {
+             QMouseEvent moved(QEvent::MouseMove, {9, 9}, {9, 9}, {}, Qt::NoButton, {});
+             QApplication::sendEvent(mForm.pFF, &moved);
+         }},
+        {"Space", [&] { QTest::keyPress(window, Qt::Key_Space); }, true,
+         [&] { QTest::keyRelease(window, Qt::Key_Space); }},
+        {"closed", [&] { QTest::keyPress(window, Qt::Key_Return); }, true,
+         [&] { Key(Qt::Key_Escape), Show(), ClickOn(mForm.pPlay); }},
+    };
+    mPlayer->OpenFile(Song());
+    ClickOn(mForm.pPlay);
+    for (const auto& hold : cases) {
+        mForm.pFF->setFocus();
+        hold.begin();
+        EXPECT_EQ(IsFast(), hold.fast) << hold.way;
+        hold.end();
+        EXPECT_FALSE(IsFast()) << hold.way;
+        release(beside);
+    }
+}
+
+TEST_F(Player, ShowsATitleThatFitsStillAndCentred) {
+    mPlayer->OpenFile(Song("song.mp3", "A short title"));
+    EXPECT_EQ(mForm.windowTitle(), "A short title");
+    const auto columns = TitleColumns();
+    EXPECT_GT(columns.first, 50);
+    EXPECT_NEAR(columns.first, mForm.pTitle->width() - columns.second, 4);
+    ClickOn(mForm.pPlay);
+    EXPECT_TRUE(Passes(0.25));
+    EXPECT_EQ(TitleColumns(), columns);
+}
+
+TEST_F(Player, ScrollsALongPathRoundTheStripWithinItsBevel) {
+    const fs::path song = Song(std::string(150, 'i') + "/" + std::string(150, 'l') + ".mp3");
+    mPlayer->OpenFile(song);
+    EXPECT_EQ(mForm.windowTitle(), QString::fromStdString(song.string()));
+    const auto start = TitleColumns();
+    EXPECT_LT(start.first, 10);
+
+    const Canvas& strip = mForm.pTitle->Picture();
+    const int last = strip.Width() - 1;
+    bool gone = false;
+    int entered = 0; // first column of the title that comes in again
+    QObject::connect(&mForm.PosTimer, &QTimer::timeout, &mForm, [&] {
+        const auto columns = TitleColumns();
+        EXPECT_LT(columns.second, last);
+        EXPECT_EQ(strip.Pixel(0, 11), Rgb(50, 50, 200));
+        EXPECT_EQ(strip.Pixel(last, 11), Rgb(0, 0, 100));
+        if (gone && columns.first > 0 && entered == 0)
+            entered = columns.first;
+        gone = gone || columns.first == 0;
+    });
+    mForm.PosTimer.setInterval(1);
+    ClickOn(mForm.pPlay);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return entered > 0; }, 20000));
+    EXPECT_GT(entered, last - 10);
+    ClickOn(mForm.pStop);
+    EXPECT_EQ(TitleColumns(), start);
+}
+
+TEST_F(Player, FallsSilentWhenItIsClosedButLeavesTheSoundOfOthersAlone) {
+    const std::function<void()> ways[] = {
+        [this] { ClickOn(mForm.pX); }, [this] { Key(Qt::Key_Escape); },
+        [this] { ClickOn(mForm.pPause), mForm.close(); }, [this] { mPlayer = nullptr; }};
+    for (const auto& close : ways) {
+        Show();
+        mPlayer->OpenFile(Song());
+        ClickOn(mForm.pPlay);
+        EXPECT_TRUE(Passes(0.1));
+        close();
+        EXPECT_EQ(Audio().Position(), 0);
+        EXPECT_TRUE(Stands());
+    }
+    auto other = std::make_unique<c_player>();
+    other->OpenFile(Song());
+    other->bPlay_Clicked();
+    other->bX_Clicked();
+    Audio().Play();
+    other = nullptr;
+    EXPECT_TRUE(Passes(0.1));
+}
+
+TEST_F(Player, StaysAtTheStartWithAFileThatCannotBeOpened) {
+    mPlayer->OpenFile(Song());
+    ClickOn(mForm.pPlay);
+    EXPECT_TRUE(Passes(0.1));
+    mPlayer->OpenFile(mFolder.Path() / "missing.mp3");
+    EXPECT_FALSE(mForm.PosTimer.isActive());
+    for (PictureBox* key : {mForm.pPlay, mForm.pPause, mForm.pPause, mForm.pFF}) {
+        ClickOn(key);
+        QTest::qWait(120);
+        EXPECT_EQ(MarkerLeft(), kMarkerStart);
+    }
+    EXPECT_FALSE(mForm.PosTimer.isActive());
+}
+
+TEST_F(Player, IsWorkedByKeysAlone) {
+    mPlayer->OpenFile(Song());
+    for (const char* name : {"Play", "Pause", "Stop", "Fast forward", "Close"}) {
+        Key(Qt::Key_Tab);
+        EXPECT_EQ(QApplication::focusWidget()->accessibleName(), name);
+    }
+    mForm.pPlay->setFocus();
+    Key(Qt::Key_Space);
+    EXPECT_TRUE(Passes(0.1));
+    Key(Qt::Key_Right);
+    Key(Qt::Key_Down);
+    Key(Qt::Key_Return);
+    EXPECT_EQ(Audio().Position(), 0);
+}
+
+} // namespace

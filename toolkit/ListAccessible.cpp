@@ -1,0 +1,277 @@
+#include "toolkit/ListAccessible.h"
+
+#include "toolkit/PictureBox.h"
+#include "toolkit/c_PicList.h"
+
+#include <QAccessible>
+#include <QAccessibleWidget>
+#include <QPointer>
+#include <map>
+
+namespace toolkit {
+
+namespace {
+
+constexpr const char* kListProperty = "c_PicList";
+
+int CellIndex(int line, int column, const c_PicList& list) {
+    return (line + 1) * list.ColumnCount() + column;
+}
+
+/// One cell of the table at its place, whatever line is there at the time; line -1 is the header.
+class AccessibleCell : public QAccessibleInterface,
+                       public QAccessibleTableCellInterface,
+                       public QAccessibleActionInterface {
+public:
+    AccessibleCell(PictureBox* box, c_PicList* list, int line, int column)
+        : mBox(box), mList(list), mLine(line), mColumn(column) {}
+
+    bool isValid() const override {
+        return mBox && mList && mLine < mList->LineCount() && mColumn < mList->ColumnCount();
+    }
+    QObject* object() const override { return nullptr; }
+    QWindow* window() const override { return table()->window(); }
+    QAccessibleInterface* parent() const override { return table(); }
+    QAccessibleInterface* child(int) const override { return nullptr; }
+    QAccessibleInterface* childAt(int, int) const override { return nullptr; }
+    int childCount() const override { return 0; }
+    int indexOfChild(const QAccessibleInterface*) const override { return -1; }
+
+    QAccessible::Role role() const override {
+        return IsHeader() ? QAccessible::ColumnHeader : QAccessible::Cell;
+    }
+
+    QRect rect() const override {
+        const QRect cell = isValid() ? mList->CellRect(mLine, mColumn) : QRect();
+        return cell.isEmpty() ? QRect() : QRect(mBox->mapToGlobal(cell.topLeft()), cell.size());
+    }
+
+    QString text(QAccessible::Text kind) const override {
+        if (!isValid())
+            return QString();
+        if (kind == QAccessible::Name)
+            return IsHeader() ? mList->HeaderText(mColumn) : mList->CellText(mLine, mColumn);
+        if (kind != QAccessible::Description)
+            return QString();
+        return IsHeader() ? mList->SubHeaderText(mColumn)
+                          : table()->tableInterface()->rowDescription(mLine);
+    }
+    void setText(QAccessible::Text, const QString&) override {}
+
+    QAccessible::State state() const override {
+        QAccessible::State state;
+        if (!isValid()) {
+            state.invalid = true;
+            return state;
+        }
+        state.invisible = !mBox->isVisible();
+        if (IsHeader())
+            return state;
+        state.focusable = state.selectable = true;
+        state.selected = isSelected();
+        state.focused = isSelected() && mColumn == 0 && mBox->hasFocus();
+        state.offscreen = mList->CellRect(mLine, mColumn).isEmpty();
+        return state;
+    }
+
+    void* interface_cast(QAccessible::InterfaceType type) override {
+        if (type == QAccessible::TableCellInterface && !IsHeader())
+            return static_cast<QAccessibleTableCellInterface*>(this);
+        if (type == QAccessible::ActionInterface)
+            return static_cast<QAccessibleActionInterface*>(this);
+        return nullptr;
+    }
+
+    bool isSelected() const override { return isValid() && mList->LineSelectedNum() == mLine; }
+    QList<QAccessibleInterface*> columnHeaderCells() const override {
+        return {table()->child(mColumn)};
+    }
+    QList<QAccessibleInterface*> rowHeaderCells() const override { return {}; }
+    int columnIndex() const override { return mColumn; }
+    int rowIndex() const override { return mLine; }
+    int columnExtent() const override { return 1; }
+    int rowExtent() const override { return 1; }
+    QAccessibleInterface* table() const override {
+        return QAccessible::queryAccessibleInterface(mBox);
+    }
+
+    QStringList actionNames() const override {
+        return IsHeader() ? QStringList{pressAction()}
+                          : QStringList{setFocusAction(), pressAction()};
+    }
+    QStringList keyBindingsForAction(const QString&) const override { return {}; }
+    void doAction(const QString& action) override {
+        if (!isValid() || !mBox->isVisible() || !mBox->isEnabled())
+            return;
+        if (IsHeader() && action == pressAction())
+            Q_EMIT mList->HeaderSelClicked(mColumn);
+        if (IsHeader())
+            return;
+        mList->SelectLine(mLine);
+        if (action == pressAction())
+            Q_EMIT mList->LineDoubleClicked(mLine);
+    }
+
+private:
+    bool IsHeader() const { return mLine < 0; }
+
+    QPointer<PictureBox> mBox;
+    QPointer<c_PicList> mList;
+    int mLine;
+    int mColumn;
+};
+
+/// The table of a list. Its children are the cells of the header and then those of the lines, made
+/// when they are asked for.
+class AccessibleList : public QAccessibleWidget, public QAccessibleTableInterface {
+public:
+    AccessibleList(PictureBox* box, c_PicList* list)
+        : QAccessibleWidget(box, QAccessible::Table), mList(list) {}
+
+    bool isValid() const override { return mList && QAccessibleWidget::isValid(); }
+
+    void* interface_cast(QAccessible::InterfaceType type) override {
+        if (type == QAccessible::TableInterface)
+            return static_cast<QAccessibleTableInterface*>(this);
+        return QAccessibleWidget::interface_cast(type);
+    }
+
+    int childCount() const override { return mList ? CellIndex(rowCount(), 0, *mList) : 0; }
+
+    QAccessibleInterface* child(int index) const override {
+        if (index < 0 || index >= childCount())
+            return nullptr;
+        const auto known = mCells.find(index);
+        if (known != mCells.end())
+            return QAccessible::accessibleInterface(known->second);
+        auto* cell = new AccessibleCell(static_cast<PictureBox*>(widget()), mList,
+                                        index / columnCount() - 1, index % columnCount());
+        mCells[index] = QAccessible::registerAccessibleInterface(cell);
+        return cell;
+    }
+
+    int indexOfChild(const QAccessibleInterface* child) const override {
+        const auto* cell = dynamic_cast<const AccessibleCell*>(child);
+        return cell != nullptr && mList ? CellIndex(cell->rowIndex(), cell->columnIndex(), *mList)
+                                        : -1;
+    }
+
+    QAccessibleInterface* childAt(int x, int y) const override {
+        const QPointF at = widget()->mapFromGlobal(QPoint(x, y));
+        const int column = mList ? mList->ColumnAt(at) : -1;
+        if (column < 0)
+            return nullptr;
+        const int line = mList->LineAt(at);
+        if (line >= 0)
+            return cellAt(line, column);
+        return mList->CellRect(-1, column).contains(at.toPoint()) ? child(column) : nullptr;
+    }
+
+    QAccessibleInterface* focusChild() const override {
+        return widget()->hasFocus() && selectedRowCount() > 0 ? cellAt(mList->LineSelectedNum(), 0)
+                                                              : nullptr;
+    }
+
+    QAccessibleInterface* caption() const override { return nullptr; }
+    QAccessibleInterface* summary() const override { return nullptr; }
+    QAccessibleInterface* cellAt(int row, int column) const override {
+        const bool exists = row >= 0 && row < rowCount() && column >= 0 && column < columnCount();
+        return exists ? child(CellIndex(row, column, *mList)) : nullptr;
+    }
+    int rowCount() const override { return mList ? mList->LineCount() : 0; }
+    int columnCount() const override { return mList ? mList->ColumnCount() : 0; }
+    QString columnDescription(int column) const override {
+        return mList ? mList->HeaderText(column) : QString();
+    }
+    QString rowDescription(int row) const override {
+        if (row < 0 || row >= rowCount())
+            return QString();
+        QStringList texts;
+        for (int column = 0; column < columnCount(); ++column)
+            texts << mList->CellText(row, column);
+        texts.removeAll(QString());
+        return texts.join(QStringLiteral(", "));
+    }
+
+    QList<int> selectedRows() const override {
+        const int line = mList ? mList->LineSelectedNum() : -1;
+        return line < 0 ? QList<int>() : QList<int>{line};
+    }
+    int selectedRowCount() const override { return static_cast<int>(selectedRows().size()); }
+    bool isRowSelected(int row) const override { return selectedRows().contains(row); }
+    QList<QAccessibleInterface*> selectedCells() const override {
+        QList<QAccessibleInterface*> cells;
+        for (const int row : selectedRows())
+            for (int column = 0; column < columnCount(); ++column)
+                cells << cellAt(row, column);
+        return cells;
+    }
+    int selectedCellCount() const override { return selectedRowCount() * columnCount(); }
+    bool selectRow(int row) override {
+        if (row < 0 || row >= rowCount())
+            return false;
+        mList->SelectLine(row);
+        return true;
+    }
+    bool unselectRow(int) override { return false; }
+    QList<int> selectedColumns() const override { return {}; }
+    int selectedColumnCount() const override { return 0; }
+    bool isColumnSelected(int) const override { return false; }
+    bool selectColumn(int) override { return false; }
+    bool unselectColumn(int) override { return false; }
+
+    // A cell stands for its place and reads its text anew, so no change makes one invalid.
+    void modelChange(QAccessibleTableModelChangeEvent*) override {}
+
+protected:
+    ~AccessibleList() override {
+        for (const auto& [index, id] : mCells)
+            QAccessible::deleteAccessibleInterface(id);
+    }
+
+private:
+    QPointer<c_PicList> mList;
+    mutable std::map<int, QAccessible::Id> mCells;
+};
+
+QAccessibleInterface* ListOfBox(const QString&, QObject* object) {
+    auto* box = qobject_cast<PictureBox*>(object);
+    if (box == nullptr)
+        return nullptr;
+    auto* list = qobject_cast<c_PicList*>(box->property(kListProperty).value<QObject*>());
+    return list != nullptr ? new AccessibleList(box, list) : nullptr;
+}
+
+} // namespace
+
+void MakeListAccessible(PictureBox* box, c_PicList* list) {
+    [[maybe_unused]] static const bool installed = [] {
+        QAccessible::installFactory(ListOfBox);
+        return true;
+    }();
+    box->setProperty(kListProperty, QVariant::fromValue<QObject*>(list));
+    QObject::connect(list, &QObject::destroyed, box,
+                     [box] { box->setProperty(kListProperty, QVariant()); });
+}
+
+void AnnounceSelection(PictureBox& box, const c_PicList& list) {
+    if (!QAccessible::isActive())
+        return;
+    const int cell = CellIndex(list.LineSelectedNum(), 0, list);
+    for (const QAccessible::Event kind : {QAccessible::Selection, QAccessible::Focus}) {
+        if (kind == QAccessible::Focus && !box.hasFocus())
+            continue;
+        QAccessibleEvent event(&box, kind);
+        event.setChild(cell);
+        QAccessible::updateAccessibility(&event);
+    }
+}
+
+void AnnounceLineCount(PictureBox& box) {
+    if (!QAccessible::isActive())
+        return;
+    QAccessibleTableModelChangeEvent event(&box, QAccessibleTableModelChangeEvent::ModelReset);
+    QAccessible::updateAccessibility(&event);
+}
+
+} // namespace toolkit

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "toolkit/Canvas.h"
+
+#include <vector>
+
+/// How the parts of a list look.
+namespace toolkit {
+
+enum class HeaderLook { Normal, Hover, Pressed };
+enum class SortMark { None, Upwards, Downwards };
+enum class LineLook { Plain, Selected, SelectedWithFocus };
+
+/// The colour of a cell's text unless the list's owner gives another one.
+constexpr ColorRef kCellColor = Rgb(226, 226, 255);
+
+/// A text in its cell.
+struct PlacedText {
+    QRect cell;
+    QString text;
+    ColorRef color;
+};
+
+void DrawHeaderCell(Hdc dc, const QRect& cell, const QString& text, HeaderLook look, SortMark mark);
+void DrawSubHeaderCell(Hdc dc, const QRect& cell, const QString& text, HeaderLook look);
+
+/// The ground of a line; every other line is a little lighter.
+void DrawLineGround(Hdc dc, const QRect& line, bool lighter, LineLook look);
+
+/// Writes the texts in the middle of their cells' height; nothing goes beyond a cell or `area`.
+void DrawCellTexts(Hdc dc, const QRect& area, const std::vector<PlacedText>& cells);
+
+/// The ground of the lines where there are none.
+void DrawListGround(Hdc dc, const QRect& area);
+
+/// The edge around all.
+void DrawListFrame(Hdc dc);
+
+} // namespace toolkit

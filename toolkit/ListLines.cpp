@@ -1,0 +1,60 @@
+#include "toolkit/ListLines.h"
+
+#include "platform/Text.h"
+
+namespace toolkit {
+
+namespace {
+
+/// The piece of that number, as it stands.
+QString Piece(const QString& text, int number) {
+    qsizetype from = 0;
+    for (; number > 0; --number) {
+        from = text.indexOf(u'\\', from) + 1;
+        if (from == 0)
+            return QString();
+    }
+    const qsizetype end = text.indexOf(u'\\', from);
+    return text.mid(from, end < 0 ? -1 : end - from);
+}
+
+} // namespace
+
+QString ShownColumn(const QString& text, int column) {
+    QString shown = platform::UnescapeSeparators(Piece(text, column));
+    if (!shown.isValidUtf16())
+        shown = platform::ShownText(platform::PathFromText(shown));
+    for (QChar& c : shown)
+        if (c.category() == QChar::Other_Control)
+            c = u' ';
+    return shown;
+}
+
+void ListLines::Add(const QString& text, const QString& key) {
+    if (mFree.empty()) {
+        mOrder.push_back(static_cast<std::uint32_t>(mPool.size()));
+        mPool.push_back({text, key});
+        return;
+    }
+    mOrder.push_back(mFree.back());
+    mPool[mFree.back()] = {text, key};
+    mFree.pop_back();
+}
+
+void ListLines::Clear() { *this = ListLines(); }
+
+void ListLines::Remove(int line) {
+    mPool[Place(line)] = Line();
+    mFree.push_back(Place(line));
+    mOrder.erase(mOrder.begin() + line);
+}
+
+void ListLines::Reorder(const std::vector<int>& order) {
+    std::vector<std::uint32_t> places;
+    places.reserve(order.size());
+    for (const int line : order)
+        places.push_back(Place(line));
+    mOrder = std::move(places);
+}
+
+} // namespace toolkit

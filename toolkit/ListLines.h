@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QString>
+#include <cstdint>
+#include <vector>
+
+namespace toolkit {
+
+/// One of the "\"-separated columns of a line's text, fit to be shown; empty when there is none.
+QString ShownColumn(const QString& text, int column);
+
+/// The lines of a list, each a text and a key. Numbers must be those of lines.
+class ListLines {
+public:
+    int Count() const { return static_cast<int>(mOrder.size()); }
+    void Add(const QString& text, const QString& key);
+    void Clear();
+    void Remove(int line);
+
+    /// Puts line `order[n]` at n.
+    void Reorder(const std::vector<int>& order);
+
+    QString& Text(int line) { return mPool[Place(line)].text; }
+    const QString& Text(int line) const { return mPool[Place(line)].text; }
+    QString& Key(int line) { return mPool[Place(line)].key; }
+    const QString& Key(int line) const { return mPool[Place(line)].key; }
+
+private:
+    struct Line {
+        QString text;
+        QString key;
+    };
+
+    std::uint32_t Place(int line) const { return mOrder[static_cast<std::size_t>(line)]; }
+
+    // Removing one of very many lines moves only small numbers.
+    std::vector<Line> mPool;
+    std::vector<std::uint32_t> mOrder;
+    std::vector<std::uint32_t> mFree;
+};
+
+} // namespace toolkit

@@ -1,0 +1,129 @@
+#include "toolkit/ScrollBar.h"
+
+#include "toolkit/ApiDraw.h"
+#include "toolkit/Picture.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+
+namespace toolkit {
+
+namespace {
+
+constexpr QSize kPlainFrame(16, 48);
+constexpr int kEdge = 1;
+
+/// The row of a frame of `length` rows that is shown in row `y` of one lengthened to `target`.
+int SkinRow(int y, int length, int target) {
+    const int end = length / 5;
+    const int upper = (target - length) / 2;
+    const int lower = target - length - upper;
+    if (y < end)
+        return y;
+    y = std::max(y - upper, end);
+    if (y < length - end)
+        return y;
+    return std::max(y - lower, length - end - 1);
+}
+
+/// `skin` with frames of `length` logical pixels.
+QImage Lengthened(const QImage& skin, int length) {
+    const int frame = skin.height() / 3;
+    QImage picture(skin.width(), Canvas::ScreenPixels(QRect(0, 0, 1, 3 * length)).height(),
+                   skin.format());
+    for (int i = 0; i < 3; ++i) {
+        const QRect rows = Canvas::ScreenPixels(QRect(0, i * length, 1, length));
+        for (int y = 0; y < rows.height(); ++y) {
+            const int row = i * frame + SkinRow(y, frame, rows.height());
+            std::memcpy(picture.scanLine(rows.y() + y), skin.constScanLine(row),
+                        static_cast<std::size_t>(skin.bytesPerLine()));
+        }
+    }
+    return picture;
+}
+
+} // namespace
+
+void ScrollBar::LoadSkin() {
+    const QString file = QStringLiteral("Images\\sBar.bmp");
+    QImage skin = LoadPicture(file);
+    if (skin.isNull()) {
+        ReportMissingPicture(file);
+        skin = PlainSkin(kPlainFrame);
+    }
+    mSkin = skin.convertToFormat(QImage::Format_RGB32);
+    mThumb.reset();
+}
+
+int ScrollBar::Width() const {
+    return static_cast<int>(std::lround(mSkin.width() / Canvas::Ratio())) + 2 * kEdge;
+}
+
+void ScrollBar::SetRange(const QRect& track, int content, int page) {
+    mTrack = track;
+    mContent = content;
+    mPage = page;
+}
+
+int ScrollBar::MaxTop() const { return std::max(mContent - mPage, 0); }
+
+int ScrollBar::Top() const { return std::clamp(mTop, 0, MaxTop()); }
+
+int ScrollBar::ThumbLength() const {
+    const int shortest = static_cast<int>(std::lround(mSkin.height() / 3 / Canvas::Ratio()));
+    const double part = static_cast<double>(mPage) / std::max(mContent, 1);
+    return std::max(static_cast<int>(part * (mTrack.height() - 2 * kEdge)), shortest);
+}
+
+QRect ScrollBar::Thumb() const {
+    if (MaxTop() == 0 || Way() <= 0)
+        return QRect();
+    const auto down = static_cast<int>(std::lround(static_cast<double>(Top()) * Way() / MaxTop()));
+    return QRect(mTrack.x() + kEdge, mTrack.y() + kEdge + down, mTrack.width() - 2 * kEdge,
+                 ThumbLength());
+}
+
+void ScrollBar::Press(double y, int step) {
+    const QRect thumb = Thumb();
+    mHeld = !thumb.isEmpty() && y >= thumb.y() && y < thumb.y() + thumb.height();
+    mGrip = y - thumb.y();
+    if (!mHeld)
+        SetTop(std::clamp(Top() + (y < thumb.y() ? -step : step), 0, MaxTop()));
+}
+
+void ScrollBar::DragTo(double y) {
+    if (!mHeld || Way() <= 0)
+        return;
+    const double down = std::clamp(y - mGrip - mTrack.y() - kEdge, 0.0, static_cast<double>(Way()));
+    SetTop(static_cast<int>(std::lround(down * MaxTop() / Way())));
+}
+
+bool ScrollBar::SetHover(bool hover) { return std::exchange(mHover, hover) != hover && !mHeld; }
+
+void ScrollBar::Draw(Hdc target) {
+    BeginDraw(target, Qt::SolidLine, kWhite, 1, kBlack, BkMode::Transparent);
+    DrawBox(Rgb(4, 3, 16), Rgb(60, 66, 150), Rgb(8, 6, 28), static_cast<float>(mTrack.left()),
+            static_cast<float>(mTrack.top()), static_cast<float>(mTrack.right()),
+            static_cast<float>(mTrack.bottom()));
+    EndDraw();
+    const QRect thumb = Thumb();
+    if (thumb.isEmpty())
+        return;
+    MakeThumb(thumb.height());
+    const int frame = mHeld ? 2 : mHover ? 1 : 0;
+    DrawMasked(target, thumb.x(), thumb.y(), thumb.width(), thumb.height(), mThumb->HDC(1),
+               mThumb->HDC(0), 0, frame * thumb.height());
+}
+
+void ScrollBar::MakeThumb(int length) {
+    if (mThumb && mThumb->Height(0) == 3 * length)
+        return;
+    const QImage skin = Lengthened(mSkin, length);
+    mThumb = std::make_unique<c_Surface>();
+    mThumb->CreateSurface(skin);
+    mThumb->CreateSurface(skin);
+    mThumb->CreateMask(1, kBlack, kBlack, kWhite);
+}
+
+} // namespace toolkit

@@ -1,0 +1,253 @@
+#include "toolkit/c_PicList.h"
+
+#include "toolkit/HumanOrder.h"
+#include "toolkit/ListAccessible.h"
+#include "toolkit/ListFace.h"
+#include "toolkit/c_PicListState.h"
+
+#include <algorithm>
+
+using namespace toolkit;
+
+namespace {
+
+constexpr int kFrameTime = 16; // milliseconds: no screen shows more than it has frames
+
+} // namespace
+
+c_PicList::c_PicList() : mState(std::make_unique<State>()) {
+    mState->drawTimer.setSingleShot(true);
+    mState->drawTimer.setTimerType(Qt::PreciseTimer);
+    connect(&mState->drawTimer, &QTimer::timeout, this, [this] {
+        if (mState->box)
+            mState->box->Refresh();
+    });
+}
+
+c_PicList::~c_PicList() = default;
+
+void c_PicList::Create(PictureBox* box, const QString& headers) {
+    mState->box = box;
+    mState->headers = headers;
+    mState->columns = static_cast<int>(headers.count(u'\\')) + 1;
+    mState->scroller.LoadSkin();
+    box->setFocusPolicy(Qt::StrongFocus);
+    box->installEventFilter(this);
+    MakeListAccessible(box, this);
+    Refresh();
+}
+
+void c_PicList::AddItem(const QString& text, const QString& key) {
+    mState->lines.Add(text, key);
+    ForgetSorting();
+}
+
+void c_PicList::ClearLines() {
+    mState->lines.Clear();
+    mState->selected = -1;
+    mState->scroller.SetTop(0);
+    ForgetSorting();
+}
+
+void c_PicList::RemoveLine(int line) {
+    if (line < 0 || line >= LineCount())
+        return;
+    mState->lines.Remove(line);
+    int& selected = mState->selected;
+    if (selected > line)
+        --selected;
+    selected = std::min(selected, LineCount() - 1);
+}
+
+void c_PicList::Refresh() {
+    if (!mState->box)
+        return;
+    mState->dirty = true;
+    const qint64 since = mState->sinceDrawn.isValid() ? mState->sinceDrawn.elapsed() : kFrameTime;
+    if (since >= kFrameTime)
+        mState->box->Refresh();
+    else if (!mState->drawTimer.isActive())
+        mState->drawTimer.start(static_cast<int>(kFrameTime - since));
+}
+
+int c_PicList::LineCount() const { return mState->lines.Count(); }
+
+QString c_PicList::LineText(int line) const { return mState->lines.Text(line); }
+
+void c_PicList::SetLineText(int line, const QString& text) {
+    if (std::exchange(mState->lines.Text(line), text) != text)
+        ForgetSorting();
+}
+
+QString c_PicList::LineKey(int line) const { return mState->lines.Key(line); }
+
+void c_PicList::SetLineKey(int line, const QString& key) { mState->lines.Key(line) = key; }
+
+int c_PicList::LineSelectedNum() const { return mState->selected; }
+
+void c_PicList::SelectLine(int line) { Choose(line, Qt::NoModifier, false); }
+
+void c_PicList::Choose(int line, Qt::KeyboardModifiers keys, bool byKeys) {
+    if (line < 0 || line >= LineCount())
+        return;
+    mState->selected = line;
+    BringIntoSight(line);
+    Refresh();
+    if (mState->box)
+        AnnounceSelection(*mState->box, *this);
+    mRangeKey = keys.testFlag(Qt::ShiftModifier);
+    mAddKey = keys.testFlag(Qt::ControlModifier);
+    mByKeys = byKeys;
+    Q_EMIT LineSelChanged(line);
+    mRangeKey = mAddKey = mByKeys = false;
+}
+
+std::vector<int> c_PicList::SortByHeader(int column, int mode) {
+    const bool exists = column >= 0 && column < mState->columns;
+    const bool downwards = mode == 2;
+    std::vector<QString> texts(static_cast<std::size_t>(LineCount()));
+    for (int line = 0; exists && line < LineCount(); ++line)
+        texts[static_cast<std::size_t>(line)] = CellText(line, column);
+    std::vector<int> order = HumanOrder(texts, downwards);
+    if (!exists)
+        return order;
+
+    const bool inSight = !CellRect(mState->selected, 0).isEmpty();
+    mState->lines.Reorder(order);
+    if (mState->selected >= 0) {
+        const auto now = std::find(order.begin(), order.end(), mState->selected);
+        mState->selected = static_cast<int>(now - order.begin());
+        if (inSight)
+            BringIntoSight(mState->selected);
+    }
+    Refresh();
+    const bool changed = column != mState->sortedColumn || downwards != mState->downwards;
+    mState->sortedColumn = column;
+    mState->downwards = downwards;
+    if (changed)
+        Q_EMIT HeaderSelChanged(column);
+    return order;
+}
+
+void c_PicList::ForgetSorting() { mState->sortedColumn = -1; }
+
+void c_PicList::SetSubHeader(const QString& text) {
+    if (std::exchange(mState->subHeader, text) == text)
+        return;
+    Refresh();
+    Q_EMIT SubHeaderChanged();
+}
+
+double c_PicList::TextWidth(const QString& text) const {
+    return mState->box ? mState->box->Picture().TextWidth(text) : 0;
+}
+
+int c_PicList::ColumnCount() const { return mState->columns; }
+
+QString c_PicList::HeaderText(int column) const { return ShownColumn(mState->headers, column); }
+
+QString c_PicList::SubHeaderText(int column) const {
+    return ShownColumn(mState->subHeader, column);
+}
+
+QString c_PicList::CellText(int line, int column) const {
+    return ShownColumn(mState->lines.Text(line), column);
+}
+
+ListLayout c_PicList::Layout() const {
+    return ListLayout(mState->box->size(), mState->box->Picture().TextHeight(), mState->columns,
+                      !mState->subHeader.isEmpty(), mState->scroller.Width());
+}
+
+QRect c_PicList::CellRect(int line, int column) const {
+    if (!mState->box || line >= LineCount() || column < 0 || column >= mState->columns)
+        return QRect();
+    const ListLayout layout = Layout();
+    if (line < 0)
+        return layout.HeaderCell(column);
+    return layout.LineCell(line, column, mState->scroller.Top()) & layout.Lines();
+}
+
+int c_PicList::LineAt(const QPointF& point) const {
+    if (!mState->box || Layout().At(point).part != ListLayout::Part::Lines)
+        return -1;
+    const int line = Layout().LineAt(point.y(), mState->scroller.Top());
+    return line < LineCount() ? line : -1;
+}
+
+int c_PicList::ColumnAt(const QPointF& point) const {
+    return mState->box ? Layout().At(point).column : -1;
+}
+
+void c_PicList::AdjustScroller() {
+    const ListLayout layout = Layout();
+    mState->scroller.SetRange(layout.Scroller(), LineCount() * layout.LineHeight(),
+                              layout.Lines().height());
+}
+
+void c_PicList::BringIntoSight(int line) {
+    if (!mState->box)
+        return;
+    AdjustScroller();
+    const ListLayout layout = Layout();
+    const int top = line * layout.LineHeight();
+    const int end = top + layout.LineHeight() - layout.Lines().height();
+    mState->scroller.SetTop(std::min(std::max(mState->scroller.Top(), end), top));
+}
+
+void c_PicList::Draw() {
+    mState->dirty = false;
+    AdjustScroller();
+    DrawLines();
+    DrawHeaders();
+    mState->scroller.Draw(mState->box->Dc());
+    DrawListFrame(mState->box->Dc());
+    mState->sinceDrawn.start();
+    if (std::exchange(mState->announcedCount, LineCount()) != LineCount())
+        AnnounceLineCount(*mState->box);
+}
+
+void c_PicList::DrawLines() {
+    const ListLayout layout = Layout();
+    const QRect area = layout.Lines();
+    const int top = mState->scroller.Top();
+    const Hdc dc = mState->box->Dc();
+    const LineLook selectedLook =
+        mState->box->hasFocus() ? LineLook::SelectedWithFocus : LineLook::Selected;
+    DrawListGround(dc, area);
+    std::vector<PlacedText> texts;
+    const int end = std::min(layout.LineAt(area.bottom(), top) + 1, LineCount());
+    for (int line = layout.LineAt(area.y(), top); line < end; ++line) {
+        const QRect first = layout.LineCell(line, 0, top);
+        DrawLineGround(dc, QRect(area.x(), first.y(), area.width(), first.height()), line % 2 != 0,
+                       line == mState->selected ? selectedLook : LineLook::Plain);
+        for (int column = 0; column < mState->columns; ++column) {
+            const QRect cell = layout.LineCell(line, column, top);
+            const double width = cell.width() - 2 * ListLayout::kMargin;
+            ListCell printed{line, column, width, CellText(line, column), kCellColor};
+            Q_EMIT LinePrint(printed);
+            texts.push_back({cell, printed.text, printed.color});
+        }
+    }
+    DrawCellTexts(dc, area, texts);
+}
+
+void c_PicList::DrawHeaders() {
+    const ListLayout layout = Layout();
+    const Hdc dc = mState->box->Dc();
+    const auto look = [this](ListLayout::Spot spot) {
+        if (spot != mState->hover)
+            return HeaderLook::Normal;
+        return spot == mState->pressed ? HeaderLook::Pressed : HeaderLook::Hover;
+    };
+    using Part = ListLayout::Part;
+    const SortMark mark = mState->downwards ? SortMark::Downwards : SortMark::Upwards;
+    for (int column = 0; column < mState->columns; ++column) {
+        DrawHeaderCell(dc, layout.HeaderCell(column), HeaderText(column),
+                       look({Part::Header, column}),
+                       column == mState->sortedColumn ? mark : SortMark::None);
+        if (!mState->subHeader.isEmpty())
+            DrawSubHeaderCell(dc, layout.SubHeaderCell(column), SubHeaderText(column),
+                              look({Part::SubHeader, column}));
+    }
+}

@@ -1,0 +1,145 @@
+#pragma once
+
+#include "toolkit/ColorRef.h"
+
+#include <QObject>
+#include <QRect>
+#include <QString>
+#include <memory>
+#include <vector>
+
+class QKeyEvent;
+class QMouseEvent;
+class QPointF;
+class QWheelEvent;
+
+namespace toolkit {
+
+class ListLayout;
+class PictureBox;
+
+/// One cell of a list that is about to be drawn; a handler of `LinePrint` may change what is.
+struct ListCell {
+    int line;       ///< 0-based
+    int column;     ///< 0-based
+    double width;   ///< room for the text, in logical pixels; see `c_PicList::TextWidth`
+    QString text;   ///< as shown, unescaped; shortened by the handler to fit `width`
+    ColorRef color; ///< of the text
+};
+
+} // namespace toolkit
+
+/// A list drawn by the program over a picture box: lines of "\"-separated columns under a clickable
+/// header of the same columns, with a sub-header of facts and a scroller. Lines and columns are
+/// numbered from 0. One line at most is selected; -1 stands for none. Line texts, keys and header
+/// texts are plain; escape a "\" that is no separator with `platform::EscapeSeparators`, which is
+/// undone when a column is shown.
+class c_PicList : public QObject {
+    Q_OBJECT
+public:
+    c_PicList();
+    ~c_PicList() override;
+
+    /// Puts the list on `box`, with the box's size and font, and makes the columns of `headers`
+    /// ("First\Second\Third").
+    void Create(toolkit::PictureBox* box, const QString& headers);
+
+    /// Appends a line; shows with the next `Refresh`.
+    void AddItem(const QString& text, const QString& key);
+    void ClearLines();
+    /// Takes one line out. The selection stays on its line; when that went, it is on the line that
+    /// took its place, or on the last one.
+    void RemoveLine(int line);
+
+    /// Draws the list anew as soon as events run, however often it is called before.
+    void Refresh();
+
+    int LineCount() const;
+    QString LineText(int line) const;
+    void SetLineText(int line, const QString& text);
+    QString LineKey(int line) const;
+    void SetLineKey(int line, const QString& key);
+
+    int LineSelectedNum() const;
+    /// Selects a line and brings it into sight, as a click does without modifier keys.
+    void SelectLine(int line);
+
+    /// Sorts the lines by a column, upwards with mode 0, downwards with mode 2: numbers by their
+    /// value, letters as the locale sorts them without regard to case, equal lines as they were.
+    /// The selection stays on its line. Returns for each line the number it had before. Nothing is
+    /// sorted by a column that there is not.
+    std::vector<int> SortByHeader(int column, int mode);
+
+    /// The text under the header, one piece for each column; no strip while it is empty.
+    void SetSubHeader(const QString& text);
+
+    /// Width of `text` in the list's font, in logical pixels.
+    double TextWidth(const QString& text) const;
+
+    int ColumnCount() const;
+    /// The texts as they are shown, unescaped; empty where there are none.
+    QString HeaderText(int column) const;
+    QString SubHeaderText(int column) const;
+    QString CellText(int line, int column) const;
+
+    /// The part of a cell that is in sight, in logical pixels of the box; empty when none is. The
+    /// header is line -1.
+    QRect CellRect(int line, int column) const;
+    /// The line and the column at a point of the box; -1 where there is none.
+    int LineAt(const QPointF& point) const;
+    int ColumnAt(const QPointF& point) const;
+
+    /// Whether the range key (Shift) and the add-to-selection key (Ctrl) are held; true only while
+    /// `LineSelChanged` is raised.
+    bool mRangeKey = false;
+    bool mAddKey = false;
+    /// Whether the selection was moved by keys; as above.
+    bool mByKeys = false;
+
+Q_SIGNALS:
+    /// The player selected a line, perhaps the one that was selected already.
+    void LineSelChanged(int line);
+    /// A line was double-clicked, or Enter was pressed on it.
+    void LineDoubleClicked(int line);
+    void LineRightClicked(int line);
+    /// The list is sorted by another column than before, or in the other direction. It counts as
+    /// sorted until a line's text changes or one is appended.
+    void HeaderSelChanged(int column);
+    void HeaderSelClicked(int column);
+    void HeaderDoubleClicked(int column);
+    void SubHeaderClicked(int column);
+    void SubHeaderChanged();
+    /// A visible cell is about to be drawn. The handler must leave the lines as they are.
+    void LinePrint(toolkit::ListCell& cell);
+    /// Delete or Ctrl+A was pressed.
+    void RemoveWanted();
+    void SelectAllWanted();
+
+protected:
+    bool eventFilter(QObject* box, QEvent* event) override;
+
+private:
+    struct State;
+
+    toolkit::ListLayout Layout() const;
+    void AdjustScroller();
+    void BringIntoSight(int line);
+    void Choose(int line, Qt::KeyboardModifiers keys, bool byKeys);
+    void ForgetSorting();
+    void Draw();
+    void DrawHeaders();
+    void DrawLines();
+
+    bool Key(const QKeyEvent& event);
+    bool MoveKey(const QKeyEvent& event);
+    bool Type(const QKeyEvent& event);
+    void Press(const QMouseEvent& event);
+    void DoublePress(const QMouseEvent& event);
+    void Move(const QMouseEvent& event);
+    void Release(const QMouseEvent& event);
+    void Wheel(const QWheelEvent& event);
+    void PointAt(const QPointF& point);
+    void ForgetPointer();
+
+    std::unique_ptr<State> mState;
+};

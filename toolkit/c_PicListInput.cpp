@@ -1,0 +1,220 @@
+// The mouse and the keys over a picture list.
+
+#include "toolkit/c_PicListState.h"
+
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QWheelEvent>
+#include <algorithm>
+#include <cmath>
+
+using namespace toolkit;
+using Part = ListLayout::Part;
+
+namespace {
+
+constexpr int kNotch = 120; // of a wheel
+constexpr int kLinesPerNotch = 3;
+
+/// How far a wheel event scrolls down, in logical pixels.
+double WheelWay(const QWheelEvent& event, int lineHeight) {
+    // Under X11 the pixels of an event depend on the driver.
+    if (!event.pixelDelta().isNull() && QGuiApplication::platformName() != QStringLiteral("xcb"))
+        return -event.pixelDelta().y();
+    return -static_cast<double>(event.angleDelta().y()) * kLinesPerNotch * lineHeight / kNotch;
+}
+
+} // namespace
+
+bool c_PicList::eventFilter(QObject* box, QEvent* event) {
+    if (box != mState->box)
+        return false;
+    switch (event->type()) {
+    case QEvent::Paint:
+        if (mState->dirty)
+            Draw();
+        return false;
+    case QEvent::FocusIn:
+    case QEvent::FocusOut:
+    case QEvent::Resize:
+        Refresh();
+        return false;
+    case QEvent::Leave:
+        PointAt(QPointF(-1, -1));
+        return false;
+    case QEvent::Hide:
+        ForgetPointer();
+        return false;
+    case QEvent::KeyPress:
+        return Key(*static_cast<QKeyEvent*>(event));
+    case QEvent::MouseButtonPress:
+        Press(*static_cast<QMouseEvent*>(event));
+        return true;
+    case QEvent::MouseButtonDblClick:
+        DoublePress(*static_cast<QMouseEvent*>(event));
+        return true;
+    case QEvent::MouseMove:
+        Move(*static_cast<QMouseEvent*>(event));
+        return true;
+    case QEvent::MouseButtonRelease:
+        Release(*static_cast<QMouseEvent*>(event));
+        return true;
+    case QEvent::Wheel:
+        Wheel(*static_cast<QWheelEvent*>(event));
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool c_PicList::Key(const QKeyEvent& event) {
+    if (event.matches(QKeySequence::SelectAll)) {
+        Q_EMIT SelectAllWanted();
+        return true;
+    }
+    switch (event.key()) {
+    case Qt::Key_Delete:
+        if (!event.isAutoRepeat())
+            Q_EMIT RemoveWanted();
+        return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (mState->selected >= 0 && !event.isAutoRepeat())
+            Q_EMIT LineDoubleClicked(mState->selected);
+        return true;
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+        return true; // the form would move the focus
+    default:
+        return MoveKey(event) || Type(event);
+    }
+}
+
+bool c_PicList::MoveKey(const QKeyEvent& event) {
+    const ListLayout layout = Layout();
+    const int page = std::max(layout.Lines().height() / layout.LineHeight() - 1, 1);
+    const int from = mState->selected;
+    const int last = LineCount() - 1;
+    int to = 0;
+    switch (event.key()) {
+    case Qt::Key_Up:
+        to = from - 1;
+        break;
+    case Qt::Key_Down:
+        to = from + 1;
+        break;
+    case Qt::Key_PageUp:
+        to = from - page;
+        break;
+    case Qt::Key_PageDown:
+        to = std::max(from, 0) + page;
+        break;
+    case Qt::Key_Home:
+        break;
+    case Qt::Key_End:
+        to = last;
+        break;
+    default:
+        return false;
+    }
+    Choose(std::min(std::max(to, 0), last), event.modifiers(), true);
+    return true;
+}
+
+bool c_PicList::Type(const QKeyEvent& event) {
+    const bool letter = !event.text().isEmpty() && event.text().front().isPrint();
+    const auto others =
+        event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier | Qt::GroupSwitchModifier);
+    if (!letter || others)
+        return false;
+    const int column = std::max(mState->sortedColumn, 0);
+    // The Shift of a capital letter is no range key.
+    Choose(mState->typeAhead.Find(event.text(), mState->selected, LineCount(),
+                                  [=, this](int line) { return CellText(line, column); }),
+           Qt::NoModifier, true);
+    return true;
+}
+
+void c_PicList::Press(const QMouseEvent& event) {
+    const bool right = event.button() == Qt::RightButton;
+    if (!right && event.button() != Qt::LeftButton)
+        return;
+    AdjustScroller();
+    PointAt(event.position());
+    if (mState->hover.part == Part::Lines) {
+        const int line = LineAt(event.position());
+        Choose(line, event.modifiers(), false);
+        if (right && line >= 0)
+            Q_EMIT LineRightClicked(line);
+    } else if (!right) {
+        mState->pressed = mState->hover;
+        if (mState->pressed.part == Part::Scroller) {
+            const ListLayout layout = Layout();
+            mState->scroller.Press(event.position().y(),
+                                   layout.Lines().height() - layout.LineHeight());
+        }
+        Refresh();
+    }
+}
+
+void c_PicList::DoublePress(const QMouseEvent& event) {
+    const int line = LineAt(event.position());
+    if (event.button() == Qt::LeftButton && line >= 0 && line == mState->selected) {
+        Q_EMIT LineDoubleClicked(line);
+        return;
+    }
+    Press(event);
+    if (mState->pressed.part == Part::Header)
+        Q_EMIT HeaderDoubleClicked(mState->pressed.column);
+}
+
+void c_PicList::Move(const QMouseEvent& event) {
+    if (!mState->scroller.Held()) {
+        PointAt(event.position());
+        return;
+    }
+    mState->scroller.DragTo(event.position().y());
+    Refresh();
+}
+
+void c_PicList::Release(const QMouseEvent& event) {
+    if (event.button() != Qt::LeftButton)
+        return;
+    mState->scroller.Release();
+    PointAt(event.position());
+    const ListLayout::Spot pressed = std::exchange(mState->pressed, {});
+    Refresh();
+    if (pressed != mState->hover)
+        return;
+    if (pressed.part == Part::Header)
+        Q_EMIT HeaderSelClicked(pressed.column);
+    if (pressed.part == Part::SubHeader)
+        Q_EMIT SubHeaderClicked(pressed.column);
+}
+
+void c_PicList::Wheel(const QWheelEvent& event) {
+    AdjustScroller();
+    ScrollBar& scroller = mState->scroller;
+    const double way = mState->wheelRest + WheelWay(event, Layout().LineHeight());
+    const double whole = std::trunc(way);
+    mState->wheelRest = way - whole;
+    scroller.SetTop(std::clamp(scroller.Top() + static_cast<int>(whole), 0, scroller.MaxTop()));
+    Refresh();
+}
+
+void c_PicList::PointAt(const QPointF& point) {
+    const ListLayout::Spot spot = Layout().At(point);
+    const bool onThumb = spot.part == Part::Scroller &&
+                         std::floor(point.y()) >= mState->scroller.Thumb().top() &&
+                         std::floor(point.y()) <= mState->scroller.Thumb().bottom();
+    const bool thumbChanged = mState->scroller.SetHover(onThumb);
+    if (std::exchange(mState->hover, spot) != spot || thumbChanged)
+        Refresh();
+}
+
+void c_PicList::ForgetPointer() {
+    PointAt(QPointF(-1, -1));
+    mState->pressed = {};
+    mState->scroller.Release();
+}

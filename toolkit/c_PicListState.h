@@ -1,0 +1,36 @@
+#pragma once
+
+#include "toolkit/ListLayout.h"
+#include "toolkit/ListLines.h"
+#include "toolkit/PictureBox.h"
+#include "toolkit/ScrollBar.h"
+#include "toolkit/TypeAhead.h"
+#include "toolkit/c_PicList.h"
+
+#include <QElapsedTimer>
+#include <QPointer>
+#include <QTimer>
+
+/// What a picture list keeps.
+struct c_PicList::State {
+    QPointer<toolkit::PictureBox> box;
+    QString headers;
+    QString subHeader;
+    int columns = 0;
+
+    toolkit::ListLines lines;
+    int selected = -1;
+    int sortedColumn = -1;
+    bool downwards = false;
+
+    toolkit::ScrollBar scroller;
+    toolkit::TypeAhead typeAhead;
+    toolkit::ListLayout::Spot hover;
+    toolkit::ListLayout::Spot pressed;
+    double wheelRest = 0; // of a pixel
+
+    bool dirty = false;
+    int announcedCount = 0; // of lines, to screen readers
+    QElapsedTimer sinceDrawn;
+    QTimer drawTimer;
+};
