@@ -1,6 +1,7 @@
 // The music library next to the least work that could do the same: a folder scan next to a bare
 // walk of the system's calls, a playlist next to splitting its file into lines.
 
+#include "bench/MusicTree.h"
 #include "library/SongScan.h"
 #include "library/c_ID3.h"
 #include "library/c_M3U.h"
@@ -23,54 +24,6 @@
 namespace {
 
 namespace fs = std::filesystem;
-
-class TemporaryFolder {
-public:
-    TemporaryFolder() {
-        std::string name = (fs::temp_directory_path() / "songrush-bench-XXXXXX").string();
-        mPath = mkdtemp(name.data());
-    }
-    ~TemporaryFolder() { fs::remove_all(mPath); }
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
-    const fs::path& Path() const { return mPath; }
-
-private:
-    fs::path mPath;
-};
-
-std::string TagOf(int song) {
-    std::string tag = "TAGSong number " + std::to_string(song);
-    tag.resize(33, '\0');
-    tag += "Some Artist";
-    tag.resize(63, ' ');
-    tag += "Some Album";
-    tag.resize(128, ' ');
-    return tag;
-}
-
-/// 10,000 tagged files in 20 folders of 10 folders of 50 files.
-const fs::path& MusicTree() {
-    static const TemporaryFolder folder;
-    static const bool made = [] {
-        int song = 0;
-        for (int artist = 0; artist < 20; ++artist) {
-            for (int album = 0; album < 10; ++album) {
-                const fs::path path = folder.Path() / ("Artist " + std::to_string(artist)) /
-                                      ("Album " + std::to_string(album));
-                fs::create_directories(path);
-                for (int track = 0; track < 50; ++track, ++song) {
-                    std::ofstream file(path / (std::to_string(track) + " - Song Title.mp3"));
-                    file << std::string(4000, 'x') << TagOf(song);
-                }
-            }
-        }
-        return true;
-    }();
-    benchmark::DoNotOptimize(made);
-    return folder.Path();
-}
 
 int BareWalk(int folder) {
     int tagged = 0;

@@ -1,11 +1,15 @@
 // A list of 100,000 songs: filling, sorting, removing half of them, and what is done between two
 // pictures.
 
+#include "platform/ProgramFolder.h"
 #include "toolkit/Form.h"
+#include "toolkit/Picture.h"
 #include "toolkit/c_PicList.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QKeyEvent>
+#include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 #include <random>
 
@@ -18,7 +22,12 @@ constexpr int kSongs = 100'000;
 class SongList {
 public:
     SongList() {
+        const QTemporaryDir folder;
+        QDir(folder.path()).mkdir(QStringLiteral("Images"));
+        PlainSkin(QSize(16, 48)).save(folder.filePath(QStringLiteral("Images/sBar.bmp")), "BMP");
+        platform::SetProgramFolder(folder.path().toStdString());
         mList.Create(&mBox, QStringLiteral("File Name\\Song Title\\Artist"));
+        platform::SetProgramFolder({});
         QObject::connect(&mList, &c_PicList::LinePrint, [this](ListCell& cell) {
             if (mList.TextWidth(cell.text) > cell.width)
                 cell.text.chop(1);

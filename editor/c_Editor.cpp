@@ -125,8 +125,11 @@ void c_Editor::bAddDir_Clicked() {
     const fs::path folder = platform::PathFromText(
         BrowseForFolder(&mForm, QStringLiteral("Add Folder"), library::LastMp3Folder()));
     library::SetLastMp3Folder(folder);
-    if (folder.native().size() < kShortest)
-        return;
+    if (folder.native().size() >= kShortest)
+        AddFolder(folder);
+}
+
+void c_Editor::AddFolder(const fs::path& folder) {
     mFolders.push_back(folder);
     // A scan under way comes to it in its turn.
     if (!mScanning)

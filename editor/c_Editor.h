@@ -32,6 +32,10 @@ public:
     /// Whether it was left by its close button.
     bool ExitProgram = true;
 
+    /// Adds a folder's songs and those of its subfolders, letting events run meanwhile. During such
+    /// a search it only notes the folder, which is then searched next.
+    void AddFolder(const std::filesystem::path& folder);
+
     f_Editor& Form() { return mForm; }
     f_Edit& TitleDialog() { return mEdit; }
     c_player& Player() { return mPlayer; }

@@ -55,7 +55,7 @@ int TypeAhead::Find(const QString& typed, int selected, int count,
         return -1;
     const int found = FindFrom(std::max(selected + begins, 0), mTyped, count, text);
     // The same letter again and again goes from one line to the next.
-    if (found < 0 && mTyped.count(mTyped.front()) == mTyped.size())
+    if (found < 0 && mTyped.size() > 1 && mTyped.count(mTyped.front()) == mTyped.size())
         return FindFrom(selected + 1, mTyped.left(1), count, text);
     return found;
 }

@@ -50,7 +50,7 @@ void c_PicList::ClearLines() {
 }
 
 void c_PicList::RemoveLine(int line) {
-    if (line < 0 || line >= LineCount())
+    if (!Exists(line))
         return;
     mState->lines.Remove(line);
     int& selected = mState->selected;
@@ -72,23 +72,32 @@ void c_PicList::Refresh() {
 
 int c_PicList::LineCount() const { return mState->lines.Count(); }
 
-QString c_PicList::LineText(int line) const { return mState->lines.Text(line); }
+bool c_PicList::Exists(int line) const { return line >= 0 && line < LineCount(); }
+
+QString c_PicList::LineText(int line) const {
+    return Exists(line) ? mState->lines.Text(line) : QString();
+}
 
 void c_PicList::SetLineText(int line, const QString& text) {
-    if (std::exchange(mState->lines.Text(line), text) != text)
+    if (Exists(line) && std::exchange(mState->lines.Text(line), text) != text)
         ForgetSorting();
 }
 
-QString c_PicList::LineKey(int line) const { return mState->lines.Key(line); }
+QString c_PicList::LineKey(int line) const {
+    return Exists(line) ? mState->lines.Key(line) : QString();
+}
 
-void c_PicList::SetLineKey(int line, const QString& key) { mState->lines.Key(line) = key; }
+void c_PicList::SetLineKey(int line, const QString& key) {
+    if (Exists(line))
+        mState->lines.Key(line) = key;
+}
 
 int c_PicList::LineSelectedNum() const { return mState->selected; }
 
 void c_PicList::SelectLine(int line) { Choose(line, Qt::NoModifier, false); }
 
 void c_PicList::Choose(int line, Qt::KeyboardModifiers keys, bool byKeys) {
-    if (line < 0 || line >= LineCount())
+    if (!Exists(line))
         return;
     mState->selected = line;
     BringIntoSight(line);
@@ -151,7 +160,7 @@ QString c_PicList::SubHeaderText(int column) const {
 }
 
 QString c_PicList::CellText(int line, int column) const {
-    return ShownColumn(mState->lines.Text(line), column);
+    return ShownColumn(LineText(line), column);
 }
 
 ListLayout c_PicList::Layout() const {

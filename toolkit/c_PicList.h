@@ -51,17 +51,20 @@ public:
     /// took its place, or on the last one.
     void RemoveLine(int line);
 
-    /// Draws the list anew as soon as events run, however often it is called before.
+    /// Draws the list anew as soon as events run, however often it is called before; at most once
+    /// in 16 milliseconds, and not while the box is hidden.
     void Refresh();
 
     int LineCount() const;
+    /// Texts and keys of a line that there is not are empty and cannot be set.
     QString LineText(int line) const;
     void SetLineText(int line, const QString& text);
     QString LineKey(int line) const;
     void SetLineKey(int line, const QString& key);
 
     int LineSelectedNum() const;
-    /// Selects a line and brings it into sight, as a click does without modifier keys.
+    /// Selects a line and brings it into sight, as a click does without modifier keys:
+    /// `LineSelChanged` is raised. Nothing happens when there is no such line.
     void SelectLine(int line);
 
     /// Sorts the lines by a column, upwards with mode 0, downwards with mode 2: numbers by their
@@ -121,6 +124,7 @@ protected:
 private:
     struct State;
 
+    bool Exists(int line) const;
     toolkit::ListLayout Layout() const;
     void AdjustScroller();
     void BringIntoSight(int line);

@@ -169,6 +169,7 @@ TEST_P(PicList, KeepsTheSelectionOnItsLine) {
     EXPECT_EQ(mList.LineSelectedNum(), 0);
     mList.RemoveLine(0);
     EXPECT_EQ(mList.LineSelectedNum(), -1);
+    EXPECT_EQ(mList.LineKey(-1), "");
 }
 
 TEST_P(PicList, SelectsTheLineUnderThePointer) {
