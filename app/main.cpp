@@ -9,16 +9,16 @@
 #include <QTimer>
 
 int main(int argc, char* argv[]) {
-    // The menu's pictures, while the application object connects to the screen.
-    toolkit::PreloadPictures(
-        {QStringLiteral("Images\\Back.bmp"), QStringLiteral("Images\\X.bmp"),
-         QStringLiteral("Images\\bMin.bmp"), QStringLiteral("Images\\bSingle.bmp"),
-         QStringLiteral("Images\\bMulti.bmp"), QStringLiteral("Images\\bEditor.bmp")});
     QApplication application(argc, argv);
     // Between two screens no window is open.
     QApplication::setQuitOnLastWindowClosed(false);
     toolkit::Canvas::SetRatio(application.devicePixelRatio());
-    toolkit::PreloadFont(); // while the rest of the program gets ready
+    // The menu's font and pictures, while the rest of the program gets ready.
+    toolkit::PreloadFont();
+    toolkit::PreloadPictures(
+        {QStringLiteral("Images\\Back.bmp"), QStringLiteral("Images\\X.bmp"),
+         QStringLiteral("Images\\bMin.bmp"), QStringLiteral("Images\\bSingle.bmp"),
+         QStringLiteral("Images\\bMulti.bmp"), QStringLiteral("Images\\bEditor.bmp")});
     toolkit::ApplyStyle();
     const platform::QuitWatch quitWatch;
     // Later than the first screen, which need not wait for it.

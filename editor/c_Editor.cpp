@@ -51,6 +51,18 @@ std::vector<fs::path> ChosenFiles(const QString& answer) {
     return files;
 }
 
+/// The songs of a playlist, which is closed again. Relative paths are made absolute, for the
+/// current folder changes with every dialog.
+std::vector<fs::path> SongsOf(const fs::path& file) {
+    c_M3U playlist;
+    playlist.ReadFile(file);
+    std::vector<fs::path> songs;
+    std::error_code ignored;
+    for (int song = 0; song < playlist.Count(); ++song)
+        songs.push_back(fs::absolute(playlist.FileName(song), ignored));
+    return songs;
+}
+
 QString WithPlaylistEnding(const QString& name) {
     const QString ending = QStringLiteral(".m3u");
     return name.endsWith(ending, Qt::CaseInsensitive) ? name : name + ending;
@@ -137,6 +149,9 @@ void c_Editor::AddFolder(const fs::path& folder) {
 }
 
 void c_Editor::ScanWaitingFolders() {
+    // A list that is being loaded goes on after this.
+    const QString loading = mReading;
+    const int filling = mFilling;
     mScanning = true;
     while (!mFolders.empty()) {
         const fs::path folder = mFolders.front();
@@ -144,7 +159,7 @@ void c_Editor::ScanWaitingFolders() {
         ScanFolder(folder);
     }
     mScanning = false;
-    mReading.clear();
+    mReading = filling == mFilling ? loading : QString();
     ShowAll();
 }
 
@@ -174,8 +189,8 @@ std::function<bool()> c_Editor::StillWanted() {
 }
 
 void c_Editor::AddSong(const fs::path& song, const c_ID3& tag) {
-    mList.AddItem(LineOf(platform::ShownText(song.filename()), tag.Title(), tag.Artist()),
-                  platform::KeyFromPath(song));
+    const QString name = platform::AfterLastSeparator(platform::ShownText(song));
+    mList.AddItem(LineOf(name, tag.Title(), tag.Artist()), platform::KeyFromPath(song));
     mMarks.resize(static_cast<std::size_t>(mList.LineCount()));
 }
 
@@ -217,7 +232,7 @@ fs::path c_Editor::SelectedSong() const {
 }
 
 void c_Editor::bEdit_Clicked() {
-    if (!SongSelected())
+    if (mEdit.isVisible() || !SongSelected())
         return;
     const int line = mList.LineSelectedNum();
     const QString key = mEdit.Run(SelectedSong());
@@ -252,6 +267,10 @@ void c_Editor::bRemove_Clicked() {
 void c_Editor::bSave_Clicked() {
     if (mList.LineCount() == 0) {
         Tell(QStringLiteral("Nothing to save."));
+        return;
+    }
+    if (!mReading.isEmpty()) {
+        Tell(QStringLiteral("Songs are still being added."));
         return;
     }
     std::error_code ignored;
@@ -291,9 +310,8 @@ void c_Editor::bLoad_Clicked() {
             .trimmed();
     if (answer.isEmpty())
         return;
-    c_M3U playlist;
-    playlist.ReadFile(platform::PathFromText(answer));
-    if (playlist.Count() == 0)
+    const std::vector<fs::path> songs = SongsOf(platform::PathFromText(answer));
+    if (songs.empty())
         return;
     ++mFilling;
     mFolders.clear();
@@ -302,8 +320,8 @@ void c_Editor::bLoad_Clicked() {
     mLastSel = mRangeStart = -1;
     mReading = platform::ShownText(platform::PathFromText(answer).filename());
     const std::function<bool()> goOn = StillWanted();
-    for (int song = 0; song < playlist.Count() && goOn(); ++song) {
-        AddSong(playlist.FileName(song));
+    for (std::size_t song = 0; song < songs.size() && goOn(); ++song) {
+        AddSong(songs[song]);
         if (song % kRefreshEvery == 0)
             ShowAll();
     }
@@ -371,6 +389,8 @@ void c_Editor::mList_LineSelChanged(int line) {
             MarkRange(line, line);
         if (changed)
             mList.Refresh();
+    } else if (!add && ClearMarks()) { // all were marked before any was selected
+        mList.Refresh();
     }
     mLastSel = line;
     busy = false;

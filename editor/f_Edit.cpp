@@ -169,8 +169,11 @@ QString f_Edit::Run(const fs::path& song) {
         // Before the file is made writable: what is read-only keeps its tag.
         tag.PutIdTag(song);
         platform::PumpEvents();
-        platform::ClearReadOnly(song);
-        path = Renamed(song, name);
+        std::error_code error;
+        if (fs::is_regular_file(song, error)) {
+            platform::ClearReadOnly(song);
+            path = Renamed(song, name);
+        }
     }
     hide();
     return platform::KeyFromPath(path);

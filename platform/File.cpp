@@ -1,5 +1,7 @@
 #include "platform/File.h"
 
+#include "platform/Text.h"
+
 #include <QtGlobal>
 
 #ifdef Q_OS_UNIX
@@ -9,8 +11,6 @@
 #include <string>
 #include <utility>
 #else
-#include "platform/Text.h"
-
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
@@ -190,6 +190,13 @@ std::error_code ReplaceFile(const fs::path& file, QByteArrayView bytes) {
 }
 
 std::error_code RenameNoReplace(const fs::path& from, const fs::path& to) {
+    // On a file system that does not tell cases apart the new name leads to the file itself.
+    std::error_code error;
+    if (from != to && TextFromPath(from).compare(TextFromPath(to), Qt::CaseInsensitive) == 0 &&
+        fs::equivalent(from, to, error)) {
+        fs::rename(from, to, error);
+        return error;
+    }
 #ifdef RENAME_NOREPLACE
     if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0)
         return {};

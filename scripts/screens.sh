@@ -166,6 +166,8 @@ menu_shown() { shows one_player && shows several_players && shows editor; }
 second_stage_shown() { shows "back$1" && shows "betting$1" && hidden editor; }
 chooser_shown() { shows quickplay && shows playlist && shows create_playlist; }
 editor_shown() { shows add_file && shows exit_editor; }
+title_dialog_shown() { has_pixel 100 300 $DIALOG_EDGE; }
+title_dialog_gone() { ! title_dialog_shown; }
 question_shown() { shows play; }
 bet_shown() { choices_shown && hidden play && hidden hint; }
 choices_shown() { shows choice1 && shows choice2 && shows choice3 && shows choice4; }
@@ -209,6 +211,12 @@ click_on_line() {
     [ $# -eq 1 ] || xdotool keydown "$2"
     xdotool click 1
     [ $# -eq 1 ] || xdotool keyup "$2"
+}
+
+# list_has_line <line>: of the editor's list as it is scrolled, from 0.
+list_has_line() {
+    local y=$((LINES_TOP + LINE_HEIGHT * $1))
+    screen_lines $y $LINE_HEIGHT | od -An -v -tx4 -w4 | grep -q 'e2e2ff$'
 }
 
 # The numbers of the choices that a hint has left.

@@ -138,9 +138,6 @@ tour_title_dialog() {
         fail "the song should have its new name"
 }
 
-title_dialog_shown() { has_pixel 100 300 $DIALOG_EDGE; }
-title_dialog_gone() { ! title_dialog_shown; }
-
 tour_preview() {
     click_on_line 1
     click_on preview
@@ -163,12 +160,6 @@ tour_preview() {
 
 player_shown() { xdotool search --onlyvisible --name '^A title of some length' >/dev/null; }
 player_gone() { ! player_shown; }
-
-# list_has_line <line>: of the editor's list as it is scrolled, from 0.
-list_has_line() {
-    local y=$((LINES_TOP + LINE_HEIGHT * $1))
-    screen_lines $y $LINE_HEIGHT | od -An -v -tx4 -w4 | grep -q 'e2e2ff$'
-}
 
 tour_second_stage() {
     click_on several_players

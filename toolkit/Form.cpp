@@ -32,6 +32,9 @@ void Form::ShowInPlace() {
     platform::SetDialogPlace(QRect(gPlace, kScreenSize));
     const QSize spare = kScreenSize - size();
     move(gPlace + QPoint(spare.width() / 2, spare.height() / 2));
+    // Before any event runs: what was typed ahead is not for the window behind it.
+    if (isModal())
+        show();
     // A window that is shown again before the system has hidden it misses that it has the focus.
     QGuiApplication::sync();
     show();

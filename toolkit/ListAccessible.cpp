@@ -101,7 +101,7 @@ public:
     }
     QStringList keyBindingsForAction(const QString&) const override { return {}; }
     void doAction(const QString& action) override {
-        if (!isValid() || !mBox->isVisible() || !mBox->isEnabled())
+        if (!isValid() || !mBox->TakesInput())
             return;
         if (IsHeader() && action == pressAction())
             Q_EMIT mList->HeaderSelClicked(mColumn);

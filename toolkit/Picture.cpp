@@ -82,18 +82,15 @@ std::filesystem::path ProgramFile(const QString& name) {
 }
 
 QImage LoadPicture(const QString& name) {
-    if (auto preloaded = gPreloaded.extract(name)) {
-        const QImage picture = preloaded.mapped().get();
-        if (Canvas::Ratio() == 1 && !picture.isNull())
-            return picture;
-    }
+    if (auto preloaded = gPreloaded.extract(name))
+        return preloaded.mapped().get();
     return LoadNow(name);
 }
 
 void PreloadPictures(const QStringList& names) {
     std::vector<std::packaged_task<QImage()>> tasks;
     for (const QString& name : names) {
-        tasks.emplace_back([name] { return Read(name); });
+        tasks.emplace_back([name] { return LoadNow(name); });
         gPreloaded[name] = tasks.back().get_future();
     }
     gPreloading = std::async(std::launch::async, [tasks = std::move(tasks)]() mutable {

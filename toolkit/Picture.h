@@ -16,9 +16,8 @@ std::filesystem::path ProgramFile(const QString& name);
 /// Pictures for finer screens lie in folders "2x" and "3x" beside the base set.
 QImage LoadPicture(const QString& name);
 
-/// Begins to load pictures of the base set on a thread of its own, in the order given; also before
-/// there is an application object. The first `LoadPicture` of each takes over what was loaded,
-/// waiting for it if need be; on finer screens it loads what they need.
+/// Begins to load pictures on a thread of its own, in the order given. The first `LoadPicture` of
+/// each takes over what was loaded, waiting for it if need be.
 void PreloadPictures(const QStringList& names);
 
 /// Notes that a picture is missing: one message tells of all of them as soon as events run.

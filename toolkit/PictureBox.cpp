@@ -76,8 +76,13 @@ void PictureBox::SetButton(double radius) {
 }
 
 void PictureBox::Activate() {
-    if (isVisible() && isEnabled())
+    if (TakesInput())
         Q_EMIT Activated();
+}
+
+bool PictureBox::TakesInput() const {
+    const QWidget* modal = QApplication::activeModalWidget();
+    return isVisible() && isEnabled() && (modal == nullptr || modal == window());
 }
 
 void PictureBox::setVisible(bool visible) {

@@ -28,8 +28,11 @@ public:
     void SetButton(double radius);
     bool IsButton() const { return mButton; }
 
-    /// Presses the box as the keyboard does; nothing happens while it is hidden.
+    /// Presses the box as the keyboard does; nothing happens while it cannot be used.
     void Activate();
+
+    /// Whether the box is there to be used: shown, and not behind a dialog.
+    bool TakesInput() const;
 
     void setVisible(bool visible) override;
 

@@ -153,6 +153,32 @@ a_termination_ends_an_open_message() {
     await_end 0
 }
 
+what_is_typed_ahead_of_the_title_dialog_stays_out_of_the_list() {
+    to_editor
+    click_on load
+    answer_file_dialog "Load Playlist" "$list"
+    await "the songs" list_has_line 16
+    click_on_line 1
+    settle
+    kill -STOP "$PROGRAM"
+    press_key Return Delete
+    kill -CONT "$PROGRAM"
+    await "the title dialog" title_dialog_shown
+    settle
+    press_key Escape
+    await "the end of the title dialog" title_dialog_gone
+    settle
+    click_on save
+    answer_file_dialog "Save Playlist" "$program/PlayList/All.m3u"
+    await "all songs" all_songs_saved
+    click_on x
+    await_end 0
+}
+
+all_songs_saved() {
+    [ "$(grep -c mp3 "$program/PlayList/All.m3u" 2>/dev/null)" = "$(grep -c mp3 "$list")" ]
+}
+
 a_second_copy_only_says_so() {
     local first second=$STAGE/second before
     to_menu
@@ -237,6 +263,7 @@ cases=(
     a_termination_ends_a_question
     a_termination_ends_the_scores
     a_termination_ends_an_open_message
+    what_is_typed_ahead_of_the_title_dialog_stays_out_of_the_list
     a_second_copy_only_says_so
     a_killed_copy_does_not_stop_the_next
     a_moved_program_is_remembered

@@ -138,6 +138,9 @@ TEST_F(EditorTest, MarkedAndSelectedLinesAreRemovedAlsoAfterSorting) {
     EXPECT_EQ(Names(), "song8 song6 song5 song1") << "without marks only the selected line";
     Run({Key(Qt::Key_A, Qt::ControlModifier), Press(editor->Form().pRemove)});
     EXPECT_EQ(Names(), "");
+    Run({Add(), ClickHeader(), Key(Qt::Key_A, Qt::ControlModifier), Key(Qt::Key_Home),
+         Key(Qt::Key_Delete)});
+    EXPECT_EQ(editor->List().LineCount(), 8) << "a plain selection takes all marks away";
 }
 
 TEST_F(EditorTest, AnEditedSongIsRenamedTaggedAndSavedUnderItsNewName) {
