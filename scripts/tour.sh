@@ -162,13 +162,9 @@ player_shown() { xdotool search --onlyvisible --name '^A title of some length' >
 player_gone() { ! player_shown; }
 
 tour_second_stage() {
-    click_on several_players
-    await "the gliding button" hidden editor
-    if hidden back_several; then
-        shot_at_once glide
-    else
-        echo "The glide went by unseen."
-    fi
+    move_onto several_players
+    await "the hovered button" shows several_players hovered
+    tour_glide
     await "the second stage" second_stage_shown _several
     move_away
     shot second-stage-several-players
@@ -189,6 +185,26 @@ tour_second_stage() {
     move_away
     shot second-stage-one-player
     click_on normal_play
+}
+
+# Each frame of the glide beside the other, in one picture.
+tour_glide() {
+    local top=90 height=320 moment last="" sum frame=0 end
+    local -a frames=()
+    xdotool click 1 &
+    end=$(($(date +%s%N) + 1200000000))
+    while [ "$(date +%s%N)" -lt $end ]; do
+        printf -v moment '%s/glide%03d' "$MEMORY" $((frame += 1))
+        screen_lines $top $height >"$moment"
+        sum=$(cksum <"$moment")
+        [ "$sum" = "$last" ] || frames+=("$moment")
+        last=$sum
+    done
+    number=$((number + 1))
+    montage -size ${SCREEN_WIDTH}x$height -depth 8 \
+        "${frames[@]/#/bgra:}" -alpha off -crop 440x$height+180+0 +repage -resize 50% \
+        -tile 5x -geometry +4+4 "$(printf '%s/%02d-glide.png' "$output" $number)"
+    rm "$MEMORY"/glide*
 }
 
 # Everything that the chooser refuses, the editor on the way to a game, and the waiting window.

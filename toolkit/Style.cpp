@@ -1,30 +1,18 @@
 #include "toolkit/Style.h"
 
 #include "toolkit/Canvas.h"
+#include "toolkit/NightStyle.h"
 #include "toolkit/Picture.h"
 
 #include <QApplication>
 #include <QFontMetricsF>
 #include <QIcon>
 #include <QPalette>
-#include <QProxyStyle>
 #include <future>
 
 namespace toolkit {
 
 namespace {
-
-/// Buttons of dialogs bear words only.
-class PlainButtonsStyle : public QProxyStyle {
-public:
-    using QProxyStyle::QProxyStyle;
-    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
-                  QStyleHintReturn* data) const override {
-        return hint == SH_DialogButtonBox_ButtonsHaveIcons
-                   ? 0
-                   : QProxyStyle::styleHint(hint, option, widget, data);
-    }
-};
 
 QPalette NightPalette() {
     const QColor ground(18, 16, 64);
@@ -53,7 +41,7 @@ QPalette NightPalette() {
 } // namespace
 
 void ApplyStyle() {
-    QApplication::setStyle(new PlainButtonsStyle(QStringLiteral("Fusion")));
+    QApplication::setStyle(new NightStyle);
     QApplication::setPalette(NightPalette());
     QApplication::setFont(ScreenFont(12));
 }

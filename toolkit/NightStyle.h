@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QProxyStyle>
+
+namespace toolkit {
+
+/// How text boxes, command buttons, drop-down lists and dialogs look: as the skins do.
+class NightStyle : public QProxyStyle {
+public:
+    NightStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+    void polish(QWidget* widget) override;
+    using QProxyStyle::polish;
+
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* data) const override;
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override;
+    QIcon standardIcon(StandardPixmap icon, const QStyleOption* option,
+                       const QWidget* widget) const override;
+};
+
+} // namespace toolkit
