@@ -189,21 +189,26 @@ tour_second_stage() {
 
 # Each frame of the glide beside the other, in one picture.
 tour_glide() {
-    local top=90 height=320 moment last="" sum frame=0 end
+    local top=90 height=320 moment sum last="" kept="" end looks=0
     local -a frames=()
     xdotool click 1 &
-    end=$(($(date +%s%N) + 1200000000))
-    while [ "$(date +%s%N)" -lt $end ]; do
-        printf -v moment '%s/glide%03d' "$MEMORY" $((frame += 1))
-        screen_lines $top $height >"$moment"
-        sum=$(cksum <"$moment")
-        [ "$sum" = "$last" ] || frames+=("$moment")
+    end=$((${EPOCHREALTIME/./} + 1000000))
+    while [ ${EPOCHREALTIME/./} -lt $end ]; do
+        screen_lines $top $height >"$MEMORY/glide$((looks += 1))"
+    done
+    for ((moment = 1; moment <= looks; ++moment)); do
+        sum=$(cksum <"$MEMORY/glide$moment")
+        # Seen twice, or it may have been read while it was being drawn.
+        if [ "$sum" = "$last" ] && [ "$sum" != "$kept" ]; then
+            frames+=("bgra:$MEMORY/glide$moment")
+            kept=$sum
+        fi
         last=$sum
     done
     number=$((number + 1))
-    montage -size ${SCREEN_WIDTH}x$height -depth 8 \
-        "${frames[@]/#/bgra:}" -alpha off -crop 440x$height+180+0 +repage -resize 50% \
-        -tile 5x -geometry +4+4 "$(printf '%s/%02d-glide.png' "$output" $number)"
+    montage -size ${SCREEN_WIDTH}x$height -depth 8 "${frames[@]}" -alpha off \
+        -crop 440x$height+180+0 +repage -resize 50% -tile 5x -geometry +4+4 \
+        "$(printf '%s/%02d-glide.png' "$output" $number)"
     rm "$MEMORY"/glide*
 }
 
