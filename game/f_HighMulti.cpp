@@ -8,8 +8,9 @@ using namespace toolkit;
 namespace {
 
 void WriteCell(Hdc dc, const QString& text, double x, double y, double width, ColorRef color) {
+    constexpr double kSmallest = 0.9; // a smaller red would be hard to read
     const QFont own = dc->Font();
-    const FittedText fitted = FitText(text, own, width);
+    const FittedText fitted = FitText(text, own, width, kSmallest);
     const double lower = dc->TextHeight();
     dc->SetFont(fitted.font);
     ShadowText(fitted.text, color, kBlack, static_cast<float>(x),

@@ -5,12 +5,12 @@
 
 namespace toolkit {
 
-FittedText FitText(const QString& text, const QFont& font, double width) {
-    constexpr double kSmallest = 0.55;
+FittedText FitText(const QString& text, const QFont& font, double width, double smallest) {
     const QString line = QString(text).replace(u'\n', u' ');
     QFont fitted = font;
-    const int smallest = static_cast<int>(std::lround(font.pixelSize() * kSmallest));
-    while (QFontMetricsF(fitted).horizontalAdvance(line) > width && fitted.pixelSize() > smallest)
+    const int smallestSize = static_cast<int>(std::lround(font.pixelSize() * smallest));
+    while (QFontMetricsF(fitted).horizontalAdvance(line) > width &&
+           fitted.pixelSize() > smallestSize)
         fitted.setPixelSize(fitted.pixelSize() - 1);
     const QFontMetricsF metrics(fitted);
     const QString shown = metrics.horizontalAdvance(line) > width
