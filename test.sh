@@ -5,6 +5,6 @@ set -eu
 cd "$(dirname "$0")"
 . scripts/prepare.sh
 
-prepare build run test
+prepare build run package test
 build asan
 ctest --preset asan "$@"

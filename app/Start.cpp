@@ -8,6 +8,7 @@
 #include "platform/Message.h"
 #include "platform/ProgramFolder.h"
 #include "platform/Settings.h"
+#include "platform/ShippedFiles.h"
 #include "platform/SingleInstance.h"
 #include "platform/Wait.h"
 
@@ -16,6 +17,7 @@ void Start::Run() {
         platform::ShowMessage(QStringLiteral("Songrush is already running"));
         return;
     }
+    platform::PrepareProgramFolder();
     platform::WritePathSetting(QStringLiteral("Songrush"), QStringLiteral("Dirs"),
                                QStringLiteral("AppPath"), platform::ProgramFolder());
     Start().ModeLoop();

@@ -105,15 +105,6 @@ private:
     std::error_code mError;
 };
 
-/// Makes a rename in `folder` last through a power cut, where the system can.
-void FlushFolder(const fs::path& folder) {
-    const int handle = open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_CLOEXEC);
-    if (handle < 0)
-        return;
-    fsync(handle);
-    close(handle);
-}
-
 /// For file systems that cannot refuse to replace: takes the name with an empty file, which works
 /// only if nothing had it, and renames over that.
 std::error_code ClaimAndRename(const fs::path& from, const fs::path& to) {
@@ -185,8 +176,16 @@ std::error_code ReplaceFile(const fs::path& file, QByteArrayView bytes) {
         return error;
     if (const std::error_code error = temporary.RenameTo(target))
         return error;
-    FlushFolder(target.parent_path());
+    FlushToDisk(target.parent_path());
     return {};
+}
+
+void FlushToDisk(const fs::path& path) {
+    const int handle = open(path.empty() ? "." : path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (handle < 0)
+        return;
+    fsync(handle);
+    close(handle);
 }
 
 std::error_code RenameNoReplace(const fs::path& from, const fs::path& to) {
@@ -296,6 +295,8 @@ std::error_code ReplaceFile(const fs::path& file, QByteArrayView bytes) {
         replacement.cancelWriting();
     return replacement.commit() ? std::error_code() : IoError();
 }
+
+void FlushToDisk(const fs::path&) {}
 
 std::error_code RenameNoReplace(const fs::path& from, const fs::path& to) {
     return MoveFileExW(from.c_str(), to.c_str(), 0) ? std::error_code() : LastWindowsError();

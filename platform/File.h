@@ -28,6 +28,10 @@ std::error_code ReplaceTail(const std::filesystem::path& file, std::size_t repla
 /// replace the old ones in one step; on error the old file is as it was.
 std::error_code ReplaceFile(const std::filesystem::path& file, QByteArrayView bytes);
 
+/// Makes what was written to a file, or what was renamed in a folder, last through a power cut,
+/// where the system can.
+void FlushToDisk(const std::filesystem::path& path);
+
 /// Gives a file another name on the same file system; never one that another file has, also where
 /// the system's own rename would replace that one. On error the file is where it was.
 std::error_code RenameNoReplace(const std::filesystem::path& from, const std::filesystem::path& to);

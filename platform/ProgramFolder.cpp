@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QCoreApplication>
 #include <QStandardPaths>
+#include <mutex>
 
 namespace platform {
 
@@ -10,6 +11,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
+std::mutex gLock; // pictures are looked for on a thread of their own
 fs::path gFolder;
 
 fs::path ExecutableFolder() {
@@ -27,11 +29,33 @@ fs::path UserFolder(QStandardPaths::StandardLocation kind) {
     return fs::path(QStandardPaths::writableLocation(kind).toStdU16String());
 }
 
+const ProgramFolders& Folders() {
+    static const ProgramFolders folders =
+        FoldersOf(ExecutableFolder(), UserFolder(QStandardPaths::GenericDataLocation));
+    return folders;
+}
+
 } // namespace
 
-fs::path ProgramFolder() { return gFolder.empty() ? ExecutableFolder() : gFolder; }
+ProgramFolders FoldersOf(const fs::path& executable, const fs::path& userData) {
+    std::error_code error;
+    const fs::path shared = (executable / SONGRUSH_SHARED_DATA).lexically_normal();
+    if (fs::exists(executable / "Images", error) || !fs::exists(shared / "Images", error))
+        return {executable, executable};
+    return {userData / "Songrush", shared};
+}
 
-void SetProgramFolder(const fs::path& folder) { gFolder = folder; }
+fs::path ProgramFolder() {
+    const std::lock_guard lock(gLock);
+    return gFolder.empty() ? Folders().own : gFolder;
+}
+
+void SetProgramFolder(const fs::path& folder) {
+    const std::lock_guard lock(gLock);
+    gFolder = folder;
+}
+
+fs::path ShippedFolder() { return Folders().shipped; }
 
 fs::path DocumentsFolder() { return UserFolder(QStandardPaths::DocumentsLocation); }
 

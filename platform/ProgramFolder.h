@@ -4,12 +4,28 @@
 
 namespace platform {
 
-/// The folder the program lives in, with `Images`, `PlayList` and the score files beside it;
-/// absolute, without a trailing separator.
+/// Where a program finds and keeps its files; absolute, without trailing separators.
+struct ProgramFolders {
+    std::filesystem::path own;     ///< written to
+    std::filesystem::path shipped; ///< what came with the program; read-only when it is not `own`
+};
+
+/// The folders of a program whose executable lies in `executable`. Both are that folder; but for a
+/// program that was installed for all users, with what came with it under the system's shared data
+/// instead of beside it, the own one is `Songrush` in the user's data folder `userData`.
+ProgramFolders FoldersOf(const std::filesystem::path& executable,
+                         const std::filesystem::path& userData);
+
+/// The folder with `PlayList`, `Music`, the score files and the player's own `Images`; absolute,
+/// without a trailing separator. Made by `BringShippedFiles` when it is not where the program lies.
 std::filesystem::path ProgramFolder();
 
 /// Makes another folder the program's folder from now on; an empty path undoes it.
 void SetProgramFolder(const std::filesystem::path& folder);
+
+/// The folder with all that came with the program; of a program that can be moved anywhere the
+/// same as `ProgramFolder`.
+std::filesystem::path ShippedFolder();
 
 /// The user's documents folder, where the file dialogs start the first time.
 std::filesystem::path DocumentsFolder();

@@ -1,10 +1,12 @@
-# Sourced by run.sh and test.sh: names every package that the project uses and installs what is
-# missing. `prepare <group>...` with the groups below.
+# Sourced by run.sh, test.sh and package.sh: names every package that the project uses and installs
+# what is missing. `prepare <group>...` with the groups below.
 
 PACKAGES_BUILD="g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libgl-dev libmpg123-dev
  libsdl2-dev libmp3lame-dev fonts-liberation"
 PACKAGES_RUN="libqt6svg6 qt6-qpa-plugins fonts-liberation"
-PACKAGES_TEST="libgtest-dev libx11-dev xvfb xauth xdotool x11-utils imagemagick procps"
+PACKAGES_PACKAGE="dpkg-dev file gzip"
+PACKAGES_TEST="libgtest-dev libx11-dev xvfb xauth xdotool x11-utils imagemagick procps
+ lintian desktop-file-utils appstream"
 
 missing_packages() {
     local package
@@ -23,6 +25,7 @@ prepare() {
         case $group in
         build) wanted="$wanted $PACKAGES_BUILD" ;;
         run) wanted="$wanted $PACKAGES_RUN" ;;
+        package) wanted="$wanted $PACKAGES_PACKAGE" ;;
         test) wanted="$wanted $PACKAGES_TEST" ;;
         esac
     done

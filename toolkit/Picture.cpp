@@ -75,9 +75,15 @@ void TellMissing() {
 } // namespace
 
 std::filesystem::path ProgramFile(const QString& name) {
-    std::filesystem::path path = platform::ProgramFolder();
-    for (const QString& part : name.split(u'\\', Qt::SkipEmptyParts))
-        path = platform::FindWithoutCase(path, part.toStdString());
+    std::filesystem::path path;
+    std::error_code error;
+    for (const auto& folder : {platform::ProgramFolder(), platform::ShippedFolder()}) {
+        path = folder;
+        for (const QString& part : name.split(u'\\', Qt::SkipEmptyParts))
+            path = platform::FindWithoutCase(path, part.toStdString());
+        if (std::filesystem::exists(path, error))
+            break;
+    }
     return path;
 }
 

@@ -1,6 +1,7 @@
 // Renders the drawing of a skin or picture to the bitmaps that the program loads.
 //
 //     songrush_render_skins [--frames] drawing.svg picture [picture at scale 2 [at scale 3 ...]]
+//     songrush_render_skins --width pixels drawing.svg picture
 //
 // Without --frames the drawing becomes one picture. With it the drawing is a button: it is rendered
 // once with each of the style sheets normal.css, hover.css and pressed.css that lie beside it, the
@@ -52,7 +53,7 @@ QRgb SkinPixel(QRgb pixel) {
 
 // Nothing if the drawing cannot be read. The painting is 16 bits a channel, so that many faint
 // layers of light add up exactly.
-std::optional<QImage> Render(const QByteArray& drawing, int scale) {
+std::optional<QImage> Render(const QByteArray& drawing, double scale) {
     QSvgRenderer renderer(drawing);
     if (!renderer.isValid() || renderer.defaultSize().isEmpty())
         return std::nullopt;
@@ -71,6 +72,10 @@ std::optional<QImage> Render(const QByteArray& drawing, int scale) {
             to[x] = Pixel(from[x], x, y);
     }
     return picture;
+}
+
+std::optional<QImage> RenderAtWidth(const QByteArray& drawing, int width) {
+    return Render(drawing, width / std::max(1.0, QSvgRenderer(drawing).viewBoxF().width()));
 }
 
 std::optional<QImage> RenderFrames(const QByteArray& drawing, int scale) {
@@ -124,6 +129,11 @@ int main(int argc, char** argv) {
 
     QStringList arguments = QGuiApplication::arguments().mid(1);
     const bool framed = arguments.removeAll(QStringLiteral("--frames")) > 0;
+    int width = 0;
+    if (arguments.size() == 4 && arguments[0] == QStringLiteral("--width")) {
+        width = arguments[1].toInt();
+        arguments = arguments.mid(2);
+    }
     if (arguments.size() < 2)
         return Fail("needs a drawing and the pictures to make", arguments.join(u' '));
 
@@ -146,8 +156,9 @@ int main(int argc, char** argv) {
 
     for (int scale = 1; scale <= targets.size(); ++scale) {
         const QString& target = targets[scale - 1];
-        const std::optional<QImage> image =
-            framed ? RenderFrames(drawing, scale) : Render(drawing, scale);
+        const std::optional<QImage> image = width > 0 ? RenderAtWidth(drawing, width)
+                                            : framed  ? RenderFrames(drawing, scale)
+                                                      : Render(drawing, scale);
         if (!image || gLeftOut)
             return Fail("not a drawing that can be rendered whole", source);
         if (!QDir().mkpath(QFileInfo(target).absolutePath()) || !Write(*image, target))

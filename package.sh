@@ -1,0 +1,11 @@
+#!/usr/bin/env bash
+# Installs what is missing and makes the packages, from nothing: build/package/songrush*.deb for
+# Debian and build/package/songrush-*.tar.gz to be unpacked anywhere.
+set -eu
+cd "$(dirname "$0")"
+. scripts/prepare.sh
+
+prepare build package
+rm -rf build/package
+cmake --workflow --preset package
+ls -l build/package/songrush*.deb build/package/songrush*.tar.gz

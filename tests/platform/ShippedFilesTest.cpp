@@ -1,0 +1,126 @@
+#include "platform/ShippedFiles.h"
+
+#include "platform/ProgramFolder.h"
+#include "tests/FileSizeLimit.h"
+#include "tests/TemporaryFolder.h"
+
+#include <chrono>
+#include <functional>
+#include <gtest/gtest.h>
+#include <set>
+#include <string>
+
+namespace {
+
+namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+
+/// What came with the program, read-only and of last year, and a user's folder that is not there.
+class ShippedFilesTest : public testing::Test {
+protected:
+    ShippedFilesTest() {
+        for (const char* folder : {"Images", "Music", "PlayList"})
+            fs::create_directories(mShipped / folder);
+        Ship("Images/X.bmp", "picture", -365 * 24h);
+        Ship("Music/a.mp3", "song", -365 * 24h);
+        Ship("PlayList/Sample.m3u", "list", -365 * 24h);
+    }
+
+    void Ship(const fs::path& place, const std::string& bytes, std::chrono::hours age) const {
+        fs::remove(mShipped / place);
+        const fs::path file = mFolder.Write(mShipped / place, bytes);
+        fs::last_write_time(file, fs::file_time_type::clock::now() + age);
+        MakeReadOnly(file);
+    }
+
+    std::error_code Bring() const { return platform::BringShippedFiles(mShipped, mOwn); }
+
+    /// What the user's folder for the songs holds.
+    std::string Music() const {
+        std::set<std::string> songs;
+        for (const auto& song : fs::directory_iterator(mOwn / "Music"))
+            songs.insert(song.path().filename().string() + "=" + BytesOf(song) + " ");
+        std::string all;
+        for (const std::string& song : songs)
+            all += song;
+        return all;
+    }
+
+    const TemporaryFolder mFolder;
+    const fs::path mShipped = mFolder.Path() / "shipped";
+    const fs::path mOwn = mFolder.Path() / "data/own";
+};
+
+TEST_F(ShippedFilesTest, TheFirstStartGivesSongsAndListsThatCanBeWritten) {
+    ASSERT_FALSE(Bring());
+    EXPECT_EQ(Music(), "a.mp3=song ");
+    EXPECT_TRUE(fs::is_empty(mOwn / "Images"));
+    for (const char* place : {"Music/a.mp3", "PlayList/Sample.m3u"}) {
+        const fs::perms perms = fs::status(mOwn / place).permissions();
+        EXPECT_EQ(perms & fs::perms::owner_write, fs::perms::owner_write) << place;
+    }
+}
+
+TEST_F(ShippedFilesTest, ANewerProgramGivesWhatIsNewAndSparesWhatTheUserDid) {
+    const struct {
+        const char* what;
+        std::function<void(const fs::path&)> act;
+        const char* music;
+    } cases[] = {
+        {"nothing", [](const fs::path&) {}, "a.mp3=better song b.mp3=new song "},
+        {"changed", [this](const fs::path& song) { mFolder.Write(song, "mine"); },
+         "a.mp3=mine b.mp3=new song "},
+        {"renamed", [](const fs::path& song) { fs::rename(song, song.parent_path() / "my.mp3"); },
+         "b.mp3=new song my.mp3=song "},
+        {"deleted", [](const fs::path& song) { fs::remove(song); }, "b.mp3=new song "},
+        {"added the same name",
+         [this](const fs::path& song) { mFolder.Write(song.parent_path() / "b.mp3", "my b"); },
+         "a.mp3=better song b.mp3=my b "},
+    };
+    for (const auto& c : cases) {
+        fs::remove_all(mOwn);
+        Ship("Music/a.mp3", "song", -365 * 24h);
+        fs::remove(mShipped / "Music/b.mp3");
+        ASSERT_FALSE(Bring());
+        c.act(mOwn / "Music/a.mp3");
+        const std::string before = Music();
+        ASSERT_FALSE(Bring());
+        EXPECT_EQ(Music(), before) << c.what << ", the same program";
+        Ship("Music/a.mp3", "better song", -24h);
+        Ship("Music/b.mp3", "new song", -24h);
+        for (const char* start : {"first", "second"}) {
+            ASSERT_FALSE(Bring());
+            EXPECT_EQ(Music(), c.music) << c.what << ", the " << start << " start";
+        }
+    }
+}
+
+TEST_F(ShippedFilesTest, WhatAKilledProgramOrAFullDiskLeftIsCompleted) {
+    Ship("Music/b.mp3", std::string(5000, 'b'), -24h);
+    {
+        const FileSizeLimit limit(4096);
+        EXPECT_TRUE(Bring());
+    }
+    EXPECT_EQ(Music(), "a.mp3=song ");
+    MakeReadOnly(mFolder.Write(mOwn / "Music/.songrush-copy.tmp", "half"));
+    EXPECT_FALSE(Bring());
+    EXPECT_EQ(Music(), "a.mp3=song b.mp3=" + std::string(5000, 'b') + " ");
+}
+
+TEST(ProgramFolderTest, DataBesideTheProgramComesBeforeTheSystemsData) {
+    const TemporaryFolder folder;
+    const fs::path program = folder.Path() / "games";
+    const fs::path shared = folder.Path() / "share/games/songrush";
+    const auto expect = [&](const fs::path& own, const fs::path& shipped) {
+        const auto folders = platform::FoldersOf(program, "/home/data");
+        EXPECT_EQ(folders.own, own);
+        EXPECT_EQ(folders.shipped, shipped);
+    };
+    expect(program, program);
+    fs::create_directories(shared / "Images");
+    expect("/home/data/Songrush", shared);
+    fs::create_directories(program / "Images");
+    expect(program, program);
+}
+
+} // namespace
