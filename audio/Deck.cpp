@@ -32,7 +32,7 @@ Deck::~Deck() {
     mThread.join();
 }
 
-void Deck::Load(std::shared_ptr<Mp3Stream> stream) {
+void Deck::Load(std::shared_ptr<LevelledStream> stream) {
     const std::lock_guard lock(mMutex);
     mOrder.stream = std::move(stream);
     mOrder.run = false;
@@ -145,7 +145,7 @@ void Deck::Sound(const Order& order) {
 }
 
 /// Decodes until `wanted` frames are waiting or the song ends.
-void Deck::Feed(Mp3Stream& stream, std::size_t wanted) {
+void Deck::Feed(LevelledStream& stream, std::size_t wanted) {
     std::array<Frame, 1152> block;
     while (!mVoice.Complete() && mVoice.Waiting() < wanted) {
         const std::span room(block.data(), std::min(block.size(), mVoice.Space()));

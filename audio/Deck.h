@@ -1,6 +1,6 @@
 #pragma once
 
-#include "audio/Mp3Stream.h"
+#include "audio/LevelledStream.h"
 #include "audio/Output.h"
 #include "audio/PlayClock.h"
 #include "audio/Voice.h"
@@ -27,7 +27,7 @@ public:
 
     /// Stops and puts in another stream, at its start and at normal speed; null for none. Without
     /// a stream the other functions must not be called.
-    void Load(std::shared_ptr<Mp3Stream> stream);
+    void Load(std::shared_ptr<LevelledStream> stream);
 
     /// Plays on from the position; at the song's end nothing is heard.
     void Run();
@@ -49,7 +49,7 @@ private:
     /// out once.
     struct Order {
         std::uint64_t number = 0;
-        std::shared_ptr<Mp3Stream> stream;
+        std::shared_ptr<LevelledStream> stream;
         bool run = false;
         std::uint64_t seek = 0;
         std::int64_t from = 0;
@@ -63,7 +63,7 @@ private:
     void FallSilent();
     void Reposition(const Order& order);
     void Sound(const Order& order);
-    void Feed(Mp3Stream& stream, std::size_t wanted);
+    void Feed(LevelledStream& stream, std::size_t wanted);
     void ReportEnd(const Order& order);
 
     PlayClock mClock;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
+#include <utility>
 
 #ifdef __unix__
 #include <cerrno>
@@ -24,7 +25,8 @@ InputFile::~InputFile() {
         close(mHandle);
 }
 
-bool InputFile::Open(const std::filesystem::path& path) {
+bool InputFile::Open(const std::filesystem::path& path, std::stop_token stop) {
+    mStop = std::move(stop);
     // Without O_NONBLOCK a named pipe would hold the caller until somebody writes to it.
     mHandle = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
     struct stat status = {};
@@ -46,7 +48,8 @@ std::int64_t InputFile::ReadAt(std::int64_t offset, void* to, std::size_t count)
 
 InputFile::~InputFile() = default;
 
-bool InputFile::Open(const std::filesystem::path& path) {
+bool InputFile::Open(const std::filesystem::path& path, std::stop_token stop) {
+    mStop = std::move(stop);
     std::error_code error;
     if (!std::filesystem::is_regular_file(path, error))
         return false;
@@ -68,7 +71,7 @@ std::int64_t InputFile::Read(void* to, std::size_t count) {
     auto* out = static_cast<char*>(to);
     std::size_t done = 0;
     while (done < count) {
-        if (!Fill())
+        if (mStop.stop_requested() || !Fill())
             return -1;
         const auto skip = static_cast<std::size_t>(mPosition - mBufferStart);
         const std::size_t part = std::min(count - done, mBuffered - skip);

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <stop_token>
 #include <vector>
 
 #ifndef __unix__
@@ -21,8 +22,8 @@ public:
     InputFile& operator=(const InputFile&) = delete;
 
     /// Opens the file once. False, without ever blocking, if it cannot be read or is anything but
-    /// a regular file.
-    bool Open(const std::filesystem::path& path);
+    /// a regular file. From `stop` on nothing more can be read.
+    bool Open(const std::filesystem::path& path, std::stop_token stop);
 
     /// Reads up to `count` bytes; less only at the end of the file. -1 on an error.
     std::int64_t Read(void* to, std::size_t count);
@@ -39,6 +40,7 @@ private:
 #else
     std::ifstream mFile;
 #endif
+    std::stop_token mStop;
     std::int64_t mSize = 0;
     std::int64_t mPosition = 0;
     std::int64_t mBufferStart = 0;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <utility>
 
 namespace audio {
 
@@ -21,9 +22,10 @@ off_t SeekBytes(void* file, off_t offset, int whence) {
 
 } // namespace
 
-std::unique_ptr<Mp3Stream> Mp3Stream::Open(const std::filesystem::path& path) {
+std::unique_ptr<Mp3Stream> Mp3Stream::Open(const std::filesystem::path& path,
+                                           std::stop_token stop) {
     std::unique_ptr<Mp3Stream> stream(new Mp3Stream);
-    if (!stream->mFile.Open(path) || !stream->Prepare())
+    if (!stream->mFile.Open(path, std::move(stop)) || !stream->Prepare())
         return nullptr;
     return stream;
 }

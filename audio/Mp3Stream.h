@@ -9,6 +9,7 @@
 #include <memory>
 #include <mpg123.h>
 #include <span>
+#include <stop_token>
 
 namespace audio {
 
@@ -18,8 +19,10 @@ namespace audio {
 class Mp3Stream {
 public:
     /// Opens the file at its start; nothing if it is no playable MP3 file. Never blocks on what
-    /// is no regular file. Takes about 1 ms for 4 minutes of music.
-    static std::unique_ptr<Mp3Stream> Open(const std::filesystem::path& path);
+    /// is no regular file. Takes about 1 ms for 4 minutes of music. `stop` ends it at once, and
+    /// whatever is read from the stream later.
+    static std::unique_ptr<Mp3Stream> Open(const std::filesystem::path& path,
+                                           std::stop_token stop = {});
 
     /// Frames a second, that of the first MP3 frame. Passages with another rate are converted to
     /// it.

@@ -61,9 +61,10 @@ std::size_t Voice::Render(std::span<Frame> out, bool sounding, double speed) noe
         const Frame frame = Interpolated(taken, waiting);
         const auto gain = static_cast<float>(mGain);
         out[done++] = {frame.left * gain, frame.right * gain};
-        // A file cut short ends in the middle of its sound, so that its end is faded too.
+        // A file cut short ends in the middle of its sound, and a slow disk makes the feeder late:
+        // whatever the queue runs dry of is faded too.
         const double left = static_cast<double>(waiting - taken) / speed;
-        const bool ends = complete && left * fadeStep <= mGain;
+        const bool ends = left * fadeStep <= mGain;
         mGain = std::clamp(mGain + (sounding && !ends ? fadeStep : -fadeStep), 0.0, 1.0);
         mPhase += speed;
         const auto whole = static_cast<std::size_t>(mPhase);

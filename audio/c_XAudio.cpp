@@ -1,9 +1,13 @@
 #include "audio/c_XAudio.h"
 
 #include "audio/Deck.h"
+#include "audio/LevelledStream.h"
+#include "audio/Mp3Stream.h"
 #include "audio/Sdl.h"
+#include "audio/SongMeter.h"
 
 #include <algorithm>
+#include <utility>
 
 std::unique_ptr<c_XAudio> gAudio;
 
@@ -13,7 +17,8 @@ c_XAudio& Audio() {
     return *gAudio;
 }
 
-c_XAudio::c_XAudio() : mDeck(std::make_unique<audio::Deck>()) {
+c_XAudio::c_XAudio()
+    : mDeck(std::make_unique<audio::Deck>()), mMeter(std::make_unique<audio::SongMeter>()) {
     audio::LoadSdl(); // now, so that the first song need not wait for it when it is to be heard
 }
 
@@ -30,9 +35,12 @@ double c_XAudio::Position() const { return mStream ? mDeck->Position() : Length(
 std::int16_t c_XAudio::OpenFile(const std::filesystem::path& path) {
     if (mStream)
         mDeck->Load(nullptr); // silence first: looking through a long file takes a moment
-    mStream = audio::Mp3Stream::Open(path);
-    if (!mStream)
+    mMeter->Abandon();
+    mStream.reset();
+    std::unique_ptr<audio::Mp3Stream> stream = audio::Mp3Stream::Open(path);
+    if (!stream)
         return 0;
+    mStream = std::make_shared<audio::LevelledStream>(std::move(stream), mMeter->Measure(path));
     mDeck->Load(mStream);
     mEverOpened = true;
     return 1;

@@ -6,13 +6,18 @@
 
 namespace audio {
 class Deck;
-class Mp3Stream;
+class LevelledStream;
+class SongMeter;
 } // namespace audio
 
 /// Plays one MP3 file at a time, from any point, on the system's default sound device. Without a
 /// device everything runs the same in silence. Nothing here shows a message, throws or waits for
-/// sound: decoding and the device's affairs happen on threads of its own, the first of which starts
-/// with the first `Play`.
+/// sound: decoding, measuring and the device's affairs happen on threads of its own, the first of
+/// which starts with the first `OpenFile`.
+///
+/// All songs are heard at one loudness, that of the song as a whole being brought to -16 LUFS, and
+/// none beyond full scale; the files stay as they are. The loudness is measured from `OpenFile` on
+/// and mostly known when `Play` is called.
 ///
 /// All functions are called from one thread, that of the user interface. Times are in seconds.
 /// Without an open file all but `OpenFile` do nothing.
@@ -51,7 +56,8 @@ public:
 
 private:
     std::unique_ptr<audio::Deck> mDeck;
-    std::shared_ptr<audio::Mp3Stream> mStream; // none without an open file
+    std::unique_ptr<audio::SongMeter> mMeter;
+    std::shared_ptr<audio::LevelledStream> mStream; // none without an open file
     bool mEverOpened = false;
     bool mPaused = false;
 };

@@ -1,4 +1,5 @@
 #include "audio/Mp3Stream.h"
+#include "audio/SongLevel.h"
 #include "audio/c_XAudio.h"
 
 #include "tests/audio/ToneFile.h"
@@ -8,6 +9,7 @@
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <thread>
 
@@ -41,9 +43,34 @@ void OpenSeekDecode(benchmark::State& state, const std::string& name, const std:
     fs::remove(path);
 }
 
+/// What the background thread does for a song.
+void MeasureLoudness(benchmark::State& state, const tonefile::Kind& kind) {
+    const fs::path path = FileOf(kind.name, kind.make());
+    for (auto _ : state) {
+        audio::SongLevel level;
+        level.Measure(*audio::Mp3Stream::Open(path));
+        benchmark::DoNotOptimize(level.Gain());
+    }
+    fs::remove(path);
+}
+
+/// The end of a player that has just begun to measure an hour of music.
+void QuitWhileMeasuring(benchmark::State& state, const tonefile::Kind& kind) {
+    const fs::path path = FileOf(kind.name, kind.make());
+    for (auto _ : state) {
+        auto player = std::make_unique<c_XAudio>();
+        player->OpenFile(path);
+        std::this_thread::sleep_for(std::chrono::milliseconds(state.range(0)));
+        const auto start = Clock::now();
+        player.reset();
+        state.SetIterationTime(Seconds(Clock::now() - start).count());
+    }
+    fs::remove(path);
+}
+
 /// From `Play` until the first samples were handed to the device and its buffer of 10 ms has
-/// passed, that is until the position moves. `idle`: with the device closed, as after a pause, in
-/// place of one that plays another song.
+/// passed, that is until the position moves. `idle`: with the device closed, as after a pause, and
+/// the loudness known, in place of one that plays another song and nothing known of this one.
 void PlayUntilHeard(benchmark::State& state, bool idle) {
     setenv("SDL_AUDIODRIVER", "dummy", 0);
     const fs::path path = FileOf("play", tonefile::Encode(60));
@@ -76,7 +103,22 @@ void RegisterOpenSeekDecode(const tonefile::Kind& kind) {
 const bool kRegistered = [] {
     for (const tonefile::Kind& kind : tonefile::AllKinds())
         RegisterOpenSeekDecode(kind);
-    RegisterOpenSeekDecode({.name = "FourMinutes", .make = [] { return tonefile::Encode(240); }});
+    const tonefile::Kind fourMinutes{.name = "FourMinutes",
+                                     .make = [] { return tonefile::Encode(240); }};
+    const tonefile::Kind hour = tonefile::AllKinds().back();
+    RegisterOpenSeekDecode(fourMinutes);
+    for (const tonefile::Kind& kind : {fourMinutes, hour})
+        benchmark::RegisterBenchmark(("MeasureLoudness/" + kind.name).c_str(), MeasureLoudness,
+                                     kind)
+            ->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("QuitWhileMeasuring", QuitWhileMeasuring, hour)
+        ->ArgName("after_ms")
+        ->Arg(0)
+        ->Arg(5)
+        ->Arg(30)
+        ->UseManualTime()
+        ->Iterations(30)
+        ->Unit(benchmark::kMillisecond);
     for (const bool idle : {true, false})
         benchmark::RegisterBenchmark(
             idle ? "PlayUntilHeard/FromSilence" : "PlayUntilHeard/NextSong", PlayUntilHeard, idle)

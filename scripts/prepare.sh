@@ -2,7 +2,7 @@
 # what is missing. `prepare <group>...` with the groups below.
 
 PACKAGES_BUILD="g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libgl-dev libmpg123-dev
- libsdl2-dev libmp3lame-dev fonts-liberation"
+ libebur128-dev libsdl2-dev libmp3lame-dev fonts-liberation"
 PACKAGES_RUN="libqt6svg6 qt6-qpa-plugins fonts-liberation"
 PACKAGES_PACKAGE="dpkg-dev file gzip"
 PACKAGES_TEST="libgtest-dev libx11-dev xvfb xauth xdotool x11-utils imagemagick procps

@@ -32,12 +32,15 @@ Lame Encoder(const Encoding& encoding) {
     return lame;
 }
 
-std::vector<float> Tone(double seconds, int rate) {
-    std::vector<float> samples(static_cast<std::size_t>(std::lround(seconds * rate)));
+std::vector<float> Tone(double seconds, const Encoding& encoding) {
+    std::vector<float> samples(static_cast<std::size_t>(std::lround(seconds * encoding.rate)));
     double phase = 0;
     for (std::size_t i = 0; i < samples.size(); ++i) {
-        samples[i] = static_cast<float>(0.5 * std::sin(phase));
-        phase += 2 * std::numbers::pi * Pitch(static_cast<double>(i) / rate) / rate;
+        const double time = static_cast<double>(i) / encoding.rate;
+        const double decay = std::exp(-encoding.decay * std::fmod(time, 0.5));
+        samples[i] = static_cast<float>(encoding.volume * decay * std::sin(phase));
+        const double hertz = encoding.pitch > 0 ? encoding.pitch : Pitch(time);
+        phase += 2 * std::numbers::pi * hertz / encoding.rate;
     }
     return samples;
 }
@@ -90,7 +93,7 @@ double Pitch(double seconds) {
 
 std::string Encode(double seconds, const Encoding& encoding) {
     const Lame lame = Encoder(encoding);
-    const std::vector<float> samples = Tone(seconds, encoding.rate);
+    const std::vector<float> samples = Tone(seconds, encoding);
     std::string bytes(samples.size() * 5 / 4 + 16384, '\0');
     auto* out = reinterpret_cast<unsigned char*>(bytes.data());
     const int room = static_cast<int>(bytes.size());

@@ -1,104 +1,16 @@
 #include "audio/c_XAudio.h"
 
-#include "tests/TemporaryFolder.h"
-#include "tests/audio/Sound.h"
-#include "tests/audio/ToneFile.h"
+#include "tests/audio/RecordedPlayer.h"
 
-#include <algorithm>
 #include <array>
-#include <chrono>
-#include <cmath>
-#include <functional>
 #include <random>
 #include <sys/stat.h>
-#include <thread>
 
 namespace {
 
 using namespace std::chrono_literals;
 namespace fs = std::filesystem;
 using audio::Frame;
-
-constexpr int kRate = 44100;
-
-bool Eventually(const std::function<bool()>& condition) {
-    const auto limit = std::chrono::steady_clock::now() + 20s;
-    while (!condition()) {
-        if (std::chrono::steady_clock::now() > limit)
-            return false;
-        std::this_thread::sleep_for(1ms);
-    }
-    return true;
-}
-
-class ClipPlayer : public testing::Test {
-protected:
-    ClipPlayer() { setenv("SDL_AUDIODRIVER", "dummy", 1); }
-    fs::path Song(int seconds) const {
-        const fs::path path = mFolder.Path() / std::to_string(seconds);
-        if (!fs::exists(path))
-            tonefile::Write(path, tonefile::Encode(seconds));
-        return path;
-    }
-    bool Passes(double seconds) const {
-        return Eventually([&] { return mPlayer.Position() > seconds; });
-    }
-    bool Ends() const {
-        return Eventually([&] { return mPlayer.Position() == mPlayer.Length(); });
-    }
-
-    const TemporaryFolder mFolder;
-    c_XAudio mPlayer;
-};
-
-/// With a sound device that writes what it is given to a file, faster than it would be heard.
-class RecordedPlayer : public ClipPlayer {
-protected:
-    RecordedPlayer() {
-        setenv("SDL_AUDIODRIVER", "disk", 1);
-        setenv("SDL_DISKAUDIODELAY", "1", 1);
-        Rewind();
-    }
-    /// Has the device write to a new file when it is opened the next time.
-    void Rewind() {
-        fs::remove(mSoundFile);
-        mSoundFile += "'";
-        setenv("SDL_DISKAUDIOFILE", mSoundFile.c_str(), 1);
-    }
-    bool DeviceWasOpened() const { return fs::exists(mSoundFile); }
-    bool DeviceCloses() const {
-        return Eventually([this] {
-            std::error_code gone;
-            const fs::directory_iterator handles("/proc/self/fd");
-            return std::none_of(begin(handles), end(handles), [&](const auto& handle) {
-                return fs::read_symlink(handle.path(), gone) == mSoundFile;
-            });
-        });
-    }
-    /// What was played, without the silent frames: those between sounds, and gaps that a slow
-    /// machine leaves.
-    std::vector<Frame> Sound() const {
-        std::ifstream file(mSoundFile, std::ios::binary);
-        std::vector<Frame> frames;
-        for (Frame frame; file.read(reinterpret_cast<char*>(&frame), sizeof frame);)
-            if (frame.left != 0)
-                frames.push_back(frame);
-        return frames;
-    }
-    /// The pitch `seconds` after the start or, below 0, before the end.
-    double PitchAt(double seconds) const {
-        const std::vector<Frame> sound = Sound();
-        const auto size = static_cast<double>(sound.size());
-        const double start = seconds * kRate + (seconds < 0 ? size : 0);
-        if (start < 0 || start + kRate / 10 > size)
-            return -1;
-        const auto first = static_cast<std::size_t>(start);
-        return sound::Pitch(std::span(sound).subspan(first, kRate / 10), kRate);
-    }
-
-private:
-    fs::path mSoundFile = mFolder.Path() / "sound";
-};
 
 TEST_F(ClipPlayer, RefusesWhatIsNoMp3FileAndThenHoldsNoFile) {
     EXPECT_EQ(mPlayer.OpenFile("missing.mp3"), 0);
@@ -214,6 +126,41 @@ TEST_F(ClipPlayer, PausesWhatWasNotStartedAndTheNextPauseRunsIt) {
     const double paused = mPlayer.Position();
     std::this_thread::sleep_for(50ms);
     EXPECT_EQ(mPlayer.Position(), paused);
+}
+
+TEST_F(RecordedPlayer, NeverClicks) {
+    const fs::path hum = mFolder.Write("hum.mp3", tonefile::Encode(60, {.pitch = 100}));
+    const fs::path other = mFolder.Write("other.mp3", tonefile::Encode(3, {.pitch = 80}));
+    const std::array<std::function<void()>, 9> calls = {
+        [&] { EXPECT_EQ(mPlayer.OpenFile(hum), 1); },
+        [&] { mPlayer.SeekTo(1.2345); },
+        [&] { mPlayer.Play(); },
+        [&] { mPlayer.PausePlay(); },
+        [&] { mPlayer.PausePlay(); },
+        [&] { mPlayer.SetRate(2); },
+        [&] { mPlayer.SeekTo(20.001); },
+        [&] { mPlayer.SetRate(1); },
+        [&] { mPlayer.StopPlay(); },
+    };
+    // All within one opening of the device, which would begin a new file.
+    for (int i = 0; i < 10; ++i) {
+        for (const auto& call : calls) {
+            call();
+            std::this_thread::sleep_for(i * 3ms);
+        }
+    }
+    ASSERT_EQ(mPlayer.OpenFile(other), 1); // takes the sound over
+    mPlayer.Play();
+    ASSERT_TRUE(Ends());
+    ASSERT_TRUE(DeviceCloses());
+    const std::vector<Frame> heard = Recording();
+    ASSERT_GT(heard.size(), 1.9 * kRate);
+    EXPECT_EQ(heard.back().left, 0);
+    // A jump bends the curve more than the tone, which does it by 0.00003, and more than a fade.
+    for (std::size_t i = 2; i < heard.size(); ++i) {
+        const float bend = heard[i].left - 2 * heard[i - 1].left + heard[i - 2].left;
+        ASSERT_LT(std::abs(bend), 0.004F) << "frame " << i << " of " << heard.size();
+    }
 }
 
 class NoDevice : public ClipPlayer, public testing::WithParamInterface<const char*> {};

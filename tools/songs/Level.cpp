@@ -1,7 +1,8 @@
 #include "tools/songs/Level.h"
 
-#include "tools/songs/Limiter.h"
-#include "tools/songs/Loudness.h"
+#include "audio/Limiter.h"
+#include "audio/Meter.h"
+#include "audio/SongLevel.h"
 
 #include <cmath>
 
@@ -9,28 +10,40 @@ namespace songs {
 
 namespace {
 
-constexpr double kLoudness = -16; // LUFS
-constexpr double kTolerance = 0.05;
-constexpr float kCeiling = 0.75F; // -2.5 dBFS
+constexpr double kTolerance = 0.05; // LU
+constexpr float kCeiling = 0.75F;   // -2.5 dBTP
 constexpr int kTries = 6;
 
-Samples Scaled(const Samples& channel, double decibels) {
+double Loudness(const Stereo& sound) {
+    audio::Meter meter(kSampleRate, audio::Meter::Of::Loudness);
+    meter.Add(sound);
+    return meter.Loudness();
+}
+
+Stereo Scaled(const Stereo& sound, double decibels) {
     const auto gain = static_cast<float>(std::pow(10, decibels / 20));
-    Samples scaled = channel;
-    for (float& sample : scaled)
-        sample *= gain;
+    Stereo scaled = sound;
+    for (audio::Frame& frame : scaled)
+        frame = {frame.left * gain, frame.right * gain};
     return scaled;
+}
+
+void Limit(Stereo& sound) {
+    audio::Limiter limiter(kSampleRate, kCeiling);
+    limiter.Put(sound);
+    limiter.End();
+    limiter.Take(sound);
 }
 
 } // namespace
 
 /// Limiting takes some loudness away, so the gain before it is found in a few tries.
 void Level(Stereo& sound) {
-    double decibels = kLoudness - Loudness({&sound.left, &sound.right});
+    double decibels = audio::kPlayedLoudness - Loudness(sound);
     for (int i = 0; i < kTries; ++i) {
-        Stereo levelled{Scaled(sound.left, decibels), Scaled(sound.right, decibels)};
-        Limit(levelled, kCeiling);
-        const double missing = kLoudness - Loudness({&levelled.left, &levelled.right});
+        Stereo levelled = Scaled(sound, decibels);
+        Limit(levelled);
+        const double missing = audio::kPlayedLoudness - Loudness(levelled);
         if (std::abs(missing) < kTolerance || i + 1 == kTries) {
             sound = std::move(levelled);
             return;

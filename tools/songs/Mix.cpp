@@ -1,6 +1,6 @@
 #include "tools/songs/Mix.h"
 
-#include "tools/songs/Loudness.h"
+#include "audio/Meter.h"
 #include "tools/songs/Room.h"
 
 #include <algorithm>
@@ -31,48 +31,50 @@ Samples Play(const std::vector<PlayedNote>& part, std::size_t length) {
     return sound;
 }
 
+double Loudness(const Samples& part) {
+    audio::Meter meter(kSampleRate, audio::Meter::Of::Loudness, 1);
+    meter.Add(part);
+    return meter.Loudness();
+}
+
 /// Adds a part at its loudness to both channels, `pan` from -1 (left) to 1 (right), and to what
 /// goes into the room.
 void AddPart(const Samples& part, double loudness, double pan, Stereo& sound, Samples& room) {
-    const double gain = std::pow(10, (loudness - Loudness({&part})) / 20);
+    const double gain = std::pow(10, (loudness - Loudness(part)) / 20);
     const double angle = (pan + 1) * std::numbers::pi / 4;
     const auto left = static_cast<float>(gain * std::cos(angle));
     const auto right = static_cast<float>(gain * std::sin(angle));
     const auto both = static_cast<float>(gain);
-    float* toLeft = sound.left.data();
-    float* toRight = sound.right.data();
-    float* toRoom = room.data();
-    for (const float sample : part) {
-        *toLeft++ += left * sample;
-        *toRight++ += right * sample;
-        *toRoom++ += both * sample;
+    for (std::size_t i = 0; i < part.size(); ++i) {
+        sound[i].left += left * part[i];
+        sound[i].right += right * part[i];
+        room[i] += both * part[i];
     }
 }
 
-void FadeOut(Samples& channel) {
-    const std::size_t silent = SampleCount(kSilent);
+void FadeOut(Stereo& sound) {
+    const std::size_t end = sound.size() - SampleCount(kSilent);
     const std::size_t fade = SampleCount(kFade);
-    const auto end = channel.end() - static_cast<std::ptrdiff_t>(silent);
-    std::fill(end, channel.end(), 0.0F);
     for (std::size_t i = 0; i < fade; ++i) {
         const double angle = std::numbers::pi * static_cast<double>(i) / static_cast<double>(fade);
-        *(end - 1 - static_cast<std::ptrdiff_t>(i)) *=
-            static_cast<float>((1 - std::cos(angle)) / 2);
+        const auto gain = static_cast<float>((1 - std::cos(angle)) / 2);
+        audio::Frame& frame = sound[end - 1 - i];
+        frame = {frame.left * gain, frame.right * gain};
     }
+    std::fill(sound.begin() + static_cast<std::ptrdiff_t>(end), sound.end(), audio::Frame{});
 }
 
 } // namespace
 
 Stereo Mix(const Performance& performance) {
     const std::size_t length = SampleCount(kBefore + performance.seconds + kAfter + kSilent);
-    Stereo sound{Samples(length), Samples(length)};
+    Stereo sound(length);
     Samples room(length);
     AddPart(Play(performance.lead, length), kMelodyLoudness, 0.15, sound, room);
     AddPart(Play(performance.chords, length), kChordsLoudness, -0.45, sound, room);
     AddPart(Play(performance.bass, length), kBassLoudness, 0, sound, room);
     AddRoom(room, sound);
-    FadeOut(sound.left);
-    FadeOut(sound.right);
+    FadeOut(sound);
     return sound;
 }
 

@@ -48,12 +48,10 @@ Bytes Encode(const Stereo& sound) {
     Bytes buffer(kPiece * 5 / 4 + 7200); // what the encoder may need
     const int room = static_cast<int>(buffer.size());
     Bytes mp3;
-    for (std::size_t start = 0; start < sound.left.size(); start += kPiece) {
-        const auto count =
-            static_cast<int>(std::min<std::size_t>(kPiece, sound.left.size() - start));
-        AppendEncoded(lame_encode_buffer_ieee_float(encoder.get(), sound.left.data() + start,
-                                                    sound.right.data() + start, count,
-                                                    buffer.data(), room),
+    for (std::size_t start = 0; start < sound.size(); start += kPiece) {
+        const auto count = static_cast<int>(std::min<std::size_t>(kPiece, sound.size() - start));
+        AppendEncoded(lame_encode_buffer_interleaved_ieee_float(encoder.get(), &sound[start].left,
+                                                                count, buffer.data(), room),
                       buffer, mp3);
     }
     AppendEncoded(lame_encode_flush(encoder.get(), buffer.data(), room), buffer, mp3);

@@ -45,22 +45,22 @@ void PassThrough(std::size_t delay, Samples& sound) {
     }
 }
 
-void AddSide(const Samples& dry, std::size_t later, Samples& channel) {
+void AddSide(const Samples& dry, std::size_t later, float audio::Frame::*side, Stereo& sound) {
     Samples echoes(dry.size());
     for (const std::size_t delay : kCombs)
         AddComb(dry, delay + later, echoes);
     for (const std::size_t delay : kAllPasses)
         PassThrough(delay + later, echoes);
-    float* target = channel.data();
+    audio::Frame* target = sound.data();
     for (const float echo : echoes)
-        *target++ += kStrength * echo;
+        target++->*side += kStrength * echo;
 }
 
 } // namespace
 
 void AddRoom(const Samples& dry, Stereo& sound) {
-    AddSide(dry, 0, sound.left);
-    AddSide(dry, kRightLater, sound.right);
+    AddSide(dry, 0, &audio::Frame::left, sound);
+    AddSide(dry, kRightLater, &audio::Frame::right, sound);
 }
 
 } // namespace songs

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "audio/Frame.h"
+
 #include <cstddef>
 #include <vector>
 
@@ -10,10 +12,8 @@ constexpr int kSampleRate = 44100; ///< per second
 /// Samples of one channel; full scale is from -1 to 1.
 using Samples = std::vector<float>;
 
-struct Stereo {
-    Samples left;
-    Samples right;
-};
+/// Both channels.
+using Stereo = std::vector<audio::Frame>;
 
 /// How many samples last that long.
 constexpr std::size_t SampleCount(double seconds) {

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "audio/Frame.h"
+#include "audio/Limiter.h"
+#include "audio/Mp3Stream.h"
+#include "audio/SongLevel.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+
+namespace audio {
+
+/// A song as it is played: at the loudness of all songs and with true peaks below full scale.
+/// `Rate` and `Length` may be asked by any thread, the rest used by one thread at a time.
+class LevelledStream {
+public:
+    /// `level` may still be measured.
+    LevelledStream(std::unique_ptr<Mp3Stream> stream, std::shared_ptr<const SongLevel> level);
+
+    /// Frames a second.
+    int Rate() const { return mStream->Rate(); }
+
+    /// Duration in seconds.
+    double Length() const { return mStream->Length(); }
+
+    /// Makes `frame` (0-based) the next one read.
+    void SeekTo(std::int64_t frame);
+
+    /// Reads into `frames`, room for at least one, and returns how many; 0 only at the end. The
+    /// first frames after `SeekTo` have the gain known then or, if nothing is known, one got by
+    /// listening to what follows for an instant; it changes slowly if more becomes known.
+    std::size_t Read(std::span<Frame> frames);
+
+private:
+    float FirstGain();
+    void Continue();
+    void Amplify(std::span<Frame> frames);
+
+    std::unique_ptr<Mp3Stream> mStream;
+    std::shared_ptr<const SongLevel> mLevel;
+    std::optional<Limiter> mLimiter; // none before the first sound
+    std::int64_t mStart = 0;
+    float mGain = 1;
+};
+
+} // namespace audio

@@ -1,0 +1,59 @@
+#include "audio/Meter.h"
+
+#include <algorithm>
+#include <new>
+
+namespace audio {
+
+namespace {
+
+int ModeFor(Meter::Of what) {
+    switch (what) {
+    case Meter::Of::Loudness:
+        return EBUR128_MODE_I;
+    case Meter::Of::TruePeak:
+        return EBUR128_MODE_TRUE_PEAK;
+    case Meter::Of::Both:
+        break;
+    }
+    return EBUR128_MODE_I | EBUR128_MODE_TRUE_PEAK;
+}
+
+} // namespace
+
+Meter::Meter(int rate, Of what, unsigned channels)
+    : mState(ebur128_init(channels, static_cast<unsigned long>(rate), ModeFor(what))) {
+    if (!mState)
+        throw std::bad_alloc();
+}
+
+void Meter::Add(std::span<const Frame> frames) {
+    if (!frames.empty())
+        ebur128_add_frames_float(mState.get(), &frames.front().left, frames.size());
+}
+
+void Meter::Add(std::span<const float> mono) {
+    ebur128_add_frames_float(mState.get(), mono.data(), mono.size());
+}
+
+double Meter::Loudness() const {
+    double lufs = 0;
+    ebur128_loudness_global(mState.get(), &lufs);
+    return lufs;
+}
+
+double Meter::TruePeak() const { return Largest(ebur128_true_peak); }
+
+double Meter::LastTruePeak() const { return Largest(ebur128_prev_true_peak); }
+
+double Meter::Largest(Reading reading) const {
+    double largest = 0;
+    for (unsigned channel = 0; channel < mState->channels; ++channel) {
+        double peak = 0;
+        reading(mState.get(), channel, &peak);
+        largest = std::max(largest, peak);
+    }
+    return largest;
+}
+
+} // namespace audio

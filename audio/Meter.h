@@ -1,0 +1,44 @@
+#pragma once
+
+#include "audio/Frame.h"
+
+#include <ebur128.h>
+#include <memory>
+#include <span>
+
+namespace audio {
+
+/// Measures sound by EBU R128 (ITU-R BS.1770): its loudness or its true peak, that of the curve
+/// through the samples, which a loudspeaker follows. Used by one thread.
+class Meter {
+public:
+    enum class Of { Loudness, TruePeak, Both };
+
+    /// For sound of `rate` samples a second; `channels` is 1 or 2.
+    Meter(int rate, Of what, unsigned channels = 2);
+
+    /// Measures what follows what was added before.
+    void Add(std::span<const Frame> frames);
+    void Add(std::span<const float> mono);
+
+    /// Integrated loudness in LUFS, gated; minus infinity for silence and below 0.4 seconds.
+    double Loudness() const;
+
+    /// The largest true peak; 1 is full scale.
+    double TruePeak() const;
+
+    /// The largest true peak of what was added last, 6 samples late.
+    double LastTruePeak() const;
+
+private:
+    struct Deleter {
+        void operator()(ebur128_state* state) const { ebur128_destroy(&state); }
+    };
+    using Reading = int (*)(ebur128_state*, unsigned, double*);
+
+    double Largest(Reading reading) const;
+
+    std::unique_ptr<ebur128_state, Deleter> mState;
+};
+
+} // namespace audio

@@ -1,0 +1,98 @@
+#pragma once
+
+#include "audio/c_XAudio.h"
+#include "tests/TemporaryFolder.h"
+#include "tests/audio/Sound.h"
+#include "tests/audio/ToneFile.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <functional>
+#include <thread>
+#include <vector>
+
+inline bool Eventually(const std::function<bool()>& condition) {
+    const auto limit = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() > limit)
+            return false;
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    return true;
+}
+
+class ClipPlayer : public testing::Test {
+protected:
+    ClipPlayer() { setenv("SDL_AUDIODRIVER", "dummy", 1); }
+    std::filesystem::path Song(int seconds) const {
+        const std::filesystem::path path = mFolder.Path() / std::to_string(seconds);
+        if (!std::filesystem::exists(path))
+            tonefile::Write(path, tonefile::Encode(seconds));
+        return path;
+    }
+    bool Passes(double seconds) const {
+        return Eventually([&] { return mPlayer.Position() > seconds; });
+    }
+    bool Ends() const {
+        return Eventually([&] { return mPlayer.Position() == mPlayer.Length(); });
+    }
+
+    const TemporaryFolder mFolder;
+    c_XAudio mPlayer;
+};
+
+/// With a sound device that writes what it is given to a file, faster than it would be heard.
+class RecordedPlayer : public ClipPlayer {
+protected:
+    static constexpr int kRate = 44100;
+
+    RecordedPlayer() {
+        setenv("SDL_AUDIODRIVER", "disk", 1);
+        setenv("SDL_DISKAUDIODELAY", "1", 1);
+        Rewind();
+    }
+    /// Has the device write to a new file when it is opened the next time.
+    void Rewind() {
+        std::filesystem::remove(mSoundFile);
+        mSoundFile += "'";
+        setenv("SDL_DISKAUDIOFILE", mSoundFile.c_str(), 1);
+    }
+    bool DeviceWasOpened() const { return std::filesystem::exists(mSoundFile); }
+    bool DeviceCloses() const {
+        return Eventually([this] {
+            std::error_code gone;
+            const std::filesystem::directory_iterator handles("/proc/self/fd");
+            return std::none_of(begin(handles), end(handles), [&](const auto& handle) {
+                return std::filesystem::read_symlink(handle.path(), gone) == mSoundFile;
+            });
+        });
+    }
+    /// What was played since the device was opened.
+    std::vector<audio::Frame> Recording() const {
+        std::ifstream file(mSoundFile, std::ios::binary);
+        std::vector<audio::Frame> frames;
+        for (audio::Frame frame; file.read(reinterpret_cast<char*>(&frame), sizeof frame);)
+            frames.push_back(frame);
+        return frames;
+    }
+    /// That without the silent frames: those between sounds, and gaps that a slow machine leaves.
+    std::vector<audio::Frame> Sound() const {
+        std::vector<audio::Frame> frames = Recording();
+        std::erase_if(frames, [](const audio::Frame& frame) { return frame.left == 0; });
+        return frames;
+    }
+    /// The pitch `seconds` after the start or, below 0, before the end.
+    double PitchAt(double seconds) const {
+        const std::vector<audio::Frame> sound = Sound();
+        const auto size = static_cast<double>(sound.size());
+        const double start = seconds * kRate + (seconds < 0 ? size : 0);
+        if (start < 0 || start + kRate / 10 > size)
+            return -1;
+        const auto first = static_cast<std::size_t>(start);
+        return sound::Pitch(std::span(sound).subspan(first, kRate / 10), kRate);
+    }
+
+private:
+    std::filesystem::path mSoundFile = mFolder.Path() / "sound";
+};
