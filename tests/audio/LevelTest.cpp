@@ -87,6 +87,25 @@ TEST(LevelledStream, KeepsEveryFrameInItsPlace) {
     }
 }
 
+TEST(LevelledStream, PlaysWhatCannotBeMeasuredAsItIs) {
+    const TemporaryFolder folder;
+    for (const std::string& bytes : {Part(0.25, -12), Part(1, -200)}) {
+        const auto path = folder.Write("song.mp3", bytes);
+        const auto plain = Mp3Stream::Open(path);
+        std::vector<Frame> wanted(static_cast<std::size_t>(plain->Frames()));
+        std::vector<Frame> got(wanted.size() + 1);
+        LevelledStream levelled(Mp3Stream::Open(path), std::make_shared<SongLevel>());
+        levelled.SeekTo(0);
+        std::size_t size = 0;
+        while (const std::size_t part = levelled.Read(std::span(got).subspan(size)))
+            size += part;
+        ASSERT_EQ(size, wanted.size());
+        for (std::size_t done = 0; done < wanted.size();)
+            done += plain->Read(std::span(wanted).subspan(done));
+        EXPECT_LT(sound::Difference(wanted, got), 1e-4f);
+    }
+}
+
 TEST(LevelledStream, GoesOverSlowlyToAGainThatIsKnownOnlyLater) {
     const TemporaryFolder folder;
     const auto path = folder.Write("song.mp3", Part(8, -26) + Part(8, -6));

@@ -55,7 +55,8 @@ TEST(LevelTest, QuietAndPeakySoundsComeOutEquallyLoudBelowFullScale) {
 }
 
 TEST(VoiceTest, EveryVoiceIsInTuneStartsWithoutAClickAndEnds) {
-    for (const char* name : {"bells", "brass", "flute", "organ", "piano", "pluck", "strings"}) {
+    for (const char* name : {"accordion", "bells", "brass", "clarinet", "flute", "harpsichord",
+                             "marimba", "musicbox", "organ", "piano", "pluck", "strings"}) {
         const Voice voice = FindVoice(name);
         ASSERT_NE(voice, nullptr) << name;
         for (const double hertz : {82.41, 440.0, 1318.51}) {

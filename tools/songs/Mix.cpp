@@ -2,6 +2,7 @@
 
 #include "audio/Meter.h"
 #include "tools/songs/Room.h"
+#include "tools/songs/voices/Noise.h"
 
 #include <algorithm>
 #include <cmath>
@@ -16,17 +17,23 @@ constexpr double kAfter = 2.0;  // after the last bar, to ring out,
 constexpr double kFade = 1.5;   // of which it fades,
 constexpr double kSilent = 0.1; // and at last is silent
 
-constexpr double kMelodyLoudness = -20; // LUFS, as is the others'
-constexpr double kChordsLoudness = -29;
-constexpr double kBassLoudness = -28;
+constexpr double kUnevenTime = 0.006; // seconds before or after the beat
+constexpr float kUnevenLoudness = 0.1F;
 
-Samples Play(const std::vector<PlayedNote>& part, std::size_t length) {
+constexpr double kMelodyLoudness = -20; // LUFS, as is the others'
+constexpr double kChordsLoudness = -27;
+constexpr double kBassLoudness = -27;
+
+/// Nobody plays quite in time or one note as loud as the next; `player` is anything but 0.
+Samples Play(const std::vector<PlayedNote>& part, std::uint32_t player, std::size_t length) {
     Samples sound(length);
+    Noise chance(player);
     for (const PlayedNote& note : part) {
+        const double late = kUnevenTime * static_cast<double>(chance.Next());
         const Tone tone{.hertz = 440 * std::exp2((note.key - 69) / 12.0),
                         .seconds = note.seconds,
-                        .loudness = note.loudness};
-        note.voice(tone, std::span(sound).subspan(SampleCount(kBefore + note.start)));
+                        .loudness = note.loudness * (1 + kUnevenLoudness * chance.Next())};
+        note.voice(tone, std::span(sound).subspan(SampleCount(kBefore + note.start + late)));
     }
     return sound;
 }
@@ -70,9 +77,9 @@ Stereo Mix(const Performance& performance) {
     const std::size_t length = SampleCount(kBefore + performance.seconds + kAfter + kSilent);
     Stereo sound(length);
     Samples room(length);
-    AddPart(Play(performance.lead, length), kMelodyLoudness, 0.15, sound, room);
-    AddPart(Play(performance.chords, length), kChordsLoudness, -0.45, sound, room);
-    AddPart(Play(performance.bass, length), kBassLoudness, 0, sound, room);
+    AddPart(Play(performance.lead, 1, length), kMelodyLoudness, 0.2, sound, room);
+    AddPart(Play(performance.chords, 2, length), kChordsLoudness, -0.6, sound, room);
+    AddPart(Play(performance.bass, 3, length), kBassLoudness, 0.1, sound, room);
     AddRoom(room, sound);
     FadeOut(sound);
     return sound;

@@ -13,7 +13,7 @@ constexpr std::size_t kRightLater = 23; // makes the channels different
 constexpr float kFeedback = 0.80F;
 constexpr float kDamping = 0.35F; // walls swallow the high partials first
 constexpr float kDiffusion = 0.6F;
-constexpr float kStrength = 0.05F;
+constexpr float kStrength = 0.06F;
 
 /// Adds the echoes that two walls throw to and fro.
 void AddComb(const Samples& in, std::size_t delay, Samples& out) {

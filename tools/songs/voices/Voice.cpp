@@ -10,10 +10,15 @@ Voice FindVoice(std::string_view name) {
         std::string_view name;
         Voice voice;
     };
-    constexpr std::array<Entry, 7> kVoices = {{
+    constexpr std::array<Entry, 12> kVoices = {{
+        {"accordion", Accordion},
         {"bells", Bells},
         {"brass", Brass},
+        {"clarinet", Clarinet},
         {"flute", Flute},
+        {"harpsichord", Harpsichord},
+        {"marimba", Marimba},
+        {"musicbox", MusicBox},
         {"organ", Organ},
         {"piano", Piano},
         {"pluck", Pluck},

@@ -16,9 +16,14 @@ struct Tone {
 /// be equally loud: parts are levelled when they are mixed.
 using Voice = void (*)(const Tone& tone, std::span<float> out);
 
+void Accordion(const Tone& tone, std::span<float> out);
 void Bells(const Tone& tone, std::span<float> out);
 void Brass(const Tone& tone, std::span<float> out);
+void Clarinet(const Tone& tone, std::span<float> out);
 void Flute(const Tone& tone, std::span<float> out);
+void Harpsichord(const Tone& tone, std::span<float> out);
+void Marimba(const Tone& tone, std::span<float> out);
+void MusicBox(const Tone& tone, std::span<float> out);
 void Organ(const Tone& tone, std::span<float> out);
 void Piano(const Tone& tone, std::span<float> out);
 void Pluck(const Tone& tone, std::span<float> out);
