@@ -165,7 +165,7 @@ TEST_P(LevelledSet, IsHeardAtOneLoudnessBelowFullScale) {
     const double start = 11.3;
     mPlayer.SeekTo(start);
     mPlayer.Play();
-    ASSERT_TRUE(Passes(start + 6));
+    ASSERT_TRUE(Passes(start + 4));
     mPlayer.StopPlay();
     ASSERT_TRUE(DeviceCloses());
     Meter meter(encoding.rate, Meter::Of::Both);
