@@ -57,7 +57,7 @@ f_Menu::f_Menu()
 
 void f_Menu::DrawBy() {
     const QString credits = QStringLiteral("The Songrush makers");
-    Dc()->SetFont(ScreenFont(9));
+    Dc()->SetFont(ScreenFont(10, true));
     BeginDraw(Dc(), Qt::SolidLine, kWhite, 1, kBlack, BkMode::Transparent);
     ShadowText(credits, Rgb(140, 140, 230), kBlack,
                static_cast<float>(400 - Dc()->TextWidth(credits) / 2), 73, 1);
