@@ -95,7 +95,11 @@ tour_editor() {
     await "the editor" editor_shown
     move_away
     shot editor-empty
-    click_on preview
+    move_onto preview
+    shot editor-hover
+    xdotool mousedown 1
+    shot editor-pressed
+    xdotool mouseup 1
     message no-songs-in-list
     click_on add_dir
     file_dialog "Add Folder" editor-folder-dialog "$program/Music"
@@ -220,7 +224,10 @@ tour_chooser() {
     shot chooser
     move_onto quickplay
     shot chooser-hover
-    click_on playlist
+    move_onto playlist
+    xdotool mousedown 1
+    shot chooser-pressed
+    xdotool mouseup 1
     file_dialog "Load Playlist" file-dialog ""
     message no-playlist-selected
     click_on create_playlist

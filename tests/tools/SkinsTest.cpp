@@ -1,16 +1,20 @@
 // The bitmaps that the build renders from assets/skins, in the folder SONGRUSH_IMAGES.
 
+#include "tools/contrast/Luminance.h"
+
 #include <QImage>
 #include <QRect>
 #include <QString>
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cmath>
 #include <numeric>
 #include <vector>
 
 namespace {
+
+using contrast::Luminance;
+using contrast::Ratio;
 
 struct Skin {
     const char* file;
@@ -32,16 +36,6 @@ QImage Picture(const char* file, const char* folder = "") {
                   QLatin1String(file));
 }
 
-double Linear(int channel) {
-    const double value = channel / 255.0;
-    return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
-}
-
-double Luminance(QRgb pixel) {
-    return 0.2126 * Linear(qRed(pixel)) + 0.7152 * Linear(qGreen(pixel)) +
-           0.0722 * Linear(qBlue(pixel));
-}
-
 std::vector<double> Luminances(const QImage& image, const QRect& area) {
     std::vector<double> all;
     for (int y = area.top(); y <= area.bottom(); ++y) {
@@ -50,10 +44,6 @@ std::vector<double> Luminances(const QImage& image, const QRect& area) {
     }
     std::sort(all.begin(), all.end());
     return all;
-}
-
-double Contrast(double one, double other) {
-    return (std::max(one, other) + 0.05) / (std::min(one, other) + 0.05);
 }
 
 TEST(Skins, HaveThreeFramesAtEveryScale) {
@@ -95,7 +85,9 @@ TEST(Skins, TellTheirLooksApartWithoutColour) {
                 Luminances(image, {0, index * skin.height / 2, skin.width, skin.height / 2});
             return std::accumulate(all.begin(), all.end(), 0.0) / double(all.size());
         };
-        EXPECT_GT(half(2) + half(3), 1.4 * (half(0) + half(1))) << "hover is brighter";
+        const double normal = half(0) + half(1);
+        EXPECT_GT(half(2) + half(3), 1.6 * normal) << "hover is brighter";
+        EXPECT_LT(half(4) + half(5), 0.8 * normal) << "pressed lies in shadow";
         EXPECT_GT(half(0), half(1)) << "normal is lit from above";
         EXPECT_GT(half(5), half(4)) << "pressed is lit from below";
     }
@@ -105,15 +97,16 @@ TEST(Skins, CarryAWhiteCaptionOnAnAnswer) {
     const QImage image = Picture("BGeneric.bmp");
     for (int frame = 0; frame < 3; ++frame) {
         const double brightest = Luminances(image, {56, 66 * frame + 14, 384, 38}).back();
-        EXPECT_GE(Contrast(1, brightest), 4.5) << "frame " << frame;
+        EXPECT_GE(Ratio(1, brightest), 4.5) << "frame " << frame;
     }
 }
 
-TEST(Background, IsDarkWhereTextsStand) {
+TEST(Background, IsDarkWhereBrightTextsStand) {
     const QImage back = Picture("Back.bmp");
     ASSERT_EQ(back.size(), QSize(800, 600));
-    for (const QRect& text : {QRect(10, 8, 190, 34), QRect(560, 88, 230, 38),
-                              QRect(100, 150, 600, 290), QRect(180, 550, 440, 40)}) {
+    for (const QRect& text :
+         {QRect(10, 8, 190, 34), QRect(568, 88, 222, 38), QRect(335, 74, 130, 13),
+          QRect(308, 92, 84, 24), QRect(100, 150, 600, 290), QRect(180, 550, 440, 40)}) {
         const std::vector<double> sorted = Luminances(back, text);
         EXPECT_LT(sorted[sorted.size() * 97 / 100], 0.02) << "at y " << text.top();
         EXPECT_LT(sorted.back(), 0.08) << "at y " << text.top();
@@ -121,9 +114,11 @@ TEST(Background, IsDarkWhereTextsStand) {
 }
 
 TEST(Background, LightsTheClockForDarkDigitsAndWhiteTitles) {
-    const std::vector<double> lit = Luminances(Picture("Back.bmp"), {402, 92, 100, 26});
-    EXPECT_GE(Contrast(1, lit.back()), 3);
-    EXPECT_GE(Contrast(Luminance(qRgb(50, 0, 100)), lit.front()), 3);
+    const QImage back = Picture("Back.bmp");
+    const std::vector<double> digits = Luminances(back, {422, 92, 72, 22});
+    EXPECT_GE(Ratio(Luminance(qRgb(50, 0, 100)), digits.front()), 3);
+    const std::vector<double> title = Luminances(back, {245, 109, 310, 33});
+    EXPECT_GE(Ratio(1, title[title.size() * 99 / 100]), 3);
 }
 
 } // namespace
