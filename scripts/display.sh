@@ -34,8 +34,9 @@ open_display() {
     export DBUS_SESSION_BUS_ADDRESS=disabled: # a session's services are no part of this
     unset WAYLAND_DISPLAY QT_SCALE_FACTOR
     # The server writes the number of the display that it found free, and keeps what is on the
-    # screen in a file, where a pixel is quickly read.
-    Xvfb -displayfd 3 -screen 0 ${SCREEN_WIDTH}x${SCREEN_HEIGHT}x24 -nolisten tcp \
+    # screen in a file, where a pixel is quickly read. It would begin anew whenever the last program
+    # leaves, and refuse who comes just then.
+    Xvfb -displayfd 3 -screen 0 ${SCREEN_WIDTH}x${SCREEN_HEIGHT}x24 -nolisten tcp -noreset \
         -fbdir "$MEMORY" 3>"$STAGE/number" 2>"$STAGE/server" &
     SERVER=$!
     local end=$((SECONDS + LIMIT))

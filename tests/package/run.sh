@@ -51,6 +51,7 @@ leave_menu() {
 }
 
 play_game() {
+    ANSWERS=
     to_menu
     click_on one_player
     await "the second stage" second_stage_shown ""
