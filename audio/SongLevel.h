@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <chrono>
 #include <optional>
 
 namespace audio {
@@ -25,8 +26,9 @@ public:
     std::optional<float> Gain() const;
 
     /// Listens to one minute, spread over the song in short pieces, to all of a shorter song; ends
-    /// where the stream can no longer be read. What is known gets better from piece to piece.
-    void Measure(Mp3Stream& stream);
+    /// where the stream can no longer be read. What is known gets better from piece to piece; a
+    /// piece takes about 3 ms, and between them it sleeps for `rest`.
+    void Measure(Mp3Stream& stream, std::chrono::milliseconds rest = {});
 
 private:
     std::atomic<float> mGain = 0; // not known yet

@@ -2,9 +2,21 @@
 
 #include "audio/Mp3Stream.h"
 
+#include <chrono>
 #include <utility>
 
 namespace audio {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+/// A song is measured once it has stayed for so long: none that is passed over in a row of them.
+constexpr auto kPatience = 20ms;
+/// Between pieces, so that the program's own work comes first also on a busy machine.
+constexpr auto kRest = 5ms;
+
+} // namespace
 
 std::shared_ptr<const SongLevel> SongMeter::Measure(const std::filesystem::path& path) {
     Abandon();
@@ -29,16 +41,21 @@ void SongMeter::Abandon() {
 void SongMeter::Work(const std::stop_token& quit) {
     while (const std::optional<Job> job = NextJob(quit)) {
         if (const auto stream = Mp3Stream::Open(job->path, job->stop))
-            job->level->Measure(*stream);
+            job->level->Measure(*stream, kRest);
     }
 }
 
 /// Sleeps until there is a song to measure; nothing when the meter goes away.
 std::optional<SongMeter::Job> SongMeter::NextJob(const std::stop_token& quit) {
+    const auto waiting = [this] { return mNext.has_value(); };
+    std::optional<Job> job;
     std::unique_lock lock(mMutex);
-    if (!mChanged.wait(lock, quit, [this] { return mNext.has_value(); }))
-        return std::nullopt;
-    return std::exchange(mNext, std::nullopt);
+    do {
+        if (!mChanged.wait(lock, quit, waiting))
+            return std::nullopt;
+        job = std::exchange(mNext, std::nullopt);
+    } while (mChanged.wait_for(lock, quit, kPatience, waiting));
+    return job;
 }
 
 } // namespace audio
