@@ -7,7 +7,6 @@
 #include <array>
 #include <cmath>
 #include <numbers>
-#include <thread>
 
 namespace audio {
 
@@ -46,7 +45,7 @@ std::optional<float> SongLevel::Gain() const {
     return gain > 0 ? std::optional(gain) : std::nullopt;
 }
 
-void SongLevel::Measure(Mp3Stream& stream, std::chrono::milliseconds rest) {
+void SongLevel::Measure(Mp3Stream& stream, const std::function<bool()>& goOn) {
     Meter meter(stream.Rate(), Meter::Of::Loudness);
     const auto longest = static_cast<std::int64_t>(kPieceSeconds * stream.Rate());
     const std::int64_t pieces = std::min((stream.Frames() + longest - 1) / longest, kPieces);
@@ -63,7 +62,8 @@ void SongLevel::Measure(Mp3Stream& stream, std::chrono::milliseconds rest) {
         AddPiece(stream, start + std::llround(later * space), length, meter);
         if (const std::optional<float> gain = LevellingGain(meter.Loudness()))
             mGain.store(*gain, std::memory_order_relaxed);
-        std::this_thread::sleep_for(rest);
+        if (!goOn())
+            return;
     }
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <atomic>
-#include <chrono>
+#include <functional>
 #include <optional>
 
 namespace audio {
@@ -25,10 +25,11 @@ public:
     /// nothing but silence, was heard.
     std::optional<float> Gain() const;
 
-    /// Listens to one minute, spread over the song in short pieces, to all of a shorter song; ends
-    /// where the stream can no longer be read. What is known gets better from piece to piece; a
-    /// piece takes about 3 ms, and between them it sleeps for `rest`.
-    void Measure(Mp3Stream& stream, std::chrono::milliseconds rest = {});
+    /// Listens to one minute, spread over the song in short pieces, to all of a shorter song. What
+    /// is known gets better from piece to piece; each takes about 3 ms, and after it `goOn` is
+    /// asked whether to listen to the next.
+    void Measure(
+        Mp3Stream& stream, const std::function<bool()>& goOn = [] { return true; });
 
 private:
     std::atomic<float> mGain = 0; // not known yet

@@ -41,7 +41,10 @@ void SongMeter::Abandon() {
 void SongMeter::Work(const std::stop_token& quit) {
     while (const std::optional<Job> job = NextJob(quit)) {
         if (const auto stream = Mp3Stream::Open(job->path, job->stop))
-            job->level->Measure(*stream, kRest);
+            job->level->Measure(*stream, [&job] {
+                std::this_thread::sleep_for(kRest);
+                return !job->stop.stop_requested();
+            });
     }
 }
 

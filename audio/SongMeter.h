@@ -17,7 +17,7 @@ namespace audio {
 class SongMeter {
 public:
     SongMeter() = default;
-    ~SongMeter() { Abandon(); } ///< ends within the reading of one buffer
+    ~SongMeter() { Abandon(); } ///< waits 5 ms at most
     SongMeter(const SongMeter&) = delete;
     SongMeter& operator=(const SongMeter&) = delete;
 

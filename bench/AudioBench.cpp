@@ -114,8 +114,8 @@ const bool kRegistered = [] {
     benchmark::RegisterBenchmark("QuitWhileMeasuring", QuitWhileMeasuring, hour)
         ->ArgName("after_ms")
         ->Arg(0)
-        ->Arg(5)
         ->Arg(30)
+        ->Arg(100)
         ->UseManualTime()
         ->Iterations(30)
         ->Unit(benchmark::kMillisecond);
