@@ -11,6 +11,7 @@
 #include "platform/ShippedFiles.h"
 #include "platform/SingleInstance.h"
 #include "platform/Wait.h"
+#include "platform/WindowSize.h"
 
 void Start::Run() {
     if (!platform::ClaimSingleInstance()) {
@@ -20,6 +21,7 @@ void Start::Run() {
     platform::PrepareProgramFolder();
     platform::WritePathSetting(QStringLiteral("Songrush"), QStringLiteral("Dirs"),
                                QStringLiteral("AppPath"), platform::ProgramFolder());
+    platform::KeepWindowSize();
     Start().ModeLoop();
 }
 

@@ -1,7 +1,9 @@
 #include "app/c_Menu.h"
 
 #include "app/f_Menu.h"
+#include "platform/Motion.h"
 #include "platform/Wait.h"
+#include "platform/WindowSize.h"
 #include "toolkit/GlideSprite.h"
 
 #include <QComboBox>
@@ -34,6 +36,10 @@ c_Menu::c_Menu(f_Menu& form) : mForm(form), mWindowButtons(form) {
     connect(&bChoice1, &c_PicButton::Clicked, this, &c_Menu::bChoice1_Clicked);
     connect(&bChoice2, &c_PicButton::Clicked, this, &c_Menu::bChoice2_Clicked);
     connect(&bChoice3, &c_PicButton::Clicked, this, &c_Menu::bChoice3_Clicked);
+    connect(mForm.Sizes, &SizeChoice::Chosen, this, &c_Menu::ChangeSize);
+    connect(&mForm, &f_Menu::SizeKey, this, [this](int direction) {
+        direction == 0 ? ChangeSize(0) : mForm.Sizes->Step(direction);
+    });
     connect(&mWindowButtons.bMin, &c_SurfButton::Clicked, this, &c_Menu::bMin_Clicked);
     connect(&mWindowButtons.bX, &c_SurfButton::Clicked, this, &c_Menu::bX_Clicked);
 }
@@ -49,6 +55,7 @@ QString c_Menu::Choose() {
     mWindowButtons.Refresh();
     platform::PumpEvents();
     mForm.ShowInPlace();
+    platform::AskAboutMotion();
     platform::WaitWhile([this] { return mForm.isVisible(); });
     return mExit || platform::Quitting() ? QStringLiteral("Exit") : mMode;
 }
@@ -56,6 +63,7 @@ QString c_Menu::Choose() {
 void c_Menu::ShowFirstStage(bool shown) {
     for (PictureBox* box : {mForm.pSingle, mForm.pMulti, mForm.pEditor})
         box->setVisible(shown);
+    shown ? mForm.Sizes->Show() : mForm.Sizes->Hide();
 }
 
 void c_Menu::bSingle_Clicked() {
@@ -133,6 +141,11 @@ void c_Menu::bEditor_Clicked() {
     mPlayerCode = kEditor;
     mMode = QStringLiteral("Editor");
     mForm.hide();
+}
+
+void c_Menu::ChangeSize(int percent) {
+    if (platform::ChooseWindowSize(percent, mForm))
+        bX_Clicked();
 }
 
 void c_Menu::bMin_Clicked() { mForm.showMinimized(); }

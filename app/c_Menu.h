@@ -30,6 +30,10 @@ public:
     void bMin_Clicked();
     void bX_Clicked();
 
+    /// Gives all windows another size, for which the program starts anew; 0 leaves it to the
+    /// program.
+    void ChangeSize(int percent);
+
 private:
     static constexpr int kNoPlayers = -1;
     static constexpr int kEditor = 99;

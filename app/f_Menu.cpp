@@ -37,7 +37,8 @@ f_Menu::f_Menu()
       PChoice1(new PictureBox(this, QStringLiteral("PChoice1"), kSecondStage)),
       pChoice2(new PictureBox(this, QStringLiteral("pChoice2"), kSecondStage)),
       pChoice3(new PictureBox(this, QStringLiteral("pChoice3"), kSecondStage)),
-      lPlayers(new QLabel(QStringLiteral("Players:"), this)), cPlayers(new PlayerList(this)) {
+      lPlayers(new QLabel(QStringLiteral("Players:"), this)), cPlayers(new PlayerList(this)),
+      Sizes(new SizeChoice(*this)) {
     pSingle->setAccessibleName(QStringLiteral("One player"));
     pMulti->setAccessibleName(QStringLiteral("Several players"));
     pEditor->setAccessibleName(QStringLiteral("Playlist editor"));
@@ -53,6 +54,18 @@ f_Menu::f_Menu()
     cPlayers->setGeometry(410, 190, 80, 26);
     for (int players = 2; players <= kMostPlayers; ++players)
         cPlayers->addItem(QString::number(players));
+}
+
+void f_Menu::keyPressEvent(QKeyEvent* event) {
+    const int key = event->modifiers().testFlag(Qt::ControlModifier) ? event->key() : 0;
+    if (key == Qt::Key_Plus || key == Qt::Key_Equal) // the same key on many keyboards
+        Q_EMIT SizeKey(1);
+    else if (key == Qt::Key_Minus)
+        Q_EMIT SizeKey(-1);
+    else if (key == Qt::Key_0)
+        Q_EMIT SizeKey(0);
+    else
+        Screen::keyPressEvent(event);
 }
 
 void f_Menu::DrawBy() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/SizeChoice.h"
 #include "toolkit/Screen.h"
 
 class QComboBox;
@@ -22,4 +23,12 @@ public:
     toolkit::PictureBox* pChoice3;
     QLabel* lPlayers;
     QComboBox* cPlayers;
+    SizeChoice* Sizes;
+
+Q_SIGNALS:
+    /// Ctrl with plus (1), with minus (-1) or with 0.
+    void SizeKey(int direction);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
 };

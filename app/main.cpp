@@ -1,15 +1,24 @@
 #include "app/Start.h"
 #include "platform/ProgramFolder.h"
+#include "platform/Restart.h"
 #include "platform/Wait.h"
+#include "platform/WindowSize.h"
 #include "toolkit/Canvas.h"
+#include "toolkit/Form.h"
 #include "toolkit/Picture.h"
 #include "toolkit/Style.h"
 
 #include <QApplication>
 #include <QTimer>
 
-int main(int argc, char* argv[]) {
+namespace {
+
+int RunProgram(int argc, char* argv[]) {
+    platform::ApplyWindowSize();
     QApplication application(argc, argv);
+    if (!platform::CheckWindowSize(toolkit::kScreenSize))
+        return 0;
+    toolkit::Form::SetPlace(platform::StartPlace());
     // Between two screens no window is open.
     QApplication::setQuitOnLastWindowClosed(false);
     toolkit::Canvas::SetRatio(application.devicePixelRatio());
@@ -29,4 +38,13 @@ int main(int argc, char* argv[]) {
         QApplication::exit(0);
     });
     return QApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    const int status = RunProgram(argc, argv);
+    if (platform::NewStartWanted())
+        platform::Restart(argv);
+    return status;
 }

@@ -2,6 +2,7 @@
 
 #include "audio/c_XAudio.h"
 #include "platform/Chance.h"
+#include "platform/Motion.h"
 #include "toolkit/ApiDraw.h"
 #include "toolkit/Picture.h"
 
@@ -106,15 +107,30 @@ void f_Player::ResetTitle() {
     mTitleScrolls = spare < 2 * kTitleMargin;
     mTitleOffset = mTitleScrolls ? kTitleMargin : spare / 2;
     mTitleLimit = -width;
+    mLeapTicks = 0;
     DrawTitle();
 }
 
 void f_Player::ScrollTitle() {
     if (!mTitleScrolls)
         return;
+    if (platform::MotionReduced())
+        return LeapTitle();
     mTitleOffset -= kTitleStep;
     if (mTitleOffset < mTitleLimit)
         mTitleOffset = pTitle->width();
+    DrawTitle();
+}
+
+void f_Player::LeapTitle() {
+    constexpr int kTicksToRead = 30;
+    constexpr int kOverlap = 50; // a word that was cut off is seen whole
+    if (++mLeapTicks < kTicksToRead)
+        return;
+    mLeapTicks = 0;
+    mTitleOffset -= pTitle->width() - kOverlap;
+    if (mTitleOffset - kOverlap < mTitleLimit)
+        mTitleOffset = kTitleMargin;
     DrawTitle();
 }
 

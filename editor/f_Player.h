@@ -12,7 +12,8 @@ public:
     f_Player();
 
     /// Shows the title in the strip and as the window's title. One that is too wide for the strip
-    /// shows its beginning and scrolls while the timer runs.
+    /// shows its beginning and scrolls while the timer runs; where the user wants less motion it
+    /// goes on part by part.
     void SetTitle(const QString& title);
 
     /// Places the marker; 0 to 100 percent of the song, what lies outside is brought into it.
@@ -35,6 +36,7 @@ private:
     void PosTimer_Timer();
     void ResetTitle();
     void ScrollTitle();
+    void LeapTitle();
     void DrawTitle();
     void DrawBar();
 
@@ -42,6 +44,7 @@ private:
     QString mTitle;
     bool mTitleScrolls = false;
     int mTitleOffset = 0; // left edge of the title in the strip
+    int mLeapTicks = 0;   // since the title stood still
     int mTitleLimit = 0;  // of the offset: below it nothing is left to be seen
     int mMarkerLeft;
 };

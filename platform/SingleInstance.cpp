@@ -18,6 +18,10 @@ namespace platform {
 
 #ifdef Q_OS_UNIX
 
+namespace {
+int gLock = -1;
+} // namespace
+
 bool ClaimSingleInstance() {
     const QByteArray runtime = qgetenv("XDG_RUNTIME_DIR");
     const std::string folder =
@@ -26,22 +30,39 @@ bool ClaimSingleInstance() {
     const int handle = open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
     if (handle < 0)
         return true; // nowhere to note it: better two copies than none
-    // The kernel drops the lock with the process, so a killed copy leaves none behind. The handle
-    // stays open on purpose.
-    if (flock(handle, LOCK_EX | LOCK_NB) == 0)
+    // The kernel drops the lock with the process, so a killed copy leaves none behind.
+    if (flock(handle, LOCK_EX | LOCK_NB) == 0) {
+        gLock = handle;
         return true;
+    }
     const bool held = errno == EWOULDBLOCK;
     close(handle);
     return !held;
 }
 
+void ReleaseSingleInstance() {
+    if (gLock >= 0)
+        close(gLock);
+    gLock = -1;
+}
+
 #else
 
-bool ClaimSingleInstance() {
+namespace {
+
+QLockFile& Lock() {
     static QLockFile lock(QDir::temp().filePath(QStringLiteral("songrush.lock")));
-    lock.setStaleLockTime(0);
-    return lock.tryLock(0) || lock.error() != QLockFile::LockFailedError;
+    return lock;
 }
+
+} // namespace
+
+bool ClaimSingleInstance() {
+    Lock().setStaleLockTime(0);
+    return Lock().tryLock(0) || Lock().error() != QLockFile::LockFailedError;
+}
+
+void ReleaseSingleInstance() { Lock().unlock(); }
 
 #endif
 

@@ -6,6 +6,7 @@
 LIMIT=${LIMIT:-30} # seconds that a single step may take
 SCREEN_WIDTH=1024
 SCREEN_HEIGHT=768
+SCALE=100 # size of the program's windows in percent; points on the screen are given as at 100
 PROGRAM=
 PICTURES=()
 moments=0
@@ -103,8 +104,9 @@ await_end() {
 
 # read_pixel <x> <y>: its colour as rrggbb in $COLOR.
 read_pixel() {
+    local x=$(($1 * SCALE / 100)) y=$(($2 * SCALE / 100))
     # shellcheck disable=SC2046 # three bytes, three words
-    set -- $(od -An -tx1 -j $((PIXELS + ($2 * SCREEN_WIDTH + $1) * 4)) -N 3 "$SCREEN")
+    set -- $(od -An -tx1 -j $((PIXELS + (y * SCREEN_WIDTH + x) * 4)) -N 3 "$SCREEN")
     # shellcheck disable=SC2034 # for the caller
     COLOR=$3$2$1
 }
@@ -124,7 +126,9 @@ settle() {
 
 # screen_lines <y> <height>: the pixels of some lines of the screen.
 screen_lines() {
-    tail -c +$((PIXELS + 1 + $1 * SCREEN_WIDTH * 4)) "$SCREEN" | head -c $(($2 * SCREEN_WIDTH * 4))
+    local top=$(($1 * SCALE / 100)) height=$(($2 * SCALE / 100))
+    tail -c +$((PIXELS + 1 + top * SCREEN_WIDTH * 4)) "$SCREEN" |
+        head -c $((height * SCREEN_WIDTH * 4))
 }
 
 # has_color <y> <height> <rrggbb>: whether some lines of the screen have a pixel of that colour.
@@ -145,8 +149,8 @@ finish_pictures() {
     PICTURES=()
 }
 
-move_to() { xdotool mousemove "$1" "$2"; }
-click_at() { xdotool mousemove "$1" "$2" click 1; }
+move_to() { xdotool mousemove $(($1 * SCALE / 100)) $(($2 * SCALE / 100)); }
+click_at() { move_to "$1" "$2" && xdotool click 1; }
 press_key() { xdotool key "$@"; }
 enter_text() { xdotool type --delay 1 "$1" && xdotool key Return; }
 

@@ -13,10 +13,12 @@ DIALOG_EDGE=0096fa  # left edge of the small forms
 LINES_TOP=123       # of the editor's list
 LINE_HEIGHT=22
 
-# read_controls <program folder>
+# read_controls <program folder>: for windows of $SCALE.
 read_controls() {
     local picture
-    IMAGES=$1/Images
+    local -A sets=([100]="" [150]=/1.5x [200]=/2x [300]=/3x)
+    FOLDER=$1
+    IMAGES=$FOLDER/Images${sets[$SCALE]}
     for picture in bSingle bMulti bEditor X bMin bPlayBig bHint bCont BGeneric; do
         open_bmp $picture
     done
@@ -64,8 +66,9 @@ open_bmp() {
     BMP[$1]="$2 $4 $5 $((($4 * bytes + 3) / 4 * 4)) $bytes"
 }
 
-skin_width() { set -- ${BMP[$1]} && echo $2; }
-skin_height() { set -- ${BMP[$1]} && echo $(($3 / 3)); }
+# Of a frame, as at 100 percent.
+skin_width() { set -- ${BMP[$1]} && echo $(($2 * 100 / SCALE)); }
+skin_height() { set -- ${BMP[$1]} && echo $(($3 * 100 / SCALE / 3)); }
 
 # bmp_row <picture> <y> <pixels>: a line "blue green red" for each pixel from the left.
 bmp_row() {
@@ -76,7 +79,7 @@ bmp_row() {
 
 # skin_button <control> <picture> <left, "center" or "right"> <top>
 skin_button() {
-    local control=$1 picture=$2 left=$3 top=$4 width height x middle
+    local control=$1 picture=$2 left=$3 top=$4 width height frame x pixel middle
     local -a normal hovered pressed
     width=$(skin_width "$picture")
     height=$(skin_height "$picture")
@@ -86,13 +89,16 @@ skin_button() {
     # A point that tells the states apart: on the middle line, right of the focus frame and left of
     # any caption.
     middle=$((height / 2))
-    mapfile -t normal < <(bmp_row "$picture" $middle 50)
-    mapfile -t hovered < <(bmp_row "$picture" $((height + middle)) 50)
-    mapfile -t pressed < <(bmp_row "$picture" $((2 * height + middle)) 50)
-    for ((x = 5; x < ${#normal[@]}; ++x)); do
-        if differ "${normal[x]}" "${hovered[x]}" "${pressed[x]}"; then
-            PROBE[$control]="$((left + x)) $((top + middle)) $(rgb ${normal[x]})"
-            PROBE[$control]+=" $(rgb ${hovered[x]}) $(rgb ${pressed[x]})"
+    pixel=$((middle * SCALE / 100))
+    frame=$((height * SCALE / 100))
+    mapfile -t normal < <(bmp_row "$picture" $pixel $((SCALE / 2)))
+    mapfile -t hovered < <(bmp_row "$picture" $((frame + pixel)) $((SCALE / 2)))
+    mapfile -t pressed < <(bmp_row "$picture" $((2 * frame + pixel)) $((SCALE / 2)))
+    for ((x = 5; x < 50; ++x)); do
+        pixel=$((x * SCALE / 100))
+        if differ "${normal[pixel]}" "${hovered[pixel]}" "${pressed[pixel]}"; then
+            PROBE[$control]="$((left + x)) $((top + middle)) $(rgb ${normal[pixel]})"
+            PROBE[$control]+=" $(rgb ${hovered[pixel]}) $(rgb ${pressed[pixel]})"
             return
         fi
     done
@@ -161,6 +167,20 @@ tab_to() {
 }
 
 # The screens.
+
+# choose_size <percent>: on the menu, where windows of up to 200 percent fit the display.
+choose_size() {
+    local -A left=([100]=106 [150]=162 [200]=218)
+    click_at $((left[$1] + 28)) 579
+    sized "$1"
+    await "the menu at $1 percent" menu_shown
+}
+
+# sized <percent>: from now on the windows have that size.
+sized() {
+    SCALE=$1
+    read_controls "$FOLDER"
+}
 
 menu_shown() { shows one_player && shows several_players && shows editor; }
 second_stage_shown() { shows "back$1" && shows "betting$1" && hidden editor; }

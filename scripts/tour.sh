@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# tour.sh <program folder> <output folder>
+# tour.sh <program folder> <output folder> [scale]
 # Plays a whole game of each kind with the real program, by mouse and by keys, on a virtual display,
-# and leaves a picture of every screen in the output folder.
+# and leaves a picture of every screen in the output folder. Scale is that of the system in percent,
+# for which there must be a set of pictures: 100, 150, 200 or 300.
 set -u
 scripts=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 # shellcheck source=scripts/display.sh
@@ -11,7 +12,10 @@ scripts=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 # shellcheck source=scripts/games.sh
 . "$scripts/games.sh"
 
-[ $# -eq 2 ] || { echo "Usage: tour.sh <program folder> <output folder>" >&2; exit 2; }
+[ $# -ge 2 ] || { echo "Usage: tour.sh <program folder> <output folder> [scale]" >&2; exit 2; }
+SCALE=${3:-100}
+SCREEN_WIDTH=$((SCREEN_WIDTH * SCALE / 100))
+SCREEN_HEIGHT=$((SCREEN_HEIGHT * SCALE / 100))
 mkdir -p "$2" && output=$(cd "$2" && pwd) || exit 1
 program=$output/program
 rm -rf "$program" "$output"/*.png
@@ -27,7 +31,7 @@ shot() {
 }
 
 # shot_at_once <name>: of what lasts for moments only.
-shot_at_once() { numbered_picture "$1" -crop 800x600+0+0 +repage; }
+shot_at_once() { numbered_picture "$1" -crop $((8 * SCALE))x$((6 * SCALE))+0+0 +repage; }
 
 # shot_of_display <name>: also of what stands beside the window.
 shot_of_display() {
@@ -210,8 +214,9 @@ tour_glide() {
         last=$sum
     done
     number=$((number + 1))
+    height=$((height * SCALE / 100))
     montage -size ${SCREEN_WIDTH}x$height -depth 8 "${frames[@]}" -alpha off \
-        -crop 440x$height+180+0 +repage -resize 50% -tile 5x -geometry +4+4 \
+        -crop $((440 * SCALE / 100))x$height+$((180 * SCALE / 100))+0 +repage -resize 50% -tile 5x -geometry +4+4 \
         "$(printf '%s/%02d-glide.png' "$output" $number)"
     rm "$MEMORY"/glide*
 }
@@ -398,6 +403,7 @@ tour_betting() {
 scores_sorted() { printf '%s\n' "${score[@]:1}" | grep -v '^0$' | sort -rn; }
 
 open_display
+[ "$SCALE" -eq 100 ] || export QT_SCALE_FACTOR=$((SCALE / 100)).$((SCALE % 100))
 read_controls "$program"
 start_program "$program"
 tour_menu

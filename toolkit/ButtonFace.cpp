@@ -7,8 +7,9 @@
 namespace toolkit {
 
 void CopyFormBehind(PictureBox& box) {
+    // One more pixel each way: at a fractional ratio the box may have one more of the screen's.
     if (auto* form = qobject_cast<Form*>(box.window()))
-        BitBlt(box.Dc(), 0, 0, box.width(), box.height(), form->Dc(), box.x(), box.y(),
+        BitBlt(box.Dc(), 0, 0, box.width() + 1, box.height() + 1, form->Dc(), box.x(), box.y(),
                RasterOp::SrcCopy);
 }
 

@@ -70,7 +70,10 @@ void Canvas::Show(QPainter& painter) const {
     // The window may lie on a screen of another ratio.
     const bool scaled = painter.device()->devicePixelRatioF() != mImage.devicePixelRatio();
     painter.setRenderHint(QPainter::SmoothPixmapTransform, scaled);
-    painter.drawImage(0, 0, mImage);
+    // A widget's corner may lie within a pixel of the screen; the image's pixels are its pixels.
+    const QPointF corner(painter.deviceTransform().dx(), painter.deviceTransform().dy());
+    const QPointF whole(std::round(corner.x()), std::round(corner.y()));
+    painter.drawImage((whole - corner) / painter.device()->devicePixelRatioF(), mImage);
 }
 
 void Canvas::SetPicture(const QImage& picture) {

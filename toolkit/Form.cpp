@@ -43,6 +43,8 @@ void Form::ShowInPlace() {
     setFocus();
 }
 
+void Form::SetPlace(QPoint place) { gPlace = place; }
+
 void Form::MoveToCorner() {
     gPlace = QPoint(0, 0);
     move(gPlace);

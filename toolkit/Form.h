@@ -21,10 +21,15 @@ public:
 
     /// Shows what was drawn since the last time.
     void Refresh() { update(); }
+    /// The same for a part of the form.
+    void Refresh(const QRect& area) { update(area); }
 
     /// Shows a screen where the last one stood, so that the screens follow each other in place; a
     /// smaller form in the middle of that place.
     void ShowInPlace();
+
+    /// Where the first screen appears.
+    static void SetPlace(QPoint place);
 
     /// Moves the form, and with it the place of the next screen, to the top left corner.
     void MoveToCorner();

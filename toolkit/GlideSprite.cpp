@@ -1,11 +1,13 @@
 #include "toolkit/GlideSprite.h"
 
 #include "platform/Chance.h"
+#include "platform/Motion.h"
 #include "platform/Time.h"
 #include "platform/Wait.h"
 
 #include <QScreen>
 #include <algorithm>
+#include <cmath>
 #include <stdexcept>
 
 namespace toolkit {
@@ -17,6 +19,14 @@ QPoint PlaceAfter(QPoint from, QPoint way, double share) {
                          platform::RoundHalfEven(way.y() * share));
 }
 
+/// Milliseconds until the display's next refresh but not beyond `end`, all counted from the start:
+/// the pace does not depend on how long a frame takes.
+int UntilNextFrame(std::int64_t elapsed, double frame, std::int64_t end) {
+    const double next = (std::floor(static_cast<double>(elapsed) / frame) + 1) * frame;
+    return static_cast<int>(
+        std::min<std::int64_t>(static_cast<std::int64_t>(std::ceil(next)), end) - elapsed);
+}
+
 } // namespace
 
 void GlideSprite(Form& form, QPoint from, QPoint to, const Sprite& sprite, int duration,
@@ -26,6 +36,7 @@ void GlideSprite(Form& form, QPoint from, QPoint to, const Sprite& sprite, int d
     // One more pixel each way: at a fractional ratio the sprite is not the same size everywhere.
     const int width = sprite.width + 1;
     const int height = sprite.height + 1;
+    const QSize area(width, height);
     Canvas behind(width, height);
     const auto save = [&](QPoint at) {
         BitBlt(&behind, 0, 0, width, height, form.Dc(), at.x(), at.y(), RasterOp::SrcCopy);
@@ -38,7 +49,15 @@ void GlideSprite(Form& form, QPoint from, QPoint to, const Sprite& sprite, int d
                    sprite.image, sprite.sourceX, sprite.sourceY);
     };
 
-    const int frame = static_cast<int>(1000 / std::max(form.screen()->refreshRate(), 30.0));
+    if (platform::MotionReduced()) {
+        if (drawAtEnd)
+            draw(to);
+        form.Refresh();
+        return platform::PumpEvents();
+    }
+
+    const double frame = 1000 / std::max(form.screen()->refreshRate(), 30.0);
+    const std::int64_t latest = duration + std::llround(frame);
     const std::int64_t start = platform::TickCount();
     std::int64_t elapsed = 0;
     QPoint previous = from;
@@ -48,11 +67,11 @@ void GlideSprite(Form& form, QPoint from, QPoint to, const Sprite& sprite, int d
         restore(previous);
         save(current);
         draw(current);
-        form.Refresh();
+        form.Refresh(QRect(previous, area) | QRect(current, area));
         // The last frame is cut short, so that the sprite ends where it should.
-        platform::WaitFor(static_cast<int>(std::min<std::int64_t>(frame, duration + 1 - elapsed)));
+        platform::WaitFor(UntilNextFrame(elapsed, frame, duration + 1));
         // However late the frame came, the sprite goes at most one frame too far.
-        elapsed = std::min<std::int64_t>(platform::TickCount() - start, duration + frame);
+        elapsed = std::min<std::int64_t>(platform::TickCount() - start, latest);
         previous = current;
         current = PlaceAfter(from, to - from, static_cast<double>(elapsed) / duration);
     } while (elapsed <= duration && !platform::Quitting());

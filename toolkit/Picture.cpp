@@ -9,6 +9,7 @@
 
 #include <QTimer>
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <future>
 #include <map>
@@ -19,16 +20,27 @@ namespace toolkit {
 
 namespace {
 
-/// The set of pictures for the screen: "" for the base set, "2x" or "3x" for finer screens.
-QString SetFolder() {
-    const int scale = std::clamp(static_cast<int>(std::ceil(Canvas::Ratio())), 1, 3);
-    return scale == 1 ? QString() : QStringLiteral("%1x").arg(scale);
-}
+/// A set of pictures beside the base set, and how much larger its pictures are.
+struct PictureSet {
+    double scale;
+    const char* folder;
+};
+
+constexpr std::array kSets = {PictureSet{1.5, "1.5x"}, PictureSet{2, "2x"}, PictureSet{3, "3x"}};
 
 /// `name` in the set folder beside it: "Images\X.bmp" becomes "Images\2x\X.bmp".
-QString InSet(const QString& name, const QString& set) {
+QString InSet(const QString& name, const PictureSet& set) {
     const qsizetype end = name.lastIndexOf(u'\\');
-    return set.isEmpty() ? name : name.left(end + 1) + set + name.mid(end);
+    return name.left(end + 1) + QLatin1String(set.folder) + name.mid(end);
+}
+
+constexpr QRgb kOpaqueBlack = 0xFF000000;
+
+template <typename Change> void ForEachPixel(QImage& image, Change change) {
+    for (int y = 0; y < image.height(); ++y) {
+        auto* row = reinterpret_cast<QRgb*>(image.scanLine(y));
+        std::transform(row, row + image.width(), row, change);
+    }
 }
 
 QImage Read(const QString& name) {
@@ -40,20 +52,38 @@ QImage Read(const QString& name) {
     return bitmap.isNull() ? QImage::fromData(bytes) : bitmap;
 }
 
-/// Without smoothing: blended colours would no longer match the transparent black.
+/// A multiple shows every pixel as it is. Otherwise colours are blended; black is transparent and
+/// stays so: it is not blended into the colours beside it, and a pixel
+/// that is less than half covered by them is black.
 QImage Scaled(const QImage& picture, double factor) {
     const QSize size(static_cast<int>(std::lround(picture.width() * factor)),
                      static_cast<int>(std::lround(picture.height() * factor)));
-    return size == picture.size() ? picture : picture.scaled(size);
+    if (factor == std::round(factor))
+        return size == picture.size() ? picture : picture.scaled(size);
+    QImage colors = picture.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    ForEachPixel(colors, [](QRgb pixel) { return pixel == kOpaqueBlack ? 0 : pixel; });
+    QImage scaled = colors.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                        .convertToFormat(QImage::Format_ARGB32);
+    ForEachPixel(scaled, [](QRgb pixel) {
+        return qAlpha(pixel) < 128 ? kOpaqueBlack
+                                   : std::max(pixel | kOpaqueBlack, kOpaqueBlack + 1);
+    });
+    return scaled;
 }
 
 QImage LoadNow(const QString& name) {
-    const QString set = SetFolder();
-    QImage picture = Read(InSet(name, set));
-    if (!picture.isNull())
-        return Scaled(picture, Canvas::Ratio() / std::max(1, set.left(1).toInt()));
-    picture = Read(name);
-    return picture.isNull() ? picture : Scaled(picture, Canvas::Ratio());
+    const double ratio = Canvas::Ratio();
+    if (ratio > 1) {
+        for (const PictureSet& set : kSets) {
+            if (set.scale < ratio && &set != &kSets.back())
+                continue;
+            const QImage picture = Read(InSet(name, set));
+            if (!picture.isNull())
+                return Scaled(picture, ratio / set.scale);
+        }
+    }
+    const QImage picture = Read(name);
+    return picture.isNull() ? picture : Scaled(picture, ratio);
 }
 
 std::map<QString, std::future<QImage>> gPreloaded;

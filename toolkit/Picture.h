@@ -13,7 +13,8 @@ namespace toolkit {
 std::filesystem::path ProgramFile(const QString& name);
 
 /// The picture of that name at the screen's pixel ratio, or a null image when it cannot be read.
-/// Pictures for finer screens lie in folders "2x" and "3x" beside the base set.
+/// Pictures for finer screens lie in folders "1.5x", "2x" and "3x" beside the base set; the next
+/// larger one there is, or else the base set's, is scaled to the ratio.
 QImage LoadPicture(const QString& name);
 
 /// Begins to load pictures on a thread of its own, in the order given. The first `LoadPicture` of

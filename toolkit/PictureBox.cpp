@@ -7,6 +7,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QtMath>
+#include <cmath>
 
 namespace toolkit {
 
@@ -59,7 +60,8 @@ PictureBox::PictureBox(QWidget* parent, const QString& name, const QSize& size)
     setObjectName(name);
     setFixedSize(size);
     setMouseTracking(true);
-    setAttribute(Qt::WA_OpaquePaintEvent);
+    // At a fractional ratio the form is seen where the box ends within a pixel of the screen.
+    setAttribute(Qt::WA_OpaquePaintEvent, Canvas::Ratio() == std::floor(Canvas::Ratio()));
 }
 
 void PictureBox::SetBoxSize(const QSize& size) {

@@ -6,6 +6,7 @@
 
 #include <QComboBox>
 #include <QLabel>
+#include <QSignalSpy>
 #include <QTest>
 
 namespace {
@@ -114,6 +115,45 @@ TEST_F(MenuTest, BackWipesTheGlidedButtonAway) {
     });
     c_Menu(form).Choose();
     EXPECT_TRUE(back);
+}
+
+TEST(SizeChoice, OffersWhatFitsTheScreenOfTheForm) {
+    toolkit::Form form(QStringLiteral("f_Test"), QSize(300, 200));
+    SizeChoice sizes(form);
+    QSignalSpy chosen(&sizes, &SizeChoice::Chosen);
+    sizes.Show();
+    form.show();
+    const auto box = [&form](const char* name) {
+        return form.findChild<toolkit::PictureBox*>(QLatin1String(name));
+    };
+    ASSERT_TRUE(box("pSize100") && box("pSize150") && box("pSize200"));
+    EXPECT_FALSE(box("pSize300"));
+    EXPECT_EQ(box("pSize150")->accessibleName(), "Window size 150 %");
+    EXPECT_NE(box("pSize100")->accessibleDescription(), box("pSize150")->accessibleDescription());
+
+    ClickOn(box("pSize150"));
+    QTest::keyClick(box("pSize200"), Qt::Key_Space);
+    sizes.Step(1);
+    sizes.Step(-1); // there is none
+    ASSERT_EQ(chosen.size(), 3);
+    EXPECT_EQ(chosen[0][0], 150);
+    EXPECT_EQ(chosen[1][0], 200);
+    EXPECT_EQ(chosen[2][0], 150);
+    sizes.Hide();
+    EXPECT_FALSE(box("pSize150")->isVisible());
+}
+
+TEST_F(MenuTest, OffersNoSizesWhereNoneButItsOwnFits) {
+    bool looked = false;
+    Robot robot([&] {
+        if (!form.isVisible())
+            return;
+        QTest::keyClick(&form, Qt::Key_Plus, Qt::ControlModifier);
+        looked = form.isVisible() && form.findChild<QWidget*>("pSize100") == nullptr;
+        ClickOn(form.pX);
+    });
+    c_Menu(form).Choose();
+    EXPECT_TRUE(looked);
 }
 
 } // namespace

@@ -217,6 +217,47 @@ a_moved_program_is_remembered() {
         fail "the settings hold another folder: $(cat "$XDG_CONFIG_HOME/Songrush/Songrush.conf")"
 }
 
+a_chosen_window_size_is_kept() {
+    to_menu
+    choose_size 200
+    click_on one_player
+    await "the second stage" second_stage_shown ""
+    click_on back
+    await "the menu" menu_shown
+    choose_size 150
+    press_key ctrl+plus
+    sized 200
+    to_the_end_and_back 200
+    choose_size 100
+    to_the_end_and_back 100
+}
+
+# to_the_end_and_back <percent>: ends the program by its X and starts it again.
+to_the_end_and_back() {
+    await "the menu at $1 percent" menu_shown
+    click_on x
+    await_end 0
+    to_menu
+}
+
+a_window_size_that_does_not_fit_is_reduced() {
+    local settings=$XDG_CONFIG_HOME/Songrush/Songrush.conf
+    mkdir "$XDG_CONFIG_HOME/Songrush"
+    printf '[Window]\nSize=200\nLastSize=200\n' >"$settings"
+    to_menu
+    click_on x
+    await_end 0
+    grep -q '^Size=200' "$settings" || fail "the choice is lost: $(cat "$settings")"
+    grep -q '^LastSize=100' "$settings" || fail "the next start takes a detour"
+}
+
+a_large_screen_gets_large_windows() {
+    sized 200
+    to_menu
+    click_on x
+    await_end 0
+}
+
 missing_pictures_are_told_once() {
     rm -r "$program/Images"
     start_program "$program"
@@ -267,12 +308,19 @@ cases=(
     a_second_copy_only_says_so
     a_killed_copy_does_not_stop_the_next
     a_moved_program_is_remembered
+    a_chosen_window_size_is_kept
+    a_window_size_that_does_not_fit_is_reduced
+    a_large_screen_gets_large_windows
     missing_pictures_are_told_once
     a_table_that_cannot_be_written_is_told_once
 )
 [ $# -eq 0 ] || cases=("$@")
 
 run_case() (
+    case $1 in
+    a_chosen_window_size_is_kept) SCREEN_WIDTH=1700 SCREEN_HEIGHT=1300 ;;
+    a_large_screen_gets_large_windows) SCREEN_WIDTH=3840 SCREEN_HEIGHT=2160 ;;
+    esac
     open_display
     program=$STAGE/program
     list=$program/PlayList/Sample.m3u

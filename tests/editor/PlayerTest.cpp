@@ -1,6 +1,7 @@
 #include "audio/c_XAudio.h"
 #include "editor/c_player.h"
 #include "library/c_ID3.h"
+#include "platform/Motion.h"
 #include "tests/Robot.h"
 #include "tests/SongFolder.h"
 #include "tests/audio/ToneFile.h"
@@ -195,6 +196,24 @@ TEST_F(Player, ScrollsALongPathRoundTheStripWithinItsBevel) {
     EXPECT_GT(entered, last - 10);
     ClickOn(mForm.pStop);
     EXPECT_EQ(TitleColumns(), start);
+}
+
+TEST_F(Player, ShowsALongTitlePartByPartWhereLessMotionIsWanted) {
+    const auto before = platform::ReplaceMotionWish([] { return true; });
+    mPlayer->OpenFile(
+        Song("song.mp3", QStringLiteral("12345 ").repeated(5) + "12345 7890 2345 78"));
+    std::vector<QImage> parts = {mForm.pTitle->Picture().Image()};
+    QObject::connect(&mForm.PosTimer, &QTimer::timeout, &mForm, [&] {
+        const QImage now = mForm.pTitle->Picture().Image();
+        if (now != parts.back())
+            parts.push_back(now);
+        EXPECT_GT(TitleColumns().first, 0) << "an empty strip";
+    });
+    mForm.PosTimer.setInterval(1);
+    ClickOn(mForm.pPlay);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return parts.size() > 2; }, 20000));
+    EXPECT_EQ(parts[2], parts[0]) << "two parts hold it";
+    platform::ReplaceMotionWish(before);
 }
 
 TEST_F(Player, FallsSilentWhenItIsClosedButLeavesTheSoundOfOthersAlone) {

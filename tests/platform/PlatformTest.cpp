@@ -119,6 +119,13 @@ private:
     char mClaimed = '?';
 };
 
+TEST(SingleInstance, IsFreeOnceItIsReleased) {
+    ASSERT_TRUE(platform::ClaimSingleInstance());
+    EXPECT_FALSE(Copy().Claimed());
+    platform::ReleaseSingleInstance();
+    EXPECT_TRUE(Copy().Claimed());
+}
+
 TEST(SingleInstance, ASecondCopyIsRefusedUntilTheFirstIsGone) {
     const QTemporaryDir folder;
     const QByteArray before = qgetenv("XDG_RUNTIME_DIR");

@@ -1,6 +1,7 @@
 #include "toolkit/Canvas.h"
 #include "tests/toolkit/Pictures.h"
 
+#include <QPainter>
 #include <gtest/gtest.h>
 
 namespace {
@@ -31,6 +32,23 @@ TEST_P(AtAnyRatio, FilledNeighboursNeitherOverlapNorGapeNorLeaveTheCanvas) {
     for (int x = 0; x < image.width(); ++x)
         for (int y = 0; y < image.height(); ++y)
             EXPECT_NE(image.pixel(x, y), qRgb(0, 0, 0)) << "left out: " << x << ", " << y;
+}
+
+TEST_P(AtAnyRatio, IsShownPixelByPixelWhereverAWidgetStands) {
+    Canvas canvas(9, 7);
+    Scribble(canvas);
+    for (int place = 0; place < 8; ++place) {
+        QImage screen(60, 60, QImage::Format_RGB32);
+        screen.setDevicePixelRatio(GetParam());
+        QPainter painter(&screen);
+        painter.translate(place, place + 1);
+        canvas.Show(painter);
+        const QPoint at = Canvas::ScreenPixels(QRect(place, place + 1, 9, 7)).topLeft();
+        const QImage& image = canvas.Image();
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                ASSERT_EQ(screen.pixel(at + QPoint(x, y)), image.pixel(x, y)) << x << ", " << y;
+    }
 }
 
 TEST(Blits, LeaveOutWhatLiesOutsideEitherCanvas) {

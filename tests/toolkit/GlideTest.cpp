@@ -1,3 +1,4 @@
+#include "platform/Motion.h"
 #include "platform/Time.h"
 #include "tests/toolkit/Pictures.h"
 #include "toolkit/GlideSprite.h"
@@ -68,6 +69,14 @@ TEST_P(Glides, EndWhereTheClockLeftThem) {
         for (int x = 0; x < 200; ++x)
             ASSERT_EQ(mForm.Dc()->Pixel(x, y), end.contains(x, y) ? kColor : mBefore.Pixel(x, y))
                 << x << ", " << y;
+}
+
+TEST_P(Glides, AreAtTheirEndAtOnceWhereLessMotionIsWanted) {
+    const auto before = platform::ReplaceMotionWish([] { return true; });
+    Glide({10, 5}, {110, 65}, 120, true);
+    platform::ReplaceMotionWish(before);
+    EXPECT_EQ(SpritePlace(), QPoint(110, 65));
+    EXPECT_TRUE(mSeen.empty());
 }
 
 TEST_P(Glides, MayLeaveTheForm) {

@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QPainter>
 #include <QTest>
 #include <QTimer>
 #include <gtest/gtest.h>
@@ -48,6 +49,7 @@ TEST(Pictures, ComeFromTheSetForTheScreen) {
     const PictureFolder folder;
     folder.Save(QStringLiteral("Images/Both.bmp"), Plain(10, 6, Qt::red));
     folder.Save(QStringLiteral("Images/2x/both.bmp"), Plain(20, 12, Qt::green));
+    folder.Save(QStringLiteral("Images/1.5x/Half.bmp"), Plain(15, 9, Qt::blue));
     folder.Save(QStringLiteral("Images/Base.bmp"), Plain(10, 6, Qt::red));
     const struct {
         double ratio;
@@ -55,8 +57,12 @@ TEST(Pictures, ComeFromTheSetForTheScreen) {
         QSize size;
         QColor color;
     } cases[] = {
-        {1, "Images\\Both.bmp", {10, 6}, Qt::red},    {1.5, "Images\\Both.bmp", {15, 9}, Qt::green},
-        {2, "Images\\Both.bmp", {20, 12}, Qt::green}, {3, "Images\\Both.bmp", {30, 18}, Qt::red},
+        {1, "Images\\Both.bmp", {10, 6}, Qt::red},
+        {1.5, "Images\\Half.bmp", {15, 9}, Qt::blue},
+        {1.25, "Images\\Both.bmp", {13, 8}, Qt::green},
+        {1.5, "Images\\Both.bmp", {15, 9}, Qt::green},
+        {2, "Images\\Both.bmp", {20, 12}, Qt::green},
+        {3, "Images\\Both.bmp", {30, 18}, Qt::red},
         {2, "Images\\Base.bmp", {20, 12}, Qt::red},
     };
     for (const auto& expected : cases) {
@@ -64,6 +70,26 @@ TEST(Pictures, ComeFromTheSetForTheScreen) {
         const QImage picture = LoadPicture(QString::fromLatin1(expected.file));
         EXPECT_EQ(picture.size(), expected.size) << expected.file << " at " << expected.ratio;
         EXPECT_EQ(picture.pixelColor(0, 0), expected.color) << expected.file;
+    }
+}
+
+TEST(Pictures, AreScaledWithoutBlendingTheTransparentBlack) {
+    const PictureFolder folder;
+    const AtRatio ratio(1.6);
+    QImage disc(200, 200, QImage::Format_RGB32);
+    disc.fill(Qt::black);
+    QPainter(&disc).fillRect(35, 51, 60, 60, QColor(10, 240, 90));
+    QPainter(&disc).fillRect(95, 51, 60, 60, QColor(0, 0, 1));
+    folder.Save(QStringLiteral("Images/2x/Skin.bmp"), disc);
+    const QImage scaled = LoadPicture(QStringLiteral("Images\\Skin.bmp"));
+    ASSERT_EQ(scaled.size(), QSize(160, 160));
+    for (int y = 0; y < 160; ++y) {
+        for (int x = 0; x < 160; ++x) {
+            const bool inside = x >= 28 && x < 124 && y >= 41 && y < 89;
+            const QRgb pixel = scaled.pixel(x, y);
+            ASSERT_EQ(pixel != qRgb(0, 0, 0), inside) << x << ", " << y;
+            ASSERT_TRUE(!inside || x >= 75 || pixel == qRgb(10, 240, 90)) << x << ", " << y;
+        }
     }
 }
 

@@ -47,12 +47,15 @@ std::vector<double> Luminances(const QImage& image, const QRect& area) {
 }
 
 TEST(Skins, HaveThreeFramesAtEveryScale) {
-    const char* folders[] = {"", "2x/", "3x/"};
+    const struct {
+        const char* folder;
+        double scale;
+    } sets[] = {{"", 1}, {"1.5x/", 1.5}, {"2x/", 2}, {"3x/", 3}};
     for (const Skin& skin : kSkins) {
-        for (int scale = 1; scale <= 3; ++scale) {
-            EXPECT_EQ(Picture(skin.file, folders[scale - 1]).size(),
-                      QSize(skin.width, skin.height * 3) * scale)
-                << skin.file << " at scale " << scale;
+        for (const auto& set : sets) {
+            EXPECT_EQ(Picture(skin.file, set.folder).size(),
+                      QSize(skin.width, skin.height * 3) * set.scale)
+                << skin.file << " at scale " << set.scale;
         }
     }
 }

@@ -1,8 +1,8 @@
 // Renders the drawing of a skin or picture to the bitmaps that the program loads.
 //
-//     songrush_render_skins [--frames] drawing.svg picture [picture at scale 2 [at scale 3 ...]]
-//     songrush_render_skins --width pixels drawing.svg picture
+//     songrush_render_skins [--frames] drawing.svg scale picture [scale picture ...]
 //
+// A scale is a factor, or the width that the picture is to have, as in "48px".
 // Without --frames the drawing becomes one picture. With it the drawing is a button: it is rendered
 // once with each of the style sheets normal.css, hover.css and pressed.css that lie beside it, the
 // looks are stacked in that order, and what is not the button becomes black, the transparent colour
@@ -18,6 +18,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdio>
 #include <optional>
 #include <vector>
@@ -51,14 +52,20 @@ QRgb SkinPixel(QRgb pixel) {
                 std::max(qBlue(pixel), kDarkestBlue));
 }
 
-// Nothing if the drawing cannot be read. The painting is 16 bits a channel, so that many faint
-// layers of light add up exactly.
-std::optional<QImage> Render(const QByteArray& drawing, double scale) {
+int Scaled(int length, double scale) { return int(std::lround(length * scale)); }
+
+// Nothing if the drawing cannot be read. `place` counts the drawings of that size above it in a
+// stack: at a fractional scale not all of them have the same number of rows. The painting is 16
+// bits a channel, so that many faint layers of light add up exactly.
+std::optional<QImage> Render(const QByteArray& drawing, double scale, int place = 0) {
     QSvgRenderer renderer(drawing);
-    if (!renderer.isValid() || renderer.defaultSize().isEmpty())
+    const QSize size = renderer.defaultSize();
+    if (!renderer.isValid() || size.isEmpty())
         return std::nullopt;
 
-    QImage canvas(renderer.defaultSize() * scale, QImage::Format_RGBA64_Premultiplied);
+    const int rows =
+        Scaled(size.height() * (place + 1), scale) - Scaled(size.height() * place, scale);
+    QImage canvas(Scaled(size.width(), scale), rows, QImage::Format_RGBA64_Premultiplied);
     canvas.fill(Qt::transparent);
     QPainter painter(&canvas);
     renderer.render(&painter);
@@ -74,27 +81,33 @@ std::optional<QImage> Render(const QByteArray& drawing, double scale) {
     return picture;
 }
 
-std::optional<QImage> RenderAtWidth(const QByteArray& drawing, int width) {
-    return Render(drawing, width / std::max(1.0, QSvgRenderer(drawing).viewBoxF().width()));
+double ScaleOf(const QString& text, const QByteArray& drawing) {
+    if (!text.endsWith(u"px"))
+        return text.toDouble();
+    return text.chopped(2).toDouble() / std::max(1, QSvgRenderer(drawing).defaultSize().width());
 }
 
-std::optional<QImage> RenderFrames(const QByteArray& drawing, int scale) {
+std::optional<QImage> RenderFrames(const QByteArray& drawing, double scale) {
     std::vector<QImage> frames;
+    int height = 0;
     for (const char* look : kLooks) {
         QByteArray dressed = drawing;
-        const std::optional<QImage> frame = Render(dressed.replace(kLooks[0], look), scale);
+        const std::optional<QImage> frame =
+            Render(dressed.replace(kLooks[0], look), scale, int(frames.size()));
         if (!frame)
             return std::nullopt;
         frames.push_back(*frame);
+        height += frame->height();
     }
 
-    const int height = frames[0].height();
-    QImage skin(frames[0].width(), height * int(frames.size()), QImage::Format_RGB32);
-    for (int y = 0; y < skin.height(); ++y) {
-        const QImage& frame = frames[std::size_t(y / height)];
-        const auto* from = reinterpret_cast<const QRgb*>(frame.constScanLine(y % height));
-        auto* to = reinterpret_cast<QRgb*>(skin.scanLine(y));
-        std::transform(from, from + skin.width(), to, SkinPixel);
+    QImage skin(frames[0].width(), height, QImage::Format_RGB32);
+    int row = 0;
+    for (const QImage& frame : frames) {
+        for (int y = 0; y < frame.height(); ++y) {
+            const auto* from = reinterpret_cast<const QRgb*>(frame.constScanLine(y));
+            auto* to = reinterpret_cast<QRgb*>(skin.scanLine(row++));
+            std::transform(from, from + skin.width(), to, SkinPixel);
+        }
     }
     return skin;
 }
@@ -129,18 +142,17 @@ int main(int argc, char** argv) {
 
     QStringList arguments = QGuiApplication::arguments().mid(1);
     const bool framed = arguments.removeAll(QStringLiteral("--frames")) > 0;
-    int width = 0;
-    if (arguments.size() == 4 && arguments[0] == QStringLiteral("--width")) {
-        width = arguments[1].toInt();
-        arguments = arguments.mid(2);
-    }
-    if (arguments.size() < 2)
-        return Fail("needs a drawing and the pictures to make", arguments.join(u' '));
+    if (arguments.size() < 3 || arguments.size() % 2 == 0)
+        return Fail("needs a drawing, scales and the pictures to make", arguments.join(u' '));
 
     const QString source = arguments.takeFirst();
-    QStringList targets;
-    for (const QString& target : arguments)
-        targets.append(QFileInfo(target).absoluteFilePath());
+    struct Target {
+        QString scale;
+        QString path;
+    };
+    std::vector<Target> targets;
+    for (int i = 0; i < arguments.size(); i += 2)
+        targets.push_back({arguments[i], QFileInfo(arguments[i + 1]).absoluteFilePath()});
 
     QFile file(source);
     if (!file.open(QIODevice::ReadOnly))
@@ -154,11 +166,10 @@ int main(int argc, char** argv) {
             return Fail("no such style sheet beside the drawing", QString::fromLatin1(look));
     }
 
-    for (int scale = 1; scale <= targets.size(); ++scale) {
-        const QString& target = targets[scale - 1];
-        const std::optional<QImage> image = width > 0 ? RenderAtWidth(drawing, width)
-                                            : framed  ? RenderFrames(drawing, scale)
-                                                      : Render(drawing, scale);
+    for (const auto& [wanted, target] : targets) {
+        const double scale = ScaleOf(wanted, drawing);
+        const std::optional<QImage> image =
+            framed ? RenderFrames(drawing, scale) : Render(drawing, scale);
         if (!image || gLeftOut)
             return Fail("not a drawing that can be rendered whole", source);
         if (!QDir().mkpath(QFileInfo(target).absolutePath()) || !Write(*image, target))

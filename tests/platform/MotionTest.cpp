@@ -1,0 +1,60 @@
+#include "platform/DesktopMotion.h"
+#include "tests/TemporaryFolder.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <gtest/gtest.h>
+
+namespace {
+
+using platform::PortalSettings;
+
+TEST(Motion, IsReducedWhereAnyDesktopSaysSo) {
+    const QString gnome = "org.gnome.desktop.interface";
+    const QString kde = "org.kde.kdeglobals.KDE";
+    const QString common = "org.freedesktop.appearance";
+    const struct {
+        PortalSettings settings;
+        std::optional<bool> reduced;
+    } answers[] = {
+        {{}, std::nullopt},
+        {{{gnome, {{"color-scheme", 0U}}}}, std::nullopt},
+        {{{gnome, {{"enable-animations", true}}}}, false},
+        {{{gnome, {{"enable-animations", false}}}}, true},
+        {{{kde, {{"AnimationDurationFactor", "0"}}}}, true},
+        {{{kde, {{"AnimationDurationFactor", "0.5"}}}}, false},
+        {{{kde, {{"AnimationDurationFactor", ""}}}}, std::nullopt},
+        {{{common, {{"reduced-motion", 1U}}}, {gnome, {{"enable-animations", true}}}}, true},
+        {{{common, {{"reduced-motion", 0U}}}, {gnome, {{"enable-animations", false}}}}, true},
+    };
+    int number = 0;
+    for (const auto& answer : answers)
+        EXPECT_EQ(platform::MotionReducedInPortal(answer.settings), answer.reduced) << ++number;
+}
+
+TEST(Motion, IsReducedByTheFilesOfTheDesktops) {
+    const struct {
+        const char* file;
+        const char* text;
+        bool reduced;
+    } cases[] = {
+        {"gtk-3.0/settings.ini", "[Settings]\ngtk-enable-animations=false\n", true},
+        {"gtk-4.0/settings.ini", "[Settings]\ngtk-theme-name=A\ngtk-enable-animations = 0\n", true},
+        {"gtk-3.0/settings.ini", "[Settings]\ngtk-enable-animations=1\n", false},
+        {"kdeglobals", "[KDE]\nAnimationDurationFactor=0\n", true},
+        {"kdeglobals", "[KDE]\nAnimationDurationFactor=1.5\n", false},
+        {"kdeglobals", "[General]\nAnimationDurationFactor=0\n", false},
+    };
+    for (const auto& c : cases) {
+        const TemporaryFolder folder;
+        EXPECT_FALSE(platform::MotionReducedInFiles(folder.Path()));
+        QFile file(folder.Path() / c.file);
+        ASSERT_TRUE(QDir().mkpath(QFileInfo(file).path()));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(c.text) > 0);
+        file.close();
+        EXPECT_EQ(platform::MotionReducedInFiles(folder.Path()), c.reduced) << c.text;
+    }
+}
+
+} // namespace
