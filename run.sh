@@ -15,6 +15,8 @@ prepare build run
 [ $tour = yes ] && prepare test
 build release
 if [ $tour = yes ]; then
-    exec scripts/tour.sh build/release/songrush build/tour
+    scripts/tour.sh build/release/songrush build/tour
+    scripts/tour-2x.sh build/release/songrush build/tour
+    exec build/release/tools/contrast/songrush_check_contrast tools/contrast/texts.table build/tour
 fi
 exec build/release/songrush/songrush
