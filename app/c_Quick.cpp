@@ -119,6 +119,7 @@ bool c_Quick::ScanFolder(const fs::path& folder, c_M3U& list) {
     QString current = platform::ShownText(folder);
     mNoTitles = false;
     mLoadForm.ShowScan(0, current);
+    mLoadForm.Voice().Announce(QStringLiteral("Searching for MP3s"));
     mLoadForm.ShowInPlace();
     platform::PumpEvents();
     const auto goOn = [&] {

@@ -21,8 +21,10 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override {
-        if (event->text().isEmpty() || !event->text().front().isPrint() ||
-            event->key() == Qt::Key_Space)
+        if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+            showPopup();
+        else if (event->text().isEmpty() || !event->text().front().isPrint() ||
+                 event->key() == Qt::Key_Space)
             QComboBox::keyPressEvent(event);
     }
 };
@@ -75,5 +77,7 @@ void f_Menu::DrawBy() {
     ShadowText(credits, Rgb(140, 140, 230), kBlack,
                static_cast<float>(400 - Dc()->TextWidth(credits) / 2), 73, 1);
     EndDraw();
+    Voice().AddCaption(credits, QRect(0, 73, width(), static_cast<int>(Dc()->TextHeight())),
+                       Announcer::Voice::Quiet);
     Refresh();
 }

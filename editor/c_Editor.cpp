@@ -14,6 +14,7 @@
 #include <QLineEdit>
 #include <QLocale>
 #include <algorithm>
+#include <utility>
 
 using namespace toolkit;
 
@@ -208,6 +209,8 @@ void c_Editor::ShowAll() {
         songs = QStringLiteral("Add files or a directory");
     const QString reading = mReading.isEmpty() ? QString() : QStringLiteral("Adding ") + mReading;
     mList.SetSubHeader(songs + u'\\' + platform::EscapeSeparators(reading) + u'\\');
+    if (mReading.isEmpty() && std::exchange(mAnnounced, songs) != songs)
+        mForm.Voice().Announce(songs);
     mList.Refresh();
 }
 

@@ -96,6 +96,7 @@ private:
 
     std::deque<std::filesystem::path> mFolders; ///< still to be added
     bool mScanning = false;
-    QString mReading; ///< what is being added
+    QString mReading;   ///< what is being added
+    QString mAnnounced; ///< how many songs there were, to screen readers
     int mFilling = 0; ///< counts the fillings of the list; what belongs to an older one is dropped
 };

@@ -14,6 +14,8 @@ using namespace toolkit;
 
 namespace {
 
+constexpr double kLeap = 5; // seconds
+
 bool IsPressKey(const QEvent& event) {
     const auto& key = static_cast<const QKeyEvent&>(event);
     return !key.isAutoRepeat() && (key.key() == Qt::Key_Space || key.key() == Qt::Key_Return ||
@@ -39,6 +41,11 @@ c_player::c_player() {
             HoldFF(Hold::Mouse);
     });
     connect(mForm.pFF, &PictureBox::MouseUp, this, [this] { HoldFF(Hold::None); });
+    // A screen reader's press cannot be held.
+    connect(&bFF, &c_SurfButton::Clicked, this, [this] {
+        if (mHold == Hold::None)
+            Audio().SeekTo(Audio().Position() + kLeap);
+    });
     mForm.pFF->installEventFilter(this);
 }
 
@@ -59,7 +66,7 @@ void c_player::Show() {
     mForm.show();
     mForm.raise();
     mForm.activateWindow();
-    mForm.setFocus();
+    mForm.PlaceFocus();
     platform::PumpEvents();
 }
 

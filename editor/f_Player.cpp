@@ -74,7 +74,7 @@ f_Player::f_Player()
 void f_Player::SetTitle(const QString& title) {
     mTitle = QString(title).replace(u'\n', u' ');
     setWindowTitle(mTitle);
-    pTitle->setAccessibleName(mTitle);
+    pTitle->SetText(mTitle);
     ResetTitle();
 }
 

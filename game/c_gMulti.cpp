@@ -192,6 +192,8 @@ void c_gMulti::SetChoiceCaptions(const std::array<QString, 4>& captions) {
 void c_gMulti::ShowChoices(bool shown) {
     for (PictureBox* choice : Board().Choices())
         choice->setVisible(shown);
+    if (shown)
+        Board().AnnounceChoices();
 }
 
 void c_gMulti::bPlay_Clicked() {
@@ -208,6 +210,7 @@ void c_gMulti::bHint_Clicked() {
     Board().pHint->hide();
     for (const int slot : game::DrawHint(mCorrectSlot))
         Board().Choices()[static_cast<std::size_t>(slot)]->hide();
+    Board().AnnounceChoices();
     Score() = game::ScoreAfterHint(Score());
 }
 

@@ -35,6 +35,7 @@ void f_HighMulti::DrawTitle(const QString& title) {
     CopyBackground();
     Dc()->SetFont(ScreenFont(32, true));
     CenteredText(Dc(), title, 400, 100, width(), kWhite, 3);
+    Voice().AddCaption(title, QRect(0, 100, width(), static_cast<int>(Dc()->TextHeight())));
     Dc()->SetFont(ScreenFont(20));
 }
 
@@ -49,10 +50,13 @@ void f_HighMulti::DrawRow(int line, const Row& row) {
     DrawBox(kOutline, kOutline, kFill, kLeft, y, kLeft + 400, y + 35);
     DrawBox(Rgb(0, 150, 250), Rgb(0, 0, 100), kFill, kLeft + 1, y + 1, kLeft + 399, y + 34);
     const double textTop = y + (35 - Dc()->TextHeight()) / 2;
-    WriteCell(Dc(), QStringLiteral("%1. %2").arg(row.rank).arg(row.name), kLeft + 5, textTop, 285,
-              row.isNew ? Rgb(250, 0, 50) : Rgb(250, 250, 0));
+    const QString name = QStringLiteral("%1. %2").arg(row.rank).arg(row.name);
+    WriteCell(Dc(), name, kLeft + 5, textTop, 285, row.isNew ? Rgb(250, 0, 50) : Rgb(250, 250, 0));
     WriteCell(Dc(), row.score, kLeft + 300, textTop, 94,
               row.isNew ? Rgb(250, 250, 250) : Rgb(100, 200, 250));
     EndDraw();
+    Voice().AddCaption(name + QStringLiteral(", ") + row.score +
+                           (row.isNew ? QStringLiteral(", new") : QString()),
+                       QRectF(kLeft, y, 400, 35).toRect());
     Refresh();
 }

@@ -14,6 +14,7 @@ namespace {
 
 constexpr int kCenter = 400;
 constexpr int kMargin = 10;
+const QString kTime = QStringLiteral("TIME:");
 
 QString ClockText(float seconds) {
     return QString::asprintf("%s%05.2f", seconds < 0 ? "-" : "",
@@ -35,7 +36,6 @@ f_Multi::f_Multi()
     pPlay->setAccessibleName(QStringLiteral("Play"));
     pHint->setAccessibleName(QStringLiteral("Hint"));
     pCont->setAccessibleName(QStringLiteral("Continue"));
-    pTimer->setAccessibleName(QStringLiteral("Clock"));
     for (PictureBox* choice : Choices())
         choice->Dc()->SetFont(ScreenFont(20));
     pTimer->Dc()->SetFont(ScreenFont(24));
@@ -62,6 +62,7 @@ void f_Multi::LayOut() {
     }
     for (PictureBox* box : {pPlay, pHint, pCont, pTimer})
         box->hide();
+    setTabOrder(pChoice4, pHint); // the keys come to the answers first
     Timer1.stop();
     SetTimeLimit(0);
 }
@@ -69,11 +70,10 @@ void f_Multi::LayOut() {
 void f_Multi::InitTimer() {
     mElapsed = 0;
     mStart = platform::SecondsSinceMidnight();
-    const QString label = QStringLiteral("TIME:");
     constexpr int kGap = 10;
     BeginDraw(Dc(), Qt::SolidLine, kWhite, 1, kBlack, BkMode::Transparent);
     SetDrawTextColor(Rgb(0, 100, 250));
-    PlainText(label, static_cast<float>(pTimer->x() - kGap - Dc()->TextWidth(label)),
+    PlainText(kTime, static_cast<float>(pTimer->x() - kGap - Dc()->TextWidth(kTime)),
               static_cast<float>(pTimer->y()));
     EndDraw();
     Refresh();
@@ -89,6 +89,7 @@ void f_Multi::Timer1_Timer() {
         mElapsed = static_cast<float>(mTimeLimit);
         Audio().StopPlay();
         mTimeLimit = -1;
+        Voice().Announce(QStringLiteral("The clip is over"));
     }
     DrawClock();
 }
@@ -103,13 +104,16 @@ void f_Multi::DrawClock() {
     SetDrawTextColor(Rgb(50, 0, 100));
     PlainText(text, static_cast<float>((pTimer->width() - dc->TextWidth(text)) / 2), 0);
     EndDraw();
+    pTimer->SetText(kTime + u' ' + text);
     pTimer->Refresh();
 }
 
 void f_Multi::SetFontSize(double points) { Dc()->SetFont(ScreenFont(points)); }
 
 void f_Multi::WriteCentered(const QString& text, int y, ColorRef color, int shadowOffset) {
-    CenteredText(Dc(), text, kCenter, y, width() - 2 * kMargin, color, shadowOffset);
+    const QRect place(kMargin, y, width() - 2 * kMargin, static_cast<int>(Dc()->TextHeight()));
+    CenteredText(Dc(), text, kCenter, y, place.width(), color, shadowOffset);
+    Voice().AddCaption(text, place);
     Refresh();
 }
 
@@ -125,10 +129,12 @@ void f_Multi::DrawPlayer(int player) {
 
 void f_Multi::DrawRound(int total, int current) {
     constexpr int kTop = 6;
+    const QString text = QStringLiteral("Round %1 of %2").arg(current).arg(total);
     BeginDraw(Dc(), Qt::SolidLine, kWhite, 1, kBlack, BkMode::Transparent);
-    ShadowText(QStringLiteral("Round %1 of %2").arg(current).arg(total), Rgb(250, 50, 50),
-               Rgb(50, 0, 50), kMargin, kTop, 3);
+    ShadowText(text, Rgb(250, 50, 50), Rgb(50, 0, 50), kMargin, kTop, 3);
     EndDraw();
+    Voice().AddCaption(text,
+                       QRect(kMargin, kTop, width() / 2, static_cast<int>(Dc()->TextHeight())));
     Refresh();
 }
 
@@ -139,7 +145,18 @@ void f_Multi::DrawScore(int score) {
     ShadowText(text, kWhite, kBlack, static_cast<float>(right - Dc()->TextWidth(text)),
                static_cast<float>(pTimer->y()), 3);
     EndDraw();
+    Voice().AddCaption(text, QRect(width() / 2, pTimer->y(), width() / 2 - kMargin,
+                                   static_cast<int>(Dc()->TextHeight())));
     Refresh();
+}
+
+void f_Multi::AnnounceChoices() {
+    int key = 0;
+    for (const PictureBox* choice : Choices()) {
+        ++key;
+        if (choice->isVisibleTo(this))
+            Voice().Announce(QStringLiteral("%1: %2").arg(key).arg(choice->accessibleName()));
+    }
 }
 
 void f_Multi::keyPressEvent(QKeyEvent* event) {

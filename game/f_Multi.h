@@ -38,6 +38,8 @@ public:
     void DrawPlayer(int player);
     void DrawRound(int total, int current);
     void DrawScore(int score);
+    /// Announces the titles on the choice buttons that are shown, each with its key.
+    void AnnounceChoices();
     void ClearBackground() { CopyBackground(); }
 
     toolkit::PictureBox* pPlay;

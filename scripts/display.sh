@@ -64,6 +64,14 @@ close_display() {
     rm -rf "$STAGE" "$MEMORY"
 }
 
+# copy_program <program folder> <folder>: with the songs left where they are.
+copy_program() {
+    mkdir -p "$2"
+    cp -a "$1/songrush" "$1/Images" "$1/PlayList" "$2"
+    sed -i 's/^#Songrush:1/#Songrush:0/' "$2/PlayList/Sample.m3u"
+    ln -s "$1/Music" "$2/Music"
+}
+
 # start_program <folder>: from elsewhere, as nothing may depend on the current folder.
 start_program() {
     (cd / && exec "$1/songrush") >>"$STAGE/output" 2>&1 &

@@ -51,6 +51,12 @@ go_on() {
 
 result_gone() { ! result_shown; } # the scores have the same button
 
+# The keys stand where they are needed, in sight, and Return goes on.
+go_on_by_keys() {
+    await "the frame of $1" focused "$1"
+    press_key Return
+}
+
 # bet <button>: 1 to 4.
 bet() {
     await "the bet" bet_shown

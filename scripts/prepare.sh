@@ -6,7 +6,7 @@ PACKAGES_BUILD="g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libgl-
 PACKAGES_RUN="libqt6svg6 qt6-qpa-plugins fonts-liberation"
 PACKAGES_PACKAGE="dpkg-dev file gzip"
 PACKAGES_TEST="libgtest-dev libx11-dev xvfb xauth xdotool x11-utils imagemagick procps
- lintian desktop-file-utils appstream"
+ lintian desktop-file-utils appstream at-spi2-core dbus python3-gi gir1.2-atspi-2.0"
 
 missing_packages() {
     local package

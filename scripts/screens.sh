@@ -166,6 +166,14 @@ tab_to() {
     done
 }
 
+# arrow_to <control> <key>: moves the keys there by an arrow key.
+arrow_to() {
+    await "the button $1" shows "$1"
+    settle
+    press_key "$2"
+    await "the frame of $1" focused "$1"
+}
+
 # The screens.
 
 # choose_size <percent>: on the menu, where windows of up to 200 percent fit the display.

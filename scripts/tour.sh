@@ -355,10 +355,9 @@ tour_betting_setup() {
     tab_to several_players
     press_key Return
     await "the second stage" second_stage_shown _several
-    tab_to back_several
-    press_key Tab Home Down # the list of players, three of them
-    press_key shift+Tab shift+Tab
-    await "the focused button" focused betting_several
+    settle
+    press_key Home Down # in the list of players, three of them
+    tab_to betting_several
     shot second-stage-keys
     press_key Return
     await "the chooser" chooser_shown

@@ -3,6 +3,7 @@
 #include "platform/Message.h"
 
 #include <QDir>
+#include <QEvent>
 #include <QLineEdit>
 
 namespace toolkit {
@@ -24,6 +25,13 @@ QStringList FileDialog::Choose() {
     for (QString& path : paths)
         path = QDir::toNativeSeparators(QDir::cleanPath(path));
     return paths;
+}
+
+bool FileDialog::event(QEvent* event) {
+    const bool known = QFileDialog::event(event);
+    if (event->type() == QEvent::WindowUnblocked && isVisible())
+        activateWindow(); // as a form does
+    return known;
 }
 
 void FileDialog::accept() {

@@ -15,6 +15,7 @@ public:
     QStringList Choose();
 
 protected:
+    bool event(QEvent* event) override;
     void accept() final;
 
     /// Whether the dialog may close with what is chosen now.

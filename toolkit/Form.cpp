@@ -4,18 +4,81 @@
 #include "platform/Wait.h"
 #include "toolkit/ApiDraw.h"
 #include "toolkit/FittedText.h"
+#include "toolkit/LastInput.h"
 #include "toolkit/Mous.h"
 
+#include <QAccessible>
+#include <QAccessibleWidget>
+#include <QApplication>
 #include <QCloseEvent>
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPainter>
+#include <algorithm>
+#include <climits>
+#include <optional>
+#include <vector>
 
 namespace toolkit {
 
 namespace {
 
+/// Qt tells screen readers that a plain widget is a window's filling; they look for windows.
+class AccessibleForm : public QAccessibleWidget {
+public:
+    explicit AccessibleForm(Form* form) : QAccessibleWidget(form) {}
+    QAccessible::Role role() const override {
+        return widget()->isModal() ? QAccessible::Dialog : QAccessible::Window;
+    }
+};
+
+QAccessibleInterface* MakeAccessible(const QString&, QObject* object) {
+    auto* form = qobject_cast<Form*>(object);
+    return form != nullptr ? new AccessibleForm(form) : nullptr;
+}
+
 QPoint gPlace; // where the last whole screen stood
+
+bool TakesKeys(const QWidget& control, const QWidget& form) {
+    return control.isVisibleTo(&form) && control.isEnabledTo(&form) && !control.isWindow() &&
+           (control.focusPolicy() & Qt::TabFocus) != 0;
+}
+
+/// The form's controls that the Tab key comes to, in its order.
+std::vector<QWidget*> KeyControls(QWidget& form) {
+    std::vector<QWidget*> controls;
+    for (QWidget* next = form.nextInFocusChain(); next != &form; next = next->nextInFocusChain())
+        if (form.isAncestorOf(next) && TakesKeys(*next, form))
+            controls.push_back(next);
+    return controls;
+}
+
+/// How far `to` lies from `from` in the direction of an arrow key; nothing when it lies elsewhere.
+std::optional<int> Way(const QRect& from, const QRect& to, int key) {
+    const int left = from.left() - to.right();
+    const int right = to.left() - from.right();
+    const int up = from.top() - to.bottom();
+    const int down = to.top() - from.bottom();
+    const bool sideways = key == Qt::Key_Left || key == Qt::Key_Right;
+    const int aside = sideways ? std::max({0, up, down}) : std::max({0, left, right});
+    const int ahead = key == Qt::Key_Left    ? left
+                      : key == Qt::Key_Right ? right
+                      : key == Qt::Key_Up    ? up
+                                             : down;
+    return ahead >= 0 && aside <= ahead ? std::optional(ahead + aside) : std::nullopt;
+}
+
+QWidget* Neighbour(QWidget& form, const QWidget& control, int key) {
+    QWidget* nearest = nullptr;
+    int shortest = INT_MAX;
+    for (QWidget* other : KeyControls(form)) {
+        const auto way = Way(control.geometry(), other->geometry(), key);
+        if (other != &control && way && *way < shortest) {
+            nearest = other;
+            shortest = *way;
+        }
+    }
+    return nearest;
+}
 
 } // namespace
 
@@ -26,6 +89,12 @@ Form::Form(const QString& name, const QSize& size)
     setFixedSize(size);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::ClickFocus);
+    [[maybe_unused]] static const bool installed = [] {
+        QAccessible::installFactory(MakeAccessible);
+        return true;
+    }();
+    mAnnouncer = new Announcer(this);
+    WatchInput();
 }
 
 void Form::ShowInPlace() {
@@ -40,7 +109,32 @@ void Form::ShowInPlace() {
     show();
     raise();
     activateWindow();
-    setFocus();
+    TakeActivation();
+    PlaceFocus();
+}
+
+/// The system tells nothing of the focus to a window that has had it all the time while it was
+/// hidden and shown again, but Qt has it as inactive.
+void Form::TakeActivation() {
+    QT_WARNING_PUSH
+    QT_WARNING_DISABLE_DEPRECATED
+    if (!isActiveWindow() && windowHandle() == QGuiApplication::focusWindow())
+        QApplication::setActiveWindow(this);
+    QT_WARNING_POP
+}
+
+void Form::PlaceFocus() {
+    if (QWidget* first = FirstControl())
+        first->setFocus();
+    else
+        setFocus();
+}
+
+QWidget* Form::FirstControl() {
+    const std::vector<QWidget*> controls = KeyControls(*this);
+    const auto first = std::find_if(controls.begin(), controls.end(),
+                                    [this](QWidget* control) { return !IsOfFrame(control); });
+    return first != controls.end() ? *first : nullptr;
 }
 
 void Form::SetPlace(QPoint place) { gPlace = place; }
@@ -48,6 +142,36 @@ void Form::SetPlace(QPoint place) { gPlace = place; }
 void Form::MoveToCorner() {
     gPlace = QPoint(0, 0);
     move(gPlace);
+}
+
+bool Form::event(QEvent* event) {
+    const bool known = QWidget::event(event);
+    // Comes when controls were shown or hidden.
+    if (event->type() == QEvent::LayoutRequest && isVisible())
+        HandFocusOn();
+    // Not every system gives the keys back to the window below a dialog.
+    if (event->type() == QEvent::WindowUnblocked && isVisible())
+        activateWindow();
+    return known;
+}
+
+void Form::hideEvent(QHideEvent* event) {
+    for (QWidget* other : QApplication::topLevelWidgets())
+        if (!event->spontaneous() && other != this && other->isVisible() &&
+            qobject_cast<Form*>(other) != nullptr)
+            other->activateWindow();
+}
+
+void Form::HandFocusOn() {
+    const bool nowhere = focusWidget() == nullptr || focusWidget() == this;
+    // Who plays with the mouse is left alone.
+    if (!nowhere || LastInput() == Input::Mouse)
+        return;
+    QWidget* first = FirstControl();
+    if (auto* box = qobject_cast<PictureBox*>(first))
+        box->TakeKeys();
+    else if (first != nullptr)
+        first->setFocus();
 }
 
 void Form::paintEvent(QPaintEvent* event) {
@@ -78,15 +202,32 @@ void Form::keyPressEvent(QKeyEvent* event) {
         return;
     case Qt::Key_Up:
     case Qt::Key_Left:
-        focusPreviousChild();
-        return;
     case Qt::Key_Down:
     case Qt::Key_Right:
-        focusNextChild();
+        MoveFocus(event->key());
         return;
     default:
         QWidget::keyPressEvent(event);
     }
+}
+
+void Form::MoveFocus(int key) {
+    const QWidget* control = focusWidget();
+    QWidget* neighbour =
+        control != nullptr && control != this ? Neighbour(*this, *control, key) : nullptr;
+    if (neighbour == nullptr)
+        focusNextPrevChild(key == Qt::Key_Down || key == Qt::Key_Right);
+    else if (!ShowFocus())
+        neighbour->setFocus(Qt::TabFocusReason);
+}
+
+bool Form::focusNextPrevChild(bool next) {
+    return ShowFocus() || QWidget::focusNextPrevChild(next);
+}
+
+bool Form::ShowFocus() {
+    auto* box = qobject_cast<PictureBox*>(focusWidget());
+    return box != nullptr && box->ShowFocus();
 }
 
 void CenteredText(Hdc dc, const QString& text, double center, double y, double width,

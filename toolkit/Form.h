@@ -1,5 +1,6 @@
 #pragma once
 
+#include "toolkit/Announcer.h"
 #include "toolkit/Canvas.h"
 #include "toolkit/PictureBox.h"
 
@@ -19,6 +20,9 @@ public:
 
     Hdc Dc() { return &mCanvas; }
 
+    /// What is drawn on the form, for screen readers.
+    Announcer& Voice() { return *mAnnouncer; }
+
     /// Shows what was drawn since the last time.
     void Refresh() { update(); }
     /// The same for a part of the form.
@@ -31,6 +35,9 @@ public:
     /// Where the first screen appears.
     static void SetPlace(QPoint place);
 
+    /// Gives the keys to the first control, for a form that has just come up.
+    void PlaceFocus();
+
     /// Moves the form, and with it the place of the next screen, to the top left corner.
     void MoveToCorner();
 
@@ -38,14 +45,28 @@ Q_SIGNALS:
     void CloseRequested();
 
 protected:
+    bool event(QEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
+    /// Whether a control is always there, as a window's frame is, so that no screen begins with it.
+    virtual bool IsOfFrame(const QWidget*) const { return false; }
     void paintEvent(QPaintEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    void TakeActivation();
+    QWidget* FirstControl();
+    /// Gives the keys of a control that was hidden to the first one.
+    void HandFocusOn();
+    void MoveFocus(int key);
+    /// The first key after the mouse only shows where the keys are; true when it did.
+    bool ShowFocus();
+
     Canvas mCanvas;
+    Announcer* mAnnouncer;
 };
 
 /// Draws one line of text, made to fit `width`, with its middle at `center`; see `ShadowText`. The

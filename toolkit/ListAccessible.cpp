@@ -109,11 +109,20 @@ public:
             return;
         mList->SelectLine(mLine);
         if (action == pressAction())
-            Q_EMIT mList->LineDoubleClicked(mLine);
+            OpenLine();
     }
 
 private:
     bool IsHeader() const { return mLine < 0; }
+
+    /// Later, for the screen reader waits until it returns, and a dialog may open.
+    void OpenLine() const {
+        const auto open = [box = mBox, list = mList, line = mLine] {
+            if (box && box->TakesInput() && line < list->LineCount())
+                Q_EMIT list->LineDoubleClicked(line);
+        };
+        QMetaObject::invokeMethod(mList, open, Qt::QueuedConnection);
+    }
 
     QPointer<PictureBox> mBox;
     QPointer<c_PicList> mList;

@@ -1,8 +1,11 @@
 #include "toolkit/PictureBox.h"
 
+#include "toolkit/LastInput.h"
+
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -13,14 +16,24 @@ namespace toolkit {
 
 namespace {
 
-/// Tells screen readers that a box is a button, and lets them press it.
+QElapsedTimer gSincePress; // of any box by a key
+
+/// Tells screen readers that a box is a button or what it shows, and lets them press it.
 class AccessibleBox : public QAccessibleWidget {
 public:
     explicit AccessibleBox(PictureBox* box) : QAccessibleWidget(box) {}
 
     // A box may become a button after a screen reader has come to know it.
     QAccessible::Role role() const override {
-        return Box()->IsButton() ? QAccessible::Button : QAccessible::Graphic;
+        if (Box()->IsButton())
+            return QAccessible::Button;
+        return Box()->Text().isEmpty() ? QAccessible::Graphic : QAccessible::StaticText;
+    }
+
+    QString text(QAccessible::Text kind) const override {
+        return kind == QAccessible::Name && !Box()->Text().isEmpty()
+                   ? Box()->Text()
+                   : QAccessibleWidget::text(kind);
     }
 
     QStringList actionNames() const override {
@@ -31,8 +44,9 @@ public:
     }
 
     void doAction(const QString& action) override {
+        // Later, for the screen reader waits until it returns, and a press may open a dialog.
         if (action == pressAction())
-            Box()->Activate();
+            QMetaObject::invokeMethod(Box(), &PictureBox::Activate, Qt::QueuedConnection);
         else
             QAccessibleWidget::doAction(action);
     }
@@ -104,8 +118,17 @@ void PictureBox::paintEvent(QPaintEvent*) {
         return;
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(QColor(255, 221, 120), 2));
-    painter.drawRoundedRect(QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5), mFocusRadius,
-                            mFocusRadius);
+    painter.drawRoundedRect(FocusFrame(), mFocusRadius, mFocusRadius);
+}
+
+/// A button in the form's corner is open to the edges there, and so is its frame.
+QRectF PictureBox::FocusFrame() const {
+    QRectF frame = QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5);
+    if (y() == 0)
+        frame.setTop(-2 * mFocusRadius);
+    if (geometry().right() == parentWidget()->rect().right())
+        frame.setRight(width() + 2 * mFocusRadius);
+    return frame;
 }
 
 void PictureBox::mousePressEvent(QMouseEvent* event) {
@@ -132,22 +155,39 @@ void PictureBox::leaveEvent(QEvent*) { Q_EMIT MouseOutside(); }
 void PictureBox::keyPressEvent(QKeyEvent* event) {
     const bool presses = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter ||
                          event->key() == Qt::Key_Space;
-    if (mButton && presses && !event->isAutoRepeat())
-        Activate();
-    else
+    if (!mButton || !presses || event->isAutoRepeat()) {
         event->ignore();
+        return;
+    }
+    constexpr qint64 kDoublePress = 300; // milliseconds
+    const bool second = gSincePress.isValid() && gSincePress.elapsed() < kDoublePress;
+    if (mTakenOver && second)
+        return;
+    gSincePress.start();
+    Activate();
 }
 
-void PictureBox::focusInEvent(QFocusEvent* event) {
+void PictureBox::TakeKeys() {
+    mTakenOver = true;
+    setFocus();
+}
+
+bool PictureBox::ShowFocus() {
+    if (mFocusShown)
+        return false;
+    mFocusShown = true;
+    update();
+    return true;
+}
+
+void PictureBox::focusInEvent(QFocusEvent*) {
     // Shown to those who use the keyboard; a click needs no frame.
-    mFocusShown = event->reason() == Qt::TabFocusReason ||
-                  event->reason() == Qt::BacktabFocusReason ||
-                  event->reason() == Qt::ShortcutFocusReason;
+    mFocusShown = LastInput() == Input::Keys;
     update();
 }
 
 void PictureBox::focusOutEvent(QFocusEvent*) {
-    mFocusShown = false;
+    mFocusShown = mTakenOver = false;
     update();
 }
 

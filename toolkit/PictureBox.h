@@ -28,6 +28,17 @@ public:
     void SetButton(double radius);
     bool IsButton() const { return mButton; }
 
+    /// What a box that is no button shows in words, for screen readers. It is told when they ask.
+    void SetText(const QString& text) { mText = text; }
+    const QString& Text() const { return mText; }
+
+    /// Gives the keys to the box in place of one that went; the second press of a double press is
+    /// not for this one.
+    void TakeKeys();
+
+    /// Frames the box that has the focus; false when it was framed already.
+    bool ShowFocus();
+
     /// Presses the box as the keyboard does; nothing happens while it cannot be used.
     void Activate();
 
@@ -58,10 +69,14 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
+    QRectF FocusFrame() const;
+
     Canvas mCanvas;
     bool mButton = false;
     double mFocusRadius = 0;
     bool mFocusShown = false;
+    bool mTakenOver = false;
+    QString mText;
 };
 
 } // namespace toolkit

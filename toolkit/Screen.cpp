@@ -11,7 +11,10 @@ Screen::Screen(const QString& name)
 
 void Screen::showEvent(QShowEvent* event) {
     // The keyboard comes to the corner's buttons last.
-    if (QWidget* last = previousInFocusChain(); last != pX) {
+    QWidget* last = previousInFocusChain();
+    while (last->focusPolicy() == Qt::NoFocus) // setTabOrder does not take these
+        last = last->previousInFocusChain();
+    if (last != pX) {
         setTabOrder(last, pMin);
         setTabOrder(pMin, pX);
     }
@@ -21,6 +24,7 @@ void Screen::showEvent(QShowEvent* event) {
 void Screen::CopyBackground() {
     if (gBack)
         BitBlt(Dc(), 0, 0, width(), height(), gBack->HDC(0), 0, 0, RasterOp::SrcCopy);
+    Voice().ClearCaptions();
     Refresh();
 }
 

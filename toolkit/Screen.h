@@ -18,6 +18,9 @@ public:
     PictureBox* pMin;
 
 protected:
+    bool IsOfFrame(const QWidget* control) const override {
+        return control == pX || control == pMin;
+    }
     void showEvent(QShowEvent* event) override;
 };
 

@@ -19,14 +19,6 @@ shift 2
 LIMIT=60 # programs under sanitizers are slow
 HAND=keys
 
-# copy_program <folder>: with the songs left where they are.
-copy_program() {
-    mkdir -p "$1"
-    cp -a "$original/songrush" "$original/Images" "$original/PlayList" "$1"
-    sed -i 's/^#Songrush:1/#Songrush:0/' "$1/PlayList/Sample.m3u"
-    ln -s "$original/Music" "$1/Music"
-}
-
 # The screens, one after the other; each function leads there from the start.
 
 to_menu() {
@@ -183,7 +175,7 @@ a_second_copy_only_says_so() {
     local first second=$STAGE/second before
     to_menu
     first=$PROGRAM
-    copy_program "$second"
+    copy_program "$original" "$second"
     before=$(snapshot)
     start_program "$second"
     await "the message" find_dialog Songrush
@@ -286,7 +278,102 @@ a_table_that_cannot_be_written_is_told_once() {
     expect_marks 6
 }
 
+# The games by keys alone; the mouse is out of the window all the time.
+# choose_players_by_keys <one_player or several_players>
+choose_players_by_keys() {
+    to_menu
+    move_to 1000 740
+    press_key Tab
+    await "the frame of the first button" focused one_player
+    [ "$1" = one_player ] || arrow_to "$1" Down
+    press_key Return
+}
+
+play_list_by_keys() {
+    await "the chooser" chooser_shown
+    await "the frame of the first button" focused quickplay
+    arrow_to playlist Down
+    press_key Return
+    answer_file_dialog "Load Playlist" "$list"
+}
+
+# The rest of a question: the answer by the keys on the button itself, or by its digit.
+answer_by_keys() {
+    await "the frame of the play button" focused play
+    start_clip
+    await "the frame of the first choice" focused choice1
+    if [ "$1" = digit ]; then
+        give_answer
+    else
+        arrow_to choice2 Down
+        press_key space
+        await "the result" result_shown
+        ANSWERS="$ANSWERS $(answer_was_right && echo right || echo wrong)"
+    fi
+    go_on_by_keys continue
+    await "the end of the result" result_gone
+}
+
+# end_by_keys <file of the scores> <names to be entered>
+end_by_keys() {
+    local name
+    await "the scores" scores_shown
+    go_on_by_keys continue_scores
+    for ((name = 1; name <= $2; ++name)); do
+        enter_name "Name $name"
+    done
+    await "the table" table_shown
+    go_on_by_keys continue_scores
+    await "the menu" menu_shown
+    await "the frame of the first button" focused one_player
+    press_key Escape
+    await_end 0
+    [ "$(table_entries "$program/$1" | wc -l)" = "$2" ] || fail "there should be $2 names in $1"
+}
+
+normal_play_needs_no_mouse() {
+    choose_players_by_keys one_player
+    await "the second stage" second_stage_shown ""
+    await "the frame of the first button" focused normal_play
+    arrow_to betting Down
+    arrow_to normal_play Up
+    press_key space
+    play_list_by_keys
+    for question in 1 2 3 4 5 6; do
+        await "the question" question_shown
+        answer_by_keys "$([ $question = 1 ] || echo digit)"
+    done
+    if [[ $ANSWERS == *right* ]]; then end_by_keys H1.dat 1; else end_by_keys H1.dat 0; fi
+}
+
+betting_needs_no_mouse() {
+    local -a right=(0 0)
+    choose_players_by_keys several_players
+    await "the second stage" second_stage_shown _several
+    settle
+    press_key Down Up # in the list of players, back to two
+    arrow_to normal_play_several Tab
+    arrow_to betting_several Down
+    press_key Return
+    play_list_by_keys
+    for question in 1 2 3 4 5 6 7 8 9 10 11 12; do
+        await "the bet" bet_shown
+        await "the frame of the first bet" focused choice1
+        if [ $question = 1 ]; then
+            arrow_to choice2 Down
+            press_key Return
+        else
+            bet 4
+        fi
+        answer_by_keys digit
+        [[ $ANSWERS != *right ]] || right[question % 2]=1
+    done
+    end_by_keys H2.dat $((right[0] + right[1]))
+}
+
 cases=(
+    normal_play_needs_no_mouse
+    betting_needs_no_mouse
     the_close_button_ends_the_menu
     the_close_button_ends_the_editor
     the_close_button_ends_the_second_stage
@@ -324,7 +411,7 @@ run_case() (
     open_display
     program=$STAGE/program
     list=$program/PlayList/Sample.m3u
-    copy_program "$program"
+    copy_program "$original" "$program"
     read_controls "$original"
     "$1"
 )

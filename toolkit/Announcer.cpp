@@ -1,0 +1,120 @@
+#include "toolkit/Announcer.h"
+
+#include <QAccessible>
+#include <QAccessibleWidget>
+#include <QEvent>
+#include <QLabel>
+#include <utility>
+
+namespace toolkit {
+
+namespace {
+
+/// A label for what was drawn in its place.
+class Caption : public QLabel {
+public:
+    explicit Caption(QWidget* form) : QLabel(form) {
+        setTextFormat(Qt::PlainText);
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {}
+};
+
+QAccessibleInterface* MakeAccessible(const QString&, QObject* object) {
+    auto* announcer = qobject_cast<Announcer*>(object);
+    return announcer != nullptr ? new QAccessibleWidget(announcer, QAccessible::Notification)
+                                : nullptr;
+}
+
+/// The texts as sentences, so that there is a pause after each.
+QString Sentences(const QStringList& texts) {
+    QStringList sentences;
+    for (const QString& text : texts)
+        sentences << (QStringLiteral(".!?:").contains(text.back()) ? text : text + u'.');
+    return sentences.join(u' ');
+}
+
+} // namespace
+
+Announcer::Announcer(QWidget* form) : QWidget(form) {
+    [[maybe_unused]] static const bool installed = [] {
+        QAccessible::installFactory(MakeAccessible);
+        return true;
+    }();
+    setObjectName(QStringLiteral("Announcer"));
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    resize(0, 0);
+    hide();
+    mSoon.setSingleShot(true);
+    connect(&mSoon, &QTimer::timeout, this, &Announcer::Speak);
+    form->installEventFilter(this);
+}
+
+void Announcer::AddCaption(const QString& text, const QRect& place, Voice voice) {
+    if (text.isEmpty())
+        return;
+    QLabel* label = FreeLabel();
+    label->setText(text);
+    label->setGeometry(place);
+    label->show();
+    if (voice == Voice::Quiet)
+        return;
+    mCaptions << text;
+    mSoon.start(0);
+}
+
+QLabel* Announcer::FreeLabel() {
+    if (mUsed == mLabels.size())
+        mLabels.push_back(new Caption(parentWidget()));
+    return mLabels[mUsed++];
+}
+
+void Announcer::ClearCaptions() {
+    mCaptions.clear();
+    for (; mUsed > 0; --mUsed)
+        mLabels[mUsed - 1]->hide();
+}
+
+void Announcer::Announce(const QString& text) {
+    if (text.isEmpty())
+        return;
+    mTexts << text;
+    mSoon.start(0);
+}
+
+bool Announcer::eventFilter(QObject*, QEvent* event) {
+    if (event->type() == QEvent::WindowActivate) {
+        // After the event for the focus, which a screen reader lets interrupt what it speaks.
+        mSoon.start(0);
+    } else if (event->type() == QEvent::Hide) {
+        hide();
+        mKnown.clear();
+        mTexts.clear();
+    }
+    return false;
+}
+
+QStringList Announcer::TakeNews() {
+    QStringList news;
+    for (const QString& caption : mCaptions)
+        if (!mKnown.contains(caption))
+            news << caption;
+    mKnown = mCaptions;
+    return news + std::exchange(mTexts, {});
+}
+
+void Announcer::Speak() {
+    if (!window()->isActiveWindow())
+        return;
+    const QStringList news = TakeNews();
+    if (news.isEmpty())
+        return;
+    // Screen readers speak a notification when it comes up.
+    hide();
+    setAccessibleName(Sentences(news));
+    show();
+}
+
+} // namespace toolkit
