@@ -58,6 +58,7 @@ fs::path c_Quick::GetM3U() {
 void c_Quick::LoadingDone() { mLoadForm.hide(); }
 
 void c_Quick::ShowChooser() {
+    mForm.Voice().Announce(mForm.lExplain->text());
     mForm.ShowInPlace();
     mWindowButtons.Refresh();
 }

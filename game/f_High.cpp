@@ -47,6 +47,7 @@ QString f_High::GetName(const QString& prompt) {
     Label1->setText(prompt);
     Text1->clear();
     mWaiting = true;
+    Voice().Announce(prompt);
     ShowInPlace();
     Text1->setFocus();
     platform::WaitWhile([this] { return mWaiting; });

@@ -173,7 +173,7 @@ void PictureBox::TakeKeys() {
 }
 
 bool PictureBox::ShowFocus() {
-    if (mFocusShown)
+    if (mFocusShown || !hasFocus())
         return false;
     mFocusShown = true;
     update();

@@ -36,7 +36,7 @@ public:
     /// not for this one.
     void TakeKeys();
 
-    /// Frames the box that has the focus; false when it was framed already.
+    /// Frames the box when it has the focus and no frame yet; whether it did.
     bool ShowFocus();
 
     /// Presses the box as the keyboard does; nothing happens while it cannot be used.

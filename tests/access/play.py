@@ -32,6 +32,7 @@ playlist.write_text("".join(f"{song}\n" for song in [songs[0]] * 12 + songs[1:])
 def choose_game(players, mode):
     reader.press(players)
     reader.press(mode)
+    reader.announced(r"Where do the songs come from\?")
     reader.press("PlayList (Select a playlist file)")
     assert players not in reader.buttons(), "a button of the screen before can still be read"
     reader.type("File name:", str(playlist))
@@ -66,7 +67,7 @@ def enter_names(announced_scores, prompt):
     rows = []
     for place, (score, player) in enumerate(announced_scores, 1):
         if score > 0:
-            reader.find("label", prompt.format(place))
+            reader.announced(re.escape(prompt.format(place)))
             rows.append((f"Eva {player}", str(score)))
             reader.type("Name", rows[-1][0])
             reader.press("Continue")

@@ -35,7 +35,9 @@ class Reader:
         try:
             if event.detail1 == 1 and event.source.get_role() == Atspi.Role.NOTIFICATION:
                 event.source.clear_cache()
-                self.heard.append(event.source.get_name())
+                text = event.source.get_name()
+                if text != "Loading...":  # shown for moments only, and so told or not
+                    self.heard.append(text)
         except GLib.Error:
             pass  # gone already
 
