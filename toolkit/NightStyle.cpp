@@ -121,6 +121,13 @@ int NightStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWid
     return QProxyStyle::styleHint(hint, option, widget, data);
 }
 
+QRect NightStyle::subElementRect(SubElement element, const QStyleOption* option,
+                                 const QWidget* widget) const {
+    constexpr int kBesideText = 4; // the round corners need it
+    const QRect area = QProxyStyle::subElementRect(element, option, widget);
+    return element == SE_LineEditContents ? area.adjusted(kBesideText, 0, -kBesideText, 0) : area;
+}
+
 void NightStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                                QPainter* painter, const QWidget* widget) const {
     switch (element) {
