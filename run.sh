@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds the game and starts it.
-# --tour: plays whole games by itself on a virtual display and leaves pictures in build/tour/.
+# --tour: plays whole games by itself on a virtual display and leaves pictures in build/tour/, and
+# in build/tour/2x/ those of a screen that is scaled to 200 %.
 set -eu
 cd "$(dirname "$0")"
 . scripts/prepare.sh
@@ -16,6 +17,7 @@ prepare build run
 build release
 if [ $tour = yes ]; then
     scripts/tour.sh build/release/songrush build/tour
+    scripts/tour.sh build/release/songrush build/tour/2x 200
     scripts/tour-2x.sh build/release/songrush build/tour
     exec build/release/tools/contrast/songrush_check_contrast tools/contrast/texts.table build/tour
 fi
