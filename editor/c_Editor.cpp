@@ -192,7 +192,7 @@ std::function<bool()> c_Editor::StillWanted() {
 void c_Editor::AddSong(const fs::path& song, const c_ID3& tag) {
     const QString name = platform::AfterLastSeparator(platform::ShownText(song));
     mList.AddItem(LineOf(name, tag.Title(), tag.Artist()), platform::KeyFromPath(song));
-    mMarks.resize(static_cast<std::size_t>(mList.LineCount()));
+    mMarks.SetLineCount(mList.LineCount());
 }
 
 void c_Editor::AddSong(const fs::path& song) {
@@ -260,10 +260,9 @@ void c_Editor::bRemove_Clicked() {
     const int selected = mList.LineSelectedNum();
     // Downwards, so that the numbers of the lines still to be looked at stay right.
     for (int line = mList.LineCount() - 1; line >= 0; --line)
-        if (line == selected || mMarks[static_cast<std::size_t>(line)])
+        if (line == selected || mMarks.Has(line))
             mList.RemoveLine(line);
-    mMarks.assign(static_cast<std::size_t>(mList.LineCount()), false);
-    mLastSel = mRangeStart = mList.LineSelectedNum();
+    mMarks.Begin(mList.LineCount(), mList.LineSelectedNum());
     ShowAll();
 }
 
@@ -319,8 +318,7 @@ void c_Editor::bLoad_Clicked() {
     ++mFilling;
     mFolders.clear();
     mList.ClearLines();
-    mMarks.clear();
-    mLastSel = mRangeStart = -1;
+    mMarks.Begin(0, -1);
     mReading = platform::ShownText(platform::PathFromText(answer).filename());
     const std::function<bool()> goOn = StillWanted();
     for (std::size_t song = 0; song < songs.size() && goOn(); ++song) {
@@ -343,20 +341,8 @@ void c_Editor::bMin_Clicked() { mForm.showMinimized(); }
 
 void c_Editor::mList_HeaderSelClicked(int column) {
     QApplication::beep();
-    const std::vector<int> before = mList.SortByHeader(column, mSortMode == 1 ? 2 : 0);
+    mMarks.Reorder(mList.SortByHeader(column, mSortMode == 1 ? 2 : 0));
     mSortMode = mSortMode == 1 ? 0 : 1;
-
-    const std::vector<bool> marks = std::move(mMarks);
-    const int last = mLastSel;
-    const int start = mRangeStart;
-    mMarks.resize(before.size());
-    for (std::size_t line = 0; line < before.size(); ++line) {
-        mMarks[line] = marks[static_cast<std::size_t>(before[line])];
-        if (before[line] == last)
-            mLastSel = static_cast<int>(line);
-        if (before[line] == start)
-            mRangeStart = static_cast<int>(line);
-    }
     ShowAll();
 }
 
@@ -366,51 +352,16 @@ void c_Editor::mList_LinePrint(ListCell& cell) {
     constexpr ColorRef kMarked = Rgb(255, 50, 50);
     while (!cell.text.isEmpty() && mList.TextWidth(cell.text) > cell.width)
         cell.text.chop(1);
-    if (mMarks[static_cast<std::size_t>(cell.line)])
+    if (mMarks.Has(cell.line))
         cell.color = kMarked;
 }
 
 void c_Editor::mList_LineSelChanged(int line) {
-    static bool busy = false;
-    if (busy)
-        return;
-    busy = true;
-    const bool range = mList.mRangeKey;
-    const bool add = mList.mAddKey;
-    // Keys draw one range out step by step.
-    if (range && mList.mByKeys && mRangeStart >= 0)
-        mLastSel = mRangeStart;
-    else
-        mRangeStart = line;
-    if (mLastSel >= 0) {
-        bool changed = range || add;
-        if (!add)
-            changed = ClearMarks() || changed;
-        if (range)
-            MarkRange(mLastSel, line);
-        else if (add)
-            MarkRange(line, line);
-        if (changed)
-            mList.Refresh();
-    } else if (!add && ClearMarks()) { // all were marked before any was selected
+    if (mMarks.Select(line, {mList.mRangeKey, mList.mAddKey, mList.mByKeys}))
         mList.Refresh();
-    }
-    mLastSel = line;
-    busy = false;
-}
-
-void c_Editor::MarkRange(int from, int to) {
-    const auto [first, last] = std::minmax(from, to);
-    std::fill(mMarks.begin() + first, mMarks.begin() + last + 1, true);
 }
 
 void c_Editor::MarkAll() {
-    mMarks.assign(mMarks.size(), true);
+    mMarks.MarkAll();
     mList.Refresh();
-}
-
-bool c_Editor::ClearMarks() {
-    const bool any = std::find(mMarks.begin(), mMarks.end(), true) != mMarks.end();
-    mMarks.assign(mMarks.size(), false);
-    return any;
 }

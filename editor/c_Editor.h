@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editor/Marks.h"
 #include "editor/c_player.h"
 #include "editor/f_Edit.h"
 #include "editor/f_Editor.h"
@@ -70,9 +71,7 @@ private:
     std::function<bool()> StillWanted();
     void ShowAll();
 
-    void MarkRange(int from, int to);
     void MarkAll();
-    bool ClearMarks();
     bool UntitledSongs() const;
 
     f_Editor mForm;
@@ -89,9 +88,7 @@ private:
     c_PicButton bMenu;
 
     c_PicList mList;
-    std::vector<bool> mMarks; ///< of each line
-    int mLastSel = -1;        ///< the line selected before the current one
-    int mRangeStart = -1;     ///< where a range that is drawn out by keys began
+    editor::Marks mMarks;
     std::int16_t mSortMode = 0;
 
     std::deque<std::filesystem::path> mFolders; ///< still to be added

@@ -57,6 +57,16 @@ go_on_by_keys() {
     press_key Return
 }
 
+# play_to_scores: the six questions of a game of one player.
+play_to_scores() {
+    for _ in 1 2 3 4 5 6; do
+        start_clip
+        give_answer
+        go_on
+    done
+    await "the scores" scores_shown
+}
+
 # bet <button>: 1 to 4.
 bet() {
     await "the bet" bet_shown

@@ -64,12 +64,7 @@ to_result() {
 
 to_scores() {
     to_question
-    for _ in 1 2 3 4 5 6; do
-        start_clip
-        give_answer
-        go_on
-    done
-    await "the scores" scores_shown
+    play_to_scores
 }
 
 to_table() {

@@ -60,12 +60,7 @@ play_game() {
     click_on playlist
     answer_file_dialog "Load Playlist" Sample.m3u
     await "the question" question_shown
-    for _ in 1 2 3 4 5 6; do
-        start_clip
-        give_answer
-        go_on
-    done
-    await "the scores" scores_shown
+    play_to_scores
     use continue_scores Return
     if [[ $ANSWERS == *right* ]]; then
         enter_name Eva
