@@ -1,6 +1,7 @@
 #include "audio/Mp3Stream.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <utility>
 
@@ -31,20 +32,18 @@ std::unique_ptr<Mp3Stream> Mp3Stream::Open(const std::filesystem::path& path,
 }
 
 bool Mp3Stream::Prepare() {
-    if (!Scan(MPG123_GAPLESS))
+    if (!Start(MPG123_GAPLESS) || mpg123_scan(mHandle.get()) != MPG123_OK)
         return false;
-    // In files joined together the gapless information is that of the first only; going by it,
-    // seeks would miss by up to an MP3 frame in all the others.
     long joined = 0;
     mpg123_getstate(mHandle.get(), MPG123_FRANKENSTEIN, &joined, nullptr);
-    if (joined != 0 && !Scan(0))
-        return false;
-    mFrames = mpg123_length(mHandle.get());
+    // In files joined together the gapless information is that of the first only, and the library
+    // counts all frames by the rate of one of them.
+    mFrames = joined != 0 ? MapFrames() : mpg123_length(mHandle.get());
     return mFrames > 0;
 }
 
-/// Opens a decoder and has it look through the whole file; `gapless` is MPG123_GAPLESS or 0.
-bool Mp3Stream::Scan(long gapless) {
+/// Opens a decoder at the start of the file; `gapless` is MPG123_GAPLESS or 0.
+bool Mp3Stream::Start(long gapless) {
     mHandle.reset(mpg123_new(nullptr, nullptr));
     mpg123_handle* handle = mHandle.get();
     if (handle == nullptr || mFile.Seek(0, SEEK_SET) != 0)
@@ -58,8 +57,27 @@ bool Mp3Stream::Scan(long gapless) {
     mpg123_format2(handle, 0, MPG123_STEREO, MPG123_ENC_FLOAT_32); // 0: at any rate
     mpg123_replace_reader_handle(handle, ReadBytes, SeekBytes, nullptr);
     // A header frame's figures are not trusted: joined and truncated files still carry one.
-    return mpg123_open_handle(handle, &mFile) == MPG123_OK && FixFormat() &&
-           mpg123_scan(handle) == MPG123_OK;
+    return mpg123_open_handle(handle, &mFile) == MPG123_OK && FixFormat();
+}
+
+/// Goes through all MPEG frames of a file in which they differ; returns how many frames they last.
+std::int64_t Mp3Stream::MapFrames() {
+    if (!Start(0))
+        return 0;
+    mpg123_handle* handle = mHandle.get();
+    mMap.emplace();
+    const auto next = [handle] {
+        const int result = mpg123_framebyframe_next(handle);
+        return result == MPG123_OK || result == MPG123_NEW_FORMAT;
+    };
+    mpg123_frameinfo frame = {};
+    do { // the format was that of the first, so the decoder stands on it
+        if (mpg123_info(handle, &frame) != MPG123_OK || frame.rate <= 0)
+            break;
+        const double slower = static_cast<double>(mRate) / static_cast<double>(frame.rate);
+        mMap->Add(mpg123_spf(handle) * slower);
+    } while (next());
+    return mpg123_seek_frame(handle, 0, SEEK_SET) == 0 ? mMap->Frames() : 0;
 }
 
 /// Has the rate of the first frame kept to the end.
@@ -76,21 +94,45 @@ bool Mp3Stream::FixFormat() {
 }
 
 void Mp3Stream::SeekTo(std::int64_t frame) {
-    const off_t reached =
-        frame < mFrames ? mpg123_seek(mHandle.get(), static_cast<off_t>(frame), SEEK_SET) : -1;
-    mNext = reached < 0 ? mFrames : reached;
+    mNext = mFrames;
+    if (frame < 0 || frame >= mFrames)
+        return;
+    const std::int64_t reached =
+        mMap ? SeekByMap(frame) : mpg123_seek(mHandle.get(), frame, SEEK_SET);
+    if (reached >= 0)
+        mNext = std::min(reached, mFrames);
+}
+
+/// Goes to the MPEG frame that holds `frame` and decodes up to it; returns the frame reached, below
+/// 0 on an error.
+std::int64_t Mp3Stream::SeekByMap(std::int64_t frame) {
+    const FrameMap::Place place = mMap->At(frame);
+    if (mpg123_seek_frame(mHandle.get(), place.number, SEEK_SET) != place.number)
+        return -1;
+    std::array<Frame, 1152> passed;
+    auto left = static_cast<std::size_t>(frame - place.start);
+    std::size_t got = 1;
+    while (left > 0 && got > 0) {
+        got = Decode(std::span(passed).first(std::min(left, passed.size())));
+        left -= got;
+    }
+    return frame;
 }
 
 std::size_t Mp3Stream::Read(std::span<Frame> frames) {
-    const auto wanted = static_cast<std::size_t>(
-        std::min(static_cast<std::int64_t>(frames.size()), mFrames - mNext));
-    std::size_t bytes = 0;
-    int result = MPG123_NEW_FORMAT;
-    while (wanted > 0 && bytes == 0 && result == MPG123_NEW_FORMAT)
-        result = mpg123_read(mHandle.get(), frames.data(), wanted * sizeof(Frame), &bytes);
-    const std::size_t got = bytes / sizeof(Frame);
+    const auto left = static_cast<std::size_t>(mFrames - mNext);
+    const std::size_t got = Decode(frames.first(std::min(frames.size(), left)));
     mNext = got > 0 ? mNext + static_cast<std::int64_t>(got) : mFrames;
     return got;
+}
+
+/// Fills at most `frames` with what comes next and returns how many; 0 where there is no more.
+std::size_t Mp3Stream::Decode(std::span<Frame> frames) {
+    std::size_t bytes = 0;
+    int result = MPG123_NEW_FORMAT;
+    while (!frames.empty() && bytes == 0 && result == MPG123_NEW_FORMAT)
+        result = mpg123_read(mHandle.get(), frames.data(), frames.size_bytes(), &bytes);
+    return bytes / sizeof(Frame);
 }
 
 } // namespace audio

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "audio/Frame.h"
+#include "audio/FrameMap.h"
 #include "audio/InputFile.h"
 
 #include <cstddef>
@@ -8,6 +9,7 @@
 #include <filesystem>
 #include <memory>
 #include <mpg123.h>
+#include <optional>
 #include <span>
 #include <stop_token>
 
@@ -48,14 +50,18 @@ private:
 
     Mp3Stream() = default;
     bool Prepare();
-    bool Scan(long gapless);
+    bool Start(long gapless);
     bool FixFormat();
+    std::int64_t MapFrames();
+    std::int64_t SeekByMap(std::int64_t frame);
+    std::size_t Decode(std::span<Frame> frames);
 
     InputFile mFile;
     std::unique_ptr<mpg123_handle, Deleter> mHandle;
+    std::optional<FrameMap> mMap; // of a file whose MPEG frames differ
     int mRate = 0;
     std::int64_t mFrames = 0;
-    std::int64_t mNext = 0;
+    std::int64_t mNext = 0; // from 0 to mFrames
 };
 
 } // namespace audio

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
+#include <random>
 
 namespace {
 
@@ -83,14 +84,79 @@ TEST_P(FileKind, SoundsAsItShouldAtEachPlace) {
 INSTANTIATE_TEST_SUITE_P(All, FileKind, testing::ValuesIn(tonefile::AllKinds()),
                          [](const auto& kind) { return kind.param.name; });
 
-TEST(Mp3Stream, KeepsOneRateWhenAPartHasAnother) {
+/// Three seconds of the tone without a header frame, so that they last to the sample.
+std::string Part(int rate) {
+    return tonefile::Encode(3, {.rate = rate, .kbps = 64, .header = false});
+}
+
+constexpr int kRates[] = {48000, 44100, 32000, 24000, 22050, 16000, 12000, 11025, 8000};
+
+class JoinedTo : public testing::TestWithParam<int> {};
+
+TEST_P(JoinedTo, SongsOfEveryRateArePlayedRightAtEachPlace) {
+    constexpr double kDelay = 1105; // samples by which the encoder's tone comes late
     const TemporaryFolder folder;
-    const std::string other = tonefile::Encode(2, {.rate = 22050, .channels = 1});
-    const auto stream = Mp3Stream::Open(folder.Write("mixed.mp3", tonefile::Encode(2) + other));
-    ASSERT_TRUE(stream);
-    EXPECT_EQ(stream->Rate(), 44100);
-    ASSERT_EQ(Skip(*stream, 44100 * 27 / 10), 44100u * 27 / 10);
-    EXPECT_NEAR(sound::Pitch(Read(*stream, 4410), 44100), tonefile::Pitch(0.7), 20);
+    const std::string second = Part(GetParam());
+    const double secondLength = Mp3Stream::Open(folder.Write("b.mp3", second))->Length();
+    for (const int rate : kRates) {
+        SCOPED_TRACE(rate);
+        const std::string first = Part(rate);
+        const double firstLength = Mp3Stream::Open(folder.Write("a.mp3", first))->Length();
+        const auto stream = Mp3Stream::Open(folder.Write("joined.mp3", first + second));
+        ASSERT_TRUE(stream);
+        ASSERT_EQ(stream->Rate(), rate);
+        EXPECT_NEAR(stream->Length(), firstLength + secondLength, 0.001);
+        const auto frames = static_cast<double>(stream->Frames());
+        EXPECT_NEAR(static_cast<double>(Skip(*stream, 1'000'000)), frames, 0.001 * rate);
+        for (const double place : {2.25, 0.25, 1.75}) {
+            for (const bool inSecond : {true, false}) {
+                const double start = inSecond ? firstLength + kDelay / GetParam() : kDelay / rate;
+                stream->SeekTo(std::llround((start + place - 0.05) * rate));
+                const auto window = static_cast<std::size_t>(rate / 10);
+                const double pitch = sound::Pitch(Read(*stream, window), rate);
+                EXPECT_NEAR(pitch, tonefile::Pitch(place), 20) << place << inSecond;
+            }
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Rates, JoinedTo, testing::ValuesIn(kRates),
+                         testing::PrintToStringParamName());
+
+/// A song with ten bad sectors, missing pieces or flipped bits, by the kind of damage, 0 to 2.
+std::string Damaged(std::string song, int kind, std::mt19937& random) {
+    for (int i = 0; i < 10; ++i) {
+        const std::size_t at = random() % (song.size() - 1000);
+        if (kind == 0)
+            song.replace(at, 512, 512, '\0');
+        else if (kind == 1)
+            song.erase(at, random() % 1000);
+        else
+            song[at] = static_cast<char>(song[at] ^ (1 << random() % 8));
+    }
+    return song;
+}
+
+TEST(Mp3Stream, ADamagedSongNeverGivesMoreThanItHas) {
+    const TemporaryFolder folder;
+    std::mt19937 random(7);
+    const std::string songs[] = {Part(44100), Part(22050) + Part(8000), Part(48000) + Part(32000),
+                                 tonefile::Encode(3), tonefile::Encode(3, {.variable = true})};
+    for (int i = 0; i < 500; ++i) {
+        SCOPED_TRACE(i);
+        const std::string song = Damaged(songs[i % 5], i % 3, random);
+        const auto stream = Mp3Stream::Open(folder.Write("damaged.mp3", song));
+        if (!stream)
+            continue;
+        const auto frames = static_cast<std::size_t>(stream->Frames());
+        for (int turn = 0; turn < 10; ++turn) {
+            const std::size_t place = random() % frames;
+            stream->SeekTo(static_cast<std::int64_t>(place));
+            Read(*stream, 5000);
+        }
+        stream->SeekTo(0);
+        EXPECT_LE(Skip(*stream, frames + 100'000), frames);
+    }
 }
 
 } // namespace
