@@ -7,8 +7,12 @@
 #ifdef Q_OS_UNIX
 #include "platform/RegularFile.h"
 
+#include <atomic>
+#include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <string>
+#include <string_view>
 #include <utility>
 #else
 #include <QFile>
@@ -62,11 +66,13 @@ std::error_code FollowLinks(fs::path& file) {
 class TemporaryFile {
 public:
     explicit TemporaryFile(const fs::path& folder) {
-        static unsigned number = 0;
+        RemoveLeft(folder);
+        static std::atomic<unsigned> number = 0;
         do {
             // Not made from the final name, which may be as long as names can be.
-            mPath = folder / (".songrush-" + std::to_string(getpid()) + "-" +
-                              std::to_string(++number) + ".tmp");
+            std::string name(kStart);
+            name.append(std::to_string(getpid()) + '-' + std::to_string(++number)).append(kEnd);
+            mPath = folder / name;
             mHandle = open(mPath.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
         } while (mHandle < 0 && errno == EEXIST);
         if (mHandle < 0)
@@ -99,6 +105,25 @@ public:
     }
 
 private:
+    static constexpr std::string_view kStart = ".songrush-";
+    static constexpr std::string_view kEnd = ".tmp";
+
+    /// Deletes what processes that were killed have left behind.
+    static void RemoveLeft(const fs::path& folder) {
+        std::error_code error;
+        for (fs::directory_iterator entry(folder.empty() ? "." : folder, error), end;
+             !error && entry != end; entry.increment(error)) {
+            const std::string name = entry->path().filename().string();
+            if (name.starts_with(kStart) && name.ends_with(kEnd) &&
+                !IsRunning(std::atoi(name.c_str() + kStart.size())))
+                unlink(entry->path().c_str());
+        }
+    }
+
+    static bool IsRunning(pid_t process) {
+        return process > 0 && (kill(process, 0) == 0 || errno != ESRCH);
+    }
+
     fs::path mPath;
     int mHandle = -1;
     bool mRenamed = false;
@@ -157,6 +182,14 @@ std::error_code ReplaceTail(const fs::path& file, std::size_t replaced, QByteArr
     [[maybe_unused]] const bool shortened = ftruncate(opened.Handle(), opened.Size()) == 0;
     WriteAt(opened.Handle(), offset, old);
     return error;
+}
+
+std::error_code AppendToFile(const fs::path& file, QByteArrayView bytes) {
+    const RegularFile opened(AT_FDCWD, file.c_str(), O_WRONLY | O_CREAT);
+    if (opened.Error())
+        return opened.Error();
+    return WriteAt(opened.Handle(), opened.Size(), bytes) ? std::error_code()
+                                                          : RegularFile::LastError();
 }
 
 std::error_code ReplaceFile(const fs::path& file, QByteArrayView bytes) {
@@ -278,6 +311,16 @@ std::error_code ReplaceTail(const fs::path& file, std::size_t replaced, QByteArr
     WriteAt(opened, offset, old);
     opened.resize(size);
     return IoError();
+}
+
+std::error_code AppendToFile(const fs::path& file, QByteArrayView bytes) {
+    QFile opened(TextFromPath(file));
+    const std::error_code old = CheckRegular(opened.fileName());
+    if (old && old != std::errc::no_such_file_or_directory)
+        return old;
+    if (!opened.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered))
+        return make_error_code(std::errc::permission_denied);
+    return opened.write(bytes.data(), bytes.size()) == bytes.size() ? std::error_code() : IoError();
 }
 
 std::error_code ReplaceFile(const fs::path& file, QByteArrayView bytes) {

@@ -23,9 +23,13 @@ bool ReadTail(const std::filesystem::path& file, std::span<char> tail);
 std::error_code ReplaceTail(const std::filesystem::path& file, std::size_t replaced,
                             QByteArrayView bytes);
 
+/// Writes `bytes` after what the file holds; a file that does not exist is made.
+std::error_code AppendToFile(const std::filesystem::path& file, QByteArrayView bytes);
+
 /// Makes `bytes` the file's whole contents, whether or not it exists, also when it is read-only;
 /// of a symbolic link, those of the file it leads to. The contents are on the disk before they
-/// replace the old ones in one step; on error the old file is as it was.
+/// replace the old ones in one step; on error the old file is as it was. What earlier writings into
+/// the folder have left, because the program was killed, is deleted.
 std::error_code ReplaceFile(const std::filesystem::path& file, QByteArrayView bytes);
 
 /// Makes what was written to a file, or what was renamed in a folder, last through a power cut,

@@ -16,7 +16,7 @@ public:
     /// Opens `name` as seen from the folder handle `folder` (AT_FDCWD: the current folder).
     /// Whatever is no regular file, a pipe for one, is refused without waiting for it; see `Error`.
     RegularFile(int folder, const char* name, int flags)
-        : mHandle(openat(folder, name, flags | O_NONBLOCK | O_NOCTTY | O_CLOEXEC)) {
+        : mHandle(openat(folder, name, flags | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, 0666)) {
         if (mHandle < 0 || fstat(mHandle, &mStatus) != 0)
             mError = LastError();
         else if (!S_ISREG(mStatus.st_mode))

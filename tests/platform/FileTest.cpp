@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 #include <string>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace {
 
@@ -51,6 +53,20 @@ TEST(ReplaceFileTest, AReadOnlyFileIsReplacedAndKeepsItsOtherPermissions) {
     EXPECT_EQ(BytesOf(file), "new");
     EXPECT_EQ(fs::status(file).permissions(),
               fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+}
+
+TEST(ReplaceFileTest, WhatAKilledWritingLeftGoesAndWhatIsBeingWrittenStays) {
+    const TemporaryFolder folder;
+    const pid_t gone = fork();
+    if (gone == 0)
+        _exit(0);
+    waitpid(gone, nullptr, 0);
+    const fs::path left = folder.Write(".songrush-" + std::to_string(gone) + "-1.tmp", "half");
+    const fs::path written = folder.Write(".songrush-" + std::to_string(getppid()) + "-1.tmp", "");
+    EXPECT_FALSE(platform::ReplaceFile(folder.Path() / "list", "new"));
+    EXPECT_FALSE(fs::exists(left));
+    EXPECT_TRUE(fs::exists(written));
+    EXPECT_EQ(folder.Entries(), 2);
 }
 
 TEST(ReplaceFileTest, LinksStayAndWhatTheyLeadToIsReplaced) {
