@@ -52,11 +52,12 @@ std::vector<fs::path> ChosenFiles(const QString& answer) {
     return files;
 }
 
-/// The songs of a playlist, which is closed again. Relative paths are made absolute, for the
-/// current folder changes with every dialog.
+/// The songs of a playlist; what cannot be read is told and has none. Relative paths are made
+/// absolute, for the current folder changes with every dialog.
 std::vector<fs::path> SongsOf(const fs::path& file) {
     c_M3U playlist;
-    playlist.ReadFile(file);
+    if (const std::error_code error = playlist.ReadFile(file))
+        Tell(c_M3U::ReadFailure(file, error));
     std::vector<fs::path> songs;
     std::error_code ignored;
     for (int song = 0; song < playlist.Count(); ++song)

@@ -5,6 +5,8 @@
 #include "game/Scoring.h"
 #include "game/c_hMulti.h"
 #include "game/f_Multi.h"
+#include "library/SongCycle.h"
+#include "library/SongTitle.h"
 #include "platform/Chance.h"
 #include "platform/Message.h"
 #include "platform/Time.h"
@@ -48,14 +50,8 @@ void c_gMulti::CreateButtons() {
 
 void c_gMulti::Run() {
     mScores.assign(static_cast<std::size_t>(mPlayers), 0);
-    if (!LoadPlaylist())
-        return;
-    mList->RandomizeList();
-    for (mRound = 1; mRound <= kRounds; ++mRound)
-        for (mPlayer = 1; mPlayer <= mPlayers; ++mPlayer)
-            if (!PlayQuestion())
-                return;
-    ShowResults();
+    if (LoadPlaylist() && PlayRounds())
+        ShowResults();
 }
 
 bool c_gMulti::LoadPlaylist() {
@@ -67,12 +63,15 @@ bool c_gMulti::LoadPlaylist() {
         source->LoadingDone();
         return false;
     }
-    mList = std::make_unique<c_M3U>();
-    if (!path.empty())
-        mList->ReadFile(path);
-    source->LoadingDone();
     if (path.empty()) {
+        source->LoadingDone();
         platform::ShowMessage(QStringLiteral("Songrush requires a playlist to play."));
+        return false;
+    }
+    mList = std::make_unique<library::SongCycle>(path);
+    source->LoadingDone();
+    if (mList->Error()) {
+        platform::ShowMessage(c_M3U::ReadFailure(path, mList->Error()));
         return false;
     }
     if (mList->Count() < kFewestSongs) {
@@ -82,8 +81,31 @@ bool c_gMulti::LoadPlaylist() {
     return true;
 }
 
+/// Returns whether there are results to be shown.
+bool c_gMulti::PlayRounds() {
+    mList->Begin();
+    for (mRound = 1; mRound <= kRounds; ++mRound) {
+        for (mPlayer = 1; mPlayer <= mPlayers; ++mPlayer) {
+            if (!PrepareSong())
+                return !mQuit && TellNoSongLeft();
+            if (!PlayQuestion())
+                return false;
+        }
+    }
+    return true;
+}
+
+/// Returns whether a question was played before.
+bool c_gMulti::TellNoSongLeft() {
+    const bool first = mRound == 1 && mPlayer == 1;
+    platform::ShowMessage(
+        first ? QStringLiteral("None of the songs in this playlist can be played.")
+              : QStringLiteral("None of the songs in this playlist can be played any more."));
+    return !first;
+}
+
 bool c_gMulti::PlayQuestion() {
-    if (!PrepareSong() || !TakeBet())
+    if (!TakeBet())
         return false;
     AskTitle();
     const int choice = WaitForChoice();
@@ -105,26 +127,24 @@ bool c_gMulti::PlayQuestion() {
 bool c_gMulti::PrepareSong() {
     Board().ClearBackground();
     Board().SetFontSize(24);
-    if (!OpenNextSong()) {
-        if (!mQuit)
-            platform::ShowMessage(
-                QStringLiteral("None of the songs in this playlist can be played."));
+    if (!OpenNextSong())
         return false;
-    }
     StartAtRandomPoint();
     ShowChoices(false);
     return true;
 }
 
 bool c_gMulti::OpenNextSong() {
-    for (int tries = mList->Count(); tries > 0 && !mQuit; --tries) {
-        mSong = mList->NextUnplayed();
-        if (Audio().OpenFile(mSong) == 1)
-            return true;
+    using Attempt = library::SongCycle::Attempt;
+    const auto song = mList->Next([this](const std::filesystem::path& path) {
+        if (Audio().OpenFile(path) == 1)
+            return Attempt::Opened;
         platform::PumpEventsNowAndThen();
         mQuit = mQuit || platform::Quitting();
-    }
-    return false;
+        return mQuit ? Attempt::GivenUp : Attempt::Failed;
+    });
+    mSong = song.value_or(std::filesystem::path());
+    return song.has_value();
 }
 
 void c_gMulti::StartAtRandomPoint() {
@@ -172,14 +192,14 @@ void c_gMulti::BuildChoices() {
     for (std::size_t i = 0; i < captions.size(); ++i)
         captions[i] = TitleOf(mList->FileName(drawn.candidates[i]));
     mCorrectSlot = drawn.correctSlot;
-    captions[static_cast<std::size_t>(mCorrectSlot)] = TitleOf(mSong);
+    mTitle = TitleOf(mSong);
+    captions[static_cast<std::size_t>(mCorrectSlot)] = mTitle;
     SetChoiceCaptions(captions);
 }
 
 QString c_gMulti::TitleOf(const std::filesystem::path& song) {
     mTag.GetIdTag(song);
-    const QString title = mTag.Title();
-    return title.trimmed().isEmpty() ? c_ID3::TitleFromFileName(song) : title;
+    return library::SongTitle(mTag, song);
 }
 
 void c_gMulti::SetChoiceCaptions(const std::array<QString, 4>& captions) {
@@ -257,7 +277,7 @@ void c_gMulti::DrawWrong() {
         Addressed(QStringLiteral("You are Wrong!"), QStringLiteral("Player %1 is Wrong!")), 200,
         kWhite);
     Board().WriteCentered(QStringLiteral("The Correct Answer Is:"), 280, Rgb(250, 250, 250));
-    Board().WriteCentered(TitleOf(mSong), 360, Rgb(60, 230, 60));
+    Board().WriteCentered(mTitle, 360, Rgb(60, 230, 60));
 }
 
 void c_gMulti::DrawWrongStorm() {

@@ -2,7 +2,6 @@
 
 #include "game/SongSource.h"
 #include "library/c_ID3.h"
-#include "library/c_M3U.h"
 #include "toolkit/Screen.h"
 
 #include <QObject>
@@ -10,6 +9,10 @@
 #include <cstdint>
 #include <memory>
 #include <vector>
+
+namespace library {
+class SongCycle;
+}
 
 class c_hMulti;
 class f_High;
@@ -83,9 +86,11 @@ private:
 
     void CreateButtons();
     bool LoadPlaylist();
+    bool PlayRounds();
+    bool TellNoSongLeft();
     bool PlayQuestion();
-    bool OpenNextSong();
     bool PrepareSong();
+    bool OpenNextSong();
     void StartAtRandomPoint();
     void BuildChoices();
     void AskTitle();
@@ -106,9 +111,10 @@ private:
     int mRound = 0;
     int mPlayer = 0;
     std::vector<std::int32_t> mScores;
-    std::unique_ptr<c_M3U> mList;
+    std::unique_ptr<library::SongCycle> mList;
     c_ID3 mTag;
     std::filesystem::path mSong;
+    QString mTitle; ///< of the song, as it stood among the choices
     int mCorrectSlot = 0;
     int mAnswer = 0;
     bool mQuit = false;

@@ -13,8 +13,10 @@ namespace library {
 namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
+constexpr std::string_view kHeader = "#EXTM3U\r\n";
 constexpr std::string_view kMarkTag = "#Songrush:";
 constexpr std::string_view kLengthTag = " bytes=";
+constexpr std::string_view kTextControls = "\t\n\r\x1A"; // the last ended files once
 
 std::string_view Trimmed(std::string_view text) {
     while (text.starts_with(' '))
@@ -103,7 +105,19 @@ std::optional<std::string_view> PlaylistReader::TakeMeasuredPath(std::string_vie
     return path;
 }
 
-void AppendHeader(std::string& file) { (file += "#EXTM3U") += kLineEnd; }
+bool IsPlaylistText(std::string_view bytes) {
+    if (bytes.find('\0') != std::string_view::npos)
+        return false;
+    // The paths of the program's own lists may hold any other byte.
+    if (bytes.starts_with(kHeader) && bytes.substr(kHeader.size()).starts_with(kMarkTag))
+        return true;
+    return std::none_of(bytes.begin(), bytes.end(), [](char c) {
+        return static_cast<unsigned char>(c) < ' ' &&
+               kTextControls.find(c) == std::string_view::npos;
+    });
+}
+
+void AppendHeader(std::string& file) { file += kHeader; }
 
 void AppendEntry(std::string& file, const PlaylistEntry& entry) {
     file += kMarkTag;

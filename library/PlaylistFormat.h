@@ -32,6 +32,9 @@ private:
     std::string_view mRest;
 };
 
+/// Whether the bytes of a file are text that may be a playlist.
+bool IsPlaylistText(std::string_view bytes);
+
 /// Appends what opens a playlist file.
 void AppendHeader(std::string& file);
 

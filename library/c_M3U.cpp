@@ -21,12 +21,11 @@ std::string_view ViewOf(const QByteArray& bytes) {
     return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
 }
 
+QString Reason(std::error_code error) { return QString::fromLocal8Bit(error.message().c_str()); }
+
 } // namespace
 
-c_M3U::~c_M3U() {
-    if (!mFileName.empty())
-        WriteFile(mFileName);
-}
+c_M3U::~c_M3U() { WriteBack(); }
 
 void c_M3U::Add(const std::filesystem::path& song) {
     const std::string bytes = song.string();
@@ -46,9 +45,9 @@ std::filesystem::path c_M3U::FileName(int index) const {
     return std::filesystem::path(Bytes(static_cast<std::size_t>(index)));
 }
 
-std::filesystem::path c_M3U::NextUnplayed() {
+int c_M3U::TakeUnplayed() {
     if (Count() == 0)
-        return {};
+        return -1;
     while (true) {
         if (mCursor > Count() - 1) {
             qCDebug(Log) << "All Played, reseting..";
@@ -61,7 +60,7 @@ std::filesystem::path c_M3U::NextUnplayed() {
             std::int16_t& played = mPlayed[static_cast<std::size_t>(song)];
             if (played == 0) {
                 played = 1;
-                return FileName(song);
+                return song;
             }
         }
         mCursor = Count();
@@ -86,7 +85,17 @@ void c_M3U::ClearAllPlayed() {
     std::fill(mPlayed.begin(), mPlayed.end(), std::int16_t{0});
 }
 
-void c_M3U::ReadFile(const std::filesystem::path& file) {
+void c_M3U::SetMarks(const std::vector<std::int16_t>& marks) {
+    mPlayedUpTo = 0;
+    mPlayed = marks;
+}
+
+void c_M3U::SetPlayed(int index, std::int16_t mark) {
+    mPlayedUpTo = 0;
+    mPlayed.at(static_cast<std::size_t>(index)) = mark;
+}
+
+std::error_code c_M3U::ReadFile(const std::filesystem::path& file) {
     qCDebug(Log) << "Reading M3u";
     mFileName = file;
     mFiles.clear();
@@ -96,9 +105,13 @@ void c_M3U::ReadFile(const std::filesystem::path& file) {
     std::error_code error = platform::ReadWholeFile(file, mText);
     if (error == std::errc::no_such_file_or_directory)
         error = platform::ReplaceFile(file, {});
+    if (!error && !library::IsPlaylistText(ViewOf(mText)))
+        error = make_error_code(std::errc::illegal_byte_sequence);
     if (error) {
         qCDebug(Log) << "M3u Read Error";
-        return;
+        mText.clear();
+        mPlayedInFile.clear();
+        return error;
     }
     library::PlaylistReader reader(ViewOf(mText));
     while (const auto entry = reader.Next()) {
@@ -106,8 +119,31 @@ void c_M3U::ReadFile(const std::filesystem::path& file) {
         mFiles.push_back({begin, entry->path.size()});
         mPlayed.push_back(entry->played);
     }
+    mTextRead = mText.size();
+    mPlayedInFile = mPlayed;
     mOrder.assign(mFiles.size(), 0);
     qCDebug(Log) << "M3u Read";
+    return {};
+}
+
+QString c_M3U::ReadFailure(const std::filesystem::path& file, std::error_code error) {
+    const QString name = platform::ShownText(file.filename());
+    if (error == std::errc::illegal_byte_sequence)
+        return QStringLiteral("%1 is not a playlist.").arg(name);
+    return QStringLiteral("%1 cannot be read:\n%2").arg(name, Reason(error));
+}
+
+bool c_M3U::WriteBack() {
+    const std::filesystem::path file = std::exchange(mFileName, {});
+    if (file.empty() || mPlayed == mPlayedInFile)
+        return !file.empty();
+    return FileUnchanged(file) && WriteFile(file);
+}
+
+/// Whether a file holds what was read, so that nothing that others wrote meanwhile is lost.
+bool c_M3U::FileUnchanged(const std::filesystem::path& file) const {
+    QByteArray now;
+    return !platform::ReadWholeFile(file, now) && now == QByteArrayView(mText).first(mTextRead);
 }
 
 bool c_M3U::WriteFile(const std::filesystem::path& file) const {
@@ -122,8 +158,7 @@ bool c_M3U::WriteFile(const std::filesystem::path& file) const {
     const std::error_code error = platform::ReplaceFile(file, bytes);
     if (!error)
         return true;
-    const QString reason = QString::fromLocal8Bit(error.message().c_str());
     platform::ShowMessage(QStringLiteral("Error Writing Playlist file:%1:\n%2")
-                              .arg(platform::ShownText(file), reason));
+                              .arg(platform::ShownText(file), Reason(error)));
     return false;
 }

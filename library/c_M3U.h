@@ -1,14 +1,16 @@
 #pragma once
 
 #include <QByteArray>
+#include <QString>
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <string_view>
+#include <system_error>
 #include <vector>
 
 /// A playlist with a played mark for each song, so that no song comes back before all were played.
-/// The marks are kept in the playlist file: a list that was read writes itself back when it goes.
+/// The marks are kept in the playlist file: a list that was read writes them back when it goes.
 class c_M3U {
 public:
     c_M3U() = default;
@@ -30,17 +32,37 @@ public:
 
     /// The next song to play, which is thereby played. When all are, a new cycle begins in a new
     /// order. Empty for an empty list. Needs a `RandomizeList` after reading or adding.
-    std::filesystem::path NextUnplayed();
+    std::filesystem::path NextUnplayed() { return FileName(TakeUnplayed()); }
+
+    /// As `NextUnplayed`, by index; -1 for an empty list.
+    int TakeUnplayed();
 
     /// Makes a new random play order from the clock's seed. The marks stay.
     void RandomizeList();
 
     void ClearAllPlayed();
 
+    /// The played marks in list order, 0 for songs not played.
+    const std::vector<std::int16_t>& Marks() const { return mPlayed; }
+
+    /// Sets all marks; as many as there are songs.
+    void SetMarks(const std::vector<std::int16_t>& marks);
+
+    /// Sets the mark of the song at `index`, which there is.
+    void SetPlayed(int index, std::int16_t mark);
+
     /// Replaces the list by the file's contents and makes that file the one to write back to. A
-    /// file that does not exist is created empty. Errors are silent and leave an empty list, which
-    /// is never written back.
-    void ReadFile(const std::filesystem::path& file);
+    /// file that does not exist is created empty. An error, `illegal_byte_sequence` for what is no
+    /// text, leaves an empty list, which is never written back.
+    std::error_code ReadFile(const std::filesystem::path& file);
+
+    /// What to tell the player about an error of `ReadFile`.
+    static QString ReadFailure(const std::filesystem::path& file, std::error_code error);
+
+    /// Writes the list to the file that it was read from, if marks have changed and the file still
+    /// holds what was read. Done once, by whoever asks first or when the list goes. Returns whether
+    /// the file has the marks now.
+    bool WriteBack();
 
     /// Writes the list, replacing the file also when it is read-only. An empty list leaves it
     /// alone. An error is told in a message box and leaves the old file as it was; then the answer
@@ -55,10 +77,13 @@ private:
     };
 
     std::string_view Bytes(std::size_t index) const;
+    bool FileUnchanged(const std::filesystem::path& file) const;
 
-    QByteArray mText; ///< holds the bytes of all songs' paths
+    QByteArray mText; ///< the file's bytes as read and those of songs added, with all paths
+    qsizetype mTextRead = 0;
     std::vector<Slice> mFiles;
     std::vector<std::int16_t> mPlayed;
+    std::vector<std::int16_t> mPlayedInFile;
     std::vector<std::int32_t> mOrder;
     std::int32_t mCursor = 0;
     std::int32_t mPlayedUpTo = 0; ///< the songs at all places of `mOrder` before this are played

@@ -271,17 +271,23 @@ TEST_F(GameTest, TheCloseButtonEndsTheGameAtAnyMomentWithoutHighScores) {
 }
 
 TEST_F(GameTest, AGameIsRefusedWithoutEnoughSongs) {
-    const auto nine = mFolder.MakePlaylist(mFolder.MakeSongs(9));
+    const auto songs = mFolder.MakeSongs(9);
+    const auto nine = mFolder.MakePlaylist(songs);
     const std::map<std::string, QString> cases = {
         {"", "Songrush requires a playlist to play."},
-        {nine.string(), "Songrush Requires atleast 10 songs in a playlist."}};
+        {nine.string(), "Songrush Requires atleast 10 songs in a playlist."},
+        {songs[0].string(), "song1.mp3 is not a playlist."},
+        {(mFolder.Path() / "Music").string(), "Music cannot be read:\nInvalid argument"}};
     for (const auto& [path, message] : cases) {
+        const std::string bytes = fs::is_regular_file(path) ? BytesOf(path) : "";
         mPlaylist = path;
         auto game = NewGame<c_gMulti>(1);
         Robot robot([] {});
         game->Run();
         EXPECT_EQ(robot.Messages(), QStringList(message));
         EXPECT_FALSE(game->ExitProgram());
+        game.reset();
+        EXPECT_EQ(fs::is_regular_file(path) ? BytesOf(path) : "", bytes) << path;
     }
     mSourceExits = true;
     auto game = NewGame<c_gMulti>(1);
@@ -318,6 +324,50 @@ TEST_F(GameTest, SongsThatCannotBeOpenedArePassedOver) {
     game->Run();
     EXPECT_EQ(robot.Messages(), QStringList("None of the songs in this playlist can be played."));
     EXPECT_FALSE(board.isVisible());
+}
+
+TEST_F(GameTest, WhenTheSongsAreGoneTheGameGoesToItsScores) {
+    StopTime();
+    auto game = NewGame<c_gMulti>(1);
+    bool scoresSeen = false;
+    int answered = 0;
+    Robot robot([&] {
+        if (answered == 2)
+            fs::remove_all(mFolder.Path() / "Music");
+        scoresSeen = scoresSeen || scores.isVisible();
+        if (!GoOn() && Choice(true) != nullptr) {
+            ClickOn(Choice(true));
+            ++answered;
+        }
+    });
+    game->Run();
+    EXPECT_EQ(robot.Messages(),
+              QStringList("None of the songs in this playlist can be played any more."));
+    EXPECT_TRUE(scoresSeen);
+    EXPECT_EQ(Table("H1.dat").Score(0), QString::number(2 * 120000));
+    game.reset();
+    EXPECT_EQ(MarksInFile(), 2);
+}
+
+TEST_F(GameTest, ASongThatVanishesIsAnsweredWithTheTitleThatWasToBeChosen) {
+    auto game = NewGame<c_gMulti>(1);
+    QString title;
+    Robot robot([&] {
+        if (board.pCont->isVisible()) {
+            const auto labels = board.findChildren<QLabel*>();
+            EXPECT_TRUE(std::any_of(labels.begin(), labels.end(),
+                                    [&](auto* label) { return label->text() == title; }));
+            ClickOn(board.pX);
+        } else if (Choice(true) != nullptr) {
+            title = Choice(true)->accessibleName();
+            fs::remove_all(mFolder.Path() / "Music");
+            ClickOn(Choice(false));
+        } else {
+            GoOn();
+        }
+    });
+    game->Run();
+    EXPECT_FALSE(title.isEmpty());
 }
 
 TEST_F(GameTest, ScoresThatCannotBeWrittenAreToldOnceAndTheGameEndsWell) {

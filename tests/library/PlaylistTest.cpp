@@ -41,7 +41,7 @@ std::set<std::string> AsSet(const Songs& songs) { return {songs.begin(), songs.e
 TEST_F(PlaylistTest, EveryKindOfLineIsReadAndWrittenBack) {
     const struct {
         std::string read;
-        std::string written; // after the header, when the list is released
+        std::string written; // after the header, by a list that has read it
     } cases[] = {
         {"#EXTM3U\r\n#Songrush:1\r\n/a b\r\n#Songrush:0\r\n/c\r\n",
          "#Songrush:1\r\n/a b\r\n#Songrush:0\r\n/c\r\n"},
@@ -67,7 +67,9 @@ TEST_F(PlaylistTest, EveryKindOfLineIsReadAndWrittenBack) {
     };
     for (const auto& [read, written] : cases) {
         const fs::path file = mFolder.Write("list.m3u", read);
-        c_M3U().ReadFile(file);
+        c_M3U list;
+        list.ReadFile(file);
+        list.WriteFile(file);
         EXPECT_EQ(BytesOf(file), "#EXTM3U\r\n" + written) << read;
     }
 }
@@ -82,7 +84,6 @@ TEST_F(PlaylistTest, EveryPathComesBackByteForByte) {
     const fs::path file = mFolder.Path() / "list.m3u";
     list.WriteFile(file);
     EXPECT_EQ(SongsIn(file), songs);
-    EXPECT_EQ(SongsIn(file), songs) << "written back by the first reading";
 }
 
 TEST_F(PlaylistTest, TheClockDecidesTheOrder) {
