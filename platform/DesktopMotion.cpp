@@ -1,5 +1,6 @@
 #include "platform/DesktopMotion.h"
 
+#include "platform/Settings.h"
 #include "platform/Text.h"
 
 #include <QDBusConnection>
@@ -7,7 +8,6 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QFileInfo>
-#include <QSettings>
 #include <QStandardPaths>
 #include <QStringList>
 #include <utility>
@@ -44,8 +44,7 @@ std::optional<double> Number(const QVariant& value) {
 }
 
 bool InFile(const std::filesystem::path& file, const char* key, double reduced) {
-    const QSettings settings(TextFromPath(file), QSettings::IniFormat);
-    return Number(settings.value(QLatin1String(key))) == reduced;
+    return Number(ReadStored(file, QLatin1String(key))) == reduced;
 }
 
 std::filesystem::path ConfigurationFolder() {

@@ -1,16 +1,29 @@
 #include "platform/Settings.h"
 
+#include "platform/Text.h"
+
 #include <QByteArray>
+#include <QFileInfo>
 #include <QSettings>
-#include <QVariant>
+#include <QStandardPaths>
 
 namespace platform {
 
 namespace {
 
+QString StoreOf(const QString& application) {
+    return QStringLiteral("%1/Songrush/%2.conf")
+        .arg(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation), application);
+}
+
+/// Qt would wait for ever for what is no regular file, a pipe for one.
+bool Usable(const QString& file) {
+    const QFileInfo info(file);
+    return !info.exists() || info.isFile();
+}
+
 QVariant Read(const QString& application, const QString& section, const QString& key) {
-    const QSettings store(QStringLiteral("Songrush"), application);
-    return store.value(section + QLatin1Char('/') + key);
+    return ReadStored(PathFromText(StoreOf(application)), section + QLatin1Char('/') + key);
 }
 
 void Write(const QString& application, const QString& section, const QString& key,
@@ -18,11 +31,17 @@ void Write(const QString& application, const QString& section, const QString& ke
     // Writing flushes a file to the disk, which is worth avoiding at every start.
     if (Read(application, section, key) == value)
         return;
-    QSettings store(QStringLiteral("Songrush"), application);
-    store.setValue(section + QLatin1Char('/') + key, value);
+    const QString file = StoreOf(application);
+    if (Usable(file))
+        QSettings(file, QSettings::IniFormat).setValue(section + QLatin1Char('/') + key, value);
 }
 
 } // namespace
+
+QVariant ReadStored(const std::filesystem::path& file, const QString& key) {
+    const QString name = TextFromPath(file);
+    return Usable(name) ? QSettings(name, QSettings::IniFormat).value(key) : QVariant();
+}
 
 QString ReadSetting(const QString& application, const QString& section, const QString& key,
                     const QString& fallback) {

@@ -54,9 +54,10 @@ public:
         });
         for (const int number : {SIGTERM, SIGINT, SIGHUP})
             std::signal(number, SignalHandler);
+        std::signal(SIGXFSZ, SIG_IGN); // the write that goes beyond the limit fails
     }
     ~SignalWatch() {
-        for (const int number : {SIGTERM, SIGINT, SIGHUP})
+        for (const int number : {SIGTERM, SIGINT, SIGHUP, SIGXFSZ})
             std::signal(number, SIG_DFL);
         mNotifier.reset();
         for (int& end : gSignalPipe) {

@@ -1,25 +1,23 @@
 #pragma once
 
-#include <csignal>
+#include "platform/Wait.h"
+
 #include <sys/resource.h>
 
 /// While it lives, no file of the process grows beyond `size` bytes: as on a full disk, a write
 /// that reaches the limit is cut short and the next one fails.
 class FileSizeLimit {
 public:
-    explicit FileSizeLimit(rlim_t size) : mHandler(std::signal(SIGXFSZ, SIG_IGN)) {
+    explicit FileSizeLimit(rlim_t size) {
         getrlimit(RLIMIT_FSIZE, &mOld);
         const rlimit limit{size, mOld.rlim_max};
         setrlimit(RLIMIT_FSIZE, &limit);
     }
-    ~FileSizeLimit() {
-        setrlimit(RLIMIT_FSIZE, &mOld);
-        std::signal(SIGXFSZ, mHandler);
-    }
+    ~FileSizeLimit() { setrlimit(RLIMIT_FSIZE, &mOld); }
     FileSizeLimit(const FileSizeLimit&) = delete;
     FileSizeLimit& operator=(const FileSizeLimit&) = delete;
 
 private:
-    void (*mHandler)(int);
+    const platform::QuitWatch mWatch; // as in the program, a limit is no reason to die
     rlimit mOld{};
 };

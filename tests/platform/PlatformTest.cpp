@@ -4,13 +4,16 @@
 #include "platform/Wait.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <csignal>
 #include <cstddef>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -33,6 +36,14 @@ TEST(Settings, PathsAndTextsComeBackFromDiskAsTheyWere) {
         EXPECT_EQ(platform::ReadPathSetting(app, section, "Path", "none"), path);
         EXPECT_EQ(platform::ReadSetting(app, section, "Text", QString()), "@1, \u00E4 ");
     }
+}
+
+TEST(Settings, AStoreThatIsNoFileHasNothingAndIsNeverWaitedFor) {
+    const QString store = QSettings("Songrush", "Pipe").fileName();
+    QDir().mkpath(QFileInfo(store).path());
+    ASSERT_EQ(mkfifo(QFile::encodeName(store), 0600), 0);
+    platform::WriteSetting("Pipe", "Dirs", "Text", "new");
+    EXPECT_EQ(platform::ReadSetting("Pipe", "Dirs", "Text", "none"), "none");
 }
 
 TEST(Chance, EndValuesGetHalfTheRangeOfTheOthers) {
