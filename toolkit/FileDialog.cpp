@@ -1,6 +1,7 @@
 #include "toolkit/FileDialog.h"
 
 #include "platform/Message.h"
+#include "toolkit/OddNames.h"
 
 #include <QDir>
 #include <QEvent>
@@ -18,9 +19,13 @@ FileDialog::FileDialog(QWidget* owner, const QString& title, const QString& fold
 }
 
 QStringList FileDialog::Choose() {
+    if (acceptMode() == AcceptOpen)
+        mOddNames = new OddNames(*this);
     platform::PlaceDialog(*this);
     if (exec() != Accepted)
         return {};
+    if (OddNameChosen())
+        return {mOddNames->Chosen()};
     QStringList paths = selectedFiles();
     for (QString& path : paths)
         path = QDir::toNativeSeparators(QDir::cleanPath(path));
@@ -35,8 +40,14 @@ bool FileDialog::event(QEvent* event) {
 }
 
 void FileDialog::accept() {
-    if (MayBeChosen())
+    if (OddNameChosen())
+        done(Accepted); // the name would not pass Qt's own tests
+    else if (MayBeChosen())
         QFileDialog::accept();
+}
+
+bool FileDialog::OddNameChosen() const {
+    return mOddNames != nullptr && !mOddNames->Chosen().isEmpty();
 }
 
 } // namespace toolkit

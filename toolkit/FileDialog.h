@@ -4,6 +4,8 @@
 
 namespace toolkit {
 
+class OddNames;
+
 /// Qt's own file dialog, for a name that is chosen or typed.
 class FileDialog : public QFileDialog {
 public:
@@ -20,6 +22,11 @@ protected:
 
     /// Whether the dialog may close with what is chosen now.
     virtual bool MayBeChosen() const { return true; }
+
+private:
+    bool OddNameChosen() const;
+
+    OddNames* mOddNames = nullptr; // in dialogs to open something, from `Choose` on
 };
 
 } // namespace toolkit

@@ -13,12 +13,14 @@
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QListView>
+#include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <filesystem>
+#include <fstream>
 #include <functional>
 #include <gtest/gtest.h>
 
@@ -144,6 +146,31 @@ TEST_F(DialogTest, OneFileComesAsItsPath) {
         });
         EXPECT_EQ(Open(multiple).trimmed(), multiple ? platform::EscapeSeparators(path) : path);
     }
+}
+
+TEST_F(DialogTest, NamesThatAreNoValidTextAreOfferedToo) {
+    const std::string file = "caf\xE9.m3u";
+    const std::string folder = "m\xFCsik";
+    std::ofstream(fs::current_path() / file) << "list";
+    std::ofstream(fs::current_path() / "caf\xE9.txt") << "no list";
+    fs::create_directory(folder);
+    const auto choose = [](const QString& name) {
+        return [name](QFileDialog& dialog) {
+            auto* odd = dialog.findChild<QListWidget*>(QStringLiteral("OddNames"));
+            ASSERT_EQ(odd->count(), 1);
+            EXPECT_EQ(odd->item(0)->text(), name);
+            QTest::mouseClick(odd->viewport(), Qt::LeftButton, {},
+                              odd->visualItemRect(odd->item(0)).center());
+            Press(dialog, QDialogButtonBox::Open);
+        };
+    };
+    OnNext<QFileDialog>(choose(QStringLiteral("café.m3u")));
+    const QString chosen = cDialog::GetOpenName("Load", "Lists", "*.m3u", QString(), false);
+    EXPECT_EQ(platform::PathFromText(chosen), fs::current_path() / file);
+    OnNext<QFileDialog>(choose(QStringLiteral("müsik")));
+    QWidget owner;
+    const QString browsed = toolkit::BrowseForFolder(&owner, "Add", fs::current_path());
+    EXPECT_EQ(platform::PathFromText(browsed), fs::current_path() / folder);
 }
 
 TEST_F(DialogTest, ACancelledOpenGivesTheInitialNameAndBlanks) {

@@ -1,0 +1,62 @@
+#include "toolkit/OddNames.h"
+
+#include "platform/Text.h"
+
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QFileDialog>
+#include <QGridLayout>
+#include <QPushButton>
+#include <filesystem>
+
+namespace toolkit {
+
+namespace fs = std::filesystem;
+
+OddNames::OddNames(QFileDialog& dialog) : mDialog(dialog) {
+    constexpr int kHeight = 60;
+    setObjectName(QStringLiteral("OddNames"));
+    setAccessibleName(QStringLiteral("Names that are no valid text"));
+    setFixedHeight(kHeight);
+    if (auto* layout = qobject_cast<QGridLayout*>(dialog.layout()))
+        layout->addWidget(this, layout->rowCount(), 0, 1, layout->columnCount());
+    connect(&dialog, &QFileDialog::directoryEntered, this, &OddNames::Fill);
+    connect(&dialog, &QFileDialog::currentChanged, this, &QListWidget::clearSelection);
+    connect(this, &QListWidget::itemActivated, &dialog, &QDialog::accept);
+    connect(this, &QListWidget::itemSelectionChanged, &dialog, [this] {
+        if (!Chosen().isEmpty()) // the dialog itself knows of no choice
+            for (auto* box : mDialog.findChildren<QDialogButtonBox*>())
+                box->buttons().constFirst()->setEnabled(true);
+    });
+    Fill(dialog.directory().path());
+}
+
+QString OddNames::Chosen() const {
+    const QList<QListWidgetItem*> items = selectedItems();
+    return items.isEmpty() ? QString() : items.constFirst()->data(Qt::UserRole).toString();
+}
+
+void OddNames::Fill(const QString& folder) {
+    clear();
+    const bool folders = mDialog.fileMode() == QFileDialog::Directory;
+    std::error_code error;
+    for (fs::directory_iterator entry(platform::PathFromText(folder), error), end;
+         !error && entry != end; entry.increment(error)) {
+        const QString path = platform::TextFromPath(entry->path());
+        const QString name = platform::ShownText(entry->path().filename());
+        if (path.isValidUtf16() || entry->is_directory(error) != folders ||
+            !(folders || Offers(name)))
+            continue;
+        auto* item = new QListWidgetItem(name, this);
+        item->setData(Qt::UserRole, path);
+    }
+    setVisible(count() > 0);
+}
+
+bool OddNames::Offers(const QString& name) const {
+    const QString filter = mDialog.selectedNameFilter();
+    const QString patterns = filter.mid(filter.lastIndexOf(u'(') + 1).chopped(1);
+    return QDir::match(patterns.split(u' '), name);
+}
+
+} // namespace toolkit
