@@ -5,6 +5,7 @@
 #include "editor/c_Editor.h"
 #include "library/SongFolders.h"
 #include "library/SongScan.h"
+#include "library/SongTitle.h"
 #include "library/c_ID3.h"
 #include "library/c_M3U.h"
 #include "platform/Message.h"
@@ -77,7 +78,7 @@ bool c_Quick::QuickPlay() {
     constexpr int kFewestSongs = 10;
     const fs::path folder = platform::PathFromText(
         BrowseForFolder(&mForm, QStringLiteral("Add Folder"), library::LastMp3Folder()));
-    if (folder.native().size() < 2) {
+    if (folder.empty()) {
         platform::ShowMessage(QStringLiteral("No directory was selected."));
         return false;
     }
@@ -86,8 +87,9 @@ bool c_Quick::QuickPlay() {
     c_M3U list;
     if (!ScanFolder(folder, list))
         return false;
-    WriteQuickList(list);
     mLoadForm.hide();
+    if (!WriteQuickList(list))
+        return false;
     if (list.Count() < kFewestSongs) {
         platform::ShowMessage(QStringLiteral("Songrush Requires atleast 10 MP3's to play.\n"
                                              "This directory has %1 MP3's.")
@@ -103,21 +105,22 @@ bool c_Quick::QuickPlay() {
                "Do you still wish to play?"));
 }
 
-void c_Quick::WriteQuickList(const c_M3U& list) {
+bool c_Quick::WriteQuickList(const c_M3U& list) {
     std::error_code error;
     fs::create_directories(library::PlaylistFolder(), error);
     mPath = library::PlaylistFolder() / "Quick.m3u";
     if (list.WriteFile(mPath))
-        return;
+        return true;
     // A program folder that cannot be written to need not keep anyone from playing.
     mPath = platform::CacheFolder() / "Quick.m3u";
-    list.WriteFile(mPath);
+    return list.WriteFile(mPath);
 }
 
 bool c_Quick::ScanFolder(const fs::path& folder, c_M3U& list) {
     constexpr std::int64_t kTellEvery = 100;
     std::int64_t told = platform::TickCount();
     QString current = platform::ShownText(folder);
+    bool entered = false;
     mNoTitles = false;
     mLoadForm.ShowScan(0, current);
     mLoadForm.Voice().Announce(QStringLiteral("Searching for MP3s"));
@@ -132,16 +135,23 @@ bool c_Quick::ScanFolder(const fs::path& folder, c_M3U& list) {
         // The waiting window is closed to give up.
         return mLoadForm.isVisible() && !platform::Quitting();
     };
-    library::ScanSongs(folder, {[&](const fs::path& entered) {
-                                    current = platform::ShownText(entered);
+    library::ScanSongs(folder, {[&](const fs::path& path) {
+                                    entered = true;
+                                    current = platform::ShownText(path);
                                     return goOn();
                                 },
                                 [&](const fs::path& song, const c_ID3& tag) {
-                                    mNoTitles = mNoTitles || tag.Title().isEmpty();
+                                    mNoTitles = mNoTitles || !library::HasVisible(tag.Title());
                                     list.Add(song);
                                     return goOn();
                                 }});
-    return mLoadForm.isVisible() && !platform::Quitting();
+    if (!mLoadForm.isVisible() || platform::Quitting())
+        return false;
+    if (!entered) {
+        mLoadForm.hide();
+        platform::ShowMessage(QStringLiteral("The folder %1 cannot be read.").arg(current));
+    }
+    return entered;
 }
 
 void c_Quick::bUsePlaylist_Clicked() {
@@ -150,9 +160,8 @@ void c_Quick::bUsePlaylist_Clicked() {
     ChangeToFolder(library::PlaylistFolder());
     const QString chosen =
         cDialog::GetOpenName(QStringLiteral("Load Playlist"), QStringLiteral("Playlist Files"),
-                             QStringLiteral("*.m3u"), QString(), false)
-            .trimmed();
-    mPath = platform::PathFromText(chosen);
+                             QStringLiteral("*.m3u"), QString(), false);
+    mPath = chosen.trimmed().isEmpty() ? fs::path() : platform::PathFromText(chosen);
     if (mPath.empty()) {
         platform::ShowMessage(QStringLiteral("No Playlist was selected.\n"
                                              "You can create a playlist using the Editor."));

@@ -31,7 +31,7 @@ public:
 
 private:
     bool QuickPlay();
-    void WriteQuickList(const c_M3U& list);
+    bool WriteQuickList(const c_M3U& list);
     bool ScanFolder(const std::filesystem::path& folder, c_M3U& list);
     void ShowChooser();
 

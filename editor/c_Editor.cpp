@@ -2,6 +2,7 @@
 
 #include "library/SongFolders.h"
 #include "library/SongScan.h"
+#include "library/SongTitle.h"
 #include "library/c_ID3.h"
 #include "library/c_M3U.h"
 #include "platform/Message.h"
@@ -38,8 +39,10 @@ QString LineOf(const QString& fileName, const QString& title, const QString& art
            platform::EscapeSeparators(title) + u'\\' + platform::EscapeSeparators(artist);
 }
 
-/// The files of a multiple selection: one path, or a folder and names in it.
-std::vector<fs::path> ChosenFiles(const QString& answer) {
+/// The files of a multiple selection: one path, or a folder and names in it, then blanks.
+std::vector<fs::path> ChosenFiles(QString answer) {
+    while (answer.endsWith(u' '))
+        answer.chop(1);
     const QStringList parts = answer.split(u'?');
     const auto path = [](const QString& part) {
         return platform::PathFromText(platform::UnescapeSeparators(part));
@@ -119,14 +122,12 @@ void c_Editor::Run() {
 }
 
 void c_Editor::bAddFile_Clicked() {
-    constexpr qsizetype kShortest = 3;
     std::error_code ignored;
     fs::current_path(library::LastMp3Folder(), ignored);
     const QString answer =
         cDialog::GetOpenName(QStringLiteral("Select an Mp3"), QStringLiteral("Mp3s"),
-                             QStringLiteral("*.mp3"), QString(), true)
-            .trimmed();
-    if (answer.size() < kShortest)
+                             QStringLiteral("*.mp3"), QString(), true);
+    if (answer.trimmed().isEmpty())
         return;
     library::SetLastMp3Folder(fs::current_path(ignored));
     for (const fs::path& song : ChosenFiles(answer))
@@ -135,12 +136,12 @@ void c_Editor::bAddFile_Clicked() {
 }
 
 void c_Editor::bAddDir_Clicked() {
-    constexpr std::size_t kShortest = 2;
     const fs::path folder = platform::PathFromText(
         BrowseForFolder(&mForm, QStringLiteral("Add Folder"), library::LastMp3Folder()));
+    if (folder.empty())
+        return;
     library::SetLastMp3Folder(folder);
-    if (folder.native().size() >= kShortest)
-        AddFolder(folder);
+    AddFolder(folder);
 }
 
 void c_Editor::AddFolder(const fs::path& folder) {
@@ -299,7 +300,7 @@ void c_Editor::bSave_Clicked() {
 bool c_Editor::UntitledSongs() const {
     for (int line = 0; line < mList.LineCount(); ++line) {
         const QStringList columns = mList.LineText(line).split(u'\\');
-        if (columns.size() > 1 && columns[1].trimmed().isEmpty())
+        if (columns.size() > 1 && !library::HasVisible(platform::UnescapeSeparators(columns[1])))
             return true;
     }
     return false;
@@ -309,9 +310,8 @@ void c_Editor::bLoad_Clicked() {
     ChangeToFolder(library::PlaylistFolder());
     const QString answer =
         cDialog::GetOpenName(QStringLiteral("Load Playlist"), QStringLiteral("Playlist Files"),
-                             QStringLiteral("*.m3u"), QString(), false)
-            .trimmed();
-    if (answer.isEmpty())
+                             QStringLiteral("*.m3u"), QString(), false);
+    if (answer.trimmed().isEmpty())
         return;
     const std::vector<fs::path> songs = SongsOf(platform::PathFromText(answer));
     if (songs.empty())

@@ -67,7 +67,7 @@ struct Escape {
     QChar plain;
     QChar letter;
 };
-const Escape kEscapes[] = {{u'?', u'q'}, {u'\\', u'b'}, {kEscape, u'e'}};
+const Escape kEscapes[] = {{u'?', u'q'}, {u'\\', u'b'}, {u' ', u's'}, {kEscape, u'e'}};
 
 } // namespace
 
@@ -142,7 +142,8 @@ QString AfterLastSeparator(const QString& text) {
 
 QString EscapeSeparators(const QString& text) {
     QString escaped;
-    for (const QChar c : text) {
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const QChar c = text[i];
 #ifdef Q_OS_WIN
         if (c == u'\\') {
             escaped += u'/';
@@ -151,7 +152,8 @@ QString EscapeSeparators(const QString& text) {
 #endif
         const auto* found = std::find_if(std::begin(kEscapes), std::end(kEscapes),
                                          [c](const Escape& e) { return e.plain == c; });
-        if (found == std::end(kEscapes))
+        const bool plain = found == std::end(kEscapes) || (c == u' ' && i + 1 < text.size());
+        if (plain)
             escaped += c;
         else
             (escaped += kEscape) += found->letter;

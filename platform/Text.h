@@ -34,8 +34,8 @@ QByteArray Windows1252FromText(const QString& text);
 /// be a separator; the whole text when there is none.
 QString AfterLastSeparator(const QString& text);
 
-/// Text in which "?" and "\" are the program's own separators: those that `text` itself holds are
-/// escaped, one to one. The platform's path separators stay as they are.
+/// Text in which "?" and "\" are the program's own separators and blanks may follow: those that
+/// `text` itself holds are escaped, one to one. The platform's path separators stay as they are.
 QString EscapeSeparators(const QString& text);
 
 /// Undoes `EscapeSeparators`.

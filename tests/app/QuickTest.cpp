@@ -31,8 +31,10 @@ protected:
         bool pressed = false;
         Robot robot([&] {
             auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-            if (dialog != nullptr)
-                return Answer(*dialog, chosen);
+            if (dialog != nullptr) {
+                Answer(*dialog, chosen);
+                return mAnswered();
+            }
             if (form.isVisible())
                 ClickOn(std::exchange(pressed, true) ? form.pX : button);
         });
@@ -63,6 +65,7 @@ protected:
     fs::path mPath;
     bool mExit = false;
     QStringList mMessages;
+    std::function<void()> mAnswered = [] {};
 };
 
 TEST_F(QuickTest, AFolderBecomesTheQuickPlaylist) {
@@ -90,6 +93,29 @@ TEST_F(QuickTest, AListThatCannotBeWrittenToItsPlaceIsToldAndPlayedAllTheSame) {
     EXPECT_TRUE(mMessages[0].startsWith("Error Writing Playlist file:"));
     EXPECT_FALSE(mExit);
     EXPECT_NE(BytesOf(mPath).find("song9.mp3"), std::string::npos);
+}
+
+TEST_F(QuickTest, WhatStandsInTheWayIsSaidAndLeadsBack) {
+    mFolder.MakeSongs(10);
+    const fs::path cache = fs::path(qgetenv("XDG_CACHE_HOME").toStdString()) / "Songrush";
+    fs::create_directories(QuickList() / "in the way");
+    fs::remove_all(cache);
+    fs::create_directories(cache / "Quick.m3u" / "in the way");
+    Run(form.pUseDir, mFolder.Path() / "Music");
+    EXPECT_EQ(mMessages.size(), 2) << "neither here nor there";
+    EXPECT_TRUE(mExit);
+    fs::remove_all(cache);
+}
+
+TEST_F(QuickTest, AFolderThatCannotBeReadIsNamed) {
+    const fs::path gone = mFolder.Path() / "gone";
+    fs::create_directory(gone);
+    mAnswered = [gone] { fs::remove(gone); };
+    Run(form.pUseDir, gone);
+    EXPECT_EQ(mMessages,
+              QStringList(QStringLiteral("The folder %1 cannot be read.").arg(gone.c_str())));
+    EXPECT_TRUE(mExit);
+    EXPECT_FALSE(fs::exists(QuickList()));
 }
 
 TEST_F(QuickTest, NineSongsAreRefusedButListed) {
@@ -125,7 +151,8 @@ TEST_F(QuickTest, CancelledDialogsAreToldAndLeadBack) {
 }
 
 TEST_F(QuickTest, APlaylistIsPickedAndItsFolderIsTheCurrentOne) {
-    const fs::path list = mFolder.MakePlaylist(mFolder.MakeSongs(10));
+    const fs::path list = mFolder.Path() / "PlayList" / " Test.m3u ";
+    fs::rename(mFolder.MakePlaylist(mFolder.MakeSongs(10)), list);
     Run(form.pUsePlayList, list);
     EXPECT_EQ(mPath, list);
     EXPECT_FALSE(mExit);

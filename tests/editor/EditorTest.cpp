@@ -1,5 +1,6 @@
 #include "audio/c_XAudio.h"
 #include "editor/c_Editor.h"
+#include "library/SongFolders.h"
 #include "library/c_ID3.h"
 #include "library/c_M3U.h"
 #include "platform/Settings.h"
@@ -173,20 +174,24 @@ TEST_F(EditorTest, SongsWithoutTitlesAreWarnedAboutAndSavedAndLoadedAgain) {
         Run({Add(), [&] { before = Names(); }, Press(editor->Form().pSave, list),
              Key(Qt::Key_A, Qt::ControlModifier), Key(Qt::Key_Delete),
              Press(editor->Form().pLoad, list),
-             Press(editor->Form().pLoad, PathText("PlayList/empty.m3u"))});
-    ASSERT_EQ(told.size(), 1);
+             Press(editor->Form().pLoad, PathText("PlayList/empty.m3u")),
+             Press(editor->Form().pLoad, PathText("Music/song1.mp3"))});
+    ASSERT_EQ(told.size(), 2);
     EXPECT_TRUE(told[0].startsWith("Warning, This playlist contains MP3s"));
+    EXPECT_EQ(told[1], "song1.mp3 is not a playlist.");
+    EXPECT_EQ(Title(songs[0]), "Title 1") << "the song is still one";
     EXPECT_EQ(Names(), before) << "a list without songs leaves the old one";
     EXPECT_TRUE(fs::exists(list.toStdString()));
 }
 
 TEST_F(EditorTest, AnEmptyListIsToldAndCancelledDialogsDoNothing) {
     f_Editor& form = editor->Form();
+    library::SetLastMp3Folder(mFolder.Path());
     EXPECT_EQ(Run({Press(form.pEdit), Press(form.pPlay), Press(form.pSave), Press(form.pRemove),
                    Press(form.pLoad), Press(form.pAddFile), Press(form.pAddDir)}),
               QStringList({"No songs in list", "No songs in list", "Nothing to save."}));
     EXPECT_EQ(editor->List().LineCount(), 0);
-    EXPECT_EQ(platform::ReadPathSetting("Songrush", "Dirs", "Mp3Dir", "x"), fs::path());
+    EXPECT_EQ(library::LastMp3Folder(), mFolder.Path());
 }
 
 TEST_F(EditorTest, SeveralFilesAreAddedAtOnceAndOneTwice) {

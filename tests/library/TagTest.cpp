@@ -1,3 +1,4 @@
+#include "library/SongTitle.h"
 #include "library/c_ID3.h"
 #include "tests/TemporaryFolder.h"
 
@@ -143,6 +144,26 @@ TEST(TagTextTest, TitlesFromFileNames) {
     };
     for (const auto& [file, title] : titles)
         EXPECT_EQ(c_ID3::TitleFromFileName(file), title) << file;
+}
+
+TEST(SongTitleTest, IsNeverWithoutAVisibleCharacter) {
+    const struct {
+        QString tag;
+        const char* song;
+        QString title;
+    } cases[] = {
+        {"Title", "/music/song.mp3", "Title"},
+        {"", "/music/my_song.mp3", "my song"},
+        {QStringLiteral(" \u00A0\u00AD\u200B\t\u0001"), "/music/song.mp3", "song"},
+        {"", "/music/.mp3", ".mp3"},
+        {" ", "/music/ _.mp3", " _.mp3"},
+        {"", "/music/\t", "/music/\t"},
+    };
+    for (const auto& [tagged, song, title] : cases) {
+        c_ID3 tag;
+        tag.SetTitle(tagged);
+        EXPECT_EQ(library::SongTitle(tag, song), title) << song;
+    }
 }
 
 } // namespace

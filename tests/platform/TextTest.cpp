@@ -23,6 +23,7 @@ const std::string kNames[] = {
     "byte order mark inside",
     "replacement \xEF\xBF\xBD and noncharacter \xEF\xB7\x90q",
     "controls \x01\x7F\r\n\t",
+    " blanks  ",
 };
 
 TEST(PathTextTest, EveryNameComesBackAndHidesNoSeparator) {
@@ -31,6 +32,7 @@ TEST(PathTextTest, EveryNameComesBackAndHidesNoSeparator) {
         EXPECT_EQ(platform::PathFromText(text), name);
         const QString escaped = platform::EscapeSeparators(text);
         EXPECT_FALSE(escaped.contains(u'?') || escaped.contains(u'\\')) << name;
+        EXPECT_FALSE(escaped.endsWith(u' ')) << name;
         EXPECT_EQ(platform::UnescapeSeparators(escaped), text);
         const QString key = platform::KeyFromPath(name);
         EXPECT_EQ(platform::PathFromKey(key), name);
