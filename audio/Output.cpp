@@ -4,11 +4,15 @@
 #include "audio/Sdl.h"
 #include "audio/Voice.h"
 
+#include <atomic>
+
 namespace audio {
 
 namespace {
 
 constexpr int kBuffersPerSecond = 100;
+
+std::atomic<bool> gNoDevice = false;
 
 void SDLCALL FillDevice(void* voice, Uint8* bytes, int length) {
     auto* frames = reinterpret_cast<Frame*>(bytes);
@@ -28,6 +32,8 @@ bool StartSdl(const Sdl& sdl) {
 
 } // namespace
 
+bool NoDevice() { return gNoDevice; }
+
 Output::Output(Voice& voice) : mSdl(LoadSdl()), mVoice(voice), mSilent(voice) {}
 
 Output::~Output() {
@@ -44,7 +50,8 @@ void Output::Open(int rate) {
         return;
     Close();
     mRate = rate;
-    if (!OpenDevice(rate))
+    gNoDevice = !OpenDevice(rate);
+    if (gNoDevice)
         mSilent.Open(rate);
 }
 

@@ -9,6 +9,10 @@ namespace audio {
 struct Sdl;
 class Voice;
 
+/// Whether nothing is heard because no sound device could be had the last time that one was
+/// needed. Asked by any thread.
+bool NoDevice();
+
 /// Where the voice is heard: the system's default sound device or, if that cannot be had, a silent
 /// stand-in that keeps the song running. Made, used and destroyed by one thread, which has no other
 /// business with SDL; the device calls the voice on a thread of its own.

@@ -1,5 +1,6 @@
 #include "game/f_Multi.h"
 
+#include "audio/Output.h"
 #include "audio/c_XAudio.h"
 #include "platform/Time.h"
 #include "toolkit/ApiDraw.h"
@@ -92,6 +93,16 @@ void f_Multi::Timer1_Timer() {
         Voice().Announce(QStringLiteral("The clip is over"));
     }
     DrawClock();
+    if (!mSilenceTold && audio::NoDevice())
+        TellOfSilence();
+}
+
+void f_Multi::TellOfSilence() {
+    constexpr int kBelowQuestion = 198;
+    mSilenceTold = true;
+    SetFontSize(14);
+    WriteCentered(QStringLiteral("No sound device was found, so nothing is heard."), kBelowQuestion,
+                  kWhite, 2);
 }
 
 void f_Multi::DrawClock() {

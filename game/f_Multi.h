@@ -62,7 +62,9 @@ protected:
 private:
     void Timer1_Timer();
     void DrawClock();
+    void TellOfSilence();
 
+    bool mSilenceTold = false;
     float mElapsed = 0;
     double mStart = 0;
     int mTimeLimit = 0;

@@ -65,6 +65,14 @@ protected:
         return nullptr;
     }
 
+    /// Whether this stands on the board.
+    bool Says(const QString& text) const {
+        const auto labels = board.findChildren<QLabel*>();
+        return std::any_of(labels.begin(), labels.end(), [&text](const QLabel* label) {
+            return !label->isHidden() && label->text() == text;
+        });
+    }
+
     bool BetsNow() const {
         return board.PChoice1->accessibleName() == QStringLiteral("1 Second, 140,000 Points");
     }
@@ -354,9 +362,7 @@ TEST_F(GameTest, ASongThatVanishesIsAnsweredWithTheTitleThatWasToBeChosen) {
     QString title;
     Robot robot([&] {
         if (board.pCont->isVisible()) {
-            const auto labels = board.findChildren<QLabel*>();
-            EXPECT_TRUE(std::any_of(labels.begin(), labels.end(),
-                                    [&](auto* label) { return label->text() == title; }));
+            EXPECT_TRUE(Says(title));
             ClickOn(board.pX);
         } else if (Choice(true) != nullptr) {
             title = Choice(true)->accessibleName();
@@ -368,6 +374,28 @@ TEST_F(GameTest, ASongThatVanishesIsAnsweredWithTheTitleThatWasToBeChosen) {
     });
     game->Run();
     EXPECT_FALSE(title.isEmpty());
+}
+
+TEST_F(GameTest, AMissingSoundDeviceIsToldOnceAndTheGameGoesOn) {
+    const QByteArray before = qgetenv("SDL_AUDIODRIVER");
+    qputenv("SDL_AUDIODRIVER", "none");
+    auto game = NewGame<c_gMulti>(1);
+    const auto told = [this] { return Says("No sound device was found, so nothing is heard."); };
+    int questions = 0;
+    Robot robot([&] {
+        if (Choice(true) != nullptr && board.ElapsedTime() > (questions == 0 ? 0 : 0.3F)) {
+            if (questions > 0 || told()) {
+                EXPECT_EQ(told(), questions == 0);
+                ClickOn(questions++ == 0 ? Choice(true) : board.pX);
+            }
+        } else if (Choice(true) == nullptr) {
+            GoOn();
+        }
+    });
+    game->Run();
+    EXPECT_EQ(questions, 2);
+    gAudio.reset();
+    qputenv("SDL_AUDIODRIVER", before);
 }
 
 TEST_F(GameTest, ScoresThatCannotBeWrittenAreToldOnceAndTheGameEndsWell) {
