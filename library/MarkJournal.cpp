@@ -15,22 +15,26 @@ namespace {
 
 constexpr std::string_view kNewCycle = "#New cycle\r\n";
 
-/// The name tells lists apart, wherever they lie and however long their paths are.
-fs::path JournalOf(const fs::path& list) {
-    std::error_code error;
-    const std::string path = fs::absolute(list, error).lexically_normal().string();
+/// A name that tells lists apart, however long their paths are; that of a list in the program's
+/// folder moves with the folder.
+std::string NameOf(const fs::path& list) {
+    const fs::path within = list.lexically_proximate(platform::ProgramFolder());
+    const bool inside = *within.begin() != "..";
+    const std::string path = (inside ? within : list).lexically_normal().string();
     const QByteArray hash = QCryptographicHash::hash(path, QCryptographicHash::Sha1).toHex();
-    return platform::ProgramFolder() / "PlayList" / (".played-" + hash.toStdString() + ".m3u");
+    return ".played-" + hash.toStdString() + ".m3u";
 }
 
 } // namespace
 
-MarkJournal::MarkJournal(const fs::path& list) : mFile(JournalOf(list)) {}
+MarkJournal::MarkJournal(const fs::path& list) : mName(NameOf(list)) {}
+
+fs::path MarkJournal::File() const { return platform::ProgramFolder() / "PlayList" / mName; }
 
 MarkJournal::Marks MarkJournal::Read() const {
     QByteArray bytes;
     Marks marks;
-    if (platform::ReadWholeFile(mFile, bytes))
+    if (platform::ReadWholeFile(File(), bytes))
         return marks;
     marks.newCycle = bytes.startsWith(QByteArrayView(kNewCycle));
     PlaylistReader reader({bytes.constData(), static_cast<std::size_t>(bytes.size())});
@@ -42,15 +46,15 @@ MarkJournal::Marks MarkJournal::Read() const {
 void MarkJournal::Played(const fs::path& song) {
     std::string lines;
     AppendEntry(lines, {song.native(), 1});
-    mWorker.Do([file = mFile, lines = std::move(lines)] { platform::AppendToFile(file, lines); });
+    mWorker.Do([file = File(), lines = std::move(lines)] { platform::AppendToFile(file, lines); });
 }
 
 void MarkJournal::NewCycle() {
-    mWorker.Do([file = mFile] { platform::ReplaceFile(file, QByteArrayView(kNewCycle)); });
+    mWorker.Do([file = File()] { platform::ReplaceFile(file, QByteArrayView(kNewCycle)); });
 }
 
 void MarkJournal::Discard() {
-    mWorker.Do([file = mFile] { platform::RemoveFile(file); });
+    mWorker.Do([file = File()] { platform::RemoveFile(file); });
 }
 
 } // namespace library

@@ -14,7 +14,7 @@ namespace library {
 /// marks stand in the list.
 class MarkJournal {
 public:
-    /// Of the playlist `list`, whether or not there is something to keep.
+    /// Of the playlist at the absolute path `list`, whether or not there is something to keep.
     explicit MarkJournal(const std::filesystem::path& list);
 
     struct Marks {
@@ -37,7 +37,9 @@ public:
     void Discard();
 
 private:
-    std::filesystem::path mFile;
+    std::filesystem::path File() const;
+
+    std::string mName;
     platform::Worker mWorker;
 };
 

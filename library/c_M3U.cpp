@@ -4,6 +4,7 @@
 #include "platform/Chance.h"
 #include "platform/File.h"
 #include "platform/Message.h"
+#include "platform/ProgramFolder.h"
 #include "platform/Text.h"
 #include "platform/Time.h"
 
@@ -134,7 +135,7 @@ QString c_M3U::ReadFailure(const std::filesystem::path& file, std::error_code er
 }
 
 bool c_M3U::WriteBack() {
-    const std::filesystem::path file = std::exchange(mFileName, {});
+    const std::filesystem::path file = platform::WhereNow(std::exchange(mFileName, {}));
     if (file.empty() || mPlayed == mPlayedInFile)
         return !file.empty();
     return FileUnchanged(file) && WriteFile(file);

@@ -29,10 +29,14 @@ fs::path UserFolder(QStandardPaths::StandardLocation kind) {
     return fs::path(QStandardPaths::writableLocation(kind).toStdU16String());
 }
 
-const ProgramFolders& Folders() {
-    static const ProgramFolders folders =
-        FoldersOf(ExecutableFolder(), UserFolder(QStandardPaths::GenericDataLocation));
-    return folders;
+/// Asked anew each time: the folder may be renamed while the program runs.
+ProgramFolders Folders() {
+    return FoldersOf(ExecutableFolder(), UserFolder(QStandardPaths::GenericDataLocation));
+}
+
+const fs::path& FolderAtStart() {
+    static const fs::path folder = Folders().own;
+    return folder;
 }
 
 } // namespace
@@ -46,8 +50,15 @@ ProgramFolders FoldersOf(const fs::path& executable, const fs::path& userData) {
 }
 
 fs::path ProgramFolder() {
+    FolderAtStart();
     const std::lock_guard lock(gLock);
     return gFolder.empty() ? Folders().own : gFolder;
+}
+
+fs::path WhereNow(const fs::path& path) {
+    const fs::path within = path.lexically_relative(FolderAtStart());
+    const bool outside = within.empty() || *within.begin() == "..";
+    return outside ? path : Folders().own / within;
 }
 
 void SetProgramFolder(const fs::path& folder) {

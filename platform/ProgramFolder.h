@@ -20,6 +20,10 @@ ProgramFolders FoldersOf(const std::filesystem::path& executable,
 /// without a trailing separator. Made by `BringShippedFiles` when it is not where the program lies.
 std::filesystem::path ProgramFolder();
 
+/// Where a file is that lay at `path` when the program started: somewhere else if it lay in the
+/// program's folder and that was renamed since.
+std::filesystem::path WhereNow(const std::filesystem::path& path);
+
 /// Makes another folder the program's folder from now on; an empty path undoes it.
 void SetProgramFolder(const std::filesystem::path& folder);
 
