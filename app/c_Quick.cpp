@@ -75,7 +75,6 @@ void c_Quick::bUseDir_Clicked() {
 }
 
 bool c_Quick::QuickPlay() {
-    constexpr int kFewestSongs = 10;
     const fs::path folder = platform::PathFromText(
         BrowseForFolder(&mForm, QStringLiteral("Add Folder"), library::LastMp3Folder()));
     if (folder.empty()) {
@@ -90,7 +89,7 @@ bool c_Quick::QuickPlay() {
     mLoadForm.hide();
     if (!WriteQuickList(list))
         return false;
-    if (list.Count() < kFewestSongs) {
+    if (list.Count() < game::kFewestSongs) {
         platform::ShowMessage(QStringLiteral("Songrush Requires atleast 10 MP3's to play.\n"
                                              "This directory has %1 MP3's.")
                                   .arg(list.Count()),

@@ -1,7 +1,6 @@
 #include "editor/c_Editor.h"
 
 #include "library/SongFolders.h"
-#include "library/SongScan.h"
 #include "library/SongTitle.h"
 #include "library/c_ID3.h"
 #include "library/c_M3U.h"
@@ -22,8 +21,6 @@ using namespace toolkit;
 namespace fs = std::filesystem;
 
 namespace {
-
-constexpr int kRefreshEvery = 10;
 
 const QString kTitle = QStringLiteral("Mp3 Editor");
 
@@ -75,7 +72,11 @@ QString WithPlaylistEnding(const QString& name) {
 
 } // namespace
 
-c_Editor::c_Editor() : mWindowButtons(mForm) {
+c_Editor::c_Editor()
+    : mWindowButtons(mForm),
+      mFilling({[this](const fs::path& song, const c_ID3& tag) { AddSong(song, tag); },
+                [this] { ShowAll(); },
+                [this] { return mForm.isVisible() && !platform::Quitting(); }}) {
     mForm.CopyBackground();
     bAddFile.Create(mForm.pAddFile, QStringLiteral("Add File"));
     bAddDir.Create(mForm.pAddDir, QStringLiteral("Add Directory"));
@@ -141,54 +142,7 @@ void c_Editor::bAddDir_Clicked() {
     if (folder.empty())
         return;
     library::SetLastMp3Folder(folder);
-    AddFolder(folder);
-}
-
-void c_Editor::AddFolder(const fs::path& folder) {
-    mFolders.push_back(folder);
-    // A scan under way comes to it in its turn.
-    if (!mScanning)
-        ScanWaitingFolders();
-}
-
-void c_Editor::ScanWaitingFolders() {
-    // A list that is being loaded goes on after this.
-    const QString loading = mReading;
-    const int filling = mFilling;
-    mScanning = true;
-    while (!mFolders.empty()) {
-        const fs::path folder = mFolders.front();
-        mFolders.pop_front();
-        ScanFolder(folder);
-    }
-    mScanning = false;
-    mReading = filling == mFilling ? loading : QString();
-    ShowAll();
-}
-
-void c_Editor::ScanFolder(const fs::path& folder) {
-    int unseen = 0;
-    const std::function<bool()> goOn = StillWanted();
-    library::ScanSongs(folder, {[&](const fs::path& entered) {
-                                    mReading = platform::ShownText(entered);
-                                    unseen = 0;
-                                    ShowAll();
-                                    return goOn();
-                                },
-                                [&](const fs::path& song, const c_ID3& tag) {
-                                    AddSong(song, tag);
-                                    if (++unseen % kRefreshEvery == 0)
-                                        ShowAll();
-                                    return goOn();
-                                }});
-}
-
-/// Lets events run and tells whether the list is still being filled with what it was.
-std::function<bool()> c_Editor::StillWanted() {
-    return [this, filling = mFilling] {
-        platform::PumpEventsNowAndThen();
-        return filling == mFilling && mForm.isVisible() && !platform::Quitting();
-    };
+    mFilling.AddFolder(folder);
 }
 
 void c_Editor::AddSong(const fs::path& song, const c_ID3& tag) {
@@ -207,11 +161,12 @@ void c_Editor::ShowAll() {
     const int count = mList.LineCount();
     QString songs = count == 1 ? QStringLiteral("1 song")
                                : QStringLiteral("%1 songs").arg(QLocale().toString(count));
-    if (count == 0 && mReading.isEmpty())
+    const QString& source = mFilling.Reading();
+    if (count == 0 && source.isEmpty())
         songs = QStringLiteral("Add files or a directory");
-    const QString reading = mReading.isEmpty() ? QString() : QStringLiteral("Adding ") + mReading;
+    const QString reading = source.isEmpty() ? QString() : QStringLiteral("Adding ") + source;
     mList.SetSubHeader(songs + u'\\' + platform::EscapeSeparators(reading) + u'\\');
-    if (mReading.isEmpty() && std::exchange(mAnnounced, songs) != songs)
+    if (source.isEmpty() && std::exchange(mAnnounced, songs) != songs)
         mForm.Voice().Announce(songs);
     mList.Refresh();
 }
@@ -273,7 +228,7 @@ void c_Editor::bSave_Clicked() {
         Tell(QStringLiteral("Nothing to save."));
         return;
     }
-    if (!mReading.isEmpty()) {
+    if (!mFilling.Reading().isEmpty()) {
         Tell(QStringLiteral("Songs are still being added."));
         return;
     }
@@ -313,22 +268,13 @@ void c_Editor::bLoad_Clicked() {
                              QStringLiteral("*.m3u"), QString(), false);
     if (answer.trimmed().isEmpty())
         return;
-    const std::vector<fs::path> songs = SongsOf(platform::PathFromText(answer));
+    const fs::path file = platform::PathFromText(answer);
+    const std::vector<fs::path> songs = SongsOf(file);
     if (songs.empty())
         return;
-    ++mFilling;
-    mFolders.clear();
     mList.ClearLines();
     mMarks.Begin(0, -1);
-    mReading = platform::ShownText(platform::PathFromText(answer).filename());
-    const std::function<bool()> goOn = StillWanted();
-    for (std::size_t song = 0; song < songs.size() && goOn(); ++song) {
-        AddSong(songs[song]);
-        if (song % kRefreshEvery == 0)
-            ShowAll();
-    }
-    mReading.clear();
-    ShowAll();
+    mFilling.Load(platform::ShownText(file.filename()), songs);
 }
 
 void c_Editor::bMenu_Clicked() {

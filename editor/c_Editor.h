@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editor/Filling.h"
 #include "editor/Marks.h"
 #include "editor/c_player.h"
 #include "editor/f_Edit.h"
@@ -9,10 +10,7 @@
 #include "toolkit/c_PicList.h"
 
 #include <QObject>
-#include <deque>
 #include <filesystem>
-#include <functional>
-#include <vector>
 
 class c_ID3;
 
@@ -33,9 +31,8 @@ public:
     /// Whether it was left by its close button.
     bool ExitProgram = true;
 
-    /// Adds a folder's songs and those of its subfolders, letting events run meanwhile. During such
-    /// a search it only notes the folder, which is then searched next.
-    void AddFolder(const std::filesystem::path& folder);
+    /// Adds a folder's songs and those of its subfolders; see `editor::Filling`.
+    void AddFolder(const std::filesystem::path& folder) { mFilling.AddFolder(folder); }
 
     f_Editor& Form() { return mForm; }
     f_Edit& TitleDialog() { return mEdit; }
@@ -66,9 +63,6 @@ private:
 
     void AddSong(const std::filesystem::path& song, const c_ID3& tag);
     void AddSong(const std::filesystem::path& song);
-    void ScanWaitingFolders();
-    void ScanFolder(const std::filesystem::path& folder);
-    std::function<bool()> StillWanted();
     void ShowAll();
 
     void MarkAll();
@@ -91,9 +85,6 @@ private:
     editor::Marks mMarks;
     std::int16_t mSortMode = 0;
 
-    std::deque<std::filesystem::path> mFolders; ///< still to be added
-    bool mScanning = false;
-    QString mReading;   ///< what is being added
+    editor::Filling mFilling;
     QString mAnnounced; ///< how many songs there were, to screen readers
-    int mFilling = 0; ///< counts the fillings of the list; what belongs to an older one is dropped
 };

@@ -6,6 +6,9 @@
 
 namespace game {
 
+/// How many songs a game needs at least.
+constexpr int kFewestSongs = 10;
+
 /// Where a game's songs come from. Made for one game; released when the playlist is loaded.
 class SongSource {
 public:

@@ -55,7 +55,6 @@ void c_gMulti::Run() {
 }
 
 bool c_gMulti::LoadPlaylist() {
-    constexpr int kFewestSongs = 10;
     const std::unique_ptr<game::SongSource> source = mNewSongSource();
     const std::filesystem::path path = source->GetM3U();
     mQuit = source->ExitProgram() || platform::Quitting();
@@ -74,7 +73,7 @@ bool c_gMulti::LoadPlaylist() {
         platform::ShowMessage(c_M3U::ReadFailure(path, mList->Error()));
         return false;
     }
-    if (mList->Count() < kFewestSongs) {
+    if (mList->Count() < game::kFewestSongs) {
         platform::ShowMessage(QStringLiteral("Songrush Requires atleast 10 songs in a playlist."));
         return false;
     }
