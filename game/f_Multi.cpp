@@ -70,7 +70,7 @@ void f_Multi::LayOut() {
 
 void f_Multi::InitTimer() {
     mElapsed = 0;
-    mStart = platform::SecondsSinceMidnight();
+    mStart = platform::TickCount();
     constexpr int kGap = 10;
     BeginDraw(Dc(), Qt::SolidLine, kWhite, 1, kBlack, BkMode::Transparent);
     SetDrawTextColor(Rgb(0, 100, 250));
@@ -84,7 +84,7 @@ void f_Multi::InitTimer() {
 }
 
 void f_Multi::Timer1_Timer() {
-    mElapsed = static_cast<float>(platform::SecondsSinceMidnight() - mStart);
+    mElapsed = static_cast<float>(platform::TickCount() - mStart) / 1000.0F;
     if (mTimeLimit > 0 && mElapsed >= static_cast<float>(mTimeLimit)) {
         Timer1.stop();
         mElapsed = static_cast<float>(mTimeLimit);

@@ -4,6 +4,7 @@
 
 #include <QTimer>
 #include <array>
+#include <cstdint>
 
 /// The board on which both games are played: it owns the game clock and writes the texts of a
 /// question. One board serves the whole program.
@@ -66,6 +67,6 @@ private:
 
     bool mSilenceTold = false;
     float mElapsed = 0;
-    double mStart = 0;
+    std::int64_t mStart = 0; // milliseconds
     int mTimeLimit = 0;
 };

@@ -5,7 +5,8 @@
 
 namespace platform {
 
-/// Local time of day in seconds since midnight, fractions included; falls back to 0 at midnight.
+/// Local time of day in seconds since midnight, fractions included. For seeds only: it goes back at
+/// midnight and jumps when the clock is set.
 double SecondsSinceMidnight();
 
 /// Milliseconds of a clock that never jumps; only differences mean something.

@@ -44,10 +44,11 @@ protected:
             platform::ReplaceTimeSource(mRealTime);
     }
 
-    /// A clock that stands still until a test moves it.
+    /// A clock that stands still until a test moves it. The time of day goes back meanwhile, as at
+    /// midnight.
     void StopTime() {
-        mRealTime = platform::ReplaceTimeSource({});
-        platform::ReplaceTimeSource({[this] { return mNow; }, mRealTime.tickCount});
+        mRealTime = platform::ReplaceTimeSource(
+            {[this] { return -static_cast<double>(mNow); }, [this] { return mNow; }});
     }
 
     template <typename Game> std::unique_ptr<Game> NewGame(int players) {
@@ -120,7 +121,7 @@ protected:
     fs::path mPlaylist;
     bool mSourceExits = false;
     QStringList mPrompts;
-    double mNow = 1000;
+    std::int64_t mNow = 1000; // milliseconds
     platform::TimeSource mRealTime;
 };
 
@@ -136,7 +137,7 @@ TEST_F(GameTest, AnswersAreScoredByTheClockAndTheBestScoreIsKept) {
         if (box == nullptr)
             return;
         if (!thought) {
-            mNow += 7.5;
+            mNow += 7500;
             thought = true;
         } else if (board.ElapsedTime() > 0) { // the clock has ticked
             ClickOn(box);
@@ -232,7 +233,7 @@ TEST_F(GameTest, ABetFixesTheClipAndThePointsAndHasItsOwnTable) {
             ClickOn(bets++ == 0 ? board.pChoice4 : board.pChoice2);
         } else if (!GoOn() && Choice(true) != nullptr) {
             if (bets == 1 && board.TimeLimit() == 5) {
-                mNow += 5.3; // past the bet: the next tick stops the clip
+                mNow += 5300; // past the bet: the next tick stops the clip
             } else if (board.TimeLimit() == -1) {
                 EXPECT_EQ(board.ElapsedTime(), 5.0F);
                 EXPECT_EQ(Audio().Position(), 0.0);
