@@ -204,7 +204,7 @@ std::error_code ReplaceFile(const fs::path& file, QByteArrayView bytes) {
     if (temporary.Error())
         return temporary.Error();
     if (exists)
-        temporary.SetPermissions((old.st_mode & 0777) | S_IWUSR);
+        temporary.SetPermissions((old.st_mode & 0777) | S_IRUSR | S_IWUSR);
     if (const std::error_code error = temporary.Fill(bytes))
         return error;
     if (const std::error_code error = temporary.RenameTo(target))

@@ -27,9 +27,10 @@ std::error_code ReplaceTail(const std::filesystem::path& file, std::size_t repla
 std::error_code AppendToFile(const std::filesystem::path& file, QByteArrayView bytes);
 
 /// Makes `bytes` the file's whole contents, whether or not it exists, also when it is read-only;
-/// of a symbolic link, those of the file it leads to. The contents are on the disk before they
-/// replace the old ones in one step; on error the old file is as it was. What earlier writings into
-/// the folder have left, because the program was killed, is deleted.
+/// of a symbolic link, those of the file it leads to. The file keeps its permissions, except that
+/// its owner may always read and write it. The contents are on the disk before they replace the old
+/// ones in one step; on error the old file is as it was. What earlier writings into the folder have
+/// left, because the program was killed, is deleted.
 std::error_code ReplaceFile(const std::filesystem::path& file, QByteArrayView bytes);
 
 /// Makes what was written to a file, or what was renamed in a folder, last through a power cut,

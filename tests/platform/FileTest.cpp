@@ -45,14 +45,16 @@ TEST(FileTest, WhatIsNoRegularFileIsRefusedAndNeverWaitedFor) {
     EXPECT_EQ(folder.Entries(), 4);
 }
 
-TEST(ReplaceFileTest, AReadOnlyFileIsReplacedAndKeepsItsOtherPermissions) {
+TEST(ReplaceFileTest, PermissionsAreKeptAndTheOwnerMayReadAndWrite) {
     const TemporaryFolder folder;
     const fs::path file = folder.Write("list", "old");
-    MakeReadOnly(file);
-    EXPECT_FALSE(platform::ReplaceFile(file, "new"));
-    EXPECT_EQ(BytesOf(file), "new");
-    EXPECT_EQ(fs::status(file).permissions(),
-              fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+    const std::pair<unsigned, unsigned> cases[] = {{0440, 0640}, {0, 0600}, {0777, 0777}};
+    for (const auto& [before, after] : cases) {
+        fs::permissions(file, fs::perms(before));
+        EXPECT_FALSE(platform::ReplaceFile(file, "new"));
+        EXPECT_EQ(BytesOf(file), "new");
+        EXPECT_EQ(fs::status(file).permissions(), fs::perms(after));
+    }
 }
 
 TEST(ReplaceFileTest, WhatAKilledWritingLeftGoesAndWhatIsBeingWrittenStays) {
