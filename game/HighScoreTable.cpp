@@ -13,14 +13,15 @@ namespace {
 
 constexpr QByteArrayView kLineEnd("\r\n");
 
-/// The next line, which `text` then starts behind; the last line needs no end.
+/// The next line, which `text` then starts behind. It ends with CR LF or, where other programs
+/// have been at work, with LF; the last one needs no end.
 std::optional<QByteArrayView> TakeLine(QByteArrayView& text) {
     if (text.isEmpty())
         return std::nullopt;
-    const qsizetype end = text.indexOf(kLineEnd);
+    const qsizetype end = text.indexOf('\n');
     const QByteArrayView line = end < 0 ? text : text.first(end);
-    text = end < 0 ? QByteArrayView() : text.sliced(end + kLineEnd.size());
-    return line;
+    text = end < 0 ? QByteArrayView() : text.sliced(end + 1);
+    return line.endsWith('\r') ? line.chopped(1) : line;
 }
 
 QString Shown(const QByteArray& bytes) {

@@ -40,8 +40,8 @@ public:
     bool IsNew(int place) const { return At(place).isNew; }
 
     /// Takes over the content of a high-score file: ten records of name, score and the checksum of
-    /// both, each a line ended by CR LF, in the platform's 8-bit encoding. `Tampered` leaves the
-    /// default table, `Unreadable` leaves the table as it was.
+    /// both, each a line ended by CR LF or LF, in the platform's 8-bit encoding. `Tampered` leaves
+    /// the default table, `Unreadable` leaves the table as it was.
     ReadResult Parse(QByteArrayView file);
 
     /// The content for a high-score file. Names that were read come out byte for byte.
