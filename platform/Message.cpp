@@ -1,5 +1,7 @@
 #include "platform/Message.h"
 
+#include "platform/Wait.h"
+
 #include <QApplication>
 #include <QLabel>
 #include <QMessageBox>
@@ -35,6 +37,8 @@ void KeepLinesWhole(QMessageBox& box) {
 
 int Show(const QString& text, Icon icon, const QString& title,
          QMessageBox::StandardButtons buttons) {
+    if (Quitting())
+        return QMessageBox::NoButton;
     QMessageBox box(ToQt(icon), title, text, buttons, QApplication::activeWindow());
     // The texts hold file names, which must not be taken for markup.
     box.setTextFormat(Qt::PlainText);

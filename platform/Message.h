@@ -7,6 +7,8 @@ class QDialog;
 
 namespace platform {
 
+// Once the program was asked to quit, no message is shown and every question is answered with No.
+
 enum class Icon { None, Information, Warning, Critical };
 
 /// Where on the screen dialogs appear while no window of the program is open: in the middle of

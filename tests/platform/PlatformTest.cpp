@@ -1,4 +1,5 @@
 #include "platform/Chance.h"
+#include "platform/Message.h"
 #include "platform/Settings.h"
 #include "platform/SingleInstance.h"
 #include "platform/Wait.h"
@@ -100,6 +101,22 @@ TEST_F(WaitTest, NestedAndLaterWaitsEndAfterAQuit) {
         platform::WaitWhile(forever);
         EXPECT_TRUE(platform::Quitting()) << c.what;
     }
+}
+
+TEST_F(WaitTest, AfterAQuitNothingIsShownAndQuestionsAreAnsweredWithNo) {
+    struct : QObject {
+        bool eventFilter(QObject*, QEvent* event) override {
+            shown = shown || event->type() == QEvent::Show;
+            return false;
+        }
+        bool shown = false;
+    } windows;
+    const platform::QuitWatch watch;
+    platform::RequestQuit();
+    qApp->installEventFilter(&windows);
+    platform::ShowMessage("a message");
+    EXPECT_FALSE(platform::AskYesNo("a question"));
+    EXPECT_FALSE(windows.shown);
 }
 
 /// Another running copy of the program, until it is killed.
