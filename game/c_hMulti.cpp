@@ -40,15 +40,17 @@ void c_hMulti::MultiCheck(const std::vector<std::int32_t>& scores) {
 }
 
 void c_hMulti::Enter(std::int32_t score, const QString& prompt) {
-    if (const auto place = mTable.PlaceFor(score))
-        mTable.Insert(*place, mNameForm.GetName(prompt), score);
+    const auto place = mTable.PlaceFor(score);
+    if (!place)
+        return;
+    if (const auto name = mNameForm.GetName(prompt))
+        mTable.Insert(*place, *name, score);
 }
 
 void c_hMulti::SetAndShowScores(std::vector<std::int32_t>& scores) {
     const std::vector<QString> labels = game::RankScores(scores);
     const int count = static_cast<int>(scores.size());
-    for (int first = 0; first < count && !mQuit && !platform::Quitting();
-         first += f_HighMulti::kRows) {
+    for (int first = 0; first < count && !ExitProgram(); first += f_HighMulti::kRows) {
         mForm.DrawTitle(QStringLiteral("SCORES"));
         for (int i = first; i < std::min(first + f_HighMulti::kRows, count); ++i) {
             const auto at = static_cast<std::size_t>(i);
@@ -65,7 +67,11 @@ void c_hMulti::ShowTable() {
     ShowForm();
 }
 
+bool c_hMulti::ExitProgram() const { return mQuit || platform::Quitting(); }
+
 void c_hMulti::ShowForm() {
+    if (platform::Quitting())
+        return;
     mWindowButtons.Refresh();
     bCont.Refresh();
     mForm.ShowInPlace();

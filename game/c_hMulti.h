@@ -31,8 +31,8 @@ public:
     /// Sorts the scores of a game, best first, and shows them until the player goes on.
     void SetAndShowScores(std::vector<std::int32_t>& scores);
 
-    /// Whether the player left by the close button.
-    bool ExitProgram() const { return mQuit; }
+    /// Whether the player left by the close button, or the program was asked to quit.
+    bool ExitProgram() const;
 
     void bCont_Clicked();
     void bMin_Clicked();

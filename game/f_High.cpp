@@ -43,7 +43,9 @@ f_High::f_High()
     connect(this, &Form::CloseRequested, this, &f_High::cmdContinue_Click);
 }
 
-QString f_High::GetName(const QString& prompt) {
+std::optional<QString> f_High::GetName(const QString& prompt) {
+    if (platform::Quitting())
+        return std::nullopt;
     Label1->setText(prompt);
     Text1->clear();
     mWaiting = true;
@@ -52,6 +54,8 @@ QString f_High::GetName(const QString& prompt) {
     Text1->setFocus();
     platform::WaitWhile([this] { return mWaiting; });
     hide();
+    if (mWaiting) // interrupted by a quit
+        return std::nullopt;
     return game::PlayerName(Text1->text());
 }
 

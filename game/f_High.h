@@ -2,6 +2,8 @@
 
 #include "toolkit/Form.h"
 
+#include <optional>
+
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -13,8 +15,8 @@ public:
     f_High();
 
     /// Shows the prompt and waits; the name typed, or what stands for none. Closing the window is
-    /// the same as going on.
-    QString GetName(const QString& prompt);
+    /// the same as going on. No name when the program is asked to quit before the player goes on.
+    std::optional<QString> GetName(const QString& prompt);
 
     QLabel* Label1;
     QLineEdit* Text1;
