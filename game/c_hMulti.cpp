@@ -9,6 +9,27 @@
 #include "platform/Wait.h"
 
 #include <algorithm>
+#include <string>
+#include <system_error>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// Adds ".old" to the name of a file or, when that is taken, the first free one of ".old2", ".old3"
+/// and so on.
+std::error_code KeepBeside(const fs::path& file) {
+    const std::string ending = ".old";
+    for (int number = 1;; ++number) {
+        fs::path kept = file;
+        kept += number == 1 ? ending : ending + std::to_string(number);
+        const std::error_code error = platform::RenameNoReplace(file, kept);
+        if (error != std::errc::file_exists)
+            return error;
+    }
+}
+
+} // namespace
 
 c_hMulti::c_hMulti(f_HighMulti& form, f_High& nameForm)
     : mForm(form), mNameForm(nameForm), mFile(platform::ProgramFolder() / "H1.dat"),
@@ -80,26 +101,28 @@ void c_hMulti::ShowForm() {
 }
 
 void c_hMulti::Load() {
+    mInTheWay = false;
     std::error_code error;
-    if (!std::filesystem::exists(mFile, error))
+    if (!fs::exists(mFile, error) && !error)
         return;
     using Result = game::HighScoreTable::ReadResult;
     QByteArray bytes;
     const Result result =
         platform::ReadWholeFile(mFile, bytes) ? Result::Unreadable : mTable.Parse(bytes);
-    if (result == Result::Tampered)
-        KillIt();
-    else if (result == Result::Unreadable)
+    if (result == Result::Unreadable)
         platform::ShowMessage(QStringLiteral("Error loading High Scores."));
+    if (result != Result::Good)
+        KillIt();
 }
 
 void c_hMulti::Save() {
-    if (platform::ReplaceFile(mFile, mTable.Serialise()))
+    if (mInTheWay || platform::ReplaceFile(mFile, mTable.Serialise()))
         platform::ShowMessage(QStringLiteral("Error Writing High Scores."));
 }
 
 void c_hMulti::KillIt() {
-    if (platform::RemoveFile(mFile))
+    mInTheWay = static_cast<bool>(KeepBeside(mFile));
+    if (mInTheWay)
         platform::ShowMessage(QStringLiteral("Error in KillIt:c_hMulti"));
 }
 

@@ -12,7 +12,8 @@ class f_High;
 class f_HighMulti;
 
 /// Shows the scores of a game, takes those that are good enough into the mode's table of the ten
-/// best, keeps the table in its file and shows it.
+/// best, keeps the table in its file and shows it. What has the file's name but cannot be read, or
+/// was tampered with, is kept beside it as ".old", ".old2" and so on, and the table begins anew.
 class c_hMulti : public QObject {
     Q_OBJECT
 public:
@@ -44,12 +45,14 @@ private:
     void ShowForm();
     void Load();
     void Save();
+    /// Clears the file's place for a new one; reports a failure.
     void KillIt();
 
     f_HighMulti& mForm;
     f_High& mNameForm;
     std::filesystem::path mFile;
     game::HighScoreTable mTable;
+    bool mInTheWay = false; // what could not be read could not be moved aside either
     bool mQuit = false;
     toolkit::WindowButtons mWindowButtons;
     c_SurfButton bCont;

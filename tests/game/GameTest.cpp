@@ -399,19 +399,6 @@ TEST_F(GameTest, AMissingSoundDeviceIsToldOnceAndTheGameGoesOn) {
     qputenv("SDL_AUDIODRIVER", before);
 }
 
-TEST_F(GameTest, ScoresThatCannotBeWrittenAreToldOnceAndTheGameEndsWell) {
-    fs::create_directories(mFolder.Path() / "H1.dat" / "in the way");
-    auto game = NewGame<c_gMulti>(1);
-    Robot robot([&] {
-        if (!GoOn() && Choice(true) != nullptr)
-            ClickOn(Choice(true));
-    });
-    game->Run();
-    EXPECT_EQ(robot.Messages(),
-              QStringList({"Error loading High Scores.", "Error Writing High Scores."}));
-    EXPECT_FALSE(game->ExitProgram());
-}
-
 TEST_F(GameTest, MoreThanTenPlayersSeeAllTheirScores) {
     auto game = NewGame<c_gMulti>(12);
     int lists = 0;

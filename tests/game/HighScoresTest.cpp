@@ -3,6 +3,7 @@
 #include "game/f_High.h"
 #include "game/f_HighMulti.h"
 #include "platform/Wait.h"
+#include "tests/FileSizeLimit.h"
 #include "tests/Robot.h"
 #include "tests/SongFolder.h"
 
@@ -11,10 +12,25 @@
 #include <QPushButton>
 #include <QTest>
 #include <csignal>
+#include <sys/stat.h>
 
 namespace fs = std::filesystem;
 
 namespace {
+
+/// The file of a table that "Old" has filled with 10.
+QByteArray OldTable() {
+    game::HighScoreTable table;
+    for (int i = 0; i < game::HighScoreTable::kPlaces; ++i)
+        table.Insert(0, "Old", 10);
+    return table.Serialise();
+}
+
+ino_t Inode(const fs::path& file) {
+    struct stat status {};
+    EXPECT_EQ(lstat(file.c_str(), &status), 0) << file;
+    return status.st_ino;
+}
 
 class HighScoresTest : public testing::Test {
 protected:
@@ -26,10 +42,22 @@ protected:
     /// The first two entries of the file, or of a new table.
     QString FirstTwo(const fs::path& file) {
         game::HighScoreTable table;
-        if (fs::exists(file)) {
+        if (fs::is_regular_file(file)) {
             EXPECT_EQ(table.Parse(BytesOf(file)), game::HighScoreTable::ReadResult::Good);
         }
         return table.Name(0) + table.Score(0) + u' ' + table.Name(1) + table.Score(1);
+    }
+
+    /// Leaves the table of a player without points; the messages that came.
+    QStringList CheckWithoutPoints(const fs::path& file) {
+        c_hMulti highScores(mScores, mName);
+        highScores.SetFileName(file);
+        Robot robot([this] {
+            if (mScores.isVisible())
+                ClickOn(mScores.pCont);
+        });
+        highScores.Check(0);
+        return robot.Messages();
     }
 
     SongFolder mFolder;
@@ -37,6 +65,63 @@ protected:
     f_HighMulti mScores;
     f_High mName;
 };
+
+TEST_F(HighScoresTest, WhatCannotBeReadOrWasTamperedWithIsKeptBeside) {
+    const QStringList told("Error loading High Scores.");
+    const auto write = [this](const QByteArray& bytes) {
+        return [this, bytes] { std::ofstream(mFile, std::ios::binary) << bytes.toStdString(); };
+    };
+    const struct {
+        const char* what;
+        std::function<void()> make;
+        QStringList messages;
+        const char* kept; // beside the table; empty when the table was read
+    } cases[] = {
+        {"whole", write(OldTable()), {}, ""},
+        {"other line ends", write(OldTable().replace("\r\n", "\n")), {}, ""},
+        {"cut short", write(OldTable().chopped(20)), told, ".old"},
+        {"tampered", write(OldTable().replace("10", "99")), {}, ".old2"},
+        {"a pipe", [this] { mkfifo(mFile.c_str(), 0600); }, told, ".old3"},
+        {"a folder", [this] { fs::create_directories(mFile / "x"); }, told, ".old4"},
+        {"a link to itself", [this] { fs::create_symlink("H1.dat", mFile); }, told, ".old5"},
+    };
+    for (const auto& c : cases) {
+        fs::remove_all(mFile);
+        c.make();
+        const ino_t before = Inode(mFile);
+        EXPECT_EQ(CheckWithoutPoints(mFile), c.messages) << c.what;
+        const bool kept = *c.kept != '\0';
+        EXPECT_EQ(FirstTwo(mFile), kept ? "Blank0 Blank0" : "Old10 Old10") << c.what;
+        if (kept) {
+            EXPECT_EQ(Inode(mFile.string() + c.kept), before) << c.what;
+        }
+    }
+}
+
+TEST_F(HighScoresTest, WhatCannotBeMovedAsideIsNotOverwritten) {
+    const fs::path longest = mFolder.Path() / std::string(255, 'n'); // no name is left beside it
+    const QString loading = "Error loading High Scores.";
+    const QString moving = "Error in KillIt:c_hMulti";
+    const QString writing = "Error Writing High Scores.";
+    const struct {
+        QByteArray file;
+        QStringList messages;
+    } cases[] = {
+        {OldTable().chopped(20), {loading, moving, writing}},
+        {OldTable().replace("10", "99"), {moving, writing}},
+    };
+    for (const auto& c : cases) {
+        std::ofstream(longest, std::ios::binary) << c.file.toStdString();
+        EXPECT_EQ(CheckWithoutPoints(longest), c.messages);
+        EXPECT_EQ(BytesOf(longest), c.file.toStdString());
+    }
+}
+
+TEST_F(HighScoresTest, ATableThatCannotBeWrittenIsTold) {
+    const FileSizeLimit limit(100);
+    EXPECT_EQ(CheckWithoutPoints(mFile), QStringList("Error Writing High Scores."));
+    EXPECT_FALSE(fs::exists(mFile));
+}
 
 TEST_F(HighScoresTest, AQuitKeepsTheConfirmedNamesAndEntersNoOthers) {
     const struct {
