@@ -25,9 +25,10 @@ int RunProgram(int argc, char* argv[]) {
     // The menu's font and pictures, while the rest of the program gets ready.
     toolkit::PreloadFont();
     toolkit::PreloadPictures(
-        {QStringLiteral("Images\\Back.bmp"), QStringLiteral("Images\\X.bmp"),
-         QStringLiteral("Images\\bMin.bmp"), QStringLiteral("Images\\bSingle.bmp"),
-         QStringLiteral("Images\\bMulti.bmp"), QStringLiteral("Images\\bEditor.bmp")});
+        QStringLiteral("Images\\Back.bmp"),
+        {QStringLiteral("Images\\X.bmp"), QStringLiteral("Images\\bMin.bmp"),
+         QStringLiteral("Images\\bSingle.bmp"), QStringLiteral("Images\\bMulti.bmp"),
+         QStringLiteral("Images\\bEditor.bmp")});
     toolkit::ApplyStyle();
     const platform::QuitWatch quitWatch;
     // Later than the first screen, which need not wait for it.

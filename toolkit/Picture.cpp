@@ -7,6 +7,8 @@
 #include "toolkit/ApiDraw.h"
 #include "toolkit/Canvas.h"
 
+#include <QBuffer>
+#include <QImageReader>
 #include <QTimer>
 #include <algorithm>
 #include <array>
@@ -43,19 +45,46 @@ template <typename Change> void ForEachPixel(QImage& image, Change change) {
     }
 }
 
+/// The bytes of a bitmap, which know when more was wanted than there are.
+class BitmapBytes : public QBuffer {
+public:
+    bool EndedEarly() const { return mEndedEarly; }
+
+protected:
+    qint64 readData(char* data, qint64 size) override {
+        const qint64 got = QBuffer::readData(data, size);
+        mEndedEarly = mEndedEarly || got < size;
+        return got;
+    }
+
+private:
+    bool mEndedEarly = false;
+};
+
+/// Null for a bitmap that was cut off, too: Qt leaves black what it has no bytes for.
+QImage ReadBitmap(const QByteArray& bytes) {
+    BitmapBytes device;
+    device.setData(bytes);
+    // The format is named: to recognise it Qt loads all that it has.
+    const QImage picture = QImageReader(&device, "BMP").read();
+    return device.EndedEarly() ? QImage() : picture;
+}
+
+/// The picture's colours alone: what is transparent, black says.
 QImage Read(const QString& name) {
     QByteArray bytes;
     if (platform::ReadWholeFile(ProgramFile(name), bytes))
         return QImage();
-    // Named first: to recognise a format Qt loads all that it has.
-    const QImage bitmap = QImage::fromData(bytes, "BMP");
-    return bitmap.isNull() ? QImage::fromData(bytes) : bitmap;
+    const QImage picture = bytes.startsWith("BM") ? ReadBitmap(bytes) : QImage::fromData(bytes);
+    return picture.convertToFormat(QImage::Format_RGB32);
 }
 
 /// A multiple shows every pixel as it is. Otherwise colours are blended; black is transparent and
 /// stays so: it is not blended into the colours beside it, and a pixel
 /// that is less than half covered by them is black.
 QImage Scaled(const QImage& picture, double factor) {
+    if (picture.isNull())
+        return picture;
     const QSize size(static_cast<int>(std::lround(picture.width() * factor)),
                      static_cast<int>(std::lround(picture.height() * factor)));
     if (factor == std::round(factor))
@@ -71,23 +100,52 @@ QImage Scaled(const QImage& picture, double factor) {
     return scaled;
 }
 
-QImage LoadNow(const QString& name) {
+/// Whether the first frame has a visible pixel, without which its button could be neither seen nor
+/// pressed.
+bool IsSkin(const QImage& picture) {
+    const auto logical = [](int pixels) {
+        return static_cast<int>(std::lround(pixels / Canvas::Ratio()));
+    };
+    const QRect frame =
+        Canvas::ScreenPixels(QRect(0, 0, logical(picture.width()), logical(picture.height()) / 3));
+    for (int y = 0; y < frame.height(); ++y) {
+        const auto* row = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
+        if (std::any_of(row, row + std::min(frame.width(), picture.width()),
+                        [](QRgb pixel) { return (pixel & RGB_MASK) != 0; }))
+            return true;
+    }
+    return false;
+}
+
+enum class Kind { Ground, Skin };
+
+/// The first picture that can be used, at the screen's pixel ratio.
+QImage LoadNow(const QString& name, Kind kind) {
     const double ratio = Canvas::Ratio();
+    const auto load = [=](const QString& file, double scale) {
+        const QImage picture = Scaled(Read(file), ratio / scale);
+        return kind == Kind::Ground || IsSkin(picture) ? picture : QImage();
+    };
     if (ratio > 1) {
         for (const PictureSet& set : kSets) {
             if (set.scale < ratio && &set != &kSets.back())
                 continue;
-            const QImage picture = Read(InSet(name, set));
+            const QImage picture = load(InSet(name, set), set.scale);
             if (!picture.isNull())
-                return Scaled(picture, ratio / set.scale);
+                return picture;
         }
     }
-    const QImage picture = Read(name);
-    return picture.isNull() ? picture : Scaled(picture, ratio);
+    return load(name, 1);
 }
 
 std::map<QString, std::future<QImage>> gPreloaded;
 std::future<void> gPreloading; // its destruction waits for the thread
+
+QImage Load(const QString& name, Kind kind) {
+    if (auto preloaded = gPreloaded.extract(name))
+        return preloaded.mapped().get();
+    return LoadNow(name, kind);
+}
 
 QStringList gReported;
 QStringList gUntold;
@@ -100,6 +158,27 @@ void TellMissing() {
     platform::ShowMessage(QStringLiteral("These pictures are missing or damaged:\n") + names +
                               QStringLiteral("\nSongrush goes on without them."),
                           platform::Icon::Warning);
+}
+
+/// One message tells of all of them as soon as events run.
+void ReportMissing(const QString& file) {
+    const QString name = file.startsWith(u'\\') ? file.mid(1) : file;
+    if (gReported.contains(name, Qt::CaseInsensitive))
+        return;
+    gReported << name;
+    if (gUntold.isEmpty())
+        QTimer::singleShot(0, TellMissing);
+    gUntold << name;
+}
+
+QImage PlainGround(QSize size) {
+    Canvas canvas(size.width(), size.height());
+    BeginDraw(&canvas, Qt::SolidLine, kWhite, 1, kBlack, BkMode::Opaque);
+    // A middle tone: the screens write bright and dark texts on it.
+    GradientBox(0, 0, static_cast<float>(size.width()), static_cast<float>(size.height()),
+                Rgb(96, 104, 196), Rgb(84, 92, 180));
+    EndDraw();
+    return canvas.Image();
 }
 
 } // namespace
@@ -117,46 +196,38 @@ std::filesystem::path ProgramFile(const QString& name) {
     return path;
 }
 
-QImage LoadPicture(const QString& name) {
-    if (auto preloaded = gPreloaded.extract(name))
-        return preloaded.mapped().get();
-    return LoadNow(name);
-}
-
-void PreloadPictures(const QStringList& names) {
+void PreloadPictures(const QString& ground, const QStringList& skins) {
     std::vector<std::packaged_task<QImage()>> tasks;
-    for (const QString& name : names) {
-        tasks.emplace_back([name] { return LoadNow(name); });
+    const auto preload = [&tasks](const QString& name, Kind kind) {
+        tasks.emplace_back([=] { return LoadNow(name, kind); });
         gPreloaded[name] = tasks.back().get_future();
-    }
+    };
+    preload(ground, Kind::Ground);
+    for (const QString& skin : skins)
+        preload(skin, Kind::Skin);
     gPreloading = std::async(std::launch::async, [tasks = std::move(tasks)]() mutable {
         for (auto& task : tasks)
             task();
     });
 }
 
-void ReportMissingPicture(const QString& file) {
-    const QString name = file.startsWith(u'\\') ? file.mid(1) : file;
-    if (gReported.contains(name, Qt::CaseInsensitive))
-        return;
-    gReported << name;
-    if (gUntold.isEmpty())
-        QTimer::singleShot(0, TellMissing);
-    gUntold << name;
+QImage LoadGround(const QString& name, QSize size) {
+    const QImage picture = Load(name, Kind::Ground);
+    if (picture.isNull()) {
+        ReportMissing(name);
+        return PlainGround(size);
+    }
+    const QSize pixels = Canvas::ScreenPixels(QRect(QPoint(0, 0), size)).size();
+    return picture.size() == pixels
+               ? picture
+               : picture.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
-QImage LoadGround(const QString& name, QSize size) {
-    const QImage picture = LoadPicture(name);
-    if (!picture.isNull())
-        return picture;
-    ReportMissingPicture(name);
-    Canvas canvas(size.width(), size.height());
-    BeginDraw(&canvas, Qt::SolidLine, kWhite, 1, kBlack, BkMode::Opaque);
-    // A middle tone: the screens write bright and dark texts on it.
-    GradientBox(0, 0, static_cast<float>(size.width()), static_cast<float>(size.height()),
-                Rgb(96, 104, 196), Rgb(84, 92, 180));
-    EndDraw();
-    return canvas.Image();
+QImage LoadSkin(const QString& name) {
+    const QImage skin = Load(name, Kind::Skin);
+    if (skin.isNull())
+        ReportMissing(name);
+    return skin;
 }
 
 QImage PlainSkin(QSize size) {

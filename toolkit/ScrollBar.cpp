@@ -46,13 +46,9 @@ QImage Lengthened(const QImage& skin, int length) {
 } // namespace
 
 void ScrollBar::LoadSkin() {
-    const QString file = QStringLiteral("Images\\sBar.bmp");
-    QImage skin = LoadPicture(file);
-    if (skin.isNull()) {
-        ReportMissingPicture(file);
-        skin = PlainSkin(kPlainFrame);
-    }
-    mSkin = skin.convertToFormat(QImage::Format_RGB32);
+    mSkin = toolkit::LoadSkin(QStringLiteral("Images\\sBar.bmp"));
+    if (mSkin.isNull())
+        mSkin = PlainSkin(kPlainFrame);
     mThumb.reset();
 }
 

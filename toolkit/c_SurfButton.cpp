@@ -21,10 +21,9 @@ void c_SurfButton::Create(PictureBox* box, const QString& file, const QString& c
 }
 
 QImage c_SurfButton::Skin(const QString& file) {
-    const QImage skin = LoadPicture(file);
+    const QImage skin = LoadSkin(file);
     if (!skin.isNull())
         return skin;
-    ReportMissingPicture(file);
     // Without its picture the button says in words what it is for.
     if (mCaption.isEmpty())
         mCaption = mBox->accessibleName();

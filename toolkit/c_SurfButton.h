@@ -25,8 +25,8 @@ public:
     int Height() const { return mBox->height(); }
 
     /// Builds the button from a skin (as in "Images\X.bmp") and gives the box the size of one
-    /// frame. A missing skin is reported to the player; the button then has the box's size and a
-    /// plain look.
+    /// frame. A skin that cannot be used is reported to the player; the button then has the box's
+    /// size and a plain look.
     void Create(toolkit::PictureBox* box, const QString& file, const QString& caption);
 
     /// Builds the button with the skin of another one.

@@ -42,14 +42,14 @@ void c_Surface::CreateMask(int index, ColorRef key, ColorRef other, ColorRef rep
 namespace toolkit {
 
 void MaskPixels(Canvas& canvas, ColorRef key, ColorRef other, ColorRef replacement) {
-    const QRgb keyPixel = ToQColor(key).rgb();
+    const QRgb keyPixel = ToQColor(key).rgb() & RGB_MASK;
     const QRgb otherPixel = ToQColor(other).rgb();
     const QRgb replacementPixel = ToQColor(replacement).rgb();
     QImage& image = canvas.PaintDevice();
     for (int y = 0; y < image.height(); ++y) {
         auto* row = reinterpret_cast<QRgb*>(image.scanLine(y));
         std::transform(row, row + image.width(), row, [=](QRgb pixel) {
-            return pixel == keyPixel ? replacementPixel : otherPixel;
+            return (pixel & RGB_MASK) == keyPixel ? replacementPixel : otherPixel;
         });
     }
 }

@@ -33,8 +33,8 @@ public:
     /// Releases all surfaces. The numbering goes on where it was.
     void FreeSurfaces();
 
-    /// Fills a surface from a bitmap file. A missing file is reported to the player, and the
-    /// surface gets a plain ground.
+    /// Fills a surface from a bitmap file, scaled to the surface's size. A missing or damaged file
+    /// is reported to the player, and the surface gets a plain ground.
     void LoadBmpToSurface(int index, const QString& file);
 
     /// Turns a surface into two colours: `replacement` where it had `key`, `other` elsewhere.

@@ -3,7 +3,9 @@
 #include "platform/ProgramFolder.h"
 #include "toolkit/Canvas.h"
 
+#include <QBuffer>
 #include <QDir>
+#include <QFile>
 #include <QImage>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -15,10 +17,18 @@ public:
     ~PictureFolder() { platform::SetProgramFolder({}); }
 
     /// `file` with slashes, as in "Images/X.bmp".
-    void Save(const QString& file, const QImage& picture) const {
-        const QString path = mFolder.filePath(file);
-        ASSERT_TRUE(QDir().mkpath(QFileInfo(path).path()));
-        ASSERT_TRUE(picture.save(path, "BMP"));
+    void Write(const QString& file, const QByteArray& bytes) const {
+        QFile target(mFolder.filePath(file));
+        ASSERT_TRUE(QDir().mkpath(QFileInfo(target).path()));
+        ASSERT_TRUE(target.open(QFile::WriteOnly) && target.write(bytes) == bytes.size());
+    }
+
+    void Save(const QString& file, const QImage& picture) const { Write(file, Bitmap(picture)); }
+
+    static QByteArray Bitmap(const QImage& picture) {
+        QBuffer buffer;
+        EXPECT_TRUE(picture.save(&buffer, "BMP"));
+        return buffer.data();
     }
 
 private:

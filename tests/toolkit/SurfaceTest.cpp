@@ -4,6 +4,7 @@
 #include "toolkit/c_Surface.h"
 
 #include <QApplication>
+#include <QDataStream>
 #include <QMessageBox>
 #include <QPainter>
 #include <QTest>
@@ -27,6 +28,7 @@ TEST(Surfaces, BecomeMasksOfTwoColours) {
     const Hdc dc = surfaces.CreateSurface(3, 2, QString());
     dc->Fill(QRect(1, 0, 1, 2), Rgb(0, 0, 1));
     dc->Fill(QRect(2, 0, 1, 1), kWhite);
+    reinterpret_cast<QRgb*>(dc->PaintDevice().scanLine(0))[0] = qRgba(0, 0, 0, 5); // black
     surfaces.CreateMask(0, kBlack, other, replacement);
     const ColorRef expected[2][3] = {{replacement, other, other},
                                      {replacement, other, replacement}};
@@ -35,14 +37,23 @@ TEST(Surfaces, BecomeMasksOfTwoColours) {
             EXPECT_EQ(dc->Pixel(x, y), expected[y][x]) << x << ", " << y;
 }
 
-TEST(Surfaces, KeepTheirSizeWhenAFileIsLoaded) {
+TEST(Surfaces, ScaleAFileToTheirSize) {
     const PictureFolder folder;
-    folder.Save(QStringLiteral("images/Back.BMP"), Plain(8, 5, QColor(1, 2, 3)));
-    c_Surface surfaces;
-    const Hdc dc = surfaces.CreateSurface(4, 4, QStringLiteral("\\IMAGES\\back.bmp"));
-    EXPECT_EQ(dc->Pixel(7, 4), Rgb(1, 2, 3));
-    EXPECT_EQ(surfaces.Width(0), 4);
-    EXPECT_EQ(surfaces.Height(0), 4);
+    folder.Save(QStringLiteral("images/2x/back.bmp"), Plain(3, 9, QColor(1, 2, 3)));
+    for (const QSize& size : {QSize(8, 5), QSize(4, 4), QSize(1, 1)}) {
+        folder.Save(QStringLiteral("images/Back.BMP"),
+                    Plain(size.width(), size.height(), {1, 2, 3}));
+        for (const double ratio : {1.0, 1.25, 2.0}) {
+            const AtRatio atRatio(ratio);
+            c_Surface surfaces;
+            const Hdc dc = surfaces.CreateSurface(4, 4, QStringLiteral("\\IMAGES\\back.bmp"));
+            EXPECT_EQ(dc->Image().size(), Canvas(4, 4).Image().size())
+                << size.width() << " at " << ratio;
+            EXPECT_EQ(dc->Pixel(3, 3), Rgb(1, 2, 3));
+            EXPECT_EQ(surfaces.Width(0), 4);
+            EXPECT_EQ(surfaces.Height(0), 4);
+        }
+    }
 }
 
 TEST(Pictures, ComeFromTheSetForTheScreen) {
@@ -51,6 +62,11 @@ TEST(Pictures, ComeFromTheSetForTheScreen) {
     folder.Save(QStringLiteral("Images/2x/both.bmp"), Plain(20, 12, Qt::green));
     folder.Save(QStringLiteral("Images/1.5x/Half.bmp"), Plain(15, 9, Qt::blue));
     folder.Save(QStringLiteral("Images/Base.bmp"), Plain(10, 6, Qt::red));
+    folder.Save(QStringLiteral("Images/Holes.bmp"), Plain(10, 6, Qt::red));
+    folder.Save(QStringLiteral("Images/1.5x/Holes.bmp"), Plain(15, 9, Qt::black));
+    folder.Write(QStringLiteral("Images/2x/Holes.bmp"),
+                 PictureFolder::Bitmap(Plain(20, 12, Qt::green)).chopped(1));
+    folder.Save(QStringLiteral("Images/3x/Holes.bmp"), Plain(30, 18, Qt::blue));
     const struct {
         double ratio;
         const char* file;
@@ -64,10 +80,12 @@ TEST(Pictures, ComeFromTheSetForTheScreen) {
         {2, "Images\\Both.bmp", {20, 12}, Qt::green},
         {3, "Images\\Both.bmp", {30, 18}, Qt::red},
         {2, "Images\\Base.bmp", {20, 12}, Qt::red},
+        {1.5, "Images\\Holes.bmp", {15, 9}, Qt::blue},
+        {2, "Images\\Holes.bmp", {20, 12}, Qt::blue},
     };
     for (const auto& expected : cases) {
         const AtRatio ratio(expected.ratio);
-        const QImage picture = LoadPicture(QString::fromLatin1(expected.file));
+        const QImage picture = LoadSkin(QString::fromLatin1(expected.file));
         EXPECT_EQ(picture.size(), expected.size) << expected.file << " at " << expected.ratio;
         EXPECT_EQ(picture.pixelColor(0, 0), expected.color) << expected.file;
     }
@@ -81,7 +99,7 @@ TEST(Pictures, AreScaledWithoutBlendingTheTransparentBlack) {
     QPainter(&disc).fillRect(35, 51, 60, 60, QColor(10, 240, 90));
     QPainter(&disc).fillRect(95, 51, 60, 60, QColor(0, 0, 1));
     folder.Save(QStringLiteral("Images/2x/Skin.bmp"), disc);
-    const QImage scaled = LoadPicture(QStringLiteral("Images\\Skin.bmp"));
+    const QImage scaled = LoadSkin(QStringLiteral("Images\\Skin.bmp"));
     ASSERT_EQ(scaled.size(), QSize(160, 160));
     for (int y = 0; y < 160; ++y) {
         for (int x = 0; x < 160; ++x) {
@@ -93,17 +111,82 @@ TEST(Pictures, AreScaledWithoutBlendingTheTransparentBlack) {
     }
 }
 
-TEST(Pictures, ThatAreMissingAreNamedTogetherOnce) {
+/// The skin in a bitmap of 32 bits a pixel, whose fourth byte is `fourth`.
+QByteArray Bitmap32(const QImage& skin, quint32 alphaMask, quint32 fourth) {
+    constexpr quint32 kBitFields = 3;
+    constexpr quint32 kHeader = 108;
+    constexpr quint32 kPixels = 14 + kHeader;
+    QByteArray bytes = "BM";
+    QDataStream out(&bytes, QIODevice::Append);
+    out.setByteOrder(QDataStream::LittleEndian);
+    out << kPixels + static_cast<quint32>(4 * skin.width() * skin.height()) << 0U << kPixels
+        << kHeader << skin.width() << -skin.height() << quint16(1) << quint16(32) << kBitFields
+        << 0U << 0U << 0U << 0U << 0U << 0xFF0000U << 0xFF00U << 0xFFU << alphaMask;
+    while (bytes.size() < qsizetype(kPixels))
+        out << 0U;
+    for (int y = 0; y < skin.height(); ++y)
+        for (int x = 0; x < skin.width(); ++x)
+            out << ((skin.pixel(x, y) & RGB_MASK) | fourth << 24);
+    return bytes;
+}
+
+TEST(Pictures, CountByTheirColoursAlone) {
     const PictureFolder folder;
+    QImage skin = Plain(40, 60, Qt::black);
+    QPainter(&skin).fillRect(20, 0, 20, 60, QColor(10, 240, 90));
+    folder.Save(QStringLiteral("Images/Skin.bmp"), skin);
+    for (const double ratio : {1.0, 1.25, 2.0}) {
+        const AtRatio atRatio(ratio);
+        const QImage expected = LoadSkin(QStringLiteral("Images\\Skin.bmp"));
+        for (const quint32 alphaMask : {0U, 0xFF000000U}) {
+            for (const quint32 fourth : {0U, 77U, 255U}) {
+                folder.Write(QStringLiteral("Images/Other.bmp"), Bitmap32(skin, alphaMask, fourth));
+                EXPECT_EQ(LoadSkin(QStringLiteral("Images\\Other.bmp")), expected)
+                    << ratio << ", " << alphaMask << ", " << fourth;
+            }
+        }
+    }
+}
+
+TEST(Pictures, ThatCannotBeUsedAreNamedTogetherOnce) {
+    const PictureFolder folder;
+    const auto bitmap = [](const QImage& picture) { return PictureFolder::Bitmap(picture); };
+    QImage unseen = Plain(40, 63, Qt::white); // until the pointer would be on it
+    QPainter(&unseen).fillRect(0, 0, 40, 21, Qt::black);
+    const QByteArray whole = bitmap(Plain(40, 63, Qt::white));
+    const QByteArray indexed =
+        bitmap(Plain(40, 63, Qt::white).convertToFormat(QImage::Format_Indexed8));
+    const struct {
+        QString name;
+        QByteArray file;
+    } cases[] = {
+        {"Cut", whole.chopped(1)},
+        {"CutInHalf", whole.left(whole.size() / 2)},
+        {"Header", whole.left(54)},
+        {"CutIndexed", indexed.chopped(1)},
+        {"NoBitmap", "BM"},
+        {"Empty", QByteArray()},
+        {"Dot", bitmap(Plain(1, 1, Qt::white))},
+        {"TwoRows", bitmap(Plain(40, 2, Qt::white))},
+        {"Black", bitmap(Plain(40, 63, Qt::black))},
+        {"Unseen", bitmap(unseen)},
+    };
     c_Surface surfaces;
     const Hdc dc = surfaces.CreateSurface(20, 10, QStringLiteral("\\Images\\NoBack.bmp"));
     EXPECT_NE(dc->Pixel(10, 5), kBlack) << "no ground in its place";
     LoadGround(QStringLiteral("images\\noback.bmp"), QSize(4, 4));
-    PictureBox box(nullptr, QStringLiteral("pHint"), QSize(40, 21));
-    c_SurfButton button;
-    button.Create(&box, QStringLiteral("Images\\NoHint.bmp"), QString());
-    EXPECT_EQ(box.size(), QSize(40, 21));
-    EXPECT_TRUE(button.IsTouching(20, 10));
+    folder.Write(QStringLiteral("Images/CutBack.bmp"), whole.chopped(1));
+    LoadGround(QStringLiteral("Images\\CutBack.bmp"), QSize(40, 63));
+    QString named = QStringLiteral("\nImages\\NoBack.bmp\nImages\\CutBack.bmp\n");
+    for (const auto& c : cases) {
+        folder.Write(QStringLiteral("Images/%1.bmp").arg(c.name), c.file);
+        PictureBox box(nullptr, QStringLiteral("pHint"), QSize(40, 21));
+        c_SurfButton button;
+        button.Create(&box, QStringLiteral("Images\\%1.bmp").arg(c.name), QString());
+        EXPECT_EQ(box.size(), QSize(40, 21)) << c.name.toStdString();
+        EXPECT_TRUE(button.IsTouching(20, 10)) << c.name.toStdString();
+        named += QStringLiteral("Images\\%1.bmp\n").arg(c.name);
+    }
 
     const auto message = [] {
         return qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
@@ -114,8 +197,7 @@ TEST(Pictures, ThatAreMissingAreNamedTogetherOnce) {
         message()->accept();
     });
     QCoreApplication::processEvents();
-    EXPECT_TRUE(text.contains(QStringLiteral("\nImages\\NoBack.bmp\nImages\\NoHint.bmp\n")))
-        << text.toStdString();
+    EXPECT_TRUE(text.contains(named)) << text.toStdString();
 }
 
 } // namespace
