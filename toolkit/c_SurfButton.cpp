@@ -3,6 +3,7 @@
 #include "platform/Chance.h"
 #include "toolkit/ButtonFace.h"
 #include "toolkit/Picture.h"
+#include "toolkit/WindowSign.h"
 
 #include <algorithm>
 
@@ -24,10 +25,11 @@ QImage c_SurfButton::Skin(const QString& file) {
     const QImage skin = LoadSkin(file);
     if (!skin.isNull())
         return skin;
-    // Without its picture the button says in words what it is for.
-    if (mCaption.isEmpty())
+    QImage plain = PlainSkin(mBox->size());
+    // Without its picture a button that has no sign says in words what it is for.
+    if (!DrawWindowSign(plain, file) && mCaption.isEmpty())
         mCaption = mBox->accessibleName();
-    return PlainSkin(mBox->size());
+    return plain;
 }
 
 void c_SurfButton::Clone(PictureBox* box, const c_SurfButton& source, const QString& caption) {

@@ -10,6 +10,7 @@
 #include <QTest>
 #include <QTimer>
 #include <gtest/gtest.h>
+#include <vector>
 
 namespace {
 
@@ -19,6 +20,19 @@ QImage Plain(int width, int height, const QColor& color) {
     QImage image(width, height, QImage::Format_RGB888);
     image.fill(color);
     return image;
+}
+
+/// The text of the message that comes up as soon as events run; it is answered.
+QString NextMessage() {
+    QString text;
+    QTimer::singleShot(0, qApp, [&text] {
+        if (auto* message = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+            text = message->text();
+            message->accept();
+        }
+    });
+    QCoreApplication::processEvents();
+    return text;
 }
 
 TEST(Surfaces, BecomeMasksOfTwoColours) {
@@ -187,17 +201,42 @@ TEST(Pictures, ThatCannotBeUsedAreNamedTogetherOnce) {
         EXPECT_TRUE(button.IsTouching(20, 10)) << c.name.toStdString();
         named += QStringLiteral("Images\\%1.bmp\n").arg(c.name);
     }
+    const QString message = NextMessage();
+    EXPECT_TRUE(message.contains(named)) << message.toStdString();
+}
 
-    const auto message = [] {
-        return qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+TEST(Pictures, OfTheWindowsButtonsAreReplacedByTheirSigns) {
+    const struct {
+        QString skin;
+        QSize size;
+        std::vector<QPoint> sign;
+        std::vector<QPoint> ground;
+    } cases[] = {
+        {"Images\\X.bmp", {44, 36}, {{22, 18}, {15, 11}, {29, 11}, {15, 25}}, {{22, 11}, {13, 18}}},
+        {"images\\bmin.bmp", {36, 24}, {{12, 16}, {18, 16}, {24, 16}}, {{18, 12}, {18, 20}}},
     };
-    QString text;
-    QTimer::singleShot(0, qApp, [&] {
-        text = message()->text();
-        message()->accept();
-    });
-    QCoreApplication::processEvents();
-    EXPECT_TRUE(text.contains(named)) << text.toStdString();
+    const PictureFolder folder;
+    for (const double ratio : {1.0, 1.5, 2.0}) {
+        const AtRatio atRatio(ratio);
+        for (const auto& c : cases) {
+            PictureBox box(nullptr, QStringLiteral("pX"), c.size);
+            box.setAccessibleName(QStringLiteral("Close"));
+            c_SurfButton button;
+            button.Create(&box, c.skin, QString());
+            EXPECT_EQ(button.Caption(), QString());
+            for (const auto state :
+                 {c_SurfButton::Normal, c_SurfButton::Hover, c_SurfButton::Pressed}) {
+                button.Refresh(state);
+                for (const QPoint& at : c.sign)
+                    EXPECT_EQ(box.Picture().Pixel(at.x(), at.y()), kWhite)
+                        << at.x() << ", " << at.y();
+                for (const QPoint& at : c.ground)
+                    EXPECT_NE(box.Picture().Pixel(at.x(), at.y()), kWhite)
+                        << at.x() << ", " << at.y();
+            }
+        }
+    }
+    NextMessage();
 }
 
 } // namespace
