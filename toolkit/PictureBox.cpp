@@ -11,6 +11,7 @@
 #include <QPainter>
 #include <QtMath>
 #include <cmath>
+#include <utility>
 
 namespace toolkit {
 
@@ -109,7 +110,11 @@ void PictureBox::setVisible(bool visible) {
     QWidget::setVisible(visible);
 }
 
-void PictureBox::hideEvent(QHideEvent*) { Q_EMIT MouseOutside(); }
+void PictureBox::hideEvent(QHideEvent*) {
+    mPointer.reset();
+    LetKeyGo();
+    TellPointer();
+}
 
 void PictureBox::paintEvent(QPaintEvent*) {
     QPainter painter(this);
@@ -144,13 +149,23 @@ void PictureBox::mouseMoveEvent(QMouseEvent* event) {
     // A point exactly on the far edge still counts as inside.
     const bool outside = at.x() < 0 || at.y() < 0 || at.x() > width() || at.y() > height() ||
                          QApplication::widgetAt(PixelAt(event->globalPosition())) != this;
-    if (outside)
-        Q_EMIT MouseOutside();
-    else
-        Q_EMIT MouseMoved(at.x(), at.y());
+    mPointer = outside ? std::nullopt : std::optional(at);
+    TellPointer();
 }
 
-void PictureBox::leaveEvent(QEvent*) { Q_EMIT MouseOutside(); }
+void PictureBox::leaveEvent(QEvent*) {
+    mPointer.reset();
+    TellPointer();
+}
+
+void PictureBox::TellPointer() {
+    if (mHeldKey != 0)
+        return;
+    if (mPointer)
+        Q_EMIT MouseMoved(mPointer->x(), mPointer->y());
+    else
+        Q_EMIT MouseOutside();
+}
 
 void PictureBox::keyPressEvent(QKeyEvent* event) {
     const bool presses = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter ||
@@ -164,7 +179,30 @@ void PictureBox::keyPressEvent(QKeyEvent* event) {
     if (mTakenOver && second)
         return;
     gSincePress.start();
+    HoldKey(event->key());
     Activate();
+}
+
+void PictureBox::HoldKey(int key) {
+    if (!TakesInput())
+        return;
+    mHeldKey = key;
+    Q_EMIT KeyDown();
+    repaint(); // what `Activated` does may take its time
+}
+
+void PictureBox::LetKeyGo() {
+    if (std::exchange(mHeldKey, 0) == 0)
+        return;
+    Q_EMIT KeyUp();
+    TellPointer();
+}
+
+void PictureBox::keyReleaseEvent(QKeyEvent* event) {
+    if (event->key() == mHeldKey && !event->isAutoRepeat())
+        LetKeyGo();
+    else
+        event->ignore();
 }
 
 void PictureBox::TakeKeys() {
@@ -188,6 +226,7 @@ void PictureBox::focusInEvent(QFocusEvent*) {
 
 void PictureBox::focusOutEvent(QFocusEvent*) {
     mFocusShown = mTakenOver = false;
+    LetKeyGo();
     update();
 }
 

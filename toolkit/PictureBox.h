@@ -2,7 +2,9 @@
 
 #include "toolkit/Canvas.h"
 
+#include <QPointF>
 #include <QWidget>
+#include <optional>
 
 namespace toolkit {
 
@@ -56,6 +58,11 @@ Q_SIGNALS:
     void MouseOutside();
     /// Pressed by Enter, by Space or by a screen reader.
     void Activated();
+    /// Enter or Space is held down on the button, from just before `Activated`. Until `KeyUp` the
+    /// pointer is not told of; then comes where it is by now.
+    void KeyDown();
+    /// The key is held no longer, or no longer on this button.
+    void KeyUp();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -65,17 +72,23 @@ protected:
     void leaveEvent(QEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
     QRectF FocusFrame() const;
+    void TellPointer();
+    void HoldKey(int key);
+    void LetKeyGo();
 
     Canvas mCanvas;
     bool mButton = false;
     double mFocusRadius = 0;
     bool mFocusShown = false;
     bool mTakenOver = false;
+    int mHeldKey = 0;
+    std::optional<QPointF> mPointer; // while it is in the box
     QString mText;
 };
 

@@ -66,6 +66,8 @@ void c_PicButton::Create(PictureBox* box, const QString& caption) {
     });
     connect(box, &PictureBox::MouseMoved, this, &c_PicButton::Move);
     connect(box, &PictureBox::MouseOutside, this, [this] { Draw(Normal); });
+    connect(box, &PictureBox::KeyDown, this, [this] { Draw(Pressed); });
+    connect(box, &PictureBox::KeyUp, this, [this] { Draw(Normal); });
     connect(box, &PictureBox::Activated, this, &c_PicButton::Click);
     SetCaption(caption);
 }

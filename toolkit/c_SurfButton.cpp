@@ -49,6 +49,8 @@ void c_SurfButton::Adopt(PictureBox* box, const QString& caption) {
     connect(box, &PictureBox::MouseUp, this, &c_SurfButton::Release);
     connect(box, &PictureBox::MouseMoved, this, &c_SurfButton::Move);
     connect(box, &PictureBox::MouseOutside, this, &c_SurfButton::MoveOutside);
+    connect(box, &PictureBox::KeyDown, this, [this] { DrawState(Pressed); });
+    connect(box, &PictureBox::KeyUp, this, [this] { DrawState(Normal); });
     connect(box, &PictureBox::Activated, this, [this] {
         if (!mDisabled)
             Click();

@@ -3,6 +3,8 @@
 #include "toolkit/c_PicButton.h"
 #include "toolkit/c_SurfButton.h"
 
+#include <QApplication>
+#include <QKeyEvent>
 #include <QSignalSpy>
 #include <QTest>
 #include <QWindow>
@@ -27,7 +29,7 @@ constexpr QPoint kBeside(-4, 10);
 constexpr QPoint kBelow(20, 24);
 constexpr QPoint kFarAway(150, 70);
 
-enum class Act { Move, Press, Release, Hide, Show };
+enum class Act { Move, Press, Release, Hide, Show, KeyDown, KeyRepeat, KeyUp, LoseKeys };
 
 struct Step {
     Act act;
@@ -50,12 +52,60 @@ protected:
     void Do(Act act, QPoint at, Qt::MouseButton button = Qt::LeftButton) {
         if (act == Act::Hide || act == Act::Show)
             return mBox.setVisible(act == Act::Show);
+        if (act >= Act::KeyDown)
+            return DoWithKeys(act);
         QWindow* window = mForm.windowHandle();
         QTest::mouseMove(window, kBoxPlace + at);
         if (act == Act::Press)
             QTest::mousePress(window, button, Qt::NoModifier, kBoxPlace + at);
         if (act == Act::Release)
             QTest::mouseRelease(window, button, Qt::NoModifier, kBoxPlace + at);
+    }
+
+    void DoWithKeys(Act act) {
+        if (act == Act::LoseKeys)
+            return mBox.clearFocus();
+        if (act == Act::KeyDown) {
+            mBox.clearFocus(); // forgets that it took the keys over when it was shown again
+            mBox.setFocus();
+        }
+        QKeyEvent event(act == Act::KeyUp ? QEvent::KeyRelease : QEvent::KeyPress, mKey,
+                        Qt::NoModifier, QString(), act == Act::KeyRepeat);
+        QApplication::sendEvent(mForm.focusWidget() ? mForm.focusWidget() : &mForm, &event);
+    }
+
+    /// The button by each of the keys that press it.
+    template <typename Button> void FollowKeys(Button& button) {
+        using enum Act;
+        const struct {
+            const char* rule;
+            std::vector<Step> steps;
+        } cases[] = {
+            {"pressed while held",
+             {{KeyDown, {}, 2, 1},
+              {KeyRepeat, {}, 2, 1},
+              {KeyRepeat, {}, 2, 1},
+              {KeyUp, {}, 0, 1}}},
+            {"under the pointer", {{Move, kShape, 1, 0}, {KeyDown, {}, 2, 1}, {KeyUp, {}, 1, 1}}},
+            {"the pointer leaves meanwhile",
+             {{Move, kShape, 1, 0},
+              {KeyDown, {}, 2, 1},
+              {Move, kFarAway, 2, 1},
+              {KeyUp, {}, 0, 1}}},
+            {"the keys go elsewhere",
+             {{KeyDown, {}, 2, 1}, {LoseKeys, {}, 0, 1}, {KeyUp, {}, 0, 1}}},
+            {"hidden by its click",
+             {{KeyDown, {}, 2, 1}, {Hide, {}, 0, 1}, {KeyUp, {}, 0, 1}, {Show, {}, 0, 1}}},
+            {"held before it came", {{KeyRepeat, {}, 0, 0}, {KeyUp, {}, 0, 0}}},
+        };
+        for (const int key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+            mKey = key;
+            for (const auto& c : cases) {
+                const testing::ScopedTrace trace(__FILE__, __LINE__, c.rule);
+                Do(Move, kFarAway);
+                Follow(button, c.steps);
+            }
+        }
     }
 
     template <typename Button>
@@ -74,6 +124,7 @@ protected:
     virtual int Look() const = 0;
     ColorRef At(int x, int y) const { return mBox.Picture().Pixel(x, y); }
 
+    int mKey = 0;
     AtRatio mRatio{GetParam()};
     Form mForm{QStringLiteral("f_Test"), QSize(200, 100)};
     PictureBox mBox{&mForm, QStringLiteral("pTest"), kFrame};
@@ -160,6 +211,13 @@ TEST_P(SurfButton, FollowsThePointerOnItsShape) {
         }
     }
 }
+
+TEST_P(SurfButton, ShowsThatAKeyPressesIt) {
+    mButton.Refresh();
+    FollowKeys(mButton);
+}
+
+TEST_P(PicButton, ShowsThatAKeyPressesIt) { FollowKeys(mButton); }
 
 TEST_P(SurfButton, IgnoresTheMouseAndDrawsNothingWhileDisabled) {
     mButton.mDisabled = true;
