@@ -1,7 +1,7 @@
 #include "toolkit/LastInput.h"
 
 #include <QCoreApplication>
-#include <QEvent>
+#include <QKeyEvent>
 
 namespace toolkit {
 
@@ -9,10 +9,20 @@ namespace {
 
 Input gLast = Input::None;
 
+struct Release {
+    int key = 0;
+    quint64 time = 0; // milliseconds, as the system counts them; 0 if it does not
+};
+Release gLastRelease;
+
 class Watch : public QObject {
 public:
     using QObject::QObject;
     bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::KeyRelease) {
+            const auto& release = static_cast<const QKeyEvent&>(*event);
+            gLastRelease = {release.key(), release.timestamp()};
+        }
         if (event->type() == QEvent::KeyPress)
             gLast = Input::Keys;
         else if (event->type() == QEvent::MouseButtonPress)
@@ -24,6 +34,14 @@ public:
 } // namespace
 
 Input LastInput() { return gLast; }
+
+bool IsRepeat(const QKeyEvent& press) {
+    // X has a repeating key released and pressed at the same time. Qt says that it repeats only if
+    // both are there when it looks.
+    const bool atOnce = gLastRelease.time != 0 && press.timestamp() == gLastRelease.time &&
+                        press.key() == gLastRelease.key;
+    return press.isAutoRepeat() || atOnce;
+}
 
 void WatchInput() {
     [[maybe_unused]] static const bool watching = [] {

@@ -1,5 +1,7 @@
 #pragma once
 
+class QKeyEvent;
+
 namespace toolkit {
 
 /// What the player used last, in any window of the program.
@@ -7,7 +9,10 @@ enum class Input { None, Mouse, Keys };
 
 Input LastInput();
 
-/// Called before `LastInput` has to be right; once is enough.
+/// Whether a press of a key comes of its being held down.
+bool IsRepeat(const QKeyEvent& press);
+
+/// Called before `LastInput` and `IsRepeat` have to be right; once is enough.
 void WatchInput();
 
 } // namespace toolkit

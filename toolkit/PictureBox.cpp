@@ -170,7 +170,10 @@ void PictureBox::TellPointer() {
 void PictureBox::keyPressEvent(QKeyEvent* event) {
     const bool presses = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter ||
                          event->key() == Qt::Key_Space;
-    if (!mButton || !presses || event->isAutoRepeat()) {
+    const bool repeats = IsRepeat(*event);
+    if (repeats)
+        mLettingGo.stop();
+    if (!mButton || !presses || repeats) {
         event->ignore();
         return;
     }
@@ -187,22 +190,27 @@ void PictureBox::HoldKey(int key) {
     if (!TakesInput())
         return;
     mHeldKey = key;
+    mLettingGo.stop();
     Q_EMIT KeyDown();
     repaint(); // what `Activated` does may take its time
 }
 
+void PictureBox::keyReleaseEvent(QKeyEvent* event) {
+    constexpr int kRepeatsWithin = 30; // milliseconds
+    if (event->key() == mHeldKey && !event->isAutoRepeat())
+        mLettingGo.start(kRepeatsWithin, this);
+    else
+        event->ignore();
+}
+
+void PictureBox::timerEvent(QTimerEvent*) { LetKeyGo(); }
+
 void PictureBox::LetKeyGo() {
+    mLettingGo.stop();
     if (std::exchange(mHeldKey, 0) == 0)
         return;
     Q_EMIT KeyUp();
     TellPointer();
-}
-
-void PictureBox::keyReleaseEvent(QKeyEvent* event) {
-    if (event->key() == mHeldKey && !event->isAutoRepeat())
-        LetKeyGo();
-    else
-        event->ignore();
 }
 
 void PictureBox::TakeKeys() {

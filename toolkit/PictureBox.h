@@ -2,6 +2,7 @@
 
 #include "toolkit/Canvas.h"
 
+#include <QBasicTimer>
 #include <QPointF>
 #include <QWidget>
 #include <optional>
@@ -75,6 +76,7 @@ protected:
     void keyReleaseEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
 
 private:
     QRectF FocusFrame() const;
@@ -88,6 +90,7 @@ private:
     bool mFocusShown = false;
     bool mTakenOver = false;
     int mHeldKey = 0;
+    QBasicTimer mLettingGo;          // of that key, unless a repeat shows that it is still held
     std::optional<QPointF> mPointer; // while it is in the box
     QString mText;
 };

@@ -29,7 +29,20 @@ constexpr QPoint kBeside(-4, 10);
 constexpr QPoint kBelow(20, 24);
 constexpr QPoint kFarAway(150, 70);
 
-enum class Act { Move, Press, Release, Hide, Show, KeyDown, KeyRepeat, KeyUp, LoseKeys };
+enum class Act {
+    Move,
+    Press,
+    Release,
+    Hide,
+    Show,
+    KeyDown,
+    KeyRepeat,
+    KeyRepeatInTwo,
+    KeyUp,
+    LoseKeys
+};
+
+constexpr int kPressed = 2; // among the looks
 
 struct Step {
     Act act;
@@ -69,8 +82,18 @@ protected:
             mBox.clearFocus(); // forgets that it took the keys over when it was shown again
             mBox.setFocus();
         }
-        QKeyEvent event(act == Act::KeyUp ? QEvent::KeyRelease : QEvent::KeyPress, mKey,
-                        Qt::NoModifier, QString(), act == Act::KeyRepeat);
+        if (act == Act::KeyRepeatInTwo)
+            SendKey(QEvent::KeyRelease);
+        SendKey(act == Act::KeyUp ? QEvent::KeyRelease : QEvent::KeyPress, act == Act::KeyRepeat);
+        mTime += 40;
+        if (act == Act::KeyRepeatInTwo)
+            QTest::qWait(40); // longer than a repeat is waited for
+        EXPECT_TRUE(act != Act::KeyUp || QTest::qWaitFor([this] { return Look() != kPressed; }));
+    }
+
+    void SendKey(QEvent::Type type, bool repeats = false) {
+        QKeyEvent event(type, mKey, Qt::NoModifier, QString(), repeats);
+        event.setTimestamp(mTime);
         QApplication::sendEvent(mForm.focusWidget() ? mForm.focusWidget() : &mForm, &event);
     }
 
@@ -84,7 +107,7 @@ protected:
             {"pressed while held",
              {{KeyDown, {}, 2, 1},
               {KeyRepeat, {}, 2, 1},
-              {KeyRepeat, {}, 2, 1},
+              {KeyRepeatInTwo, {}, 2, 1},
               {KeyUp, {}, 0, 1}}},
             {"under the pointer", {{Move, kShape, 1, 0}, {KeyDown, {}, 2, 1}, {KeyUp, {}, 1, 1}}},
             {"the pointer leaves meanwhile",
@@ -125,6 +148,7 @@ protected:
     ColorRef At(int x, int y) const { return mBox.Picture().Pixel(x, y); }
 
     int mKey = 0;
+    quint64 mTime = 1;
     AtRatio mRatio{GetParam()};
     Form mForm{QStringLiteral("f_Test"), QSize(200, 100)};
     PictureBox mBox{&mForm, QStringLiteral("pTest"), kFrame};
