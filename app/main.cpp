@@ -30,6 +30,7 @@ int RunProgram(int argc, char* argv[]) {
          QStringLiteral("Images\\bSingle.bmp"), QStringLiteral("Images\\bMulti.bmp"),
          QStringLiteral("Images\\bEditor.bmp")});
     toolkit::ApplyStyle();
+    toolkit::WriteNumbersInEnglish();
     const platform::QuitWatch quitWatch;
     // Later than the first screen, which need not wait for it.
     QTimer::singleShot(100, &application, toolkit::SetProgramIcon);

@@ -6,8 +6,28 @@
 #include <QDir>
 #include <QEvent>
 #include <QLineEdit>
+#include <QStyledItemDelegate>
+#include <QTreeView>
+#include <algorithm>
 
 namespace toolkit {
+
+namespace {
+
+/// Qt writes the sizes and times of files with the digits of the system's locale.
+class PlainDigits : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QString displayText(const QVariant& value, const QLocale& locale) const override {
+        QString text = QStyledItemDelegate::displayText(value, locale);
+        std::transform(text.begin(), text.end(), text.begin(), [](QChar sign) {
+            return sign.isDigit() ? QChar(u'0' + sign.digitValue()) : sign;
+        });
+        return text;
+    }
+};
+
+} // namespace
 
 FileDialog::FileDialog(QWidget* owner, const QString& title, const QString& folder,
                        const QString& filter)
@@ -16,6 +36,11 @@ FileDialog::FileDialog(QWidget* owner, const QString& title, const QString& fold
     // While the completer's list is open and folders are still being read, Qt writes rows that it
     // has selected over what is being typed.
     findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setCompleter(nullptr);
+    auto* files = findChild<QTreeView*>(QStringLiteral("treeView"));
+    constexpr int kSize = 1;
+    constexpr int kTime = 3;
+    for (const int column : {kSize, kTime})
+        files->setItemDelegateForColumn(column, new PlainDigits(this));
 }
 
 QStringList FileDialog::Choose() {

@@ -9,13 +9,13 @@ namespace toolkit {
 namespace {
 
 /// In the C locale a collator compares codes only, whatever it is asked for.
-QLocale SortingLocale() {
-    const QLocale locale = QLocale().collation();
-    return locale.language() == QLocale::C ? QLocale(QLocale::English) : locale;
+QLocale SortingLocale(const QLocale& locale) {
+    const QLocale collation = locale.collation();
+    return collation.language() == QLocale::C ? QLocale(QLocale::English) : collation;
 }
 
-std::vector<QCollatorSortKey> SortKeys(const std::vector<QString>& texts) {
-    QCollator collator(SortingLocale());
+std::vector<QCollatorSortKey> SortKeys(const std::vector<QString>& texts, const QLocale& locale) {
+    QCollator collator(SortingLocale(locale));
     collator.setNumericMode(true);
     collator.setCaseSensitivity(Qt::CaseInsensitive);
     std::vector<QCollatorSortKey> keys;
@@ -27,8 +27,9 @@ std::vector<QCollatorSortKey> SortKeys(const std::vector<QString>& texts) {
 
 } // namespace
 
-std::vector<int> HumanOrder(const std::vector<QString>& texts, bool downwards) {
-    const std::vector<QCollatorSortKey> keys = SortKeys(texts);
+std::vector<int> HumanOrder(const std::vector<QString>& texts, bool downwards,
+                            const QLocale& locale) {
+    const std::vector<QCollatorSortKey> keys = SortKeys(texts, locale);
     const auto key = [&keys](int i) -> const QCollatorSortKey& {
         return keys[static_cast<std::size_t>(i)];
     };

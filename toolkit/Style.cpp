@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QFontMetricsF>
 #include <QIcon>
+#include <QLocale>
 #include <QPalette>
 #include <future>
 
@@ -44,6 +45,10 @@ void ApplyStyle() {
     QApplication::setStyle(new NightStyle);
     QApplication::setPalette(NightPalette());
     QApplication::setFont(ScreenFont(12));
+}
+
+void WriteNumbersInEnglish() {
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
 }
 
 void PreloadFont() {

@@ -6,6 +6,10 @@ namespace toolkit {
 /// and dialogs) in the program's colours and fonts.
 void ApplyStyle();
 
+/// Has numbers written as in the program's English texts, with ASCII digits, whatever the system's
+/// locale. Names are still sorted by that.
+void WriteNumbersInEnglish();
+
 /// Begins to load the program's font on a thread of its own; the first text would wait for it.
 void PreloadFont();
 

@@ -2,7 +2,9 @@
 #include "platform/Settings.h"
 #include "platform/Text.h"
 #include "platform/Wait.h"
+#include "toolkit/FileDialog.h"
 #include "toolkit/SelectFolder.h"
+#include "toolkit/Style.h"
 #include "toolkit/cDialog.h"
 
 #include <QApplication>
@@ -16,9 +18,12 @@
 #include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSpinBox>
+#include <QStyledItemDelegate>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QTreeView>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -226,6 +231,27 @@ TEST_F(DialogTest, ChangingToAUselessFolderChangesNothingAndToNoneLeadsToTheDocu
     fs::create_directories(platform::DocumentsFolder());
     toolkit::ChangeToFolder({});
     EXPECT_EQ(fs::current_path(), platform::DocumentsFolder());
+}
+
+TEST(Numbers, HaveAsciiDigitsInAnyLocale) {
+    const QLocale before;
+    QLocale::setDefault(QLocale(QLocale::Arabic, QLocale::Egypt));
+    toolkit::WriteNumbersInEnglish();
+    EXPECT_EQ(QLocale().toString(1234), "1,234");
+    QSpinBox box;
+    box.setValue(12);
+    EXPECT_EQ(box.text(), "12");
+    QLocale::setDefault(before);
+
+    toolkit::FileDialog dialog(nullptr, QString(), QString());
+    const auto* files = dialog.findChild<QTreeView*>("treeView");
+    for (const int column : {1, 3}) { // sizes and times
+        const auto* delegate =
+            qobject_cast<QStyledItemDelegate*>(files->itemDelegateForColumn(column));
+        ASSERT_NE(delegate, nullptr);
+        EXPECT_EQ(delegate->displayText("\u0661\u0662 KiB", QLocale()), "12 KiB");
+    }
+    EXPECT_EQ(files->itemDelegateForColumn(0), nullptr) << "a file may be named so";
 }
 
 } // namespace
