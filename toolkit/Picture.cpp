@@ -70,7 +70,7 @@ QImage ReadBitmap(const QByteArray& bytes) {
     return device.EndedEarly() ? QImage() : picture;
 }
 
-/// The picture's colours alone: what is transparent, black says.
+/// Without alpha: what is transparent is black.
 QImage Read(const QString& name) {
     QByteArray bytes;
     if (platform::ReadWholeFile(ProgramFile(name), bytes))

@@ -196,7 +196,7 @@ void PictureBox::HoldKey(int key) {
 }
 
 void PictureBox::keyReleaseEvent(QKeyEvent* event) {
-    constexpr int kRepeatsWithin = 30; // milliseconds
+    constexpr int kRepeatsWithin = 30; // milliseconds; a repeat's release and press come together
     if (event->key() == mHeldKey && !event->isAutoRepeat())
         mLettingGo.start(kRepeatsWithin, this);
     else
