@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QGridLayout>
+#include <QLabel>
 #include <QPushButton>
 #include <filesystem>
 
@@ -13,13 +14,15 @@ namespace toolkit {
 
 namespace fs = std::filesystem;
 
-OddNames::OddNames(QFileDialog& dialog) : mDialog(dialog) {
+OddNames::OddNames(QFileDialog& dialog)
+    : mDialog(dialog), mCaption(new QLabel(QStringLiteral("Names that are no valid text:"))) {
     constexpr int kHeight = 60;
     setObjectName(QStringLiteral("OddNames"));
-    setAccessibleName(QStringLiteral("Names that are no valid text"));
+    setAccessibleName(mCaption->text());
     setFixedHeight(kHeight);
-    if (auto* layout = qobject_cast<QGridLayout*>(dialog.layout()))
-        layout->addWidget(this, layout->rowCount(), 0, 1, layout->columnCount());
+    auto* layout = qobject_cast<QGridLayout*>(dialog.layout());
+    for (QWidget* row : {static_cast<QWidget*>(mCaption), static_cast<QWidget*>(this)})
+        layout->addWidget(row, layout->rowCount(), 0, 1, layout->columnCount());
     connect(&dialog, &QFileDialog::directoryEntered, this, &OddNames::Fill);
     connect(&dialog, &QFileDialog::currentChanged, this, &QListWidget::clearSelection);
     connect(this, &QListWidget::itemActivated, &dialog, &QDialog::accept);
@@ -51,6 +54,7 @@ void OddNames::Fill(const QString& folder) {
         item->setData(Qt::UserRole, path);
     }
     setVisible(count() > 0);
+    mCaption->setVisible(count() > 0);
 }
 
 bool OddNames::Offers(const QString& name) const {

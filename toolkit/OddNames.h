@@ -4,6 +4,7 @@
 #include <QString>
 
 class QFileDialog;
+class QLabel;
 
 namespace toolkit {
 
@@ -22,6 +23,7 @@ private:
     bool Offers(const QString& name) const;
 
     QFileDialog& mDialog;
+    QLabel* mCaption;
 };
 
 } // namespace toolkit

@@ -176,6 +176,8 @@ TEST_F(DialogTest, NamesThatAreNoValidTextAreOfferedToo) {
     QWidget owner;
     const QString browsed = toolkit::BrowseForFolder(&owner, "Add", fs::current_path());
     EXPECT_EQ(platform::PathFromText(browsed), fs::current_path() / folder);
+    for (const auto& entry : fs::directory_iterator(fs::current_path()))
+        fs::remove(entry); // the temporary folder would not find them
 }
 
 TEST_F(DialogTest, ACancelledOpenGivesTheInitialNameAndBlanks) {
