@@ -1,0 +1,22 @@
+# Makes the changelogs of the packages out of CHANGELOG.md: sets ${debian_changelog}, in Debian's
+# form, and ${metainfo_releases}, elements of AppStream.
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/CHANGELOG.md)
+file(STRINGS ${CMAKE_SOURCE_DIR}/CHANGELOG.md lines)
+set(version "")
+set(signature "")
+foreach(line IN LISTS lines)
+  if(line MATCHES "^## ([0-9.]+), ([0-9-]+)$")
+    set(version ${CMAKE_MATCH_1})
+    set(day ${CMAKE_MATCH_2})
+    execute_process(COMMAND date --utc --rfc-email --date "${day} 12:00" OUTPUT_VARIABLE time
+      OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+    string(APPEND debian_changelog "${signature}songrush (${version}) stable; urgency=medium\n\n")
+    set(signature "\n -- The Songrush makers <makers@songrush.invalid>  ${time}\n\n")
+    string(APPEND metainfo_releases "    <release version=\"${version}\" date=\"${day}\"/>\n")
+  elseif(version AND line MATCHES "^- (.*)$")
+    string(APPEND debian_changelog "  * ${CMAKE_MATCH_1}\n")
+  elseif(version AND line MATCHES "^  (.*)$")
+    string(APPEND debian_changelog "    ${CMAKE_MATCH_1}\n")
+  endif()
+endforeach()
+string(APPEND debian_changelog "${signature}")
