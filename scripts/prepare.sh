@@ -2,10 +2,11 @@
 # what is missing. `prepare <group>...` with the groups below.
 
 PACKAGES_BUILD="g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libgl-dev libmpg123-dev
- libebur128-dev libsdl2-dev libmp3lame-dev fonts-liberation"
+ libebur128-dev libsdl2-dev fonts-liberation
+ python3 abcmidi fluidsynth fluidr3mono-gm-soundfont lame"
 PACKAGES_RUN="libqt6svg6 qt6-qpa-plugins fonts-liberation"
 PACKAGES_PACKAGE="dpkg-dev file gzip"
-PACKAGES_TEST="libgtest-dev libx11-dev xvfb xauth xdotool x11-utils imagemagick procps
+PACKAGES_TEST="libgtest-dev libmp3lame-dev libx11-dev xvfb xauth xdotool x11-utils imagemagick procps
  lintian desktop-file-utils appstream at-spi2-core dbus python3-gi gir1.2-atspi-2.0"
 
 missing_packages() {

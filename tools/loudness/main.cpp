@@ -52,10 +52,10 @@ std::optional<Report> ReportOn(const fs::path& song) {
     return report;
 }
 
-/// What every sample song keeps to: as long as two clips, as loud as all, room above its peaks.
+/// What every sample song keeps to: longer than two clips, as loud as all, room above its peaks.
 bool FitsAmongSamples(const Report& report) {
-    return report.seconds >= 45 && report.seconds <= 75 &&
-           std::abs(report.file.loudness - audio::kPlayedLoudness) <= 0.5 &&
+    return report.seconds > 60 && report.seconds < 80 &&
+           std::abs(report.file.loudness - audio::kPlayedLoudness) <= 0.05 &&
            report.file.truePeak < -1;
 }
 
