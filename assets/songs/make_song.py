@@ -13,6 +13,7 @@ import wave
 LOUDNESS = -16  # LUFS, what the game plays all songs at
 INAUDIBLE = 8  # of 32768
 FADE = 8820  # samples of both channels at the very end
+COMPLAINTS = "Error in", "Warning in", "error:"  # abc2midi and fluidsynth go on after them
 ALBUM = "Songrush Samples"
 GENRES = {  # those of the sample songs, by their number in an ID3v1 tag
     "Country": 2,
@@ -30,19 +31,17 @@ GENRES = {  # those of the sample songs, by their number in an ID3v1 tag
 
 
 def run(*command):
-    """Returns what the command prints; one that fails ends the program."""
+    """Returns what the command prints; one that fails or complains ends the program."""
     done = subprocess.run(
         command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, encoding="utf-8", check=False
     )
-    if done.returncode != 0:
-        sys.exit(f"{command[0]} fails:\n{done.stdout}")
+    if done.returncode != 0 or any(word in done.stdout for word in COMPLAINTS):
+        sys.exit(f"{' '.join(command)}\n{done.stdout}")
     return done.stdout
 
 
 def perform(abc, instruments, midi, wav):
-    said = run("abc2midi", abc, "-o", midi)
-    if "Error" in said or "Warning" in said:  # abc2midi itself goes on after them
-        sys.exit(f"{abc}:\n{said}")
+    run("abc2midi", abc, "-o", midi)
     settings = ["gain=0.5", "sample-rate=44100", "reverb.room-size=0.5", "chorus.active=0"]
     settings += ["dynamic-sample-loading=1"]  # starts three times as fast
     options = [word for setting in settings for word in ("-o", f"synth.{setting}")]
@@ -81,6 +80,8 @@ def tag(abc):
         title, comment = title[:29] + "|", title[29:].replace(" ", "|")
     fields = (title, 30), (header["C"], 30), (ALBUM, 30), (header.get("H", ""), 4), (comment, 30)
     texts = [text.encode("cp1252").ljust(size) for text, size in fields]
+    if any(len(text) != size for text, (_, size) in zip(texts, fields)):
+        sys.exit(f"{abc}: title or artist are too long for the tag")
     return b"TAG" + b"".join(texts) + bytes([GENRES[header["G"]]])
 
 
