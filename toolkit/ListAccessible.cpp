@@ -259,6 +259,9 @@ void MakeListAccessible(PictureBox* box, c_PicList* list) {
         return true;
     }();
     box->setProperty(kListProperty, QVariant::fromValue<QObject*>(list));
+    // A screen reader that runs may have come to know the box before it became a list.
+    QAccessible::deleteAccessibleInterface(
+        QAccessible::uniqueId(QAccessible::queryAccessibleInterface(box)));
     QObject::connect(list, &QObject::destroyed, box,
                      [box] { box->setProperty(kListProperty, QVariant()); });
 }

@@ -344,6 +344,16 @@ TEST_P(PicList, ShowsEveryText) {
     EXPECT_EQ(mList.CellText(1, 0), QString::fromUtf8("caf\u00e9"));
 }
 
+TEST_P(PicList, IsATableToScreenReadersThatKnewTheBoxBefore) {
+    QAccessible::setActive(true);
+    PictureBox box(&mForm, QStringLiteral("box"), kBoxSize);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&box)->role(), QAccessible::Graphic);
+    c_PicList list;
+    list.Create(&box);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&box)->role(), QAccessible::Table);
+    QAccessible::setActive(false);
+}
+
 TEST_P(PicList, IsATableToScreenReaders) {
     QAccessible::setActive(true);
     mList.SetSubHeader(QStringLiteral("40 songs"));
