@@ -8,4 +8,5 @@ cd "$(dirname "$0")"
 prepare build package
 rm -rf build/package
 cmake --workflow --preset package
+lintian --fail-on error build/package/songrush*.deb
 ls -l build/package/songrush*.deb build/package/songrush*.tar.gz

@@ -13,12 +13,12 @@ if [ $tour = no ] && [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
     tour=yes
 fi
 prepare build run
-[ $tour = yes ] && prepare test
+[ $tour = yes ] && prepare tour
 build release
 if [ $tour = yes ]; then
-    scripts/tour.sh build/release/songrush build/tour
-    scripts/tour.sh build/release/songrush build/tour/2x 200
-    scripts/tour-2x.sh build/release/songrush build/tour
-    exec build/release/tools/contrast/songrush_check_contrast tools/contrast/texts.table build/tour
+    tests/drive/tour.py build/release/songrush build/tour
+    tests/drive/tour.py build/release/songrush build/tour/2x 200
+    tests/drive/tour_2x.py build/release/songrush build/tour
+    exec tests/drive/contrast.py build/tour
 fi
 exec build/release/songrush/songrush

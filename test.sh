@@ -5,6 +5,7 @@ set -eu
 cd "$(dirname "$0")"
 . scripts/prepare.sh
 
-prepare build run package test
+prepare build run package tour test
+shellcheck ./*.sh scripts/*.sh tests/*.sh .ci/run
 build asan
 ctest --preset asan "$@"

@@ -1,13 +1,15 @@
+# shellcheck shell=bash
 # Sourced by run.sh, test.sh and package.sh: names every package that the project uses and installs
 # what is missing. `prepare <group>...` with the groups below.
 
-PACKAGES_BUILD="g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libgl-dev libmpg123-dev
- libebur128-dev libsdl2-dev fonts-liberation
- python3 abcmidi fluidsynth fluidr3mono-gm-soundfont lame"
-PACKAGES_RUN="libqt6svg6 qt6-qpa-plugins fonts-liberation"
-PACKAGES_PACKAGE="dpkg-dev file gzip"
-PACKAGES_TEST="libgtest-dev libmp3lame-dev libx11-dev xvfb xauth xdotool x11-utils imagemagick procps
- lintian desktop-file-utils appstream at-spi2-core dbus python3-gi gir1.2-atspi-2.0"
+PACKAGES_BUILD=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libgl-dev libmpg123-dev
+    libebur128-dev libsdl2-dev fonts-liberation
+    python3 abcmidi fluidsynth fluidr3mono-gm-soundfont lame)
+PACKAGES_RUN=(libqt6svg6 qt6-qpa-plugins fonts-liberation)
+PACKAGES_PACKAGE=(dpkg-dev file gzip lintian)
+PACKAGES_TOUR=(xvfb xdotool dbus at-spi2-core gir1.2-atspi-2.0 python3-gi python3-xlib python3-pil
+    python3-numpy)
+PACKAGES_TEST=(libgtest-dev libmp3lame-dev shellcheck desktop-file-utils appstream)
 
 missing_packages() {
     local package
@@ -21,24 +23,27 @@ as_root() {
 }
 
 prepare() {
-    local wanted="" missing group
+    local group
+    local -a wanted=() missing
     for group in "$@"; do
         case $group in
-        build) wanted="$wanted $PACKAGES_BUILD" ;;
-        run) wanted="$wanted $PACKAGES_RUN" ;;
-        package) wanted="$wanted $PACKAGES_PACKAGE" ;;
-        test) wanted="$wanted $PACKAGES_TEST" ;;
+        build) wanted+=("${PACKAGES_BUILD[@]}") ;;
+        run) wanted+=("${PACKAGES_RUN[@]}") ;;
+        package) wanted+=("${PACKAGES_PACKAGE[@]}") ;;
+        tour) wanted+=("${PACKAGES_TOUR[@]}") ;;
+        test) wanted+=("${PACKAGES_TEST[@]}") ;;
         esac
     done
     if ! command -v dpkg-query >/dev/null; then
-        echo "This system has no apt. Songrush needs what these Debian packages hold:" $wanted
+        echo "This system has no apt. Songrush needs what these Debian packages hold: ${wanted[*]}"
         return 0
     fi
-    missing=$(missing_packages $wanted)
-    [ -z "$missing" ] && return 0
-    echo "Installing:" $missing
+    mapfile -t missing < <(missing_packages "${wanted[@]}")
+    [ ${#missing[@]} -eq 0 ] && return 0
+    echo "Installing: ${missing[*]}"
     as_root apt-get update -qq &&
-        as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing
+        as_root env DEBIAN_FRONTEND=noninteractive \
+            apt-get install -y -qq --no-install-recommends "${missing[@]}"
 }
 
 # build <preset>: configures and builds.

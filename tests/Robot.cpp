@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QMetaEnum>
 #include <QPushButton>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -13,6 +14,14 @@ namespace {
 
 constexpr int kLookEvery = 5;
 constexpr int kLimit = 30000;
+
+QString FrameOf(const QMessageBox& box) {
+    const char* icon = QMetaEnum::fromType<QMessageBox::Icon>().valueToKey(box.icon());
+    QStringList frame = {box.windowTitle(), QString::fromLatin1(icon)};
+    for (const QAbstractButton* button : box.buttons())
+        frame << button->text().remove(u'&');
+    return frame.join(QStringLiteral(", "));
+}
 
 } // namespace
 
@@ -43,6 +52,7 @@ bool Robot::CloseMessage() {
     if (box == nullptr)
         return false;
     mMessages << box->text();
+    mFrames << FrameOf(*box);
     const bool question = box->button(QMessageBox::Yes) != nullptr;
     ClickOn(box->button(!question  ? QMessageBox::Ok
                         : mSaysYes ? QMessageBox::Yes

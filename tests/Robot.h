@@ -17,6 +17,9 @@ public:
     /// The texts of the message boxes so far.
     const QStringList& Messages() const { return mMessages; }
 
+    /// Of each of them title, icon and buttons, as in "Songrush, Information, OK".
+    const QStringList& Frames() const { return mFrames; }
+
     /// How a question is answered.
     bool mSaysYes = true;
 
@@ -27,6 +30,7 @@ private:
     std::function<void()> mAct;
     QTimer mLimit;
     QStringList mMessages;
+    QStringList mFrames;
     bool mActing = false;
 };
 

@@ -46,6 +46,7 @@ protected:
         quick.LoadingDone();
         EXPECT_FALSE(load.isVisible());
         mMessages = robot.Messages();
+        mFrames = robot.Frames();
     }
 
     static void Answer(QFileDialog& dialog, const fs::path& chosen) {
@@ -66,6 +67,7 @@ protected:
     bool mExit = false;
     QStringList mMessages;
     std::function<void()> mAnswered = [] {};
+    QStringList mFrames;
 };
 
 TEST_F(QuickTest, AFolderBecomesTheQuickPlaylist) {
@@ -123,6 +125,7 @@ TEST_F(QuickTest, NineSongsAreRefusedButListed) {
     Run(form.pUseDir, mFolder.Path() / "Music");
     EXPECT_EQ(mMessages, QStringList("Songrush Requires atleast 10 MP3's to play.\n"
                                      "This directory has 9 MP3's."));
+    EXPECT_EQ(mFrames, QStringList("Songrush, Critical, OK"));
     EXPECT_TRUE(mExit);
     EXPECT_NE(BytesOf(QuickList()).find("song9.mp3"), std::string::npos);
 }
@@ -135,6 +138,7 @@ TEST_F(QuickTest, ASongWithoutTitleIsAskedAbout) {
         Run(form.pUseDir, mFolder.Path() / "Music", yes);
         ASSERT_EQ(mMessages.size(), 1);
         EXPECT_TRUE(mMessages[0].startsWith("Warning playlist contains entries with no song"));
+        EXPECT_EQ(mFrames, QStringList("Songrush, NoIcon, Yes, No"));
         EXPECT_EQ(mExit, !yes) << "No leads back to the chooser";
     }
 }
@@ -142,6 +146,7 @@ TEST_F(QuickTest, ASongWithoutTitleIsAskedAbout) {
 TEST_F(QuickTest, CancelledDialogsAreToldAndLeadBack) {
     Run(form.pUseDir, {});
     EXPECT_EQ(mMessages, QStringList("No directory was selected."));
+    EXPECT_EQ(mFrames, QStringList("Songrush, Information, OK"));
     EXPECT_TRUE(mExit);
     EXPECT_FALSE(fs::exists(QuickList()));
     Run(form.pUsePlayList, {});

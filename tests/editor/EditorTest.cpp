@@ -54,6 +54,7 @@ protected:
         });
         editor->Run();
         EXPECT_TRUE(steps.empty()) << "left too early";
+        mFrames = robot.Frames();
         return robot.Messages();
     }
 
@@ -108,6 +109,7 @@ protected:
     SongFolder mFolder;
     std::unique_ptr<c_Editor> editor;
     QString mChosen;
+    QStringList mFrames; // of the messages
     std::function<void()> mInDialog;
 };
 
@@ -180,6 +182,7 @@ TEST_F(EditorTest, SongsWithoutTitlesAreWarnedAboutAndSavedAndLoadedAgain) {
     EXPECT_TRUE(told[0].startsWith("Warning, This playlist contains MP3s"));
     EXPECT_EQ(told[1], "song1.mp3 is not a playlist.");
     EXPECT_EQ(Title(songs[0]), "Title 1") << "the song is still one";
+    EXPECT_EQ(mFrames[0], "Songrush, Warning, OK");
     EXPECT_EQ(Names(), before) << "a list without songs leaves the old one";
     EXPECT_TRUE(fs::exists(list.toStdString()));
 }
@@ -190,6 +193,7 @@ TEST_F(EditorTest, AnEmptyListIsToldAndCancelledDialogsDoNothing) {
     EXPECT_EQ(Run({Press(form.pEdit), Press(form.pPlay), Press(form.pSave), Press(form.pRemove),
                    Press(form.pLoad), Press(form.pAddFile), Press(form.pAddDir)}),
               QStringList({"No songs in list", "No songs in list", "Nothing to save."}));
+    EXPECT_EQ(mFrames, QStringList(3, "Mp3 Editor, Information, OK"));
     EXPECT_EQ(editor->List().LineCount(), 0);
     EXPECT_EQ(library::LastMp3Folder(), mFolder.Path());
 }

@@ -294,6 +294,7 @@ TEST_F(GameTest, AGameIsRefusedWithoutEnoughSongs) {
         Robot robot([] {});
         game->Run();
         EXPECT_EQ(robot.Messages(), QStringList(message));
+        EXPECT_EQ(robot.Frames(), QStringList("Songrush, Information, OK"));
         EXPECT_FALSE(game->ExitProgram());
         game.reset();
         EXPECT_EQ(fs::is_regular_file(path) ? BytesOf(path) : "", bytes) << path;

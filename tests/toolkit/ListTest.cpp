@@ -349,7 +349,7 @@ TEST_P(PicList, IsATableToScreenReadersThatKnewTheBoxBefore) {
     PictureBox box(&mForm, QStringLiteral("box"), kBoxSize);
     EXPECT_EQ(QAccessible::queryAccessibleInterface(&box)->role(), QAccessible::Graphic);
     c_PicList list;
-    list.Create(&box);
+    list.Create(&box, QStringLiteral("Title"));
     EXPECT_EQ(QAccessible::queryAccessibleInterface(&box)->role(), QAccessible::Table);
     QAccessible::setActive(false);
 }

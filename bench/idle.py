@@ -1,0 +1,47 @@
+#!/usr/bin/python3
+"""idle.py <program folder> [seconds]
+The share of a processor core that the waiting program takes: at the menu, at a question whose clip
+has not begun, and beside them with the clip and the clock running. Below 1 % is wanted where it only
+waits. A screen reader listens all the time, as the program is driven like that."""
+
+import os
+import sys
+import time
+from pathlib import Path
+
+sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "tests/drive"))
+from game import Game, choose_game, choose_list
+from program import open_program
+
+
+def used_seconds(program):
+    """Of the processor so far, for itself and in the system."""
+    stat = Path(f"/proc/{program.process.pid}/stat").read_text(encoding="ascii")
+    fields = stat.rpartition(")")[2].split()  # the name before may hold blanks
+    return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
+
+
+def measure(program, name, seconds):
+    program.screen.settle()
+    before = used_seconds(program)
+    time.sleep(seconds)
+    share = (used_seconds(program) - before) / seconds
+    print(f"{name:20} {100 * share:5.2f} % of a core", flush=True)
+
+
+def main(folder, seconds="10"):
+    with open_program(folder) as program:
+        program.ready("One player")
+        measure(program, "menu", int(seconds))
+        choose_game(program.click)
+        choose_list(program, program.click, program.data / "PlayList/Sample.m3u")
+        game = Game(program, program.click)
+        game.begin()
+        program.ready("Play")
+        program.move_away()
+        measure(program, "waiting board", int(seconds))
+        game.start_clip()
+        measure(program, "clip playing", int(seconds))
+
+
+main(*sys.argv[1:])

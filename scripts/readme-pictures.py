@@ -1,0 +1,15 @@
+#!/usr/bin/python3
+"""readme-pictures.py <tour's output folder>
+Makes the pictures of the README anew, from those of a tour."""
+
+import sys
+from pathlib import Path
+
+from PIL import Image
+
+DOCS = Path(__file__).resolve().parents[1] / "docs"
+
+for name in ("menu-hover", "playing", "betting-wrong", "editor-marked"):
+    (shot,) = Path(sys.argv[1]).glob(f"[0-9][0-9]-{name}.png")
+    picture = Image.open(shot).resize((480, 360), Image.LANCZOS)
+    picture.quantize(256).save(DOCS / f"{name}.png", optimize=True)

@@ -1,0 +1,163 @@
+"""A program as a screen reader has it: what the accessibility bus tells of it, and its presses."""
+
+import re
+import time
+
+import gi
+
+from screen import Box
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi, Gio, GLib
+
+LIMIT = 60  # seconds that a single step may take; programs under sanitizers are slow
+# Announced or not, as it happens to take long enough.
+PASSING = ("Loading...", "The clip is over.")
+TEXT_ROLES = ("label", "push button", "text", "combo box", "table cell", "table column header")
+
+
+def switch_accessibility_on():
+    """As the desktop does when a screen reader starts; programs that start later join in."""
+    bus = Gio.bus_get_sync(Gio.BusType.SESSION)
+    switch = GLib.Variant("(ssv)", ("org.a11y.Status", "IsEnabled", GLib.Variant("b", True)))
+    bus.call_sync("org.a11y.Bus", "/org/a11y/bus", "org.freedesktop.DBus.Properties", "Set",
+                  switch, None, Gio.DBusCallFlags.NONE, -1, None)
+
+
+class Reader:
+    """Reads a process. What is waited for is looked for again and again up to a limit, never slept
+    for."""
+
+    def __init__(self, start):
+        switch_accessibility_on()
+        self.heard = []  # announcements not yet asked for
+        Atspi.init()
+        self.listener = Atspi.EventListener.new(self._hear)
+        self.listener.register("object:state-changed:showing")
+        self.process = start()
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.listener.deregister("object:state-changed:showing")
+        if self.process.poll() is None:
+            self.process.kill()
+            self.process.wait()
+
+    def _hear(self, event):
+        try:
+            source = event.source
+            if (event.detail1 == 1 and source.get_role() == Atspi.Role.NOTIFICATION
+                    and source.get_process_id() == self.process.pid):
+                source.clear_cache()
+                self.heard.append(source.get_name())
+        except GLib.Error:
+            pass  # gone already
+
+    def wait(self, what, condition):
+        """The first value of the condition that is true."""
+        end = time.monotonic() + LIMIT
+        while time.monotonic() < end:
+            while GLib.MainContext.default().iteration(False):
+                pass
+            try:
+                value = condition()
+                if value:
+                    return value
+            except GLib.Error:
+                pass  # what was looked at went away meanwhile
+            assert self.process.poll() is None, \
+                f"the program ended with status {self.process.returncode} before {what}"
+            time.sleep(0.02)
+        shown = "\n".join(f"{item.get_role_name()} {item.get_name()!r}" for item in self.showing())
+        raise AssertionError(f"waited in vain for {what}; heard: {self.heard}; there are:\n{shown}")
+
+    def announced(self, pattern, skip=False):
+        """The match of the next announcement, which must be this one unless others are skipped."""
+        while True:
+            text = self.wait(f"the announcement {pattern!r}",
+                             lambda: self.heard and self.heard.pop(0))
+            match = re.fullmatch(pattern, text)
+            if match:
+                return match
+            assert skip or text in PASSING, f"announced was {text!r} instead of {pattern!r}"
+
+    def tops(self):
+        """The program's entry on the bus, as soon as it is there."""
+        programs = children(Atspi.get_desktop(0))
+        return [p for p in programs if p.get_process_id() == self.process.pid]
+
+    def showing(self):
+        """All objects of the program that are shown, but not what folders and tables hold."""
+        waiting = self.tops()
+        for program in waiting:
+            program.clear_cache()
+        while waiting:
+            item = waiting.pop()
+            yield item
+            if item.get_role() not in (Atspi.Role.TREE, Atspi.Role.LIST, Atspi.Role.TABLE):
+                waiting += reversed([c for c in children(item)
+                                     if has_state(c, "SHOWING")])
+
+    def all(self, role):
+        return [item for item in self.showing() if item.get_role_name() == role]
+
+    def seen(self, name, role="push button"):
+        """The control of that name if it is shown, rather in the active window than in others; a
+        name may also be a compiled pattern."""
+        matches = name.fullmatch if isinstance(name, re.Pattern) else name.__eq__
+        found = [item for item in self.all(role) if matches(item.get_name())]
+        return min(found, key=lambda item: not is_active(item), default=None)
+
+    def find(self, name, role="push button"):
+        return self.wait(f"the {role} {name!r}", lambda: self.seen(name, role))
+
+    def gone(self, name, role="push button"):
+        self.wait(f"the end of the {role} {name!r}", lambda: not self.seen(name, role))
+
+    def press(self, name):
+        """As a screen reader does."""
+        button = self.find(name)
+        actions = [button.get_action_name(i) for i in range(button.get_n_actions())]
+        assert button.do_action(actions.index("Press")), f"{name} cannot be pressed"
+
+    def fill_in(self, name, text):
+        """As a screen reader does."""
+        assert self.find(name, "text").set_text_contents(text), f"{name} cannot be typed into"
+
+    def texts(self):
+        """What can be read in the active window, and is in use there."""
+        read = [item for item in self.showing() if is_active(item)]
+        for table in [item for item in read if item.get_role() == Atspi.Role.TABLE]:
+            read += [cell for cell in children(table) if has_state(cell, "SHOWING")]
+        return [item for item in read if item.get_role_name() in TEXT_ROLES and text_of(item)
+                and has_state(item, "ENABLED")]
+
+
+def has_state(item, name):
+    return item.get_state_set().contains(getattr(Atspi.StateType, name))
+
+
+def children(item):
+    return [c for c in (item.get_child_at_index(i) for i in range(item.get_child_count())) if c]
+
+
+def is_active(item):
+    """Whether its window is."""
+    parent = item.get_parent()
+    if parent and parent.get_role() != Atspi.Role.APPLICATION:
+        return is_active(parent)
+    return has_state(item, "ACTIVE")
+
+
+def text_of(item):
+    """What can be read there."""
+    if item.get_role() == Atspi.Role.TEXT:
+        return Atspi.Text.get_text(item, 0, -1)
+    return item.get_name()
+
+
+def box_of(item):
+    box = item.get_extents(Atspi.CoordType.SCREEN)
+    return Box(box.x, box.y, box.width, box.height)

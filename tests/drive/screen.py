@@ -1,0 +1,56 @@
+"""What is on the display."""
+
+import time
+from typing import NamedTuple
+
+import numpy
+from PIL import Image
+
+
+class Box(NamedTuple):
+    """A place on the screen, in its pixels."""
+    left: int
+    top: int
+    width: int
+    height: int
+
+    @property
+    def middle(self):
+        return self.left + self.width // 2, self.top + self.height // 2
+
+    @property
+    def aside(self):
+        """A point beside a caption in the middle."""
+        return self.left + self.width * 7 // 8, self.top + self.height // 2
+
+    def scaled(self, factor):
+        return Box(*(round(value * factor) for value in self))
+
+
+class Screen:
+    """The display's memory, read from the server's file."""
+
+    def __init__(self, file, width, height):
+        self.box = Box(0, 0, width, height)
+        header = file.stat().st_size - width * height * 4
+        self.memory = numpy.memmap(file, numpy.uint8, "r", header, (height, width, 4))
+
+    def pixels(self, box=None):
+        """As they are now: red, green and blue by row and column."""
+        left, top, width, height = box or self.box
+        return self.memory[top:top + height, left:left + width, 2::-1].copy()
+
+    def image(self, box=None):
+        return Image.fromarray(self.pixels(box))
+
+    def settle(self, box=None, looks=1):
+        """Waits until there was no change for so many looks, but not for long: a running clock
+        never keeps still."""
+        same, before = 0, self.pixels(box)
+        for _ in range(15 * looks):
+            time.sleep(0.05)
+            now = self.pixels(box)
+            same = same + 1 if numpy.array_equal(now, before) else 0
+            if same == looks:
+                return
+            before = now
