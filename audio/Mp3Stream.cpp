@@ -34,12 +34,25 @@ std::unique_ptr<Mp3Stream> Mp3Stream::Open(const std::filesystem::path& path,
 bool Mp3Stream::Prepare() {
     if (!Start(MPG123_GAPLESS) || mpg123_scan(mHandle.get()) != MPG123_OK)
         return false;
-    long joined = 0;
-    mpg123_getstate(mHandle.get(), MPG123_FRANKENSTEIN, &joined, nullptr);
+    mFrames = mpg123_length(mHandle.get());
     // In files joined together the gapless information is that of the first only, and the library
     // counts all frames by the rate of one of them.
-    mFrames = joined != 0 ? MapFrames() : mpg123_length(mHandle.get());
+    if (Joined())
+        mFrames = MapFrames() ? mMap->Frames() : 0;
     return mFrames > 0;
+}
+
+/// Whether MPEG frames differ. The library does not always say so of damaged files, but then finds
+/// the wrong places in them.
+bool Mp3Stream::Joined() {
+    mpg123_handle* handle = mHandle.get();
+    long joined = 0;
+    mpg123_getstate(handle, MPG123_FRANKENSTEIN, &joined, nullptr);
+    const auto finds = [&](std::int64_t frame) {
+        return mpg123_seek(handle, frame, SEEK_SET) == frame;
+    };
+    return joined != 0 || !finds(mFrames / 4) || !finds(mFrames / 2) || !finds(mFrames * 3 / 4) ||
+           !finds(mFrames - 1) || !finds(0);
 }
 
 /// Opens a decoder at the start of the file; `gapless` is MPG123_GAPLESS or 0.
@@ -60,10 +73,10 @@ bool Mp3Stream::Start(long gapless) {
     return mpg123_open_handle(handle, &mFile) == MPG123_OK && FixFormat();
 }
 
-/// Goes through all MPEG frames of a file in which they differ; returns how many frames they last.
-std::int64_t Mp3Stream::MapFrames() {
+/// Goes through all MPEG frames of a file in which they differ, and back to its start.
+bool Mp3Stream::MapFrames() {
     if (!Start(0))
-        return 0;
+        return false;
     mpg123_handle* handle = mHandle.get();
     mMap.emplace();
     const auto next = [handle] {
@@ -77,7 +90,7 @@ std::int64_t Mp3Stream::MapFrames() {
         const double slower = static_cast<double>(mRate) / static_cast<double>(frame.rate);
         mMap->Add(mpg123_spf(handle) * slower);
     } while (next());
-    return mpg123_seek_frame(handle, 0, SEEK_SET) == 0 ? mMap->Frames() : 0;
+    return mMap->Frames() > 0 && mpg123_seek_frame(handle, 0, SEEK_SET) == 0;
 }
 
 /// Has the rate of the first frame kept to the end.
@@ -97,18 +110,18 @@ void Mp3Stream::SeekTo(std::int64_t frame) {
     mNext = mFrames;
     if (frame < 0 || frame >= mFrames)
         return;
-    const std::int64_t reached =
-        mMap ? SeekByMap(frame) : mpg123_seek(mHandle.get(), frame, SEEK_SET);
-    if (reached >= 0)
-        mNext = std::min(reached, mFrames);
+    const bool found = !mMap && mpg123_seek(mHandle.get(), frame, SEEK_SET) == frame;
+    if (found || ((mMap || MapFrames()) && SeekByMap(frame)))
+        mNext = frame;
 }
 
-/// Goes to the MPEG frame that holds `frame` and decodes up to it; returns the frame reached, below
-/// 0 on an error.
-std::int64_t Mp3Stream::SeekByMap(std::int64_t frame) {
+/// Goes to the MPEG frame that holds `frame` and decodes up to it.
+bool Mp3Stream::SeekByMap(std::int64_t frame) {
+    if (frame >= mMap->Frames())
+        return false;
     const FrameMap::Place place = mMap->At(frame);
     if (mpg123_seek_frame(mHandle.get(), place.number, SEEK_SET) != place.number)
-        return -1;
+        return false;
     std::array<Frame, 1152> passed;
     auto left = static_cast<std::size_t>(frame - place.start);
     std::size_t got = 1;
@@ -116,7 +129,7 @@ std::int64_t Mp3Stream::SeekByMap(std::int64_t frame) {
         got = Decode(std::span(passed).first(std::min(left, passed.size())));
         left -= got;
     }
-    return frame;
+    return true;
 }
 
 std::size_t Mp3Stream::Read(std::span<Frame> frames) {

@@ -52,8 +52,9 @@ private:
     bool Prepare();
     bool Start(long gapless);
     bool FixFormat();
-    std::int64_t MapFrames();
-    std::int64_t SeekByMap(std::int64_t frame);
+    bool Joined();
+    bool MapFrames();
+    bool SeekByMap(std::int64_t frame);
     std::size_t Decode(std::span<Frame> frames);
 
     InputFile mFile;

@@ -152,7 +152,8 @@ TEST(Mp3Stream, ADamagedSongNeverGivesMoreThanItHas) {
         for (int turn = 0; turn < 10; ++turn) {
             const std::size_t place = random() % frames;
             stream->SeekTo(static_cast<std::int64_t>(place));
-            Read(*stream, 5000);
+            const bool heard = !Read(*stream, 5000).empty();
+            EXPECT_TRUE(heard || place + 10'000 > frames) << place << " of " << frames;
         }
         stream->SeekTo(0);
         EXPECT_LE(Skip(*stream, frames + 100'000), frames);
