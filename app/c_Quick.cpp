@@ -3,6 +3,7 @@
 #include "app/f_Load.h"
 #include "app/f_Quick.h"
 #include "editor/c_Editor.h"
+#include "library/MarkJournal.h"
 #include "library/SongFolders.h"
 #include "library/SongScan.h"
 #include "library/SongTitle.h"
@@ -107,12 +108,15 @@ bool c_Quick::QuickPlay() {
 bool c_Quick::WriteQuickList(const c_M3U& list) {
     std::error_code error;
     fs::create_directories(library::PlaylistFolder(), error);
-    mPath = library::PlaylistFolder() / "Quick.m3u";
-    if (list.WriteFile(mPath))
-        return true;
     // A program folder that cannot be written to need not keep anyone from playing.
-    mPath = platform::CacheFolder() / "Quick.m3u";
-    return list.WriteFile(mPath);
+    for (const fs::path& folder : {library::PlaylistFolder(), platform::CacheFolder()}) {
+        mPath = folder / "Quick.m3u";
+        if (list.WriteFile(mPath)) {
+            library::MarkJournal::Forget(mPath);
+            return true;
+        }
+    }
+    return false;
 }
 
 bool c_Quick::ScanFolder(const fs::path& folder, c_M3U& list) {

@@ -1,5 +1,6 @@
 #include "editor/c_Editor.h"
 
+#include "library/MarkJournal.h"
 #include "library/SongFolders.h"
 #include "library/SongTitle.h"
 #include "library/c_ID3.h"
@@ -248,7 +249,9 @@ void c_Editor::bSave_Clicked() {
     c_M3U playlist;
     for (int line = 0; line < mList.LineCount(); ++line)
         playlist.Add(platform::PathFromKey(mList.LineKey(line)));
-    playlist.WriteFile(platform::PathFromText(WithPlaylistEnding(answer)));
+    const fs::path file = platform::PathFromText(WithPlaylistEnding(answer));
+    if (playlist.WriteFile(file))
+        library::MarkJournal::Forget(file);
     platform::PumpEvents();
 }
 

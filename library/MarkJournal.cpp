@@ -1,10 +1,14 @@
 #include "library/MarkJournal.h"
 
 #include "library/PlaylistFormat.h"
+#include "library/SongFolders.h"
 #include "platform/File.h"
 #include "platform/ProgramFolder.h"
+#include "platform/Text.h"
 
+#include <QByteArray>
 #include <QCryptographicHash>
+#include <QFileInfo>
 #include <utility>
 
 namespace library {
@@ -25,11 +29,24 @@ std::string NameOf(const fs::path& list) {
     return ".played-" + hash.toStdString() + ".m3u";
 }
 
+/// Where playlists are kept, or the user's cache if nothing can be written there.
+fs::path Folder() {
+    std::error_code error;
+    fs::create_directories(PlaylistFolder(), error);
+    const bool writable = QFileInfo(platform::TextFromPath(PlaylistFolder())).isWritable();
+    return writable ? PlaylistFolder() : platform::CacheFolder();
+}
+
 } // namespace
+
+void MarkJournal::Forget(const fs::path& list) {
+    std::error_code ignored;
+    fs::remove(MarkJournal(list).File(), ignored);
+}
 
 MarkJournal::MarkJournal(const fs::path& list) : mName(NameOf(list)) {}
 
-fs::path MarkJournal::File() const { return platform::ProgramFolder() / "PlayList" / mName; }
+fs::path MarkJournal::File() const { return Folder() / mName; }
 
 MarkJournal::Marks MarkJournal::Read() const {
     QByteArray bytes;
@@ -45,7 +62,8 @@ MarkJournal::Marks MarkJournal::Read() const {
 
 void MarkJournal::Played(const fs::path& song) {
     std::string lines;
-    AppendEntry(lines, {song.native(), 1});
+    const std::string path = song.string();
+    AppendEntry(lines, {path, 1});
     mWorker.Do([file = File(), lines = std::move(lines)] { platform::AppendToFile(file, lines); });
 }
 

@@ -2,7 +2,6 @@
 
 #include "platform/Worker.h"
 
-#include <QByteArray>
 #include <filesystem>
 #include <set>
 #include <string>
@@ -16,6 +15,9 @@ class MarkJournal {
 public:
     /// Of the playlist at the absolute path `list`, whether or not there is something to keep.
     explicit MarkJournal(const std::filesystem::path& list);
+
+    /// Deletes what is kept for a playlist that was written anew.
+    static void Forget(const std::filesystem::path& list);
 
     struct Marks {
         bool newCycle = false;        ///< all marks of the list were cleared before these

@@ -8,7 +8,9 @@ SongCycle::SongCycle(const fs::path& playlist)
     : mError(mList.ReadFile(playlist)), mJournal(playlist) {}
 
 SongCycle::~SongCycle() {
-    if (mList.WriteBack())
+    for (const int song : mKeptUnplayed)
+        mList.SetPlayed(song, 0);
+    if (mBegun && mList.WriteBack())
         mJournal.Discard();
 }
 
@@ -20,6 +22,7 @@ void SongCycle::Begin() {
         if (kept.played.contains(FileName(song).string()))
             mList.SetPlayed(song, 1);
     mList.RandomizeList();
+    mBegun = true;
 }
 
 std::optional<fs::path> SongCycle::Next(const std::function<Attempt(const fs::path&)>& open) {
@@ -31,8 +34,7 @@ std::optional<fs::path> SongCycle::Next(const std::function<Attempt(const fs::pa
         if (!mFailed.contains(song))
             attempt = open(FileName(song));
         if (attempt == Attempt::Opened) {
-            for (const int other : passedOver)
-                mList.SetPlayed(other, 0);
+            mKeptUnplayed.insert(passedOver.begin(), passedOver.end());
             NotePlayed(song, before[static_cast<std::size_t>(song)] != 0);
             return FileName(song);
         }

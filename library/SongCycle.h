@@ -50,7 +50,9 @@ private:
     c_M3U mList;
     std::error_code mError;
     MarkJournal mJournal;
-    std::unordered_set<int> mFailed; // by index, the songs that could not be opened
+    bool mBegun = false;
+    std::unordered_set<int> mFailed;       // by index, the songs that could not be opened
+    std::unordered_set<int> mKeptUnplayed; // those of them that count as played meanwhile
 };
 
 } // namespace library

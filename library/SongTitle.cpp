@@ -3,19 +3,24 @@
 #include "library/c_ID3.h"
 #include "platform/Text.h"
 
+#include <QList>
 #include <algorithm>
+#include <string_view>
 
 namespace library {
 
 bool HasVisible(const QString& text) {
-    return std::any_of(text.begin(), text.end(), [](QChar c) {
-        return !c.isSpace() && c.category() != QChar::Other_Control &&
-               c.category() != QChar::Other_Format;
+    constexpr std::u32string_view kBlankLetters = U"\u115F\u1160\u2800\u3164\uFFA0";
+    const QList<uint> codes = text.toUcs4();
+    return std::any_of(codes.begin(), codes.end(), [=](char32_t c) {
+        const QChar::Category category = QChar::category(c);
+        return !QChar::isSpace(c) && category != QChar::Other_Control &&
+               category != QChar::Other_Format && kBlankLetters.find(c) == kBlankLetters.npos;
     });
 }
 
 QString SongTitle(const c_ID3& tag, const std::filesystem::path& song) {
-    const QString path = platform::ShownText(song);
+    QString path = platform::ShownText(song);
     for (const QString& title :
          {tag.Title(), c_ID3::TitleFromFileName(song), platform::AfterLastSeparator(path)}) {
         if (HasVisible(title))

@@ -110,6 +110,7 @@ std::error_code c_M3U::ReadFile(const std::filesystem::path& file) {
         error = make_error_code(std::errc::illegal_byte_sequence);
     if (error) {
         qCDebug(Log) << "M3u Read Error";
+        mFileName.clear();
         mText.clear();
         mPlayedInFile.clear();
         return error;

@@ -1,4 +1,5 @@
 #include "audio/c_XAudio.h"
+#include "editor/Filling.h"
 #include "editor/c_Editor.h"
 #include "library/SongFolders.h"
 #include "library/c_ID3.h"
@@ -16,6 +17,7 @@
 #include <QTest>
 #include <algorithm>
 #include <deque>
+#include <map>
 
 namespace fs = std::filesystem;
 
@@ -270,6 +272,35 @@ TEST_F(EditorTest, FoldersAddedDuringAScanFollowItAndClosingStopsIt) {
     Run({Add("many")});
     EXPECT_TRUE(editor->ExitProgram);
     EXPECT_LT(editor->List().LineCount(), 40002);
+}
+
+TEST(FillingTest, WhatIsAskedForMeanwhileComesInItsTurnAndALoadReplacesAll) {
+    const TemporaryFolder folder;
+    for (const char* name : {"one", "two"}) {
+        fs::create_directory(folder.Path() / name);
+        for (int song = 0; song < 20; ++song)
+            folder.Write(fs::path(name) / (std::to_string(song) + ".mp3"), "");
+    }
+    std::map<std::string, int> added;
+    bool wanted = true;
+    std::function<void()> meanwhile;
+    editor::Filling filling({[&](const fs::path& song, const c_ID3&) {
+                                 ++added[song.parent_path().filename().string()];
+                                 if (const auto act = std::exchange(meanwhile, nullptr))
+                                     act();
+                             },
+                             [] {}, [&wanted] { return wanted; }});
+    const std::vector<fs::path> list(30, folder.Path() / "list" / "song.mp3");
+    meanwhile = [&] {
+        filling.Load("List", list);
+        filling.AddFolder(folder.Path() / "two");
+    };
+    filling.AddFolder(folder.Path() / "one");
+    EXPECT_EQ(added, (std::map<std::string, int>{{"one", 1}, {"list", 30}, {"two", 20}}));
+    EXPECT_EQ(filling.Reading(), "");
+    meanwhile = [&wanted] { wanted = false; };
+    filling.AddFolder(folder.Path() / "two");
+    EXPECT_EQ(added["two"], 21);
 }
 
 } // namespace

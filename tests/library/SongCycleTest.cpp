@@ -148,6 +148,7 @@ TEST_F(SongCycleTest, MarksSurviveAKill) {
         List(c.list);
         const pid_t process = fork();
         if (process == 0) {
+            alarm(60);
             SongCycle cycle(mList);
             cycle.Begin();
             for (std::size_t i = 0; i < c.played; ++i)
@@ -158,12 +159,21 @@ TEST_F(SongCycleTest, MarksSurviveAKill) {
         }
         waitpid(process, nullptr, 0);
         EXPECT_EQ(InFile(), c.list);
+        EXPECT_EQ(SongCycle(mList).Count(), 4); // a list that is only looked at loses nothing
         EXPECT_EQ(Play(1).size(), 1u);
         // Two songs of the cycle are left to play, or just one more than was played.
         const std::string after = InFile();
         EXPECT_EQ(std::count(after.begin(), after.end(), '1'), c.played == 2 ? 4 : 3) << after;
         EXPECT_EQ(written(), 0u);
     }
+}
+
+TEST_F(SongCycleTest, AListWrittenAnewBeginsWithoutTheMarksOfOldGames) {
+    List("a0 b0");
+    library::MarkJournal(mList).Played("/a");
+    library::MarkJournal::Forget(mList);
+    EXPECT_EQ(Play(2).size(), 2u);
+    EXPECT_EQ(InFile(), "a1 b1");
 }
 
 TEST_F(SongCycleTest, WhatIsNoTextHasNoSongsAndIsNeverWritten) {
