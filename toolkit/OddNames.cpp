@@ -7,6 +7,7 @@
 #include <QFileDialog>
 #include <QGridLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <filesystem>
 
@@ -24,12 +25,20 @@ OddNames::OddNames(QFileDialog& dialog)
     for (QWidget* row : {static_cast<QWidget*>(mCaption), static_cast<QWidget*>(this)})
         layout->addWidget(row, layout->rowCount(), 0, 1, layout->columnCount());
     connect(&dialog, &QFileDialog::directoryEntered, this, &OddNames::Fill);
+    // Whatever is chosen in the dialog itself is meant instead.
+    auto* name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    connect(name, &QLineEdit::textEdited, this, &QListWidget::clearSelection);
+    for (auto* view : dialog.findChildren<QAbstractItemView*>())
+        if (view != this)
+            connect(view, &QAbstractItemView::pressed, this, &QListWidget::clearSelection);
     connect(&dialog, &QFileDialog::currentChanged, this, &QListWidget::clearSelection);
     connect(this, &QListWidget::itemActivated, &dialog, &QDialog::accept);
-    connect(this, &QListWidget::itemSelectionChanged, &dialog, [this] {
-        if (!Chosen().isEmpty()) // the dialog itself knows of no choice
-            for (auto* box : mDialog.findChildren<QDialogButtonBox*>())
-                box->buttons().constFirst()->setEnabled(true);
+    connect(this, &QListWidget::itemSelectionChanged, &dialog, [this, name] {
+        if (Chosen().isEmpty())
+            return;
+        name->clear();
+        for (auto* box : mDialog.findChildren<QDialogButtonBox*>())
+            box->buttons().constFirst()->setEnabled(true); // the dialog knows of no choice
     });
     Fill(dialog.directory().path());
 }

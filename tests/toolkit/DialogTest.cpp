@@ -172,6 +172,15 @@ TEST_F(DialogTest, NamesThatAreNoValidTextAreOfferedToo) {
     OnNext<QFileDialog>(choose(QStringLiteral("café.m3u")));
     const QString chosen = cDialog::GetOpenName("Load", "Lists", "*.m3u", QString(), false);
     EXPECT_EQ(platform::PathFromText(chosen), fs::current_path() / file);
+    std::ofstream(fs::current_path() / "plain.m3u") << "list";
+    OnNext<QFileDialog>([&](QFileDialog& dialog) { // a name that is typed later counts instead
+        auto* odd = dialog.findChild<QListWidget*>(QStringLiteral("OddNames"));
+        odd->setCurrentRow(0);
+        Type(dialog, "plain.m3u");
+        Press(dialog, QDialogButtonBox::Open);
+    });
+    EXPECT_EQ(cDialog::GetOpenName("Load", "Lists", "*.m3u", QString(), false),
+              Lists() + "/plain.m3u");
     OnNext<QFileDialog>(choose(QStringLiteral("müsik")));
     QWidget owner;
     const QString browsed = toolkit::BrowseForFolder(&owner, "Add", fs::current_path());
