@@ -13,6 +13,7 @@ std::vector<QString> RankScores(std::vector<std::int32_t>& scores) {
                      [&scores](std::size_t a, std::size_t b) { return scores[a] > scores[b]; });
     std::sort(scores.begin(), scores.end(), std::greater<>());
     std::vector<QString> labels;
+    labels.reserve(players.size());
     for (const std::size_t player : players)
         labels.push_back(QStringLiteral("Player %1").arg(player + 1));
     return labels;
