@@ -1,14 +1,10 @@
 #include "library/SongScan.h"
 
 #include "library/c_ID3.h"
-#include "platform/Folder.h"
 
 #include <algorithm>
-#include <array>
 #include <iterator>
 #include <set>
-#include <span>
-#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -38,26 +34,27 @@ public:
         // A stack of its own instead of recursion: trees may be deep, and one handle is enough.
         mPending.push_back(start);
         while (!mPending.empty()) {
-            const fs::path path = std::move(mPending.back());
+            const fs::path folder = std::move(mPending.back());
             mPending.pop_back();
-            platform::Folder folder(path);
-            if (folder.Open() && mSeen.insert(folder.Identity()).second &&
-                !(mCalls.folderEntered(path) && List(path, folder)))
+            std::error_code error;
+            fs::directory_iterator entries(folder, error);
+            if (!error && mSeen.insert(fs::canonical(folder, error)).second &&
+                !(mCalls.folderEntered(folder) && List(std::move(entries))))
                 return;
         }
     }
 
 private:
-    bool List(const fs::path& path, platform::Folder& folder) {
+    bool List(fs::directory_iterator entry) {
         std::vector<fs::path> subfolders;
-        platform::Folder::Entry entry;
-        fs::path song = path / fs::path();
-        while (folder.Next(entry)) {
-            if (entry.kind == platform::Folder::Kind::Folder) {
-                subfolders.push_back(path / entry.name);
-            } else if (entry.kind == platform::Folder::Kind::File && IsMp3(entry.name)) {
-                ReadTag(folder, entry);
-                if (!mCalls.songFound(song.replace_filename(entry.name), mTag))
+        std::error_code error;
+        for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+            std::error_code unknown;
+            if (entry->is_directory(unknown)) {
+                subfolders.push_back(entry->path());
+            } else if (IsMp3(entry->path().native()) && entry->is_regular_file(unknown)) {
+                mTag.GetIdTag(entry->path());
+                if (!mCalls.songFound(entry->path(), mTag))
                     return false;
             }
         }
@@ -66,16 +63,10 @@ private:
         return true;
     }
 
-    void ReadTag(const platform::Folder& folder, const platform::Folder::Entry& entry) {
-        std::array<char, c_ID3::kTagSize> tail{};
-        const bool read = folder.ReadTail(entry, tail);
-        mTag.GetIdTag(read ? std::span<const char>(tail) : std::span<const char>());
-    }
-
     const ScanCalls& mCalls;
     c_ID3 mTag;
     std::vector<fs::path> mPending; ///< folders still to be read, the next one last
-    std::set<std::string> mSeen;
+    std::set<fs::path> mSeen;       ///< by their paths without links
 };
 
 } // namespace

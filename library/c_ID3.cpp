@@ -10,6 +10,7 @@
 
 namespace {
 
+constexpr std::size_t kTagSize = 128;
 constexpr int kTextSize = 30; // of title, artist, album and comment, in bytes
 constexpr int kYearSize = 4;
 constexpr int kJoinedTitleSize = kTextSize - 1; // then comes the mark of a title that goes on
@@ -91,17 +92,10 @@ bool IsCrap(QChar c) { return c == u'\n' || c == u'\r' || c == u'\0' || c == u'\
 } // namespace
 
 void c_ID3::GetIdTag(const std::filesystem::path& fileName) {
-    std::array<char, kTagSize> tail{};
-    if (platform::ReadTail(fileName, tail))
-        GetIdTag(std::span<const char>(tail));
-    else
-        GetIdTag(std::span<const char>());
-}
-
-void c_ID3::GetIdTag(std::span<const char> tail) {
     for (QString* field : {&mTitle, &mArtist, &mAlbum, &mYear, &mComment})
         field->clear();
-    if (tail.size() != kTagSize)
+    std::array<char, kTagSize> tail{};
+    if (!platform::ReadTail(fileName, tail))
         return;
     const std::string_view tag(tail.data(), tail.size());
     if (IsTag(tag)) {

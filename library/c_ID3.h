@@ -2,16 +2,12 @@
 
 #include <QByteArray>
 #include <QString>
-#include <cstddef>
 #include <filesystem>
-#include <span>
 
 /// The ID3v1 tag of an MP3 file: its last 128 bytes, Windows-1252. A title of more than 30
 /// characters goes on in the comment. What cannot be read or written is passed over silently.
 class c_ID3 {
 public:
-    static constexpr std::size_t kTagSize = 128;
-
     QString Title() const { return mTitle; }
     QString Artist() const { return mArtist; }
     QString Album() const { return mAlbum; }
@@ -31,10 +27,6 @@ public:
 
     /// Reads the file's tag. Without one the fields are empty but for `Genre`, which stays.
     void GetIdTag(const std::filesystem::path& fileName);
-
-    /// As `GetIdTag`, from the file's last 128 bytes; any other number of bytes stands for a file
-    /// that cannot be read.
-    void GetIdTag(std::span<const char> tail);
 
     /// Writes the fields over the file's tag, or adds one, which replaces the file's last byte. A
     /// `Genre` without a number is written as Blues. A file that cannot be written, is read-only or
