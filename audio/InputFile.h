@@ -1,14 +1,13 @@
 #pragma once
 
+#include "platform/RegularFile.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <stop_token>
 #include <vector>
-
-#ifndef __unix__
-#include <fstream>
-#endif
 
 namespace audio {
 
@@ -16,11 +15,6 @@ namespace audio {
 /// time does not cost a system call each. Used by one thread at a time.
 class InputFile {
 public:
-    InputFile() = default;
-    ~InputFile();
-    InputFile(const InputFile&) = delete;
-    InputFile& operator=(const InputFile&) = delete;
-
     /// Opens the file once. False, without ever blocking, if it cannot be read or is anything but
     /// a regular file. From `stop` on nothing more can be read.
     bool Open(const std::filesystem::path& path, std::stop_token stop);
@@ -33,15 +27,9 @@ public:
 
 private:
     bool Fill();
-    std::int64_t ReadAt(std::int64_t offset, void* to, std::size_t count);
 
-#ifdef __unix__
-    int mHandle = -1;
-#else
-    std::ifstream mFile;
-#endif
+    std::optional<platform::RegularFile> mFile;
     std::stop_token mStop;
-    std::int64_t mSize = 0;
     std::int64_t mPosition = 0;
     std::int64_t mBufferStart = 0;
     std::size_t mBuffered = 0;

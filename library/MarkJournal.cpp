@@ -72,7 +72,10 @@ void MarkJournal::NewCycle() {
 }
 
 void MarkJournal::Discard() {
-    mWorker.Do([file = File()] { platform::RemoveFile(file); });
+    mWorker.Do([file = File()] {
+        std::error_code ignored;
+        fs::remove(file, ignored);
+    });
 }
 
 } // namespace library

@@ -29,23 +29,19 @@ std::error_code AppendToFile(const std::filesystem::path& file, QByteArrayView b
 /// Makes `bytes` the file's whole contents, whether or not it exists, also when it is read-only;
 /// of a symbolic link, those of the file it leads to. The file keeps its permissions, except that
 /// its owner may always read and write it. The contents are on the disk before they replace the old
-/// ones in one step; on error the old file is as it was. What earlier writings into the folder have
-/// left, because the program was killed, is deleted.
+/// ones in one step; on error the old file is as it was. What a killed program's writings into the
+/// folder left is deleted once it is an hour old.
 std::error_code ReplaceFile(const std::filesystem::path& file, QByteArrayView bytes);
 
 /// Makes what was written to a file, or what was renamed in a folder, last through a power cut,
 /// where the system can.
-void FlushToDisk(const std::filesystem::path& path);
+std::error_code FlushToDisk(const std::filesystem::path& path);
 
 /// Gives a file another name on the same file system; never one that another file has, also where
 /// the system's own rename would replace that one. On error the file is where it was.
 std::error_code RenameNoReplace(const std::filesystem::path& from, const std::filesystem::path& to);
 
-/// Makes a file writable for its owner; on Windows also neither hidden nor of the system.
+/// Makes a file writable for its owner.
 std::error_code ClearReadOnly(const std::filesystem::path& file);
-
-/// Deletes a file, also a read-only one; a link itself, not what it leads to. No error when there
-/// is none.
-std::error_code RemoveFile(const std::filesystem::path& file);
 
 } // namespace platform

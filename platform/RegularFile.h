@@ -1,68 +1,56 @@
 #pragma once
 
-#include <cerrno>
-#include <fcntl.h>
+#include "platform/System.h"
+
+#include <QByteArrayView>
+#include <cstdint>
+#include <filesystem>
 #include <span>
-#include <sys/stat.h>
-#include <sys/types.h>
 #include <system_error>
-#include <unistd.h>
+
+#ifndef SONGRUSH_POSIX
+#include <fstream>
+#endif
 
 namespace platform {
 
-/// An open regular file of a POSIX system, closed with the object.
+/// An open regular file, closed with the object. Used by one thread at a time.
 class RegularFile {
 public:
-    /// Opens `name` as seen from the folder handle `folder` (AT_FDCWD: the current folder).
-    /// Whatever is no regular file, a pipe for one, is refused without waiting for it; see `Error`.
-    RegularFile(int folder, const char* name, int flags)
-        : mHandle(openat(folder, name, flags | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, 0666)) {
-        if (mHandle < 0 || fstat(mHandle, &mStatus) != 0)
-            mError = LastError();
-        else if (!S_ISREG(mStatus.st_mode))
-            mError = make_error_code(std::errc::invalid_argument);
-    }
-    ~RegularFile() {
-        if (mHandle >= 0)
-            close(mHandle);
-    }
+    enum class Access {
+        Read,
+        Change,         ///< read and write; of a read-only file an error, for the superuser too
+        ChangeOrCreate, ///< the same, of a file that is made if need be
+        Create,         ///< a new file; an error where anything has the name
+    };
+
+    /// Opens the file, or what a link leads to, without ever waiting: what is no regular file, a
+    /// pipe for one, is an error; see `Error`.
+    explicit RegularFile(const std::filesystem::path& file, Access access = Access::Read);
+    ~RegularFile();
     RegularFile(const RegularFile&) = delete;
     RegularFile& operator=(const RegularFile&) = delete;
 
     /// Why the file could not be opened; nothing below may be called then.
     std::error_code Error() const { return mError; }
-    int Handle() const { return mHandle; }
-    off_t Size() const { return mStatus.st_size; }
-    /// A file nobody may write to is read-only for the superuser too.
-    bool ReadOnly() const { return (mStatus.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0; }
 
-    /// Reads up to `bytes.size()` bytes from `offset` on and returns how many there were; -1 on
-    /// error.
-    ssize_t ReadAt(off_t offset, std::span<char> bytes) const {
-        std::size_t done = 0;
-        while (done < bytes.size()) {
-            const ssize_t got = pread(mHandle, bytes.data() + done, bytes.size() - done,
-                                      offset + static_cast<off_t>(done));
-            if (got < 0 && errno != EINTR)
-                return -1;
-            if (got == 0)
-                break;
-            done += got > 0 ? static_cast<std::size_t>(got) : 0;
-        }
-        return static_cast<ssize_t>(done);
-    }
+    /// In bytes, as it was when the file was opened.
+    std::int64_t Size() const { return mSize; }
 
-    /// Fills `tail` with the file's last bytes; false when it has fewer or they cannot be read.
-    bool ReadTail(std::span<char> tail) const {
-        const auto length = static_cast<off_t>(tail.size());
-        return Size() >= length && ReadAt(Size() - length, tail) == length;
-    }
+    /// Reads up to `bytes.size()` bytes from `offset` on and returns how many there were; fewer
+    /// only at the end of the file. -1 on an error.
+    std::int64_t ReadAt(std::int64_t offset, std::span<char> bytes);
 
-    static std::error_code LastError() { return {errno, std::generic_category()}; }
+    /// Writes all of `bytes` from `offset` on; on error a part may have been written.
+    std::error_code WriteAt(std::int64_t offset, QByteArrayView bytes);
 
 private:
-    int mHandle;
-    struct stat mStatus {};
+#ifdef SONGRUSH_POSIX
+    int mHandle = -1;
+#else
+    std::fstream mStream;
+#endif
+    std::int64_t mSize = 0;
     std::error_code mError;
 };
 
