@@ -1,12 +1,8 @@
 #include "audio/AlsaMessages.h"
 
-#ifdef __linux__
-#include <dlfcn.h>
-#endif
+#include <QLibrary>
 
 namespace audio {
-
-#ifdef __linux__
 
 namespace {
 void Ignore(const char*, int, const char*, int, const char*, ...) {}
@@ -15,19 +11,10 @@ void Ignore(const char*, int, const char*, int, const char*, ...) {}
 void SilenceAlsaMessages() {
     using Handler = void (*)(const char*, int, const char*, int, const char*, ...);
     using SetHandler = int (*)(Handler);
-    // Only asked for where SDL has it already: the program itself does not depend on ALSA.
-    void* library = dlopen("libasound.so.2", RTLD_LAZY | RTLD_NOLOAD);
-    if (library == nullptr)
-        return;
-    if (auto* set = reinterpret_cast<SetHandler>(dlsym(library, "snd_lib_error_set_handler")))
+    // The one that SDL uses; the program itself does not depend on ALSA.
+    QLibrary library(QStringLiteral("asound"), 2);
+    if (auto* set = reinterpret_cast<SetHandler>(library.resolve("snd_lib_error_set_handler")))
         set(Ignore);
-    dlclose(library);
 }
-
-#else
-
-void SilenceAlsaMessages() {}
-
-#endif
 
 } // namespace audio

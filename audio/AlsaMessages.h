@@ -2,8 +2,8 @@
 
 namespace audio {
 
-/// Keeps the ALSA library, if it was loaded, from writing to the standard error stream when a
-/// device cannot be opened. Elsewhere than on Linux there is nothing to do.
+/// Keeps the ALSA library, where there is one, from writing to the standard error stream when a
+/// device cannot be opened.
 void SilenceAlsaMessages();
 
 } // namespace audio

@@ -13,12 +13,10 @@ template <typename Function> bool Resolve(QLibrary& library, const char* name, F
 }
 
 std::optional<Sdl> Load() {
-#ifdef Q_OS_UNIX
     QLibrary library(QStringLiteral("SDL2-2.0"), 0);
-#else
-    QLibrary library(QStringLiteral("SDL2"));
-#endif
     library.setLoadHints(QLibrary::PreventUnloadHint);
+    if (!library.load())
+        library.setFileName(QStringLiteral("SDL2")); // its name where names carry no version
     Sdl sdl;
     const bool complete = Resolve(library, "SDL_SetMainReady", sdl.SetMainReady) &&
                           Resolve(library, "SDL_SetHint", sdl.SetHint) &&

@@ -4,7 +4,8 @@ target_include_directories(songrush_options INTERFACE ${CMAKE_SOURCE_DIR})
 target_compile_options(songrush_options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
 target_compile_definitions(songrush_options INTERFACE
-  QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_FOREACH)
+  QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_FOREACH
+  $<$<BOOL:${SONGRUSH_PORTABLE}>:SONGRUSH_PORTABLE>)
 
 # songrush_floor(<name> SOURCES <files> USES <libraries>)
 # One floor of the house as a static library, songrush_<name>.

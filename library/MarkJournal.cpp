@@ -62,8 +62,7 @@ MarkJournal::Marks MarkJournal::Read() const {
 
 void MarkJournal::Played(const fs::path& song) {
     std::string lines;
-    const std::string path = song.string();
-    AppendEntry(lines, {path, 1});
+    AppendEntry(lines, {song.string(), 1});
     mWorker.Do([file = File(), lines = std::move(lines)] { platform::AppendToFile(file, lines); });
 }
 

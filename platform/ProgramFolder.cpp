@@ -1,5 +1,7 @@
 #include "platform/ProgramFolder.h"
 
+#include "platform/System.h"
+
 #include <QByteArray>
 #include <QCoreApplication>
 #include <QStandardPaths>
@@ -15,8 +17,8 @@ std::mutex gLock; // pictures are looked for on a thread of their own
 fs::path gFolder;
 
 fs::path ExecutableFolder() {
-#ifdef Q_OS_LINUX
-    // Asked of the kernel: Qt's text would lose the bytes of a folder that is no valid UTF-8.
+#ifdef SONGRUSH_POSIX
+    // Linux tells it: Qt's text would lose the bytes of a folder that is no valid UTF-8.
     std::error_code error;
     const fs::path executable = fs::read_symlink("/proc/self/exe", error);
     if (!error)

@@ -1,7 +1,8 @@
 #include "platform/RegularFile.h"
 
-#ifdef SONGRUSH_POSIX
 #include <cerrno>
+
+#ifdef SONGRUSH_POSIX
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -11,11 +12,19 @@ namespace platform {
 
 namespace fs = std::filesystem;
 
+namespace {
+
+/// Why the last call failed; streams usually tell, too.
+std::error_code LastError() {
+    return errno != 0 ? std::error_code(errno, std::generic_category())
+                      : make_error_code(std::errc::io_error);
+}
+
+} // namespace
+
 #ifdef SONGRUSH_POSIX
 
 namespace {
-
-std::error_code LastError() { return {errno, std::generic_category()}; }
 
 int Flags(RegularFile::Access access) {
     switch (access) {
@@ -118,11 +127,12 @@ RegularFile::RegularFile(const fs::path& file, Access access) : mError(Refusal(f
         mode |= std::ios::trunc; // makes it
     // Without a buffer, in which bytes that could not be written would stay to be written later.
     mStream.rdbuf()->pubsetbuf(nullptr, 0);
+    errno = 0;
     mStream.open(file, mode);
     if (mStream.is_open())
         mSize = static_cast<std::int64_t>(fs::file_size(file, mError));
     else
-        mError = make_error_code(std::errc::permission_denied);
+        mError = LastError();
 }
 
 RegularFile::~RegularFile() = default;
@@ -137,8 +147,9 @@ std::int64_t RegularFile::ReadAt(std::int64_t offset, std::span<char> bytes) {
 std::error_code RegularFile::WriteAt(std::int64_t offset, QByteArrayView bytes) {
     mStream.clear();
     mStream.seekp(offset);
+    errno = 0;
     mStream.write(bytes.data(), bytes.size());
-    return mStream.good() ? std::error_code() : make_error_code(std::errc::io_error);
+    return mStream.good() ? std::error_code() : LastError();
 }
 
 #endif

@@ -1,11 +1,12 @@
 #include "platform/SingleInstance.h"
 
+#include "platform/System.h"
+
 #include <QByteArray>
 #include <QDir>
-#include <QtGlobal>
 #include <string>
 
-#ifdef Q_OS_UNIX
+#ifdef SONGRUSH_POSIX
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/file.h>
@@ -16,7 +17,7 @@
 
 namespace platform {
 
-#ifdef Q_OS_UNIX
+#ifdef SONGRUSH_POSIX
 
 namespace {
 int gLock = -1;

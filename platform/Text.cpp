@@ -6,11 +6,13 @@
 #include <array>
 #include <iterator>
 #include <optional>
+#include <string>
 
 namespace platform {
 
 namespace {
 
+constexpr bool kBackslashSeparates = std::filesystem::path::preferred_separator == '\\';
 constexpr char16_t kByteBase = 0xDC00; // lone low surrogates stand for single bytes
 
 /// Windows-1252, codes 128 to 159; the rest is Latin-1.
@@ -57,6 +59,10 @@ template <typename Fallback> QString Decode(std::string_view bytes, Fallback fal
     return text;
 }
 
+std::string_view Bytes(const std::u8string& text) {
+    return {reinterpret_cast<const char*>(text.data()), text.size()};
+}
+
 bool StandsForByte(QChar c) {
     return c.unicode() >= kByteBase + 0x80 && c.unicode() <= kByteBase + 0xFF;
 }
@@ -72,17 +78,12 @@ const Escape kEscapes[] = {{u'?', u'q'}, {u'\\', u'b'}, {u' ', u's'}, {kEscape, 
 } // namespace
 
 QString TextFromPath(const std::filesystem::path& path) {
-#ifdef Q_OS_WIN
-    return QString::fromStdU16String(path.u16string());
-#else
-    return Decode(path.native(), [](unsigned char byte) { return char16_t(kByteBase + byte); });
-#endif
+    QString text = Decode(Bytes(path.u8string()),
+                          [](unsigned char byte) { return char16_t(kByteBase + byte); });
+    return kBackslashSeparates ? text.replace(u'\\', u'/') : text;
 }
 
 std::filesystem::path PathFromText(const QString& text) {
-#ifdef Q_OS_WIN
-    return std::filesystem::path(text.toStdU16String());
-#else
     QByteArray bytes;
     qsizetype from = 0;
     for (qsizetype i = 0; i < text.size(); ++i) {
@@ -95,19 +96,12 @@ std::filesystem::path PathFromText(const QString& text) {
         }
     }
     bytes += QStringView(text).mid(from).toUtf8();
-    return std::filesystem::path(bytes.toStdString());
-#endif
+    return std::filesystem::path(std::u8string(bytes.begin(), bytes.end()));
 }
 
 QString ShownText(std::string_view bytes) { return Decode(bytes, FromWindows1252); }
 
-QString ShownText(const std::filesystem::path& path) {
-#ifdef Q_OS_WIN
-    return TextFromPath(path);
-#else
-    return ShownText(std::string_view(path.native()));
-#endif
-}
+QString ShownText(const std::filesystem::path& path) { return ShownText(Bytes(path.u8string())); }
 
 QByteArray SystemBytes(const QString& text) { return text.toLocal8Bit(); }
 
@@ -132,11 +126,9 @@ QByteArray Windows1252FromText(const QString& text) {
 }
 
 QString AfterLastSeparator(const QString& text) {
-#ifndef Q_OS_WIN
     // Beside a "/" a backslash may be part of a name; alone it can only come from elsewhere.
-    if (text.contains(u'/'))
+    if (!kBackslashSeparates && text.contains(u'/'))
         return text.mid(text.lastIndexOf(u'/') + 1);
-#endif
     return text.mid(std::max(text.lastIndexOf(u'/'), text.lastIndexOf(u'\\')) + 1);
 }
 
@@ -144,12 +136,6 @@ QString EscapeSeparators(const QString& text) {
     QString escaped;
     for (qsizetype i = 0; i < text.size(); ++i) {
         const QChar c = text[i];
-#ifdef Q_OS_WIN
-        if (c == u'\\') {
-            escaped += u'/';
-            continue;
-        }
-#endif
         const auto* found = std::find_if(std::begin(kEscapes), std::end(kEscapes),
                                          [c](const Escape& e) { return e.plain == c; });
         const bool plain = found == std::end(kEscapes) || (c == u' ' && i + 1 < text.size());

@@ -1,5 +1,6 @@
 #include "platform/Wait.h"
 
+#include "platform/System.h"
 #include "platform/Time.h"
 
 #include <QAbstractEventDispatcher>
@@ -9,7 +10,7 @@
 #include <QTimer>
 #include <memory>
 
-#ifdef Q_OS_UNIX
+#ifdef SONGRUSH_POSIX
 #include <csignal>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -30,7 +31,7 @@ public:
     }
 };
 
-#ifdef Q_OS_UNIX
+#ifdef SONGRUSH_POSIX
 int gSignalPipe[2] = {-1, -1};
 
 extern "C" void SignalHandler(int) {
