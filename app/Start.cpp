@@ -1,5 +1,6 @@
 #include "app/Start.h"
 
+#include "app/ShippedFiles.h"
 #include "app/c_Menu.h"
 #include "app/c_Quick.h"
 #include "audio/c_XAudio.h"
@@ -8,7 +9,6 @@
 #include "platform/Message.h"
 #include "platform/ProgramFolder.h"
 #include "platform/Settings.h"
-#include "platform/ShippedFiles.h"
 #include "platform/SingleInstance.h"
 #include "platform/Wait.h"
 #include "platform/WindowSize.h"
@@ -18,7 +18,7 @@ void Start::Run() {
         platform::ShowMessage(QStringLiteral("Songrush is already running"));
         return;
     }
-    platform::PrepareProgramFolder();
+    app::PrepareProgramFolder();
     platform::WritePathSetting(QStringLiteral("Songrush"), QStringLiteral("Dirs"),
                                QStringLiteral("AppPath"), platform::ProgramFolder());
     platform::KeepWindowSize();

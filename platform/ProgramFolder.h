@@ -17,7 +17,8 @@ ProgramFolders FoldersOf(const std::filesystem::path& executable,
                          const std::filesystem::path& userData);
 
 /// The folder with `PlayList`, `Music`, the score files and the player's own `Images`; absolute,
-/// without a trailing separator. Made by `BringShippedFiles` when it is not where the program lies.
+/// without a trailing separator. The program's start makes it when it is not where the program
+/// lies.
 std::filesystem::path ProgramFolder();
 
 /// Where a file is that lay at `path` when the program started: somewhere else if it lay in the

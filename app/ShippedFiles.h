@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <system_error>
 
-namespace platform {
+namespace app {
 
 /// Brings the songs and playlists that came with the program from the folder `shipped` into the
 /// user's folder `own`, which is made if need be, with an empty `Images` for pictures of the
@@ -14,8 +14,9 @@ namespace platform {
 std::error_code BringShippedFiles(const std::filesystem::path& shipped,
                                   const std::filesystem::path& own);
 
-/// Makes `ProgramFolder` ready to be used when it is not where the program lies. If it could never
-/// be filled this says so, and what came with the program is used where it lies, read-only.
+/// Makes `platform::ProgramFolder` ready to be used when it is not where the program lies. If it
+/// could never be filled this says so, and what came with the program is used where it lies,
+/// read-only.
 void PrepareProgramFolder();
 
-} // namespace platform
+} // namespace app

@@ -1,6 +1,5 @@
-#include "platform/ShippedFiles.h"
+#include "app/ShippedFiles.h"
 
-#include "platform/ProgramFolder.h"
 #include "tests/FileSizeLimit.h"
 #include "tests/TemporaryFolder.h"
 
@@ -33,7 +32,7 @@ protected:
         MakeReadOnly(file);
     }
 
-    std::error_code Bring() const { return platform::BringShippedFiles(mShipped, mOwn); }
+    std::error_code Bring() const { return app::BringShippedFiles(mShipped, mOwn); }
 
     /// What the user's folder for the songs holds.
     std::string Music() const {
@@ -105,22 +104,6 @@ TEST_F(ShippedFilesTest, WhatAKilledProgramOrAFullDiskLeftIsCompleted) {
     MakeReadOnly(mFolder.Write(mOwn / "Music/.songrush-copy.tmp", "half"));
     EXPECT_FALSE(Bring());
     EXPECT_EQ(Music(), "a.mp3=song b.mp3=" + std::string(5000, 'b') + " ");
-}
-
-TEST(ProgramFolderTest, DataBesideTheProgramComesBeforeTheSystemsData) {
-    const TemporaryFolder folder;
-    const fs::path program = folder.Path() / "games";
-    const fs::path shared = folder.Path() / "share/games/songrush";
-    const auto expect = [&](const fs::path& own, const fs::path& shipped) {
-        const auto folders = platform::FoldersOf(program, "/home/data");
-        EXPECT_EQ(folders.own, own);
-        EXPECT_EQ(folders.shipped, shipped);
-    };
-    expect(program, program);
-    fs::create_directories(shared / "Images");
-    expect("/home/data/Songrush", shared);
-    fs::create_directories(program / "Images");
-    expect(program, program);
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "platform/ShippedFiles.h"
+#include "app/ShippedFiles.h"
 
 #include "platform/File.h"
 #include "platform/Message.h"
@@ -13,7 +13,7 @@
 #include <sstream>
 #include <string>
 
-namespace platform {
+namespace app {
 
 namespace fs = std::filesystem;
 
@@ -47,7 +47,7 @@ using Record = std::map<std::string, Stamp>;
 
 Record ReadRecord(const fs::path& file) {
     QByteArray bytes;
-    ReadWholeFile(file, bytes);
+    platform::ReadWholeFile(file, bytes);
     std::istringstream lines(bytes.toStdString());
     Record record;
     Stamp stamp;
@@ -61,7 +61,7 @@ std::error_code WriteRecord(const fs::path& file, const Record& record) {
     std::ostringstream lines;
     for (const auto& [place, stamp] : record)
         lines << stamp.seconds << ' ' << stamp.size << ' ' << place << '\n';
-    return ReplaceFile(file, QByteArray::fromStdString(lines.str()));
+    return platform::ReplaceFile(file, QByteArray::fromStdString(lines.str()));
 }
 
 /// Copies a file to where none is or an untouched copy; whole or not at all.
@@ -73,11 +73,11 @@ std::error_code Give(const fs::path& from, const fs::path& to) {
     fs::remove(unfinished, error);
     fs::copy_file(from, unfinished, error);
     if (!error)
-        error = ClearReadOnly(unfinished);
+        error = platform::ClearReadOnly(unfinished);
     if (!error)
         fs::last_write_time(unfinished, fs::last_write_time(from, error), error);
     if (!error) {
-        FlushToDisk(unfinished);
+        platform::FlushToDisk(unfinished);
         fs::rename(unfinished, to, error);
     }
     std::error_code ignored;
@@ -121,7 +121,8 @@ std::error_code BringFolder(const fs::path& shipped, const fs::path& own, const 
 }
 
 QString Reason(const fs::path& folder, const std::error_code& error) {
-    return ShownText(folder) + QStringLiteral(":\n") + QString::fromStdString(error.message());
+    return platform::ShownText(folder) + QStringLiteral(":\n") +
+           QString::fromStdString(error.message());
 }
 
 } // namespace
@@ -138,13 +139,13 @@ std::error_code BringShippedFiles(const fs::path& shipped, const fs::path& own) 
     if (error || record == before)
         return error;
     for (const char* folder : kFolders)
-        FlushToDisk(own / folder);
+        platform::FlushToDisk(own / folder);
     return WriteRecord(own / kRecord, record);
 }
 
 void PrepareProgramFolder() {
-    const fs::path own = ProgramFolder();
-    const fs::path shipped = ShippedFolder();
+    const fs::path own = platform::ProgramFolder();
+    const fs::path shipped = platform::ShippedFolder();
     if (own == shipped)
         return;
     const std::error_code failure = BringShippedFiles(shipped, own);
@@ -152,16 +153,17 @@ void PrepareProgramFolder() {
         return;
     std::error_code error;
     if (fs::exists(own / kRecord, error)) {
-        ShowMessage(QStringLiteral("The new sample songs cannot be copied to ") +
-                        Reason(own, failure),
-                    Icon::Warning);
+        platform::ShowMessage(QStringLiteral("The new sample songs cannot be copied to ") +
+                                  Reason(own, failure),
+                              platform::Icon::Warning);
         return;
     }
-    SetProgramFolder(shipped);
-    ShowMessage(QStringLiteral("Songrush cannot keep its files in ") + Reason(own, failure) +
-                    QStringLiteral(
-                        "\nYou can play the sample songs, but scores and playlists are not kept."),
-                Icon::Warning);
+    platform::SetProgramFolder(shipped);
+    platform::ShowMessage(
+        QStringLiteral("Songrush cannot keep its files in ") + Reason(own, failure) +
+            QStringLiteral(
+                "\nYou can play the sample songs, but scores and playlists are not kept."),
+        platform::Icon::Warning);
 }
 
-} // namespace platform
+} // namespace app
