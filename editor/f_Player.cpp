@@ -1,8 +1,8 @@
 #include "editor/f_Player.h"
 
 #include "audio/c_XAudio.h"
-#include "platform/Chance.h"
 #include "platform/Motion.h"
+#include "platform/Rounding.h"
 #include "toolkit/ApiDraw.h"
 #include "toolkit/Picture.h"
 

@@ -1,7 +1,7 @@
 #include "library/PlaylistFormat.h"
 
-#include "platform/Chance.h"
 #include "platform/LeadingNumber.h"
+#include "platform/Rounding.h"
 
 #include <algorithm>
 #include <charconv>

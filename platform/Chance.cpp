@@ -1,7 +1,8 @@
 #include "platform/Chance.h"
 
+#include "platform/Rounding.h"
+
 #include <bit>
-#include <cmath>
 #include <cstdint>
 #include <random>
 #include <utility>
@@ -18,8 +19,6 @@ std::mt19937_64& Generator() {
 std::function<double()> gSource;
 
 } // namespace
-
-int RoundHalfEven(double value) { return static_cast<int>(std::nearbyint(value)); }
 
 void Randomize(double seed) { Generator().seed(std::bit_cast<std::uint64_t>(seed)); }
 

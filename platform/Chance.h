@@ -4,9 +4,6 @@
 
 namespace platform {
 
-/// Nearest integer; halves go to the even neighbour.
-int RoundHalfEven(double value);
-
 /// Reseeds the generator; the games pass the seconds since midnight.
 void Randomize(double seed);
 

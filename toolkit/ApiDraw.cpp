@@ -1,6 +1,6 @@
 #include "toolkit/ApiDraw.h"
 
-#include "platform/Chance.h"
+#include "platform/Rounding.h"
 
 #include <QFontMetricsF>
 #include <QPainter>

@@ -1,7 +1,7 @@
 #include "toolkit/GlideSprite.h"
 
-#include "platform/Chance.h"
 #include "platform/Motion.h"
+#include "platform/Rounding.h"
 #include "platform/Time.h"
 #include "platform/Wait.h"
 

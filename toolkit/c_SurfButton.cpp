@@ -1,6 +1,6 @@
 #include "toolkit/c_SurfButton.h"
 
-#include "platform/Chance.h"
+#include "platform/Rounding.h"
 #include "toolkit/ButtonFace.h"
 #include "toolkit/Picture.h"
 #include "toolkit/WindowSign.h"
