@@ -1,10 +1,11 @@
 #include "editor/TitleRules.h"
 
+#include "platform/Text.h"
+
 #include <QStringList>
 #include <QStringView>
 #include <algorithm>
 #include <array>
-#include <iterator>
 
 namespace editor {
 
@@ -29,13 +30,6 @@ std::optional<ArtistAndTitle> SplitInTwo(const QString& name, QChar separator) {
 
 } // namespace
 
-QString Trim(const QString& text) {
-    const auto isSpace = [](QChar c) { return c == u' '; };
-    const auto first = std::find_if_not(text.begin(), text.end(), isSpace);
-    const auto last = std::find_if_not(text.rbegin(), std::make_reverse_iterator(first), isSpace);
-    return QString(first, last.base() - first);
-}
-
 QString CapitalizeWords(const QString& text) {
     QStringList words = text.toLower().split(u' ');
     for (qsizetype i = 0; i < words.size(); ++i) {
@@ -49,7 +43,7 @@ QString CapitalizeWords(const QString& text) {
 QString RemoveJunk(const QString& text) {
     QString kept = QString(text).replace(u'_', u' ');
     kept.removeIf([](QChar c) { return QStringView(u"~<>{}+=/\\?").contains(c); });
-    return Trim(kept);
+    return platform::TrimBlanks(kept);
 }
 
 ArtistAndTitle GuessFromName(const QString& name) {
@@ -62,8 +56,8 @@ ArtistAndTitle GuessFromName(const QString& name) {
 }
 
 std::optional<QString> Combine(const QString& artist, const QString& title) {
-    const QString first = Trim(artist);
-    const QString second = Trim(title);
+    const QString first = platform::TrimBlanks(artist);
+    const QString second = platform::TrimBlanks(title);
     if (first.isEmpty() && second.isEmpty())
         return std::nullopt;
     return first + u'-' + second;

@@ -7,9 +7,6 @@
 /// only; letters are compared without regard to case.
 namespace editor {
 
-/// `text` without the spaces at its ends.
-QString Trim(const QString& text);
-
 /// `text` in lower case but for the first character of each word. Little words ("of", "the") keep
 /// their lower case unless they come first.
 QString CapitalizeWords(const QString& text);

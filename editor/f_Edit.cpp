@@ -164,8 +164,8 @@ QString f_Edit::Run(const fs::path& song) {
     const fs::path name = NewName(song.filename(), shownName);
     fs::path path = song;
     if (apply) {
-        tag.SetTitle(editor::Trim(tSongTitle->text()));
-        tag.SetArtist(editor::Trim(tArtist->text()));
+        tag.SetTitle(platform::TrimBlanks(tSongTitle->text()));
+        tag.SetArtist(platform::TrimBlanks(tArtist->text()));
         // Before the file is made writable: what is read-only keeps its tag.
         tag.PutIdTag(song);
         platform::PumpEvents();
@@ -203,7 +203,7 @@ bool f_Edit::WaitForApply() {
 
 fs::path f_Edit::NewName(const fs::path& ownName, const QString& shownName) {
     const bool touched = tFileName->text() != shownName;
-    const QString typed = editor::WithEnding(editor::Trim(tFileName->text()));
+    const QString typed = editor::WithEnding(platform::TrimBlanks(tFileName->text()));
     if (touched && !editor::WithoutEnding(typed).isEmpty()) {
         tFileName->setText(typed);
         return platform::PathFromText(typed);

@@ -2,6 +2,7 @@
 
 #include "platform/LeadingNumber.h"
 #include "platform/Rounding.h"
+#include "platform/Text.h"
 
 #include <algorithm>
 #include <charconv>
@@ -17,14 +18,6 @@ constexpr std::string_view kHeader = "#EXTM3U\r\n";
 constexpr std::string_view kMarkTag = "#Songrush:";
 constexpr std::string_view kLengthTag = " bytes=";
 constexpr std::string_view kTextControls = "\t\n\r\x1A"; // the last ended files once
-
-std::string_view Trimmed(std::string_view text) {
-    while (text.starts_with(' '))
-        text.remove_prefix(1);
-    while (text.ends_with(' '))
-        text.remove_suffix(1);
-    return text;
-}
 
 /// A mark too big for its type only has to stay a mark.
 std::int16_t MarkFromText(std::string_view text) {
@@ -65,7 +58,7 @@ std::optional<PlaylistEntry> PlaylistReader::Next() {
         if (line.size() < 2)
             continue;
         if (line.front() != '#') {
-            const std::string_view path = Trimmed(line);
+            const std::string_view path = platform::TrimBlanks(line);
             if (!path.empty())
                 return PlaylistEntry{path, played};
             continue;

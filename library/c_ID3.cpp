@@ -150,10 +150,7 @@ void c_ID3::CleanFields() {
 }
 
 QString c_ID3::CleanCrap(const QString& text) {
-    const auto isSpace = [](QChar c) { return c == u' '; };
-    const auto first = std::find_if_not(text.begin(), text.end(), isSpace);
-    const auto last = std::find_if_not(text.rbegin(), std::make_reverse_iterator(first), isSpace);
-    QString cleaned(first, last.base() - first);
+    QString cleaned = platform::TrimBlanks(text);
     cleaned.removeIf(IsCrap);
     return cleaned;
 }

@@ -67,6 +67,13 @@ bool StandsForByte(QChar c) {
     return c.unicode() >= kByteBase + 0x80 && c.unicode() <= kByteBase + 0xFF;
 }
 
+template <typename View> View WithoutBlanks(View text) {
+    const auto isBlank = [](auto c) { return c == u' '; };
+    const auto first = std::find_if_not(text.begin(), text.end(), isBlank);
+    const auto last = std::find_if_not(text.rbegin(), std::make_reverse_iterator(first), isBlank);
+    return View(first, last.base());
+}
+
 constexpr QChar kEscape(0xFDD0); // a noncharacter, of no use in a real name
 
 struct Escape {
@@ -124,6 +131,10 @@ QByteArray Windows1252FromText(const QString& text) {
     }
     return bytes;
 }
+
+QString TrimBlanks(const QString& text) { return WithoutBlanks(QStringView(text)).toString(); }
+
+std::string_view TrimBlanks(std::string_view text) { return WithoutBlanks(text); }
 
 QString AfterLastSeparator(const QString& text) {
     // Beside a "/" a backslash may be part of a name; alone it can only come from elsewhere.

@@ -31,6 +31,10 @@ QString TextFromWindows1252(std::string_view bytes);
 /// Text as Windows-1252, "?" for each character that it lacks.
 QByteArray Windows1252FromText(const QString& text);
 
+/// `text` without the blanks (U+0020 only) at its ends.
+QString TrimBlanks(const QString& text);
+std::string_view TrimBlanks(std::string_view text);
+
 /// The text after the last separator of the platform, or after the last "\" where that can only
 /// be a separator; the whole text when there is none.
 QString AfterLastSeparator(const QString& text);
