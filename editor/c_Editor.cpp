@@ -172,20 +172,12 @@ void c_Editor::ShowAll() {
     mList.Refresh();
 }
 
-bool c_Editor::AnySong() {
-    if (mList.LineCount() > 0)
-        return true;
-    Tell(QStringLiteral("No songs in list"));
-    return false;
-}
-
-bool c_Editor::SongSelected() {
-    if (!AnySong())
-        return false;
+bool c_Editor::TellIfNoneSelected() const {
     if (mList.LineSelectedNum() >= 0)
-        return true;
-    Tell(QStringLiteral("No song is selected."));
-    return false;
+        return false;
+    Tell(mList.LineCount() == 0 ? QStringLiteral("No songs in list")
+                                : QStringLiteral("No song is selected."));
+    return true;
 }
 
 fs::path c_Editor::SelectedSong() const {
@@ -193,7 +185,7 @@ fs::path c_Editor::SelectedSong() const {
 }
 
 void c_Editor::bEdit_Clicked() {
-    if (mEdit.isVisible() || !SongSelected())
+    if (mEdit.isVisible() || TellIfNoneSelected())
         return;
     const int line = mList.LineSelectedNum();
     const QString key = mEdit.Run(SelectedSong());
@@ -206,7 +198,7 @@ void c_Editor::bEdit_Clicked() {
 }
 
 void c_Editor::bPlay_Clicked() {
-    if (!SongSelected())
+    if (TellIfNoneSelected())
         return;
     mPlayer.OpenFile(SelectedSong());
     mPlayer.Show();

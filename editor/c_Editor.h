@@ -57,8 +57,8 @@ public:
 
 private:
     void Connect();
-    bool AnySong();
-    bool SongSelected();
+    /// Shows a message when no song is selected, and returns whether it did.
+    bool TellIfNoneSelected() const;
     std::filesystem::path SelectedSong() const;
 
     void AddSong(const std::filesystem::path& song, const c_ID3& tag);
