@@ -143,7 +143,7 @@ void c_Editor::bAddDir_Clicked() {
     if (folder.empty())
         return;
     library::SetLastMp3Folder(folder);
-    mFilling.AddFolder(folder);
+    AddFolder(folder);
 }
 
 void c_Editor::AddSong(const fs::path& song, const c_ID3& tag) {
