@@ -1,7 +1,7 @@
 #include "app/SizeButton.h"
 
-#include "toolkit/ApiDraw.h"
 #include "toolkit/ButtonFace.h"
+#include "toolkit/Drawing.h"
 
 using namespace toolkit;
 
@@ -36,17 +36,14 @@ void SizeButton::Draw() {
 }
 
 void SizeButton::Write(PictureBox& box, const QString& words, ColorRef color, bool underlined) {
-    constexpr float kMargin = 4;
+    constexpr int kMargin = 4;
     CopyFormBehind(box);
-    const Hdc dc = box.Dc();
-    const auto width = static_cast<float>(dc->TextWidth(words));
-    const float left = (static_cast<float>(box.width()) - width) / 2;
-    BeginDraw(dc, Qt::SolidLine, kWhite, 1, color, BkMode::Transparent);
-    ShadowText(words, color, kBlack, left, kMargin, 1);
-    if (underlined) {
-        const float line = static_cast<float>(box.height()) - kMargin;
-        FillBox(left, line - 1, left + width, line);
-    }
-    EndDraw();
+    const double width = box.Dc()->TextWidth(words);
+    const double left = (box.width() - width) / 2;
+    Drawing drawing(box.Dc());
+    drawing.Text(words, color, kBlack, left, kMargin, 1);
+    const int line = box.height() - kMargin;
+    if (underlined)
+        drawing.Fill(color, left, line - 1, left + width, line);
     box.Refresh();
 }

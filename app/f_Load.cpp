@@ -1,6 +1,6 @@
 #include "app/f_Load.h"
 
-#include "toolkit/ApiDraw.h"
+#include "toolkit/Drawing.h"
 
 #include <QFontMetrics>
 #include <QLabel>
@@ -15,10 +15,7 @@ constexpr int kMargin = 20;
 } // namespace
 
 f_Load::f_Load() : Form(QStringLiteral("f_Load"), kSize), lLoading(new QLabel(this)) {
-    BeginDraw(Dc(), Qt::SolidLine, kWhite, 1, kBlack, BkMode::Transparent);
-    DrawBox(Rgb(0, 150, 250), Rgb(0, 60, 160), Rgb(14, 12, 60), 0, 0,
-            static_cast<float>(kSize.width() - 1), static_cast<float>(kSize.height() - 1));
-    EndDraw();
+    DrawPanel(Dc());
     lLoading->setObjectName(QStringLiteral("lLoading"));
     lLoading->setTextFormat(Qt::PlainText);
     lLoading->setAlignment(Qt::AlignCenter);

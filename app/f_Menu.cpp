@@ -1,6 +1,6 @@
 #include "app/f_Menu.h"
 
-#include "toolkit/ApiDraw.h"
+#include "toolkit/Drawing.h"
 
 #include <QComboBox>
 #include <QKeyEvent>
@@ -73,10 +73,8 @@ void f_Menu::keyPressEvent(QKeyEvent* event) {
 void f_Menu::DrawBy() {
     const QString credits = QStringLiteral("The Songrush makers");
     Dc()->SetFont(ScreenFont(10, true));
-    BeginDraw(Dc(), Qt::SolidLine, kWhite, 1, kBlack, BkMode::Transparent);
-    ShadowText(credits, Rgb(140, 140, 230), kBlack,
-               static_cast<float>(400 - Dc()->TextWidth(credits) / 2), 73, 1);
-    EndDraw();
+    Drawing(Dc()).Text(credits, Rgb(140, 140, 230), kBlack, 400 - Dc()->TextWidth(credits) / 2, 73,
+                       1);
     Voice().AddCaption(credits, QRect(0, 73, width(), static_cast<int>(Dc()->TextHeight())),
                        Announcer::Voice::Quiet);
     Refresh();

@@ -6,7 +6,7 @@
 #include "platform/Message.h"
 #include "platform/Text.h"
 #include "platform/Wait.h"
-#include "toolkit/ApiDraw.h"
+#include "toolkit/Drawing.h"
 
 #include <QDir>
 #include <QGridLayout>
@@ -62,7 +62,7 @@ f_Edit::f_Edit()
     setWindowModality(Qt::ApplicationModal);
     Name();
     LayOut();
-    DrawFrame();
+    DrawPanel(Dc());
 
     connect(tFileName, &QLineEdit::textChanged, this, &f_Edit::tFileName_Change);
     for (QLineEdit* box : {tFileName, tSongTitle, tArtist})
@@ -141,14 +141,6 @@ void f_Edit::LayOut() {
     all->addLayout(helpers);
     all->addStretch();
     all->addLayout(closing);
-}
-
-void f_Edit::DrawFrame() {
-    const auto right = static_cast<float>(kSize.width() - 1);
-    const auto bottom = static_cast<float>(kSize.height() - 1);
-    BeginDraw(Dc(), Qt::SolidLine, kWhite, 1, kBlack, BkMode::Transparent);
-    DrawBox(Rgb(0, 150, 250), Rgb(0, 60, 160), Rgb(14, 12, 60), 0, 0, right, bottom);
-    EndDraw();
 }
 
 QString f_Edit::Run(const fs::path& song) {

@@ -40,7 +40,6 @@ public:
 private:
     void Name();
     void LayOut();
-    void DrawFrame();
 
     void ShowFolder(const std::filesystem::path& folder);
     bool WaitForApply();

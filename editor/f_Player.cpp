@@ -3,7 +3,7 @@
 #include "audio/c_XAudio.h"
 #include "platform/Motion.h"
 #include "platform/Rounding.h"
-#include "toolkit/ApiDraw.h"
+#include "toolkit/Drawing.h"
 #include "toolkit/Picture.h"
 
 #include <QPainter>
@@ -22,9 +22,7 @@ constexpr int kInterval = 100; // milliseconds
 constexpr int kTitleMargin = 4;
 constexpr int kTitleShadow = 1;
 constexpr int kTitleStep = 3;
-constexpr ColorRef kStripLight = Rgb(50, 50, 200);
-constexpr ColorRef kStripDark = Rgb(0, 0, 100);
-constexpr ColorRef kStripFill = Rgb(20, 20, 20);
+constexpr Bevel kStripLook{Rgb(50, 50, 200), kNavy, Rgb(20, 20, 20)};
 constexpr ColorRef kTitleColor = Rgb(50, 255, 50);
 constexpr ColorRef kTitleShadowColor = Rgb(50, 100, 50);
 
@@ -34,6 +32,28 @@ constexpr int kLineStart = 176 - kMarker.width() / 2;
 constexpr int kLineEnd = 284 - kMarker.width() / 2;
 constexpr int kLineY = 57;
 constexpr QRect kBar(162, 43, 136, 28); // what the marker and its glow may cover
+
+/// The line up to the marker, and the marker in its glow.
+void PaintBar(QPainter& painter, const QRectF& marker) {
+    painter.setPen(QPen(QColor(52, 58, 140), 2, Qt::SolidLine, Qt::RoundCap));
+    painter.drawLine(kLineStart + 3, kLineY, kLineEnd + kMarker.width() - 3, kLineY);
+    painter.setPen(QPen(QColor(0, 200, 255), 2, Qt::SolidLine, Qt::RoundCap));
+    painter.drawLine(QPointF(kLineStart + 3, kLineY), marker.center());
+
+    constexpr double kGlow = 13;
+    QRadialGradient glow(marker.center(), kGlow);
+    glow.setColorAt(0, QColor(255, 46, 154, 190));
+    glow.setColorAt(1, QColor(255, 46, 154, 0));
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(glow);
+    painter.drawEllipse(marker.center(), kGlow, kGlow);
+
+    QLinearGradient knob(marker.topLeft(), marker.bottomLeft());
+    knob.setColorAt(0, QColor(255, 236, 248));
+    knob.setColorAt(1, ToQColor(kPink));
+    painter.setBrush(knob);
+    painter.drawRoundedRect(marker, 3, 3);
+}
 
 } // namespace
 
@@ -135,22 +155,12 @@ void f_Player::LeapTitle() {
 }
 
 void f_Player::DrawTitle() {
-    const int width = pTitle->width();
-    const int height = pTitle->height();
-    Canvas inside(width - 2, height - 2); // so that the text ends at the bevel
-    inside.SetFont(pTitle->Dc()->Font());
-    const double top = (inside.Height() - inside.TextHeight()) / 2;
-    BeginDraw(&inside, Qt::SolidLine, kWhite, 1, kStripFill, BkMode::Transparent);
-    FillBox(0, 0, static_cast<float>(inside.Width()), static_cast<float>(inside.Height()));
-    ShadowText(mTitle, kTitleColor, kTitleShadowColor, static_cast<float>(mTitleOffset - 1),
-               static_cast<float>(top), kTitleShadow);
-    EndDraw();
-
-    BeginDraw(pTitle->Dc(), Qt::SolidLine, kWhite, 1, kBlack, BkMode::Transparent);
-    DrawBox(kStripLight, kStripDark, kStripFill, 0, 0, static_cast<float>(width - 1),
-            static_cast<float>(height - 1));
-    EndDraw();
-    BitBlt(pTitle->Dc(), 1, 1, inside.Width(), inside.Height(), &inside, 0, 0, RasterOp::SrcCopy);
+    const QRect strip = pTitle->rect();
+    Drawing drawing(pTitle->Dc());
+    drawing.Box(kStripLook, strip);
+    drawing.SetClip(strip.adjusted(1, 1, -1, -1));
+    const double top = (strip.height() - pTitle->Dc()->TextHeight()) / 2;
+    drawing.Text(mTitle, kTitleColor, kTitleShadowColor, mTitleOffset, top, kTitleShadow);
     pTitle->Refresh();
 }
 
@@ -159,25 +169,6 @@ void f_Player::DrawBar() {
            RasterOp::SrcCopy);
     const QRectF marker(mMarkerLeft, kLineY - kMarker.height() / 2.0, kMarker.width(),
                         kMarker.height());
-    QPainter painter(&Dc()->PaintDevice());
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(QColor(52, 58, 140), 2, Qt::SolidLine, Qt::RoundCap));
-    painter.drawLine(kLineStart + 3, kLineY, kLineEnd + kMarker.width() - 3, kLineY);
-    painter.setPen(QPen(QColor(0, 200, 255), 2, Qt::SolidLine, Qt::RoundCap));
-    painter.drawLine(QPointF(kLineStart + 3, kLineY), marker.center());
-
-    constexpr double kGlow = 13;
-    QRadialGradient glow(marker.center(), kGlow);
-    glow.setColorAt(0, QColor(255, 46, 154, 190));
-    glow.setColorAt(1, QColor(255, 46, 154, 0));
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(glow);
-    painter.drawEllipse(marker.center(), kGlow, kGlow);
-
-    QLinearGradient knob(marker.topLeft(), marker.bottomLeft());
-    knob.setColorAt(0, QColor(255, 236, 248));
-    knob.setColorAt(1, QColor(255, 108, 192));
-    painter.setBrush(knob);
-    painter.drawRoundedRect(marker, 3, 3);
+    Drawing(Dc()).Paint([&marker](QPainter& painter) { PaintBar(painter, marker); });
     update(kBar);
 }

@@ -11,7 +11,7 @@
 #include "platform/Message.h"
 #include "platform/Time.h"
 #include "platform/Wait.h"
-#include "toolkit/ApiDraw.h"
+#include "toolkit/Drawing.h"
 
 using namespace toolkit;
 
@@ -266,7 +266,7 @@ void c_gMulti::DrawRight() {
         Addressed(QStringLiteral("You are Correct!"), QStringLiteral("Player %1 is Correct!")), 200,
         kWhite);
     Board().WriteCentered(game::AnswerTimeText(seconds), 280, Rgb(50, 100, 250));
-    Board().WriteCentered(QStringLiteral("%1 Points").arg(points), 360, Rgb(255, 0, 0));
+    Board().WriteCentered(QStringLiteral("%1 Points").arg(points), 360, kRed);
 }
 
 void c_gMulti::DrawWrong() {
@@ -282,16 +282,15 @@ void c_gMulti::DrawWrong() {
 void c_gMulti::DrawWrongStorm() {
     using platform::Rnd;
     using platform::RndRounded;
+    Drawing drawing(Board().Dc());
     for (int i = 0; i < 60; ++i) {
         Board().SetFontSize(Rnd() * 58 + 14);
         const int red = RndRounded(100);
         const int green = RndRounded(100);
         const int blue = RndRounded(100);
-        const auto x = static_cast<float>(Rnd() * 800 - 100);
-        const auto y = static_cast<float>(Rnd() * 500 + 100);
-        BeginDraw(Board().Dc(), Qt::SolidLine, kWhite, 1, kBlack, BkMode::Transparent);
-        ShadowText(QStringLiteral("Wrong"), Rgb(red, green, blue), kBlack, x, y, 3);
-        EndDraw();
+        const double x = Rnd() * 800 - 100;
+        const double y = Rnd() * 500 + 100;
+        drawing.Text(QStringLiteral("Wrong"), Rgb(red, green, blue), kBlack, x, y, 3);
     }
 }
 

@@ -2,7 +2,7 @@
 
 #include "game/HighScoreTable.h"
 #include "platform/Wait.h"
-#include "toolkit/ApiDraw.h"
+#include "toolkit/Drawing.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -20,12 +20,7 @@ constexpr int kLongestName = 40;
 f_High::f_High()
     : Form(QStringLiteral("f_High"), kSize), Label1(new QLabel(this)), Text1(new QLineEdit(this)),
       cmdContinue(new QPushButton(QStringLiteral("Continue"), this)) {
-    const auto right = static_cast<float>(kSize.width() - 1);
-    const auto bottom = static_cast<float>(kSize.height() - 1);
-    BeginDraw(Dc(), Qt::SolidLine, kWhite, 1, kBlack, BkMode::Transparent);
-    DrawBox(Rgb(0, 150, 250), Rgb(0, 60, 160), Rgb(14, 12, 60), 0, 0, right, bottom);
-    EndDraw();
-
+    DrawPanel(Dc());
     Label1->setObjectName(QStringLiteral("Label1"));
     Label1->setAlignment(Qt::AlignCenter);
     Label1->setWordWrap(true);

@@ -3,7 +3,7 @@
 #include "audio/Output.h"
 #include "audio/c_XAudio.h"
 #include "platform/Time.h"
-#include "toolkit/ApiDraw.h"
+#include "toolkit/Drawing.h"
 #include "toolkit/FittedText.h"
 
 #include <QKeyEvent>
@@ -72,11 +72,7 @@ void f_Multi::InitTimer() {
     mElapsed = 0;
     mStart = platform::TickCount();
     constexpr int kGap = 10;
-    BeginDraw(Dc(), Qt::SolidLine, kWhite, 1, kBlack, BkMode::Transparent);
-    SetDrawTextColor(Rgb(0, 100, 250));
-    PlainText(kTime, static_cast<float>(pTimer->x() - kGap - Dc()->TextWidth(kTime)),
-              static_cast<float>(pTimer->y()));
-    EndDraw();
+    Drawing(Dc()).Text(kTime, kAzure, pTimer->x() - kGap - Dc()->TextWidth(kTime), pTimer->y());
     Refresh();
     pTimer->show();
     DrawClock();
@@ -111,10 +107,7 @@ void f_Multi::DrawClock() {
         BitBlt(dc, 0, 0, pTimer->width(), pTimer->height(), gBack->HDC(0), pTimer->x(), pTimer->y(),
                RasterOp::SrcCopy);
     const QString text = ClockText(mElapsed);
-    BeginDraw(dc, Qt::SolidLine, kWhite, 1, kBlack, BkMode::Transparent);
-    SetDrawTextColor(Rgb(50, 0, 100));
-    PlainText(text, static_cast<float>((pTimer->width() - dc->TextWidth(text)) / 2), 0);
-    EndDraw();
+    Drawing(dc).Text(text, Rgb(50, 0, 100), (pTimer->width() - dc->TextWidth(text)) / 2, 0);
     pTimer->SetText(kTime + u' ' + text);
     pTimer->Refresh();
 }
@@ -131,19 +124,17 @@ void f_Multi::WriteCentered(const QString& text, int y, ColorRef color, int shad
 void f_Multi::AskQuestion(const QString& text) { WriteCentered(text, 160, kWhite); }
 
 void f_Multi::DrawSinglePlayer() {
-    WriteCentered(QStringLiteral("Single Player Mode"), 560, Rgb(255, 0, 0), 2);
+    WriteCentered(QStringLiteral("Single Player Mode"), 560, kRed, 2);
 }
 
 void f_Multi::DrawPlayer(int player) {
-    WriteCentered(QStringLiteral("Player %1").arg(player), 560, Rgb(255, 0, 0), 2);
+    WriteCentered(QStringLiteral("Player %1").arg(player), 560, kRed, 2);
 }
 
 void f_Multi::DrawRound(int total, int current) {
     constexpr int kTop = 6;
     const QString text = QStringLiteral("Round %1 of %2").arg(current).arg(total);
-    BeginDraw(Dc(), Qt::SolidLine, kWhite, 1, kBlack, BkMode::Transparent);
-    ShadowText(text, Rgb(250, 50, 50), Rgb(50, 0, 50), kMargin, kTop, 3);
-    EndDraw();
+    Drawing(Dc()).Text(text, Rgb(250, 50, 50), Rgb(50, 0, 50), kMargin, kTop, 3);
     Voice().AddCaption(text,
                        QRect(kMargin, kTop, width() / 2, static_cast<int>(Dc()->TextHeight())));
     Refresh();
@@ -152,10 +143,7 @@ void f_Multi::DrawRound(int total, int current) {
 void f_Multi::DrawScore(int score) {
     const QString text = QStringLiteral("SCORE: %1").arg(score);
     const double right = width() - kMargin;
-    BeginDraw(Dc(), Qt::SolidLine, kWhite, 1, kBlack, BkMode::Transparent);
-    ShadowText(text, kWhite, kBlack, static_cast<float>(right - Dc()->TextWidth(text)),
-               static_cast<float>(pTimer->y()), 3);
-    EndDraw();
+    Drawing(Dc()).Text(text, kWhite, kBlack, right - Dc()->TextWidth(text), pTimer->y(), 3);
     Voice().AddCaption(text, QRect(width() / 2, pTimer->y(), width() / 2 - kMargin,
                                    static_cast<int>(Dc()->TextHeight())));
     Refresh();

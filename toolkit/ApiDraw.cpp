@@ -7,6 +7,7 @@
 #include <QPen>
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <vector>
 
 namespace toolkit {
@@ -22,10 +23,15 @@ struct DrawState {
     ColorRef brush = kBlack;
     ColorRef text = kBlack;
     BkMode mode = BkMode::Opaque;
-    QPoint place;
+    QPoint penAt;
+    std::optional<QRect> clip;
 };
 
 DrawState gState;
+
+QRect Clipped(const QRect& area) { return gState.clip ? area & *gState.clip : area; }
+
+void Fill(const QRect& area, ColorRef color) { gState.dc->Fill(Clipped(area), color); }
 
 /// A line one pixel wide, without its last point.
 void ThinLine(QPoint from, QPoint to) {
@@ -34,12 +40,20 @@ void ThinLine(QPoint from, QPoint to) {
     for (int i = 0; i < steps; ++i) {
         const QPoint at(from.x() + RoundHalfEven(double(way.x()) * i / steps),
                         from.y() + RoundHalfEven(double(way.y()) * i / steps));
-        gState.dc->Fill(QRect(at, QSize(1, 1)), gState.penColor);
+        Fill(QRect(at, QSize(1, 1)), gState.penColor);
     }
 }
 
+class Painter : public QPainter {
+public:
+    Painter() : QPainter(&gState.dc->PaintDevice()) {
+        if (gState.clip)
+            setClipRect(*gState.clip);
+    }
+};
+
 void WideLine(QPoint from, QPoint to) {
-    QPainter painter(&gState.dc->PaintDevice());
+    Painter painter;
     painter.setPen(gState.pen);
     painter.drawLine(from, to);
 }
@@ -86,15 +100,18 @@ void SetDrawPen(Qt::PenStyle style, ColorRef color, int width) {
 
 void SetDrawBkMode(BkMode mode) { gState.mode = mode; }
 
-void FillBox(float x1, float y1, float x2, float y2) {
+void SetDrawClip(const QRect& area) { gState.clip = area; }
+
+void FillBox(double x1, double y1, double x2, double y2) {
     if (gState.dc == nullptr)
         return;
     const QPoint topLeft(RoundHalfEven(x1), RoundHalfEven(y1));
     const QPoint end(RoundHalfEven(x2), RoundHalfEven(y2));
-    gState.dc->Fill(QRect(topLeft, end - QPoint(1, 1)), gState.brush);
+    Fill(QRect(topLeft, end - QPoint(1, 1)), gState.brush);
 }
 
-void DrawBox(ColorRef light, ColorRef dark, ColorRef fill, float x1, float y1, float x2, float y2) {
+void DrawBox(ColorRef light, ColorRef dark, ColorRef fill, double x1, double y1, double x2,
+             double y2) {
     SetDrawBrush(fill);
     FillBox(x1, y1, x2, y2);
     SetDrawPen(Qt::SolidLine, light, 1);
@@ -106,8 +123,8 @@ void DrawBox(ColorRef light, ColorRef dark, ColorRef fill, float x1, float y1, f
     PenLineTo(x2, y1);
 }
 
-void ShadowText(const QString& text, ColorRef color, ColorRef shadow, float x, float y,
-                float offset) {
+void ShadowText(const QString& text, ColorRef color, ColorRef shadow, double x, double y,
+                double offset) {
     SetDrawBkMode(BkMode::Transparent);
     SetDrawTextColor(shadow);
     PlainText(text, x + offset, y + offset);
@@ -115,10 +132,10 @@ void ShadowText(const QString& text, ColorRef color, ColorRef shadow, float x, f
     PlainText(text, x, y);
 }
 
-void PlainText(const QString& text, float x, float y) {
+void PlainText(const QString& text, double x, double y) {
     if (gState.dc == nullptr)
         return;
-    QPainter painter(&gState.dc->PaintDevice());
+    Painter painter;
     painter.setFont(gState.dc->Font());
     painter.setPen(ToQColor(gState.text));
     painter.setBackground(Qt::white);
@@ -127,20 +144,20 @@ void PlainText(const QString& text, float x, float y) {
     painter.drawText(QPointF(RoundHalfEven(x), RoundHalfEven(y) + ascent), text);
 }
 
-void PenMoveTo(double x, double y) { gState.place = QPoint(RoundHalfEven(x), RoundHalfEven(y)); }
+void PenMoveTo(double x, double y) { gState.penAt = QPoint(RoundHalfEven(x), RoundHalfEven(y)); }
 
 void PenLineTo(double x, double y) {
-    const QPoint from = gState.place;
+    const QPoint from = gState.penAt;
     PenMoveTo(x, y);
     if (gState.dc == nullptr || gState.pen.style() == Qt::NoPen)
         return;
     if (gState.pen.width() <= 1 && gState.pen.style() == Qt::SolidLine)
-        ThinLine(from, gState.place);
+        ThinLine(from, gState.penAt);
     else
-        WideLine(from, gState.place);
+        WideLine(from, gState.penAt);
 }
 
-void GradientBox(float x1, float y1, float x2, float y2, ColorRef start, ColorRef end) {
+void GradientBox(double x1, double y1, double x2, double y2, ColorRef start, ColorRef end) {
     if (gState.dc == nullptr)
         return;
     const int left = RoundHalfEven(x1);
@@ -152,9 +169,10 @@ void GradientBox(float x1, float y1, float x2, float y2, ColorRef start, ColorRe
     if (rows < 1 || steps < 1)
         return;
     const std::vector<QRgb> colors = SweepColors(start, end, steps);
-    const QRect box = Canvas::ScreenPixels(QRect(left, top, columns, rows));
+    const QRect area(left, top, columns, rows);
+    const QRect box = Canvas::ScreenPixels(area);
     QImage& image = gState.dc->PaintDevice();
-    const QRect visible = box & image.rect();
+    const QRect visible = Canvas::ScreenPixels(Clipped(area)) & image.rect();
     for (int y = visible.top(); y <= visible.bottom(); ++y) {
         auto* row = reinterpret_cast<QRgb*>(image.scanLine(y));
         for (int x = visible.left(); x <= visible.right(); ++x) {
@@ -166,7 +184,7 @@ void GradientBox(float x1, float y1, float x2, float y2, ColorRef start, ColorRe
 
 void PutPixel(int x, int y, ColorRef color) {
     if (gState.dc != nullptr)
-        gState.dc->Fill(QRect(x, y, 1, 1), color);
+        Fill(QRect(x, y, 1, 1), color);
 }
 
 ColorRef PeekPixel(int x, int y) {

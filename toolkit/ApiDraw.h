@@ -5,9 +5,9 @@
 #include <QString>
 #include <Qt>
 
-/// Drawing routines that work on one canvas at a time, the one of the open bracket. Coordinates
-/// are logical pixels; fractions are rounded to the nearest pixel, halves to the even one. Outside
-/// a bracket they draw nothing.
+/// Drawing routines that work on one canvas at a time, the one of the open bracket; `Drawing` keeps
+/// a bracket open. Coordinates are logical pixels; fractions are rounded to the nearest pixel,
+/// halves to the even one. Outside a bracket nothing is drawn.
 namespace toolkit {
 
 enum class BkMode { Transparent = 1, Opaque = 2 };
@@ -22,20 +22,23 @@ void SetDrawTextColor(ColorRef color);
 void SetDrawBrush(ColorRef color);
 void SetDrawPen(Qt::PenStyle style, ColorRef color, int width);
 void SetDrawBkMode(BkMode mode);
+/// Nothing is drawn outside `area` until the bracket is closed.
+void SetDrawClip(const QRect& area);
 
 /// Fills the rectangle with the brush, its right and bottom edges excluded.
-void FillBox(float x1, float y1, float x2, float y2);
+void FillBox(double x1, double y1, double x2, double y2);
 
 /// Fills the rectangle and frames it: top and left in `light`, bottom and right in `dark`.
-void DrawBox(ColorRef light, ColorRef dark, ColorRef fill, float x1, float y1, float x2, float y2);
+void DrawBox(ColorRef light, ColorRef dark, ColorRef fill, double x1, double y1, double x2,
+             double y2);
 
 /// Writes `text` with its top left corner at (x, y), over its shadow `offset` pixels right and
 /// down. The text colour stays set.
-void ShadowText(const QString& text, ColorRef color, ColorRef shadow, float x, float y,
-                float offset);
+void ShadowText(const QString& text, ColorRef color, ColorRef shadow, double x, double y,
+                double offset);
 
 /// Writes `text` in the canvas's font with the top left corner of its cell at (x, y).
-void PlainText(const QString& text, float x, float y);
+void PlainText(const QString& text, double x, double y);
 
 void PenMoveTo(double x, double y);
 /// A line with the pen to (x, y), which becomes the new place; its last point is left out.
@@ -43,7 +46,7 @@ void PenLineTo(double x, double y);
 
 /// Fills columns x1 to x2 - 1 and rows y1 to y2 with lines at 45 degrees whose colour runs from
 /// `start` at the top left to `end` at the bottom right. One column when x1 equals x2.
-void GradientBox(float x1, float y1, float x2, float y2, ColorRef start, ColorRef end);
+void GradientBox(double x1, double y1, double x2, double y2, ColorRef start, ColorRef end);
 
 void PutPixel(int x, int y, ColorRef color);
 /// Colour of the pixel, or `Canvas::kNoColor` outside.

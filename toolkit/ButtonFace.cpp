@@ -1,6 +1,6 @@
 #include "toolkit/ButtonFace.h"
 
-#include "toolkit/ApiDraw.h"
+#include "toolkit/Drawing.h"
 #include "toolkit/FittedText.h"
 #include "toolkit/Form.h"
 
@@ -21,11 +21,9 @@ void DrawButtonCaption(PictureBox& box, const QString& caption, ColorRef color, 
     const QFont own = dc->Font();
     const FittedText fitted = FitText(caption, own, box.width() - 2 * margin);
     dc->SetFont(fitted.font);
-    const auto x = static_cast<float>(box.width() / 2.0 - fitted.width / 2);
-    const auto y = static_cast<float>(box.height() / 2.0 - dc->TextHeight() / 2 - 2);
-    BeginDraw(dc, Qt::SolidLine, kWhite, 4, kBlack, BkMode::Transparent);
-    ShadowText(fitted.text, color, shadow, x, y, 2);
-    EndDraw();
+    const double x = box.width() / 2.0 - fitted.width / 2;
+    const double y = box.height() / 2.0 - dc->TextHeight() / 2 - 2;
+    Drawing(dc).Text(fitted.text, color, shadow, x, y, 2);
     dc->SetFont(own);
 }
 

@@ -2,7 +2,7 @@
 
 #include "platform/Message.h"
 #include "platform/Wait.h"
-#include "toolkit/ApiDraw.h"
+#include "toolkit/Drawing.h"
 #include "toolkit/FittedText.h"
 #include "toolkit/LastInput.h"
 #include "toolkit/Mous.h"
@@ -237,10 +237,8 @@ void CenteredText(Hdc dc, const QString& text, double center, double y, double w
     const double full = dc->TextHeight();
     dc->SetFont(fitted.font);
     const double lower = (full - dc->TextHeight()) / 2; // a smaller line keeps to the middle
-    BeginDraw(dc, Qt::SolidLine, kWhite, 1, kBlack, BkMode::Transparent);
-    ShadowText(fitted.text, color, kBlack, static_cast<float>(center - fitted.width / 2),
-               static_cast<float>(y + lower), static_cast<float>(shadowOffset));
-    EndDraw();
+    Drawing(dc).Text(fitted.text, color, kBlack, center - fitted.width / 2, y + lower,
+                     shadowOffset);
     dc->SetFont(own);
 }
 

@@ -8,11 +8,8 @@
 namespace toolkit {
 
 enum class HeaderLook { Normal, Hover, Pressed };
-enum class SortMark { None, Upwards, Downwards };
+enum class SortArrow { None, Upwards, Downwards };
 enum class LineLook { Plain, Selected, SelectedWithFocus };
-
-/// The colour of a cell's text unless the list's owner gives another one.
-constexpr ColorRef kCellColor = Rgb(226, 226, 255);
 
 /// A text in its cell.
 struct PlacedText {
@@ -21,7 +18,8 @@ struct PlacedText {
     ColorRef color;
 };
 
-void DrawHeaderCell(Hdc dc, const QRect& cell, const QString& text, HeaderLook look, SortMark mark);
+void DrawHeaderCell(Hdc dc, const QRect& cell, const QString& text, HeaderLook look,
+                    SortArrow arrow);
 void DrawSubHeaderCell(Hdc dc, const QRect& cell, const QString& text, HeaderLook look);
 
 /// The ground of a line; every other line is a little lighter.

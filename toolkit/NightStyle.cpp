@@ -1,6 +1,7 @@
 #include "toolkit/NightStyle.h"
 
 #include "toolkit/Canvas.h"
+#include "toolkit/Palette.h"
 
 #include <QDialog>
 #include <QPainter>
@@ -10,10 +11,6 @@ namespace toolkit {
 
 namespace {
 
-constexpr QColor kFocus(255, 221, 120);
-constexpr QColor kFrameLight(0, 150, 250);
-constexpr QColor kFrameDark(0, 60, 160);
-
 struct Pill {
     QColor rim;
     QColor top;
@@ -21,9 +18,9 @@ struct Pill {
 };
 
 const Pill& PillOf(QStyle::State state) {
-    static const Pill normal{QColor(143, 160, 255), QColor(66, 84, 216), QColor(16, 20, 88)};
+    static const Pill normal{ToQColor(kPeriwinkle), QColor(66, 84, 216), QColor(16, 20, 88)};
     static const Pill hover{QColor(201, 184, 255), QColor(118, 98, 250), QColor(40, 18, 132)};
-    static const Pill pressed{QColor(255, 108, 192), QColor(14, 8, 50), QColor(70, 44, 190)};
+    static const Pill pressed{ToQColor(kPink), QColor(14, 8, 50), QColor(70, 44, 190)};
     static const Pill disabled{QColor(70, 76, 140), QColor(30, 34, 92), QColor(18, 18, 62)};
     if (!state.testFlag(QStyle::State_Enabled))
         return disabled;
@@ -55,42 +52,42 @@ void DrawButton(QPainter& painter, const QStyleOption& option) {
     fill.setColorAt(0, pill.top);
     fill.setColorAt(1, pill.bottom);
     const bool focus = ShowsFocus(option);
-    DrawRound(painter, option.rect, 8, fill, focus ? kFocus : pill.rim, focus ? 2 : 1);
+    DrawRound(painter, option.rect, 8, fill, focus ? ToQColor(kGold) : pill.rim, focus ? 2 : 1);
 }
 
 void DrawField(QPainter& painter, const QStyleOption& option) {
     const bool focus = option.state.testFlag(QStyle::State_HasFocus);
-    DrawRound(painter, option.rect, 5, option.palette.base(), focus ? kFocus : QColor(76, 88, 190),
-              1);
+    DrawRound(painter, option.rect, 5, option.palette.base(),
+              focus ? ToQColor(kGold) : QColor(76, 88, 190), 1);
 }
 
 void DrawDialogFrame(QPainter& painter, const QRect& area) {
-    painter.setPen(kFrameLight);
+    painter.setPen(ToQColor(kFrameLight));
     painter.drawLine(area.topLeft(), area.topRight());
     painter.drawLine(area.topLeft(), area.bottomLeft());
-    painter.setPen(kFrameDark);
+    painter.setPen(ToQColor(kFrameDark));
     painter.drawLine(area.bottomLeft(), area.bottomRight());
     painter.drawLine(area.topRight(), area.bottomRight());
 }
 
 /// The signs of message boxes, in strokes of light.
-class Sign {
+class MessageSign {
 public:
-    explicit Sign(const QColor& color) : mPicture(Pixels(), Pixels()) {
+    explicit MessageSign(ColorRef color) : mPicture(Pixels(), Pixels()) {
         mPicture.setDevicePixelRatio(Canvas::Ratio());
         mPicture.fill(Qt::transparent);
         mPainter.begin(&mPicture);
         mPainter.setRenderHint(QPainter::Antialiasing);
-        mPainter.setPen(QPen(color, 3, Qt::SolidLine, Qt::RoundCap));
-        mPainter.setBrush(QColor(10, 8, 36));
+        mPainter.setPen(QPen(ToQColor(color), 3, Qt::SolidLine, Qt::RoundCap));
+        mPainter.setBrush(ToQColor(kField));
         mPainter.drawEllipse(QPointF(24, 24), 21, 21);
-        mPainter.setPen(QPen(color, 4, Qt::SolidLine, Qt::RoundCap));
+        mPainter.setPen(QPen(ToQColor(color), 4, Qt::SolidLine, Qt::RoundCap));
     }
-    Sign& Line(QPointF from, QPointF to) {
+    MessageSign& Line(QPointF from, QPointF to) {
         mPainter.drawLine(from, to);
         return *this;
     }
-    Sign& Dot(QPointF at) {
+    MessageSign& Dot(QPointF at) {
         mPainter.drawPoint(at);
         return *this;
     }
@@ -148,11 +145,11 @@ QIcon NightStyle::standardIcon(StandardPixmap icon, const QStyleOption* option,
                                const QWidget* widget) const {
     switch (icon) {
     case SP_MessageBoxInformation:
-        return Sign(QColor(143, 160, 255)).Dot({24, 15}).Line({24, 22}, {24, 34}).Icon();
+        return MessageSign(kPeriwinkle).Dot({24, 15}).Line({24, 22}, {24, 34}).Icon();
     case SP_MessageBoxWarning:
-        return Sign(kFocus).Line({24, 14}, {24, 26}).Dot({24, 33}).Icon();
+        return MessageSign(kGold).Line({24, 14}, {24, 26}).Dot({24, 33}).Icon();
     case SP_MessageBoxCritical:
-        return Sign(QColor(255, 108, 192)).Line({17, 17}, {31, 31}).Line({31, 17}, {17, 31}).Icon();
+        return MessageSign(kPink).Line({17, 17}, {31, 31}).Line({31, 17}, {17, 31}).Icon();
     default:
         return QProxyStyle::standardIcon(icon, option, widget);
     }

@@ -4,8 +4,8 @@
 #include "platform/Message.h"
 #include "platform/ProgramFolder.h"
 #include "platform/Text.h"
-#include "toolkit/ApiDraw.h"
 #include "toolkit/Canvas.h"
+#include "toolkit/Drawing.h"
 
 #include <QBuffer>
 #include <QImageReader>
@@ -173,11 +173,9 @@ void ReportMissing(const QString& file) {
 
 QImage PlainGround(QSize size) {
     Canvas canvas(size.width(), size.height());
-    BeginDraw(&canvas, Qt::SolidLine, kWhite, 1, kBlack, BkMode::Opaque);
     // A middle tone: the screens write bright and dark texts on it.
-    GradientBox(0, 0, static_cast<float>(size.width()), static_cast<float>(size.height()),
-                Rgb(96, 104, 196), Rgb(84, 92, 180));
-    EndDraw();
+    Drawing(&canvas).Gradient(0, 0, size.width(), size.height(), Rgb(96, 104, 196),
+                              Rgb(84, 92, 180));
     return canvas.Image();
 }
 
@@ -231,17 +229,16 @@ QImage LoadSkin(const QString& name) {
 }
 
 QImage PlainSkin(QSize size) {
-    const ColorRef light[] = {Rgb(90, 100, 220), Rgb(170, 150, 255), Rgb(30, 20, 80)};
-    const ColorRef dark[] = {Rgb(30, 20, 80), Rgb(60, 30, 140), Rgb(255, 108, 192)};
-    const ColorRef fill[] = {Rgb(25, 30, 100), Rgb(70, 50, 170), Rgb(20, 12, 60)};
+    constexpr Bevel kFrames[] = {{Rgb(90, 100, 220), Rgb(30, 20, 80), Rgb(25, 30, 100)},
+                                 {Rgb(170, 150, 255), Rgb(60, 30, 140), Rgb(70, 50, 170)},
+                                 {Rgb(30, 20, 80), kPink, Rgb(20, 12, 60)}};
     Canvas canvas(size.width(), size.height() * 3);
-    BeginDraw(&canvas, Qt::SolidLine, kWhite, 1, kBlack, BkMode::Opaque);
-    for (int frame = 0; frame < 3; ++frame) {
-        const auto top = static_cast<float>(frame * size.height());
-        DrawBox(light[frame], dark[frame], fill[frame], 0, top,
-                static_cast<float>(size.width() - 1), top + static_cast<float>(size.height() - 1));
+    Drawing drawing(&canvas);
+    QRect frame(QPoint(0, 0), size);
+    for (const Bevel& look : kFrames) {
+        drawing.Box(look, frame);
+        frame.translate(0, size.height());
     }
-    EndDraw();
     return canvas.Image();
 }
 

@@ -1,6 +1,7 @@
 #include "toolkit/PictureBox.h"
 
 #include "toolkit/LastInput.h"
+#include "toolkit/Palette.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>
@@ -122,7 +123,7 @@ void PictureBox::paintEvent(QPaintEvent*) {
     if (!mFocusShown)
         return;
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(QColor(255, 221, 120), 2));
+    painter.setPen(QPen(ToQColor(kGold), 2));
     painter.drawRoundedRect(FocusFrame(), mFocusRadius, mFocusRadius);
 }
 

@@ -1,6 +1,6 @@
 #include "toolkit/ScrollBar.h"
 
-#include "toolkit/ApiDraw.h"
+#include "toolkit/Drawing.h"
 #include "toolkit/Picture.h"
 
 #include <algorithm>
@@ -98,11 +98,8 @@ void ScrollBar::DragTo(double y) {
 bool ScrollBar::SetHover(bool hover) { return std::exchange(mHover, hover) != hover && !mHeld; }
 
 void ScrollBar::Draw(Hdc target) {
-    BeginDraw(target, Qt::SolidLine, kWhite, 1, kBlack, BkMode::Transparent);
-    DrawBox(Rgb(4, 3, 16), Rgb(60, 66, 150), Rgb(8, 6, 28), static_cast<float>(mTrack.left()),
-            static_cast<float>(mTrack.top()), static_cast<float>(mTrack.right()),
-            static_cast<float>(mTrack.bottom()));
-    EndDraw();
+    constexpr Bevel kTrack{Rgb(4, 3, 16), Rgb(60, 66, 150), kListGround};
+    Drawing(target).Box(kTrack, mTrack);
     const QRect thumb = Thumb();
     if (thumb.isEmpty())
         return;

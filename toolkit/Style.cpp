@@ -2,6 +2,7 @@
 
 #include "toolkit/Canvas.h"
 #include "toolkit/NightStyle.h"
+#include "toolkit/Palette.h"
 #include "toolkit/Picture.h"
 
 #include <QApplication>
@@ -17,8 +18,8 @@ namespace {
 
 QPalette NightPalette() {
     const QColor ground(18, 16, 64);
-    const QColor field(10, 8, 36);
-    const QColor light(226, 226, 255);
+    const QColor field = ToQColor(kField);
+    const QColor light = ToQColor(kNightText);
     QPalette palette(QColor(42, 60, 200), ground);
     palette.setColor(QPalette::Window, ground);
     palette.setColor(QPalette::WindowText, light);

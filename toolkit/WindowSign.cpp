@@ -1,5 +1,7 @@
 #include "toolkit/WindowSign.h"
 
+#include "toolkit/Palette.h"
+
 #include <QLineF>
 #include <QPainter>
 #include <algorithm>
@@ -43,7 +45,7 @@ bool DrawWindowSign(QImage& plainSkin, const QString& name) {
     painter.setRenderHint(QPainter::Antialiasing);
     for (int i = 0; i < 3; ++i) {
         const QPointF middle(frame.width() / 2, frame.height() * (i + 0.5));
-        const QColor shadow(10, 8, 36); // black would be transparent
+        const QColor shadow = ToQColor(kField); // black would be transparent
         DrawStrokes(painter, sign->strokes, middle + QPointF(1, 1), quarter, shadow);
         DrawStrokes(painter, sign->strokes, middle, quarter, Qt::white);
     }

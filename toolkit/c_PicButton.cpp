@@ -1,7 +1,7 @@
 #include "toolkit/c_PicButton.h"
 
-#include "toolkit/ApiDraw.h"
 #include "toolkit/ButtonFace.h"
+#include "toolkit/Drawing.h"
 
 using namespace toolkit;
 
@@ -33,22 +33,25 @@ const Scheme kSchemes[] = {
        Rgb(255, 220, 220)}}},
 };
 
-/// The outline: two edges each, with cut corners.
-void DrawOutline(const c_PicButton::Look& look, int width, int height) {
+/// The gradient in an outline of two light and two dark edges with cut corners.
+void DrawFace(Hdc dc, const c_PicButton::Look& look, int width, int height) {
+    constexpr int kPen = 4;
+    constexpr int kInside = 3;
     constexpr int kNear = 2;
     constexpr int kCut = 5;
     const int right = width - kNear;
     const int bottom = height - kNear;
-    SetDrawPen(Qt::SolidLine, look.lightEdge, 4);
-    PenMoveTo(kNear, bottom - kCut);
-    PenLineTo(kNear, kCut);
-    PenLineTo(kCut, kNear);
-    PenLineTo(right - kCut, kNear);
-    SetDrawPen(Qt::SolidLine, look.darkEdge, 4);
-    PenLineTo(right, kCut);
-    PenLineTo(right, bottom - kCut);
-    PenLineTo(right - kCut, bottom);
-    PenLineTo(kCut, bottom);
+    Drawing drawing(dc);
+    drawing.Lines(look.lightEdge, kPen,
+                  {{kNear, bottom - kCut}, {kNear, kCut}, {kCut, kNear}, {right - kCut, kNear}});
+    drawing.Lines(look.darkEdge, kPen,
+                  {{right - kCut, kNear},
+                   {right, kCut},
+                   {right, bottom - kCut},
+                   {right - kCut, bottom},
+                   {kCut, bottom}});
+    drawing.Gradient(kInside, kInside, width - kInside, height - kInside, look.gradientStart,
+                     look.gradientEnd);
 }
 
 } // namespace
@@ -93,14 +96,8 @@ void c_PicButton::Move() {
 void c_PicButton::Draw(State state) {
     mState = state;
     const Look& look = mLooks[static_cast<std::size_t>(state)];
-    const int width = mBox->width();
-    const int height = mBox->height();
     CopyFormBehind(*mBox);
-    BeginDraw(mBox->Dc(), Qt::SolidLine, look.lightEdge, 4, kBlack, BkMode::Opaque);
-    DrawOutline(look, width, height);
-    GradientBox(3, 3, static_cast<float>(width - 3), static_cast<float>(height - 3),
-                look.gradientStart, look.gradientEnd);
-    EndDraw();
+    DrawFace(mBox->Dc(), look, mBox->width(), mBox->height());
     DrawButtonCaption(*mBox, mCaption, look.caption, look.captionShadow, 8);
     mBox->Refresh();
 }

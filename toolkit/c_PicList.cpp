@@ -3,6 +3,7 @@
 #include "toolkit/HumanOrder.h"
 #include "toolkit/ListAccessible.h"
 #include "toolkit/ListFace.h"
+#include "toolkit/Palette.h"
 #include "toolkit/c_PicListState.h"
 
 #include <algorithm>
@@ -233,7 +234,7 @@ void c_PicList::DrawLines() {
         for (int column = 0; column < mState->columns; ++column) {
             const QRect cell = layout.LineCell(line, column, top);
             const double width = cell.width() - 2 * ListLayout::kMargin;
-            ListCell printed{line, column, width, CellText(line, column), kCellColor};
+            ListCell printed{line, column, width, CellText(line, column), kNightText};
             Q_EMIT LinePrint(printed);
             texts.push_back({cell, printed.text, printed.color});
         }
@@ -250,11 +251,11 @@ void c_PicList::DrawHeaders() {
         return spot == mState->pressed ? HeaderLook::Pressed : HeaderLook::Hover;
     };
     using Part = ListLayout::Part;
-    const SortMark mark = mState->downwards ? SortMark::Downwards : SortMark::Upwards;
+    const SortArrow arrow = mState->downwards ? SortArrow::Downwards : SortArrow::Upwards;
     for (int column = 0; column < mState->columns; ++column) {
         DrawHeaderCell(dc, layout.HeaderCell(column), HeaderText(column),
                        look({Part::Header, column}),
-                       column == mState->sortedColumn ? mark : SortMark::None);
+                       column == mState->sortedColumn ? arrow : SortArrow::None);
         if (!mState->subHeader.isEmpty())
             DrawSubHeaderCell(dc, layout.SubHeaderCell(column), SubHeaderText(column),
                               look({Part::SubHeader, column}));

@@ -1,6 +1,7 @@
-#include "toolkit/ApiDraw.h"
 #include "tests/toolkit/Pictures.h"
+#include "toolkit/Drawing.h"
 
+#include <functional>
 #include <gtest/gtest.h>
 #include <set>
 #include <utility>
@@ -31,10 +32,10 @@ Points Box(int left, int top, int width, int height) {
     return points;
 }
 
-class Drawing : public testing::TestWithParam<double> {
+class Brackets : public testing::TestWithParam<double> {
 protected:
-    Drawing() { Begin(mCanvas); }
-    ~Drawing() override { EndDraw(); }
+    Brackets() { Begin(mCanvas); }
+    ~Brackets() override { EndDraw(); }
 
     static void Begin(Canvas& canvas) {
         BeginDraw(&canvas, Qt::SolidLine, kPen, 1, kBrush, BkMode::Transparent);
@@ -44,12 +45,12 @@ protected:
     Canvas mCanvas{40, 30};
 };
 
-class Gradients : public Drawing {};
+class Gradients : public Brackets {};
 
-INSTANTIATE_TEST_SUITE_P(Ratio, Drawing, testing::Values(1, 1.5, 2));
+INSTANTIATE_TEST_SUITE_P(Ratio, Brackets, testing::Values(1, 1.5, 2));
 INSTANTIATE_TEST_SUITE_P(Ratio, Gradients, testing::Values(1, 2, 3));
 
-TEST_P(Drawing, ALineLeavesItsLastPointOut) {
+TEST_P(Brackets, ALineLeavesItsLastPointOut) {
     const struct {
         double x1, y1, x2, y2;
         Points points;
@@ -66,7 +67,7 @@ TEST_P(Drawing, ALineLeavesItsLastPointOut) {
     }
 }
 
-TEST_P(Drawing, ABoxIsLightAboveAndDarkBelow) {
+TEST_P(Brackets, ABoxIsLightAboveAndDarkBelow) {
     const ColorRef light = Rgb(250, 250, 250);
     const ColorRef dark = Rgb(60, 60, 60);
     DrawBox(light, dark, kBrush, 2, 3, 6, 7);
@@ -108,9 +109,7 @@ TEST_P(Gradients, AreSweepsOfLinesAt45Degrees) {
         Sweep(box.x(), box.y(), right, bottom, {0, 200, 50}, {250, 50, 20});
         Canvas actual(40, 30);
         Begin(actual);
-        GradientBox(static_cast<float>(box.x()), static_cast<float>(box.y()),
-                    static_cast<float>(right), static_cast<float>(bottom), Rgb(0, 200, 50),
-                    Rgb(250, 50, 20));
+        GradientBox(box.x(), box.y(), right, bottom, Rgb(0, 200, 50), Rgb(250, 50, 20));
         for (int x = 0; x < 40; ++x)
             for (int y = 0; y < 30; ++y)
                 ASSERT_EQ(actual.Pixel(x, y), expected.Pixel(x, y)) << x << ", " << y;
@@ -118,6 +117,51 @@ TEST_P(Gradients, AreSweepsOfLinesAt45Degrees) {
     Begin(mCanvas);
     GradientBox(20, 3, 20, 7, kWhite, kWhite);
     EXPECT_EQ(Painted(mCanvas, kWhite), Box(20, 3, 1, 5));
+}
+
+class Drawings : public testing::TestWithParam<double> {};
+
+INSTANTIATE_TEST_SUITE_P(Ratio, Drawings, testing::Values(1, 2, 3));
+
+TEST_P(Drawings, KeepToTheirClip) {
+    const QRect clip(12, 9, 11, 7);
+    const std::pair<const char*, std::function<void(Drawing&)>> draws[] = {
+        {"fill", [](Drawing& drawing) { drawing.Fill(kBrush, 0, 0, 40, 30); }},
+        {"box",
+         [](Drawing& drawing) {
+             drawing.Box({kPen, kPen, kBrush}, QRect(0, 0, 20, 12));
+         }},
+        {"thin line",
+         [](Drawing& drawing) {
+             drawing.Lines(kPen, 1, {{0, 12}, {40, 12}});
+         }},
+        {"wide line",
+         [](Drawing& drawing) {
+             drawing.Lines(kPen, 4, {{0, 0}, {40, 30}});
+         }},
+        {"text", [](Drawing& drawing) { drawing.Text("WWWWWWWW", kPen, 0, 4); }},
+        {"shadow", [](Drawing& drawing) { drawing.Text("WWWWWWWW", kPen, kBrush, 0, 4, 2); }},
+        {"gradient", [](Drawing& drawing) { drawing.Gradient(0, 0, 40, 30, kPen, kBrush); }},
+    };
+    const AtRatio ratio(GetParam());
+    for (const auto& [name, draw] : draws) {
+        Canvas clipped(40, 30);
+        Canvas free(40, 30);
+        {
+            Drawing drawing(&clipped);
+            drawing.SetClip(clip);
+            draw(drawing);
+        }
+        {
+            Drawing drawing(&free);
+            draw(drawing);
+        }
+        FillBox(0, 0, 40, 30); // after the last drawing
+        for (int x = 0; x < 40; ++x)
+            for (int y = 0; y < 30; ++y)
+                ASSERT_EQ(clipped.Pixel(x, y), clip.contains(x, y) ? free.Pixel(x, y) : kBlack)
+                    << name << " " << x << ", " << y;
+    }
 }
 
 } // namespace
