@@ -22,12 +22,6 @@ protected:
     void paintEvent(QPaintEvent*) override {}
 };
 
-QAccessibleInterface* MakeAccessible(const QString&, QObject* object) {
-    auto* announcer = qobject_cast<Announcer*>(object);
-    return announcer != nullptr ? new QAccessibleWidget(announcer, QAccessible::Notification)
-                                : nullptr;
-}
-
 /// The texts as sentences, so that there is a pause after each.
 QString Sentences(const QStringList& texts) {
     QStringList sentences;
@@ -39,10 +33,6 @@ QString Sentences(const QStringList& texts) {
 } // namespace
 
 Announcer::Announcer(QWidget* form) : QWidget(form) {
-    [[maybe_unused]] static const bool installed = [] {
-        QAccessible::installFactory(MakeAccessible);
-        return true;
-    }();
     setObjectName(QStringLiteral("Announcer"));
     setAttribute(Qt::WA_TransparentForMouseEvents);
     resize(0, 0);
@@ -82,6 +72,10 @@ void Announcer::Announce(const QString& text) {
         return;
     mTexts << text;
     mSoon.start(0);
+}
+
+QAccessibleInterface* Announcer::NewInterface() {
+    return new QAccessibleWidget(this, QAccessible::Notification);
 }
 
 bool Announcer::eventFilter(QObject*, QEvent* event) {

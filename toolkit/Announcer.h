@@ -1,5 +1,7 @@
 #pragma once
 
+#include "toolkit/Accessible.h"
+
 #include <QStringList>
 #include <QTimer>
 #include <QWidget>
@@ -12,7 +14,7 @@ namespace toolkit {
 /// Tells screen readers what a form shows by drawing: captions, which can be read where they are
 /// and are announced as they appear, and what else is to be announced. All that comes in one go is
 /// one announcement, made as soon as the form is the active window. Nothing of it can be seen.
-class Announcer : public QWidget {
+class Announcer : public QWidget, public Accessible {
     Q_OBJECT
 public:
     explicit Announcer(QWidget* form);
@@ -31,6 +33,7 @@ public:
     /// Announces a text after the captions that came in the same go.
     void Announce(const QString& text);
 
+    QAccessibleInterface* NewInterface() override;
     bool eventFilter(QObject* form, QEvent* event) override;
 
 private:

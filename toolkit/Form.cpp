@@ -31,11 +31,6 @@ public:
     }
 };
 
-QAccessibleInterface* MakeAccessible(const QString&, QObject* object) {
-    auto* form = qobject_cast<Form*>(object);
-    return form != nullptr ? new AccessibleForm(form) : nullptr;
-}
-
 QPoint gPlace; // where the last whole screen stood
 
 bool TakesKeys(const QWidget& control, const QWidget& form) {
@@ -89,10 +84,6 @@ Form::Form(const QString& name, const QSize& size)
     setFixedSize(size);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::ClickFocus);
-    [[maybe_unused]] static const bool installed = [] {
-        QAccessible::installFactory(MakeAccessible);
-        return true;
-    }();
     mAnnouncer = new Announcer(this);
     WatchInput();
 }
@@ -143,6 +134,8 @@ void Form::MoveToCorner() {
     gPlace = QPoint(0, 0);
     move(gPlace);
 }
+
+QAccessibleInterface* Form::NewInterface() { return new AccessibleForm(this); }
 
 bool Form::event(QEvent* event) {
     const bool known = QWidget::event(event);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "toolkit/Accessible.h"
 #include "toolkit/Announcer.h"
 #include "toolkit/Canvas.h"
 #include "toolkit/PictureBox.h"
@@ -13,7 +14,7 @@ constexpr QSize kScreenSize(800, 600);
 
 /// A borderless window with a persistent image that is dragged by any point. It never closes by
 /// itself: a request to close (the window manager's, Escape) is handed to the screen.
-class Form : public QWidget {
+class Form : public QWidget, public Accessible {
     Q_OBJECT
 public:
     explicit Form(const QString& name, const QSize& size = kScreenSize);
@@ -40,6 +41,8 @@ public:
 
     /// Moves the form, and with it the place of the next screen, to the top left corner.
     void MoveToCorner();
+
+    QAccessibleInterface* NewInterface() override;
 
 Q_SIGNALS:
     void CloseRequested();

@@ -12,8 +12,6 @@ namespace toolkit {
 
 namespace {
 
-constexpr const char* kListProperty = "c_PicList";
-
 int CellIndex(int line, int column, const c_PicList& list) {
     return (line + 1) * list.ColumnCount() + column;
 }
@@ -243,27 +241,14 @@ private:
     mutable std::map<int, QAccessible::Id> mCells;
 };
 
-QAccessibleInterface* ListOfBox(const QString&, QObject* object) {
-    auto* box = qobject_cast<PictureBox*>(object);
-    if (box == nullptr)
-        return nullptr;
-    auto* list = qobject_cast<c_PicList*>(box->property(kListProperty).value<QObject*>());
-    return list != nullptr ? new AccessibleList(box, list) : nullptr;
-}
-
 } // namespace
 
 void MakeListAccessible(PictureBox* box, c_PicList* list) {
-    [[maybe_unused]] static const bool installed = [] {
-        QAccessible::installFactory(ListOfBox);
-        return true;
-    }();
-    box->setProperty(kListProperty, QVariant::fromValue<QObject*>(list));
+    box->SetInterface([box, list] { return new AccessibleList(box, list); });
     // A screen reader that runs may have come to know the box before it became a list.
     QAccessible::deleteAccessibleInterface(
         QAccessible::uniqueId(QAccessible::queryAccessibleInterface(box)));
-    QObject::connect(list, &QObject::destroyed, box,
-                     [box] { box->setProperty(kListProperty, QVariant()); });
+    QObject::connect(list, &QObject::destroyed, box, [box] { box->SetInterface({}); });
 }
 
 void AnnounceSelection(PictureBox& box, const c_PicList& list) {

@@ -60,24 +60,19 @@ private:
 /// The pixel that holds the point; rounded, the last half pixel of a box would be its neighbour's.
 QPoint PixelAt(QPointF point) { return QPoint(qFloor(point.x()), qFloor(point.y())); }
 
-QAccessibleInterface* MakeAccessible(const QString&, QObject* object) {
-    auto* box = qobject_cast<PictureBox*>(object);
-    return box != nullptr ? new AccessibleBox(box) : nullptr;
-}
-
 } // namespace
 
 PictureBox::PictureBox(QWidget* parent, const QString& name, const QSize& size)
     : QWidget(parent), mCanvas(size.width(), size.height()) {
-    [[maybe_unused]] static const bool installed = [] {
-        QAccessible::installFactory(MakeAccessible);
-        return true;
-    }();
     setObjectName(name);
     setFixedSize(size);
     setMouseTracking(true);
     // At a fractional ratio the form is seen where the box ends within a pixel of the screen.
     setAttribute(Qt::WA_OpaquePaintEvent, Canvas::Ratio() == std::floor(Canvas::Ratio()));
+}
+
+QAccessibleInterface* PictureBox::NewInterface() {
+    return mInterface ? mInterface() : new AccessibleBox(this);
 }
 
 void PictureBox::SetBoxSize(const QSize& size) {

@@ -1,18 +1,21 @@
 #pragma once
 
+#include "toolkit/Accessible.h"
 #include "toolkit/Canvas.h"
 
 #include <QBasicTimer>
 #include <QPointF>
 #include <QWidget>
+#include <functional>
 #include <optional>
+#include <utility>
 
 namespace toolkit {
 
 /// A rectangle of a form with a persistent image of its own. It shows what was drawn on its canvas
 /// and passes on the mouse and the keys; a button class decides what they mean. Coordinates are
 /// logical pixels inside the box.
-class PictureBox : public QWidget {
+class PictureBox : public QWidget, public Accessible {
     Q_OBJECT
 public:
     PictureBox(QWidget* parent, const QString& name, const QSize& size);
@@ -34,6 +37,11 @@ public:
     /// What a box that is no button shows in words, for screen readers. It is told when they ask.
     void SetText(const QString& text) { mText = text; }
     const QString& Text() const { return mText; }
+
+    /// Has `make` choose how screen readers see the box, in place of a button or a picture; an
+    /// empty one leaves it to the box again.
+    void SetInterface(std::function<QAccessibleInterface*()> make) { mInterface = std::move(make); }
+    QAccessibleInterface* NewInterface() override;
 
     /// Gives the keys to the box in place of one that went; the second press of a double press is
     /// not for this one.
@@ -93,6 +101,7 @@ private:
     QBasicTimer mLettingGo;          // of that key, unless a repeat shows that it is still held
     std::optional<QPointF> mPointer; // while it is in the box
     QString mText;
+    std::function<QAccessibleInterface*()> mInterface;
 };
 
 } // namespace toolkit
