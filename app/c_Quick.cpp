@@ -60,7 +60,7 @@ fs::path c_Quick::GetM3U() {
 void c_Quick::LoadingDone() { mLoadForm.hide(); }
 
 void c_Quick::ShowChooser() {
-    mForm.Voice().Announce(mForm.lExplain->text());
+    mForm.Announce(mForm.lExplain->text());
     mForm.ShowInPlace();
     mWindowButtons.Refresh();
 }
@@ -126,7 +126,7 @@ bool c_Quick::ScanFolder(const fs::path& folder, c_M3U& list) {
     bool entered = false;
     mNoTitles = false;
     mLoadForm.ShowScan(0, current);
-    mLoadForm.Voice().Announce(QStringLiteral("Searching for MP3s"));
+    mLoadForm.Announce(QStringLiteral("Searching for MP3s"));
     mLoadForm.ShowInPlace();
     platform::PumpEvents();
     const auto goOn = [&] {

@@ -24,7 +24,7 @@ f_Load::f_Load() : Form(QStringLiteral("f_Load"), kSize), lLoading(new QLabel(th
 
 void f_Load::ShowLoading() {
     lLoading->setText(QStringLiteral("Loading..."));
-    Voice().Announce(lLoading->text());
+    Announce(lLoading->text());
     ShowInPlace();
 }
 

@@ -75,7 +75,6 @@ void f_Menu::DrawBy() {
     Dc()->SetFont(ScreenFont(10, true));
     Drawing(Dc()).Text(credits, Rgb(140, 140, 230), kBlack, 400 - Dc()->TextWidth(credits) / 2, 73,
                        1);
-    Voice().AddCaption(credits, QRect(0, 73, width(), static_cast<int>(Dc()->TextHeight())),
-                       Announcer::Voice::Quiet);
+    AddQuietCaption(credits, QRect(0, 73, width(), static_cast<int>(Dc()->TextHeight())));
     Refresh();
 }

@@ -168,7 +168,7 @@ void c_Editor::ShowAll() {
     const QString reading = source.isEmpty() ? QString() : QStringLiteral("Adding ") + source;
     mList.SetSubHeader(songs + u'\\' + platform::EscapeSeparators(reading) + u'\\');
     if (source.isEmpty() && std::exchange(mAnnounced, songs) != songs)
-        mForm.Voice().Announce(songs);
+        mForm.Announce(songs);
     mList.Refresh();
 }
 
@@ -299,7 +299,7 @@ void c_Editor::mList_LinePrint(ListCell& cell) {
 }
 
 void c_Editor::mList_LineSelChanged(int line) {
-    if (mMarks.Select(line, {mList.mRangeKey, mList.mAddKey, mList.mByKeys}))
+    if (mMarks.Select(line, {mList.mRangeKey, mList.mAddKey, mList.mByKeyboard}))
         mList.Refresh();
 }
 

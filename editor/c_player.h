@@ -42,6 +42,6 @@ private:
     c_SurfButton bStop;
     c_SurfButton bFF;
     c_SurfButton bX;
-    Hold mHold = Hold::None; // of the fast-forward key
+    Hold mHold = Hold::None; // of the fast-forward button
     bool mInUse = false;     // this player may be what is heard
 };

@@ -15,7 +15,7 @@ using namespace toolkit;
 namespace {
 
 constexpr QSize kSize(300, 80);
-constexpr QSize kKeySize(34, 34);
+constexpr QSize kButtonSize(34, 34);
 constexpr QRect kStrip(12, 10, 234, 22);
 constexpr int kInterval = 100; // milliseconds
 
@@ -59,20 +59,20 @@ void PaintBar(QPainter& painter, const QRectF& marker) {
 
 f_Player::f_Player()
     : Form(QStringLiteral("f_Player"), kSize),
-      pPlay(new PictureBox(this, QStringLiteral("pPlay"), kKeySize)),
-      pPause(new PictureBox(this, QStringLiteral("pPause"), kKeySize)),
-      pStop(new PictureBox(this, QStringLiteral("pStop"), kKeySize)),
-      pFF(new PictureBox(this, QStringLiteral("pFF"), kKeySize)),
+      pPlay(new PictureBox(this, QStringLiteral("pPlay"), kButtonSize)),
+      pPause(new PictureBox(this, QStringLiteral("pPause"), kButtonSize)),
+      pStop(new PictureBox(this, QStringLiteral("pStop"), kButtonSize)),
+      pFF(new PictureBox(this, QStringLiteral("pFF"), kButtonSize)),
       pX(new PictureBox(this, QStringLiteral("pX"), QSize(44, 36))),
       pTitle(new PictureBox(this, QStringLiteral("pTitle"), kStrip.size())),
       mGround(LoadGround(QStringLiteral("\\Images\\PlayBack.bmp"), kSize)),
       mMarkerLeft(kLineStart) {
-    constexpr int kKeysTop = 40;
-    constexpr int kKeyStep = 38;
+    constexpr int kButtonsTop = 40;
+    constexpr int kButtonStep = 38;
     int left = kStrip.x();
-    for (PictureBox* key : {pPlay, pPause, pStop, pFF}) {
-        key->move(left, kKeysTop);
-        left += kKeyStep;
+    for (PictureBox* button : {pPlay, pPause, pStop, pFF}) {
+        button->move(left, kButtonsTop);
+        left += kButtonStep;
     }
     pX->move(kSize.width() - pX->width(), 0);
     pTitle->move(kStrip.topLeft());

@@ -4,7 +4,7 @@
 
 #include <QTimer>
 
-/// The preview player's window: its keys, the strip with the song's title and the bar that shows
+/// The preview player's window: its buttons, the strip with the song's title and the bar that shows
 /// how far the song is.
 class f_Player : public toolkit::Form {
     Q_OBJECT

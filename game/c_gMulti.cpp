@@ -209,7 +209,7 @@ void c_gMulti::SetChoiceCaptions(const std::array<QString, 4>& captions) {
 }
 
 void c_gMulti::ShowChoices(bool shown) {
-    for (PictureBox* choice : Board().Choices())
+    for (PictureBox* choice : Board().ChoiceBoxes())
         choice->setVisible(shown);
     if (shown)
         Board().AnnounceChoices();
@@ -228,7 +228,7 @@ void c_gMulti::bHint_Clicked() {
     platform::Randomize(platform::SecondsSinceMidnight());
     Board().pHint->hide();
     for (const int slot : game::DrawHint(mCorrectSlot))
-        Board().Choices()[static_cast<std::size_t>(slot)]->hide();
+        Board().ChoiceBoxes()[static_cast<std::size_t>(slot)]->hide();
     Board().AnnounceChoices();
     Score() = game::ScoreAfterHint(Score());
 }

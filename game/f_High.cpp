@@ -44,7 +44,7 @@ std::optional<QString> f_High::GetName(const QString& prompt) {
     Label1->setText(prompt);
     Text1->clear();
     mWaiting = true;
-    Voice().Announce(prompt);
+    Announce(prompt);
     ShowInPlace();
     Text1->setFocus();
     platform::WaitWhile([this] { return mWaiting; });

@@ -36,7 +36,7 @@ void f_HighMulti::DrawTitle(const QString& title) {
     CopyBackground();
     Dc()->SetFont(ScreenFont(32, true));
     CenteredText(Dc(), title, 400, 100, width(), kWhite, 3);
-    Voice().AddCaption(title, QRect(0, 100, width(), static_cast<int>(Dc()->TextHeight())));
+    AddCaption(title, QRect(0, 100, width(), static_cast<int>(Dc()->TextHeight())));
     Dc()->SetFont(ScreenFont(20));
 }
 
@@ -52,8 +52,8 @@ void f_HighMulti::DrawRow(int line, const Row& row) {
               row.isNew ? Rgb(250, 0, 50) : Rgb(250, 250, 0));
     WriteCell(drawing, row.score, place.x() + 300, textTop, 94,
               row.isNew ? Rgb(250, 250, 250) : Rgb(100, 200, 250));
-    Voice().AddCaption(name + QStringLiteral(", ") + row.score +
-                           (row.isNew ? QStringLiteral(", new") : QString()),
-                       place);
+    AddCaption(name + QStringLiteral(", ") + row.score +
+                   (row.isNew ? QStringLiteral(", new") : QString()),
+               place);
     Refresh();
 }

@@ -37,7 +37,7 @@ f_Multi::f_Multi()
     pPlay->setAccessibleName(QStringLiteral("Play"));
     pHint->setAccessibleName(QStringLiteral("Hint"));
     pCont->setAccessibleName(QStringLiteral("Continue"));
-    for (PictureBox* choice : Choices())
+    for (PictureBox* choice : ChoiceBoxes())
         choice->Dc()->SetFont(ScreenFont(20));
     pTimer->Dc()->SetFont(ScreenFont(24));
     SetFontSize(24);
@@ -56,7 +56,7 @@ void f_Multi::LayOut() {
     pTimer->move(kCenter, 85);
     const int left = (width() - PChoice1->width()) / 2;
     int top = kChoicesTop;
-    for (PictureBox* choice : Choices()) {
+    for (PictureBox* choice : ChoiceBoxes()) {
         choice->move(left, top);
         choice->hide();
         top += choice->height() + kChoiceGap;
@@ -86,7 +86,7 @@ void f_Multi::Timer1_Timer() {
         mElapsed = static_cast<float>(mTimeLimit);
         Audio().StopPlay();
         mTimeLimit = -1;
-        Voice().Announce(QStringLiteral("The clip is over"));
+        Announce(QStringLiteral("The clip is over"));
     }
     DrawClock();
     if (!mSilenceTold && audio::NoDevice())
@@ -117,7 +117,7 @@ void f_Multi::SetFontSize(double points) { Dc()->SetFont(ScreenFont(points)); }
 void f_Multi::WriteCentered(const QString& text, int y, ColorRef color, int shadowOffset) {
     const QRect place(kMargin, y, width() - 2 * kMargin, static_cast<int>(Dc()->TextHeight()));
     CenteredText(Dc(), text, kCenter, y, place.width(), color, shadowOffset);
-    Voice().AddCaption(text, place);
+    AddCaption(text, place);
     Refresh();
 }
 
@@ -135,8 +135,7 @@ void f_Multi::DrawRound(int total, int current) {
     constexpr int kTop = 6;
     const QString text = QStringLiteral("Round %1 of %2").arg(current).arg(total);
     Drawing(Dc()).Text(text, Rgb(250, 50, 50), Rgb(50, 0, 50), kMargin, kTop, 3);
-    Voice().AddCaption(text,
-                       QRect(kMargin, kTop, width() / 2, static_cast<int>(Dc()->TextHeight())));
+    AddCaption(text, QRect(kMargin, kTop, width() / 2, static_cast<int>(Dc()->TextHeight())));
     Refresh();
 }
 
@@ -144,23 +143,23 @@ void f_Multi::DrawScore(int score) {
     const QString text = QStringLiteral("SCORE: %1").arg(score);
     const double right = width() - kMargin;
     Drawing(Dc()).Text(text, kWhite, kBlack, right - Dc()->TextWidth(text), pTimer->y(), 3);
-    Voice().AddCaption(text, QRect(width() / 2, pTimer->y(), width() / 2 - kMargin,
-                                   static_cast<int>(Dc()->TextHeight())));
+    AddCaption(text, QRect(width() / 2, pTimer->y(), width() / 2 - kMargin,
+                           static_cast<int>(Dc()->TextHeight())));
     Refresh();
 }
 
 void f_Multi::AnnounceChoices() {
     int key = 0;
-    for (const PictureBox* choice : Choices()) {
+    for (const PictureBox* choice : ChoiceBoxes()) {
         ++key;
         if (choice->isVisibleTo(this))
-            Voice().Announce(QStringLiteral("%1: %2").arg(key).arg(choice->accessibleName()));
+            Announce(QStringLiteral("%1: %2").arg(key).arg(choice->accessibleName()));
     }
 }
 
 void f_Multi::keyPressEvent(QKeyEvent* event) {
     if (event->key() >= Qt::Key_1 && event->key() <= Qt::Key_4)
-        Choices()[static_cast<std::size_t>(event->key() - Qt::Key_1)]->Activate();
+        ChoiceBoxes()[static_cast<std::size_t>(event->key() - Qt::Key_1)]->Activate();
     else if (event->key() == Qt::Key_H)
         pHint->Activate();
     else

@@ -53,7 +53,7 @@ public:
     toolkit::PictureBox* pTimer;
     QTimer Timer1;
 
-    std::array<toolkit::PictureBox*, 4> Choices() const {
+    std::array<toolkit::PictureBox*, 4> ChoiceBoxes() const {
         return {PChoice1, pChoice2, pChoice3, pChoice4};
     }
 

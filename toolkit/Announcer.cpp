@@ -42,17 +42,21 @@ Announcer::Announcer(QWidget* form) : QWidget(form) {
     form->installEventFilter(this);
 }
 
-void Announcer::AddCaption(const QString& text, const QRect& place, Voice voice) {
+void Announcer::AddCaption(const QString& text, const QRect& place) {
+    if (text.isEmpty())
+        return;
+    AddQuietCaption(text, place);
+    mCaptions << text;
+    mSoon.start(0);
+}
+
+void Announcer::AddQuietCaption(const QString& text, const QRect& place) {
     if (text.isEmpty())
         return;
     QLabel* label = FreeLabel();
     label->setText(text);
     label->setGeometry(place);
     label->show();
-    if (voice == Voice::Quiet)
-        return;
-    mCaptions << text;
-    mSoon.start(0);
 }
 
 QLabel* Announcer::FreeLabel() {

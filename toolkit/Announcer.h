@@ -19,13 +19,12 @@ class Announcer : public QWidget, public Accessible {
 public:
     explicit Announcer(QWidget* form);
 
-    enum class Voice {
-        Announced, ///< unless it was already there at the last announcement
-        Quiet      ///< only read where it is
-    };
+    /// A text was drawn at `place`, in logical pixels of the form. It is announced unless it was
+    /// already there at the last announcement.
+    void AddCaption(const QString& text, const QRect& place);
 
-    /// A text was drawn at `place`, in logical pixels of the form.
-    void AddCaption(const QString& text, const QRect& place, Voice voice = Voice::Announced);
+    /// The same for a text that is not worth an announcement; it can only be read where it is.
+    void AddQuietCaption(const QString& text, const QRect& place);
 
     /// All captions were drawn over.
     void ClearCaptions();

@@ -33,16 +33,16 @@ public:
 
 QPoint gPlace; // where the last whole screen stood
 
-bool TakesKeys(const QWidget& control, const QWidget& form) {
+bool TakesFocus(const QWidget& control, const QWidget& form) {
     return control.isVisibleTo(&form) && control.isEnabledTo(&form) && !control.isWindow() &&
            (control.focusPolicy() & Qt::TabFocus) != 0;
 }
 
 /// The form's controls that the Tab key comes to, in its order.
-std::vector<QWidget*> KeyControls(QWidget& form) {
+std::vector<QWidget*> FocusControls(QWidget& form) {
     std::vector<QWidget*> controls;
     for (QWidget* next = form.nextInFocusChain(); next != &form; next = next->nextInFocusChain())
-        if (form.isAncestorOf(next) && TakesKeys(*next, form))
+        if (form.isAncestorOf(next) && TakesFocus(*next, form))
             controls.push_back(next);
     return controls;
 }
@@ -65,7 +65,7 @@ std::optional<int> Way(const QRect& from, const QRect& to, int key) {
 QWidget* Neighbour(QWidget& form, const QWidget& control, int key) {
     QWidget* nearest = nullptr;
     int shortest = INT_MAX;
-    for (QWidget* other : KeyControls(form)) {
+    for (QWidget* other : FocusControls(form)) {
         const auto way = Way(control.geometry(), other->geometry(), key);
         if (other != &control && way && *way < shortest) {
             nearest = other;
@@ -122,7 +122,7 @@ void Form::PlaceFocus() {
 }
 
 QWidget* Form::FirstControl() {
-    const std::vector<QWidget*> controls = KeyControls(*this);
+    const std::vector<QWidget*> controls = FocusControls(*this);
     const auto first = std::find_if(controls.begin(), controls.end(),
                                     [this](QWidget* control) { return !IsOfFrame(control); });
     return first != controls.end() ? *first : nullptr;
@@ -162,7 +162,7 @@ void Form::HandFocusOn() {
         return;
     QWidget* first = FirstControl();
     if (auto* box = qobject_cast<PictureBox*>(first))
-        box->TakeKeys();
+        box->TakeFocusOver();
     else if (first != nullptr)
         first->setFocus();
 }

@@ -21,8 +21,16 @@ public:
 
     Hdc Dc() { return &mCanvas; }
 
-    /// What is drawn on the form, for screen readers.
-    Announcer& Voice() { return *mAnnouncer; }
+    // For screen readers: what is drawn on the form, and what else they are to tell; see
+    // `Announcer`.
+    void AddCaption(const QString& text, const QRect& place) {
+        mAnnouncer->AddCaption(text, place);
+    }
+    void AddQuietCaption(const QString& text, const QRect& place) {
+        mAnnouncer->AddQuietCaption(text, place);
+    }
+    void ClearCaptions() { mAnnouncer->ClearCaptions(); }
+    void Announce(const QString& text) { mAnnouncer->Announce(text); }
 
     /// Shows what was drawn since the last time.
     void Refresh() { update(); }

@@ -209,7 +209,7 @@ void PictureBox::LetKeyGo() {
     TellPointer();
 }
 
-void PictureBox::TakeKeys() {
+void PictureBox::TakeFocusOver() {
     mTakenOver = true;
     setFocus();
 }

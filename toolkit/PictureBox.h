@@ -45,7 +45,7 @@ public:
 
     /// Gives the keys to the box in place of one that went; the second press of a double press is
     /// not for this one.
-    void TakeKeys();
+    void TakeFocusOver();
 
     /// Frames the box when it has the focus and no frame yet; whether it did.
     bool ShowFocus();

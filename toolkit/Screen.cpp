@@ -24,7 +24,7 @@ void Screen::showEvent(QShowEvent* event) {
 void Screen::CopyBackground() {
     if (gBack)
         BitBlt(Dc(), 0, 0, width(), height(), gBack->HDC(0), 0, 0, RasterOp::SrcCopy);
-    Voice().ClearCaptions();
+    ClearCaptions();
     Refresh();
 }
 

@@ -97,7 +97,7 @@ int c_PicList::LineSelectedNum() const { return mState->selected; }
 
 void c_PicList::SelectLine(int line) { Choose(line, Qt::NoModifier, false); }
 
-void c_PicList::Choose(int line, Qt::KeyboardModifiers keys, bool byKeys) {
+void c_PicList::Choose(int line, Qt::KeyboardModifiers keys, bool byKeyboard) {
     if (!Exists(line))
         return;
     mState->selected = line;
@@ -107,9 +107,9 @@ void c_PicList::Choose(int line, Qt::KeyboardModifiers keys, bool byKeys) {
         AnnounceSelection(*mState->box, *this);
     mRangeKey = keys.testFlag(Qt::ShiftModifier);
     mAddKey = keys.testFlag(Qt::ControlModifier);
-    mByKeys = byKeys;
+    mByKeyboard = byKeyboard;
     Q_EMIT LineSelChanged(line);
-    mRangeKey = mAddKey = mByKeys = false;
+    mRangeKey = mAddKey = mByKeyboard = false;
 }
 
 std::vector<int> c_PicList::SortByHeader(int column, int mode) {

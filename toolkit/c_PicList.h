@@ -97,7 +97,7 @@ public:
     bool mRangeKey = false;
     bool mAddKey = false;
     /// Whether the selection was moved by keys; as above.
-    bool mByKeys = false;
+    bool mByKeyboard = false;
 
 Q_SIGNALS:
     /// The player selected a line, perhaps the one that was selected already.
@@ -128,7 +128,7 @@ private:
     toolkit::ListLayout Layout() const;
     void AdjustScroller();
     void BringIntoSight(int line);
-    void Choose(int line, Qt::KeyboardModifiers keys, bool byKeys);
+    void Choose(int line, Qt::KeyboardModifiers keys, bool byKeyboard);
     void ForgetSorting();
     void Draw();
     void DrawHeaders();

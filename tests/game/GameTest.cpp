@@ -60,7 +60,7 @@ protected:
 
     /// The box of the choice that is right, or of one that is wrong, among those still shown.
     toolkit::PictureBox* Choice(bool right) {
-        for (toolkit::PictureBox* box : board.Choices())
+        for (toolkit::PictureBox* box : board.ChoiceBoxes())
             if (box->isVisible() && (box->accessibleName() == SongFolder::OpenTitle()) == right)
                 return box;
         return nullptr;
@@ -186,7 +186,7 @@ TEST_F(GameTest, AHintLeavesTheRightAndOneWrongChoiceAndIsPaidFor) {
             return;
         if (board.pHint->isVisible() && question < 2) {
             ClickOn(board.pHint);
-            const auto choices = board.Choices();
+            const auto choices = board.ChoiceBoxes();
             EXPECT_EQ(std::count_if(choices.begin(), choices.end(),
                                     [](auto* box) { return box->isVisible(); }),
                       2);
@@ -209,7 +209,7 @@ TEST_F(GameTest, AWholeGameIsPlayedByKeys) {
         if (window == nullptr || QApplication::focusWidget() == nullptr)
             return;
         if (Choice(true) != nullptr) {
-            const auto choices = board.Choices();
+            const auto choices = board.ChoiceBoxes();
             const auto slot = std::find(choices.begin(), choices.end(), Choice(true));
             QTest::keyClick(QApplication::focusWidget(),
                             static_cast<Qt::Key>(Qt::Key_1 + (slot - choices.begin())));

@@ -34,7 +34,7 @@ protected:
         return texts;
     }
 
-    void Caption(const char* text) { mForm.Voice().AddCaption(text, QRect(0, 0, 100, 20)); }
+    void Caption(const char* text) { mForm.AddCaption(text, QRect(0, 0, 100, 20)); }
 
     Form mForm{QStringLiteral("f_Test"), QSize(200, 100)};
 };
@@ -42,14 +42,14 @@ protected:
 TEST_F(Announcements, TellInOneGoWhatIsNew) {
     Caption("Round 1");
     Caption("Which?");
-    mForm.Voice().Announce("1: One");
+    mForm.Announce("1: One");
     EXPECT_EQ(Heard(), "") << "nobody looks at the form yet";
     Show(mForm);
     EXPECT_EQ(Heard(), "Round 1. Which? 1: One.");
-    mForm.Voice().ClearCaptions();
+    mForm.ClearCaptions();
     Caption("Round 1");
     Caption("You are right!");
-    mForm.Voice().AddCaption("Makers", QRect(0, 50, 100, 20), Announcer::Voice::Quiet);
+    mForm.AddQuietCaption("Makers", QRect(0, 50, 100, 20));
     EXPECT_EQ(Heard(), "You are right!");
     EXPECT_EQ(Readable(), (QStringList{"Round 1", "You are right!", "Makers"}));
 }
@@ -57,15 +57,15 @@ TEST_F(Announcements, TellInOneGoWhatIsNew) {
 TEST_F(Announcements, OfAHiddenFormAreForgotten) {
     Show(mForm);
     Caption("Round 1");
-    mForm.Voice().Announce("1: One");
+    mForm.Announce("1: One");
     mForm.hide();
     Form other(QStringLiteral("f_Other"), QSize(100, 100));
     Show(other);
-    mForm.Voice().ClearCaptions();
+    mForm.ClearCaptions();
     Caption("Round 1");
     Show(mForm);
     EXPECT_EQ(Heard(), "Round 1.") << "the form is seen anew";
-    mForm.Voice().ClearCaptions();
+    mForm.ClearCaptions();
     EXPECT_EQ(Heard(), "");
     EXPECT_EQ(Readable(), QStringList());
 }

@@ -76,7 +76,7 @@ protected:
         mBox.move(kBoxPlace);
         mList.Create(&mBox, QStringLiteral("File Name\\Song Title\\Artist"));
         QObject::connect(&mList, &c_PicList::LineSelChanged, [this](int line) {
-            mSelections.push_back({line, mList.mRangeKey, mList.mAddKey, mList.mByKeys});
+            mSelections.push_back({line, mList.mRangeKey, mList.mAddKey, mList.mByKeyboard});
         });
         mForm.ShowInPlace();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&mForm));
@@ -119,11 +119,11 @@ protected:
 
     struct Selection {
         int line;
-        bool range, add, byKeys;
+        bool range, add, byKeyboard;
         bool operator==(const Selection&) const = default;
         friend void PrintTo(const Selection& s, std::ostream* out) {
             *out << s.line << (s.range ? " range" : "") << (s.add ? " add" : "")
-                 << (s.byKeys ? " keys" : "");
+                 << (s.byKeyboard ? " keys" : "");
         }
     };
 
