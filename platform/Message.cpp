@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <algorithm>
+#include <utility>
 
 namespace platform {
 
@@ -25,7 +26,7 @@ QMessageBox::Icon ToQt(Icon icon) {
     return QMessageBox::NoIcon;
 }
 
-QRect gPlace;
+std::function<QRect()> gDialogPlace;
 
 /// Qt would wrap lines that are not much too long.
 void KeepLinesWhole(QMessageBox& box) {
@@ -49,13 +50,13 @@ int Show(const QString& text, Icon icon, const QString& title,
 
 } // namespace
 
-void SetDialogPlace(const QRect& place) { gPlace = place; }
+void SetDialogPlace(std::function<QRect()> place) { gDialogPlace = std::move(place); }
 
 void PlaceDialog(QDialog& dialog) {
-    if (dialog.parentWidget() != nullptr || gPlace.isNull())
+    if (dialog.parentWidget() != nullptr || !gDialogPlace)
         return;
     dialog.adjustSize();
-    dialog.move(gPlace.center() - dialog.rect().center());
+    dialog.move(gDialogPlace().center() - dialog.rect().center());
 }
 
 void ShowMessage(const QString& text, Icon icon, const QString& title) {

@@ -2,6 +2,7 @@
 
 #include <QRect>
 #include <QString>
+#include <functional>
 
 class QDialog;
 
@@ -12,8 +13,8 @@ namespace platform {
 enum class Icon { None, Information, Warning, Critical };
 
 /// Where on the screen dialogs appear while no window of the program is open: in the middle of
-/// `place`.
-void SetDialogPlace(const QRect& place);
+/// what `place` answers at that time.
+void SetDialogPlace(std::function<QRect()> place);
 
 /// Moves a dialog without an owner to that place.
 void PlaceDialog(QDialog& dialog);

@@ -89,7 +89,7 @@ Form::Form(const QString& name, const QSize& size)
 }
 
 void Form::ShowInPlace() {
-    platform::SetDialogPlace(QRect(gPlace, kScreenSize));
+    platform::SetDialogPlace([] { return QRect(gPlace, kScreenSize); });
     const QSize spare = kScreenSize - size();
     move(gPlace + QPoint(spare.width() / 2, spare.height() / 2));
     // Before any event runs: what was typed ahead is not for the window behind it.

@@ -1,4 +1,5 @@
 #include "toolkit/Form.h"
+#include "platform/Message.h"
 #include "platform/Wait.h"
 #include "tests/toolkit/Pictures.h"
 #include "toolkit/Screen.h"
@@ -7,6 +8,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QCursor>
+#include <QDialog>
 #include <QKeyEvent>
 #include <QSignalSpy>
 #include <QTest>
@@ -118,6 +120,17 @@ TEST(Screens, FollowEachOtherInPlace) {
     small.hide();
     first.ShowInPlace();
     EXPECT_EQ(first.pos(), QPoint(37, 53));
+}
+
+TEST(Screens, AreFollowedByDialogsWhereTheyWereDraggedTo) {
+    Form screen(QStringLiteral("f_Screen"));
+    screen.ShowInPlace();
+    screen.move(130, 90);
+    screen.hide();
+    QDialog dialog;
+    platform::PlaceDialog(dialog);
+    const QPoint middle = QRect(QPoint(130, 90), kScreenSize).center();
+    EXPECT_EQ(dialog.pos() + dialog.rect().center(), middle);
 }
 
 TEST(Screens, CloseByTheirCloseButton) {
