@@ -21,8 +21,8 @@ bool c_gBet::TakeBet() {
 }
 
 void c_gBet::Answered() {
-    // Only a clip that the clock has stopped is stopped again; an early answer lets it play on.
-    if (Board().TimeLimit() == -1)
+    // After an early answer the clip plays on.
+    if (Board().TimeLimit() == f_Multi::kClipStopped)
         Audio().StopPlay();
 }
 

@@ -81,16 +81,23 @@ void f_Multi::InitTimer() {
 
 void f_Multi::Timer1_Timer() {
     mElapsed = static_cast<float>(platform::TickCount() - mStart) / 1000.0F;
-    if (mTimeLimit > 0 && mElapsed >= static_cast<float>(mTimeLimit)) {
-        Timer1.stop();
-        mElapsed = static_cast<float>(mTimeLimit);
-        Audio().StopPlay();
-        mTimeLimit = -1;
-        Announce(QStringLiteral("The clip is over"));
-    }
+    if (LimitReached())
+        StopClip();
     DrawClock();
     if (!mSilenceTold && audio::NoDevice())
         TellOfSilence();
+}
+
+bool f_Multi::LimitReached() const {
+    return mTimeLimit > 0 && mElapsed >= static_cast<float>(mTimeLimit);
+}
+
+void f_Multi::StopClip() {
+    Timer1.stop();
+    Audio().StopPlay();
+    mElapsed = static_cast<float>(mTimeLimit);
+    mTimeLimit = kClipStopped;
+    Announce(QStringLiteral("The clip is over"));
 }
 
 void f_Multi::TellOfSilence() {

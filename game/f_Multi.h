@@ -24,9 +24,11 @@ public:
     /// Seconds on the clock.
     float ElapsedTime() const { return mElapsed; }
 
+    /// The time limit of a clip that was stopped at its limit.
+    static constexpr int kClipStopped = -1;
+
     /// The clock stops at `seconds`, and the clip with it; 0 for no limit.
     void SetTimeLimit(int seconds) { mTimeLimit = seconds; }
-    /// -1 once the clock has stopped the clip.
     int TimeLimit() const { return mTimeLimit; }
 
     void SetFontSize(double points);
@@ -62,6 +64,8 @@ protected:
 
 private:
     void Timer1_Timer();
+    bool LimitReached() const;
+    void StopClip();
     void DrawClock();
     void TellOfSilence();
 

@@ -234,7 +234,7 @@ TEST_F(GameTest, ABetFixesTheClipAndThePointsAndHasItsOwnTable) {
         } else if (!GoOn() && Choice(true) != nullptr) {
             if (bets == 1 && board.TimeLimit() == 5) {
                 mNow += 5300; // past the bet: the next tick stops the clip
-            } else if (board.TimeLimit() == -1) {
+            } else if (board.TimeLimit() == f_Multi::kClipStopped) {
                 EXPECT_EQ(board.ElapsedTime(), 5.0F);
                 EXPECT_EQ(Audio().Position(), 0.0);
                 ClickOn(Choice(true));
