@@ -4,20 +4,20 @@
 
 #include <QObject>
 
-/// A button of words only, for one of the sizes that the windows may have.
+/// A button that is only words, for one of the sizes that the windows may have.
 class SizeButton : public QObject {
     Q_OBJECT
 public:
-    /// A button over a box of the form, which becomes its child.
+    /// Puts the button on a box, which becomes its owner.
     SizeButton(toolkit::PictureBox* box, int percent);
 
-    /// Writes words into a box over the form's image; `underlined` for what is chosen.
+    /// Writes words into a box over the form's image, underlined if they are the choice.
     static void Write(toolkit::PictureBox& box, const QString& words, toolkit::ColorRef color,
                       bool underlined = false);
 
     static constexpr toolkit::ColorRef kQuiet = toolkit::Rgb(190, 190, 250);
 
-    /// Draws the button over the form's image; `chosen` for the size that the windows have.
+    /// Draws the button over the form's image; `chosen` if the windows have this size.
     void Refresh(bool chosen);
 
     int Percent() const { return mPercent; }

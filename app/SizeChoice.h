@@ -5,8 +5,8 @@
 
 #include <vector>
 
-/// The row in the menu's lower left corner in which the size of the program's windows is chosen.
-/// It is there only where more than one size fits the screen.
+/// The row in the menu's lower left corner in which the player chooses the size of the program's
+/// windows. It is only there if more than one size fits the screen.
 class SizeChoice : public QObject {
     Q_OBJECT
 public:

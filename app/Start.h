@@ -10,11 +10,11 @@
 #include <cstdint>
 #include <memory>
 
-/// The program's life: claims the program, remembers where it lives, loads the background and goes
-/// from mode to mode until one of them wants to end.
+/// Runs the program: makes sure that it is the only copy, stores the program's folder in the
+/// settings, loads the background and goes from mode to mode until one of them ends the program.
 class Start {
 public:
-    /// Runs the program; returns when it is to end. A second copy tells so and returns at once.
+    /// Runs the program and returns when it is over. A second copy says so and returns at once.
     static void Run();
 
     Start();
@@ -33,7 +33,7 @@ private:
     std::int16_t gPlayers = 0;
     QString gMode;
 
-    /// The forms of both games, made for the first one, so that the menu need not wait for them.
+    /// The forms of both games, created for the first game so that the menu appears sooner.
     struct GameForms {
         f_Quick quick;
         f_Load load;

@@ -27,7 +27,7 @@ c_Menu::c_Menu(f_Menu& form) : mForm(form), mWindowButtons(form) {
     bChoice1.Create(mForm.PChoice1, QStringLiteral("Normal Play"));
     bChoice2.Create(mForm.pChoice2, QStringLiteral("Betting"));
     bChoice3.Create(mForm.pChoice3, QStringLiteral("Back"));
-    // The keys go through the second stage from above.
+    // The Tab key goes through the second stage from top to bottom.
     QWidget::setTabOrder(mForm.cPlayers, mForm.PChoice1);
     QWidget::setTabOrder(mForm.PChoice1, mForm.pChoice2);
     QWidget::setTabOrder(mForm.pChoice2, mForm.pChoice3);

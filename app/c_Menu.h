@@ -7,17 +7,17 @@
 
 class f_Menu;
 
-/// Drives the main menu: who plays, then which game. Made anew each time the menu is shown.
+/// Drives the main menu: who plays, then which game. Created each time the menu is shown.
 class c_Menu : public QObject {
     Q_OBJECT
 public:
     explicit c_Menu(f_Menu& form);
     ~c_Menu() override;
 
-    /// Shows the menu until a choice is made; the mode's name, "Exit" for the close button.
+    /// Shows the menu until a choice is made; returns the mode's name, "Exit" for the close button.
     QString Choose();
 
-    /// Read after `Choose`: 1 for one player, 2 and more for that many, 99 for the editor, -1 when
+    /// Read after `Choose`: 1 for one player, 2 and more for that many, 99 for the editor, -1 if
     /// nothing was chosen.
     int PlayerCode() const { return mPlayerCode; }
 
@@ -30,8 +30,7 @@ public:
     void bMin_Clicked();
     void bX_Clicked();
 
-    /// Gives all windows another size, for which the program starts anew; 0 leaves it to the
-    /// program.
+    /// Gives all windows another size, for which the program restarts; 0 lets the program decide.
     void ChangeSize(int percent);
 
 private:

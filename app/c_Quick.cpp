@@ -108,7 +108,7 @@ bool c_Quick::QuickPlay() {
 bool c_Quick::WriteQuickList(const c_M3U& list) {
     std::error_code error;
     fs::create_directories(library::PlaylistFolder(), error);
-    // A program folder that cannot be written to need not keep anyone from playing.
+    // So that one can play even if the program's folder cannot be written to.
     for (const fs::path& folder : {library::PlaylistFolder(), platform::CacheFolder()}) {
         mPath = folder / "Quick.m3u";
         if (list.WriteFile(mPath)) {
@@ -135,7 +135,7 @@ bool c_Quick::ScanFolder(const fs::path& folder, c_M3U& list) {
             mLoadForm.ShowScan(list.Count(), current);
         }
         platform::PumpEventsNowAndThen();
-        // The waiting window is closed to give up.
+        // Closing the waiting window gives up the search.
         return mLoadForm.isVisible() && !platform::Quitting();
     };
     library::ScanSongs(folder, {[&](const fs::path& path) {

@@ -13,7 +13,7 @@ public:
     /// Shows that a game is loading.
     void ShowLoading();
 
-    /// Shows how far a scan is; `folder` is shortened in the middle where it is too long.
+    /// Shows how far a scan has come; a `folder` that is too long is shortened in the middle.
     void ShowScan(int songs, const QString& folder);
 
     QLabel* lLoading;

@@ -14,7 +14,7 @@ constexpr QSize kFirstStage(400, 88);
 constexpr QSize kSecondStage(400, 50);
 constexpr int kMostPlayers = 12;
 
-/// A drop-down list that takes no typed text; the keys that move through it work.
+/// A drop-down list that ignores typed text but not the keys that move through it.
 class PlayerList : public QComboBox {
 public:
     using QComboBox::QComboBox;

@@ -19,10 +19,10 @@ int RunProgram(int argc, char* argv[]) {
     if (!platform::CheckWindowSize(toolkit::kScreenSize))
         return 0;
     toolkit::Form::SetPlace(platform::StartPlace());
-    // Between two screens no window is open.
+    // Between two screens there is a moment without any window.
     QApplication::setQuitOnLastWindowClosed(false);
     toolkit::Canvas::SetRatio(application.devicePixelRatio());
-    // The menu's font and pictures, while the rest of the program gets ready.
+    // Loads the menu's font and pictures while the rest of the program starts.
     toolkit::PreloadFont();
     toolkit::PreloadPictures(
         QStringLiteral("Images\\Back.bmp"),
@@ -32,7 +32,7 @@ int RunProgram(int argc, char* argv[]) {
     toolkit::ApplyStyle();
     toolkit::WriteNumbersInEnglish();
     const platform::QuitWatch quitWatch;
-    // Later than the first screen, which need not wait for it.
+    // After the first screen, which need not wait for it.
     QTimer::singleShot(100, &application, toolkit::SetProgramIcon);
     // Inside the event loop, so that the system's requests to quit are heard.
     QTimer::singleShot(0, &application, [] {

@@ -11,7 +11,7 @@ void Marks::Begin(int lines, int selected) {
 }
 
 bool Marks::Select(int line, Keys keys) {
-    // Keys draw one range out step by step.
+    // The keyboard extends one range step by step.
     if (keys.range && keys.byKeyboard && mRangeStart >= 0)
         mLastSel = mRangeStart;
     else

@@ -20,7 +20,7 @@ bool StaysLower(QString word) {
     return std::find(kLittleWords.begin(), kLittleWords.end(), word) != kLittleWords.end();
 }
 
-/// The two parts around a separator; nothing if there are more parts or fewer.
+/// The two parts around a separator; nothing if there are more or fewer parts.
 std::optional<ArtistAndTitle> SplitInTwo(const QString& name, QChar separator) {
     const QStringList parts = name.split(separator);
     if (parts.size() != 2)

@@ -14,8 +14,8 @@
 
 class c_ID3;
 
-/// The playlist editor: fills a list with songs, corrects their titles, lets them be heard, saves
-/// and loads playlists.
+/// The playlist editor: fills a list with songs, corrects their titles, previews them, saves and
+/// loads playlists.
 class c_Editor : public QObject {
     Q_OBJECT
 public:
@@ -86,5 +86,5 @@ private:
     std::int16_t mSortMode = 0;
 
     editor::Filling mFilling;
-    QString mAnnounced; ///< how many songs there were, to screen readers
+    QString mAnnounced; ///< the number of songs that screen readers know
 };

@@ -41,7 +41,7 @@ c_player::c_player() {
             HoldFF(Hold::Mouse);
     });
     connect(mForm.pFF, &PictureBox::MouseUp, this, [this] { HoldFF(Hold::None); });
-    // A screen reader's press cannot be held.
+    // A screen reader cannot hold a button down.
     connect(&bFF, &c_SurfButton::Clicked, this, [this] {
         if (mHold == Hold::None)
             Audio().SeekTo(Audio().Position() + kLeap);
@@ -58,7 +58,7 @@ c_player::~c_player() {
 void c_player::Show() {
     if (mForm.isVisible())
         return;
-    // What the system still has to tell of the last place must not come after the new one.
+    // Otherwise an event about the last place could still arrive after the window has moved.
     QGuiApplication::sync();
     SetTopMost(&mForm, true);
     for (c_SurfButton* button : {&bPlay, &bPause, &bStop, &bFF, &bX})
@@ -82,7 +82,7 @@ void c_player::OpenFile(const std::filesystem::path& song) {
 
 void c_player::bPlay_Clicked() {
     if (Audio().Position() >= Audio().Length())
-        Audio().SeekTo(0); // once more
+        Audio().SeekTo(0); // play it again
     Audio().Play();
     mForm.PosTimer.start();
     mInUse = true;
@@ -90,7 +90,7 @@ void c_player::bPlay_Clicked() {
 
 void c_player::bPause_Clicked() {
     Audio().PausePlay();
-    mForm.PosTimer.start(); // the second press plays, also a song that was not playing
+    mForm.PosTimer.start(); // the second press plays, even if the song was not playing before
     mInUse = true;
 }
 

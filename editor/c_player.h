@@ -6,8 +6,7 @@
 #include <QObject>
 #include <filesystem>
 
-/// The small window in which a song of the editor's list is heard. It plays through the program's
-/// clip player.
+/// The small window that plays a song of the editor's list, through the program's clip player.
 class c_player : public QObject {
     Q_OBJECT
 public:
@@ -15,11 +14,11 @@ public:
     /// Stops what this player plays and closes the window.
     ~c_player() override;
 
-    /// Shows the window at the screen's top left corner, above all others; nothing happens while it
-    /// is shown.
+    /// Shows the window at the screen's top left corner, above all others, unless it is already
+    /// shown.
     void Show();
 
-    /// Takes over a song at its start, without playing it.
+    /// Opens a song at its start, without playing it.
     void OpenFile(const std::filesystem::path& song);
 
     f_Player& Form() { return mForm; }
@@ -43,5 +42,5 @@ private:
     c_SurfButton bFF;
     c_SurfButton bX;
     Hold mHold = Hold::None; // of the fast-forward button
-    bool mInUse = false;     // this player may be what is heard
+    bool mInUse = false;     // the clip player may be playing for this window
 };

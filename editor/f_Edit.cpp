@@ -24,7 +24,7 @@ namespace {
 constexpr QSize kSize(600, 330);
 constexpr int kMargin = 24;
 
-/// Makes `text` the box's text by one edit of the part that differs, which can be undone.
+/// Makes `text` the box's text by a single edit of the part that differs, which can be undone.
 void EditText(QLineEdit& box, const QString& text) {
     const QString old = box.text();
     const auto shorter = std::min(old.size(), text.size());
@@ -57,7 +57,7 @@ f_Edit::f_Edit()
       cmdApply(new QPushButton(QStringLiteral("A&pply"), this)),
       cmdCancel(new QPushButton(QStringLiteral("Cance&l"), this)) {
     setWindowTitle(QStringLiteral("Mp3 Editor"));
-    // Above the editor, which cannot be used meanwhile.
+    // Above the editor, which cannot be used while the dialog is open.
     setWindowFlags(Qt::Dialog | Qt::FramelessWindowHint);
     setWindowModality(Qt::ApplicationModal);
     Name();
@@ -158,7 +158,7 @@ QString f_Edit::Run(const fs::path& song) {
     if (apply) {
         tag.SetTitle(platform::TrimBlanks(tSongTitle->text()));
         tag.SetArtist(platform::TrimBlanks(tArtist->text()));
-        // Before the file is made writable: what is read-only keeps its tag.
+        // Before the file is made writable, so that a read-only file keeps its tag.
         tag.PutIdTag(song);
         platform::PumpEvents();
         std::error_code error;
@@ -179,8 +179,8 @@ void f_Edit::ShowFolder(const fs::path& folder) {
     lPath->setToolTip(Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text);
 }
 
-/// True when the dialog was applied. It then stays, deaf, to keep the editor out of use while the
-/// file is changed.
+/// True if the dialog was applied. It then stays open but disabled, so that the editor cannot be
+/// used while the file is changed.
 bool f_Edit::WaitForApply() {
     Cancelled = true;
     mWaiting = true;
@@ -204,7 +204,7 @@ fs::path f_Edit::NewName(const fs::path& ownName, const QString& shownName) {
     return ownName;
 }
 
-/// Takes out what no file name may hold, and leaves the cursor where the user types.
+/// Removes what no file name may contain, and leaves the cursor where the user types.
 void f_Edit::tFileName_Change() {
     const QString text = tFileName->text();
     const QString kept = editor::NameCharacters(text);
@@ -212,7 +212,7 @@ void f_Edit::tFileName_Change() {
         return;
     const auto cursor = editor::NameCharacters(text.left(tFileName->cursorPosition())).size();
     if (tFileName->isUndoAvailable()) {
-        // The edit is made again without them, so that undoing never brings them back.
+        // Repeats the edit without these characters, so that undoing never brings them back.
         tFileName->undo();
         EditText(*tFileName, kept);
     } else {

@@ -14,10 +14,10 @@ class f_Edit : public toolkit::Form {
 public:
     f_Edit();
 
-    /// Shows the song's fields and waits until the dialog is closed. When it was applied, writes
-    /// the tag and renames the file, never over another one; what fails is passed over. Returns the
-    /// list key (see `platform::KeyFromPath`) of the file's path from then on. A file name left as
-    /// it was shown, or empty, keeps the file's own name, which may hold what the box cannot.
+    /// Shows the song's fields and waits until the dialog is closed. If it was applied, writes the
+    /// tag and renames the file, never over another one; failures are ignored. Returns the list key
+    /// (see `platform::KeyFromPath`) of the file's path after that. An empty file name, or one left
+    /// as it was, keeps the file's own name, which may contain what the box cannot show.
     QString Run(const std::filesystem::path& song);
 
     /// Whether the last `Run` was left without applying.
@@ -43,7 +43,7 @@ private:
 
     void ShowFolder(const std::filesystem::path& folder);
     bool WaitForApply();
-    /// What the file is to be called, or its own name.
+    /// The name typed for the file, or its own name.
     std::filesystem::path NewName(const std::filesystem::path& ownName, const QString& shownName);
 
     void tFileName_Change();

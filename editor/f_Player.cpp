@@ -144,7 +144,7 @@ void f_Player::ScrollTitle() {
 
 void f_Player::LeapTitle() {
     constexpr int kTicksToRead = 30;
-    constexpr int kOverlap = 50; // a word that was cut off is seen whole
+    constexpr int kOverlap = 50; // so that a word that was cut off is shown whole
     if (++mLeapTicks < kTicksToRead)
         return;
     mLeapTicks = 0;

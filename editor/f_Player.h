@@ -5,18 +5,18 @@
 #include <QTimer>
 
 /// The preview player's window: its buttons, the strip with the song's title and the bar that shows
-/// how far the song is.
+/// the position in the song.
 class f_Player : public toolkit::Form {
     Q_OBJECT
 public:
     f_Player();
 
     /// Shows the title in the strip and as the window's title. One that is too wide for the strip
-    /// shows its beginning and scrolls while the timer runs; where the user wants less motion it
-    /// goes on part by part.
+    /// shows its beginning and scrolls while the timer runs; if the user wants less motion it
+    /// moves on part by part.
     void SetTitle(const QString& title);
 
-    /// Places the marker; 0 to 100 percent of the song, what lies outside is brought into it.
+    /// Places the marker at 0 to 100 percent of the song; other values are clamped.
     void SetPos(float percentage);
 
     /// Stops the timer and shows the title's beginning again.
@@ -29,7 +29,7 @@ public:
     toolkit::PictureBox* pX;
     toolkit::PictureBox* pTitle;
 
-    /// Started with the song, follows it; stops by itself at the song's end.
+    /// Started with the song, whose position it follows; stops by itself at the song's end.
     QTimer PosTimer;
 
 private:
@@ -44,7 +44,7 @@ private:
     QString mTitle;
     bool mTitleScrolls = false;
     int mTitleOffset = 0; // left edge of the title in the strip
-    int mLeapTicks = 0;   // since the title stood still
-    int mTitleLimit = 0;  // of the offset: below it nothing is left to be seen
+    int mLeapTicks = 0;   // since the title last moved
+    int mTitleLimit = 0;  // of the offset: below it nothing of the title is visible
     int mMarkerLeft;
 };

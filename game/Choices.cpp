@@ -15,7 +15,7 @@ namespace {
 
 constexpr int kSlots = 4;
 
-/// The rules for a candidate in the order in which they are given up.
+/// The rules for a candidate in the order in which they are dropped.
 enum Rule { kFileNotDrawn, kNotFirstEntry, kEntryNotDrawn, kNotCurrentSong };
 
 class CandidateDraw {
@@ -39,10 +39,10 @@ private:
     };
 
     int Draw() {
-        // Ten different songs reject this often once in 2^100 questions, so the whole list is
-        // looked through only when it lacks different ones.
+        // With ten different songs so many rejections happen once in 2^100 questions, so the whole
+        // list is only searched if it has fewer.
         constexpr int kDraws = 100;
-        for (;; ++mGivenUp) {
+        for (;; ++mDropped) {
             for (int i = 0; i < kDraws; ++i) {
                 const int index = platform::RndRounded(mHighest);
                 if (Fits(index))
@@ -88,7 +88,7 @@ private:
                !WasDrawn([&file](const Candidate& c) { return SameFile(c.file, file); });
     }
 
-    bool Holds(Rule rule) const { return rule >= mGivenUp; }
+    bool Holds(Rule rule) const { return rule >= mDropped; }
 
     template <typename Predicate> bool WasDrawn(Predicate predicate) const {
         return std::any_of(mDrawn.begin(), mDrawn.end(), predicate);
@@ -104,8 +104,8 @@ private:
     const std::function<std::filesystem::path(int)>& mFileName;
     QString mCurrentSong;
     std::vector<Candidate> mDrawn;
-    std::optional<std::vector<int>> mOthers; // kept so that the list is looked through only once
-    int mGivenUp = 0; // how many rules are given up; those stay so for later candidates
+    std::optional<std::vector<int>> mOthers; // kept so that the list is searched only once
+    int mDropped = 0; // how many rules are dropped, for later candidates as well
 };
 
 } // namespace

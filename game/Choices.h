@@ -7,23 +7,23 @@
 namespace game {
 
 /// The four titles of a question, as 0-based indices into the playlist, and the 0-based slot whose
-/// title gives way to the right one.
+/// title is replaced by the right one.
 struct Choices {
     std::array<int, 4> candidates{};
     int correctSlot = 0;
 };
 
-/// Draws the choices for `currentSong` from a playlist of `count` entries, whose paths `fileName`
-/// gives by 0-based index. The caller reseeds the generator.
+/// Draws the choices for `currentSong` from a playlist of `count` entries; `fileName` returns the
+/// path of an entry by its 0-based index. The caller reseeds the generator.
 ///
 /// A candidate is never the current song (compared without regard to case), never an entry or a
-/// file that was drawn before, and never the playlist's first entry. Where a playlist has no such
-/// entry left, rules are given up, least important first: a file may come twice (as different
-/// entries), then the first entry may come, then an entry may come twice, then the current song.
+/// file that was drawn before, and never the playlist's first entry. If a playlist has no such
+/// entry left, rules are dropped, least important first: then a file may come twice (as different
+/// entries), then the first entry may come, then an entry twice, then the current song.
 Choices DrawChoices(int count, const std::function<std::filesystem::path(int)>& fileName,
                     const std::filesystem::path& currentSong);
 
-/// Draws the two wrong 0-based slots that a hint takes away, in the order of their going.
+/// Draws the two wrong 0-based slots that a hint takes away, in the order in which they disappear.
 std::array<int, 2> DrawHint(int correctSlot);
 
 } // namespace game

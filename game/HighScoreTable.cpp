@@ -13,8 +13,8 @@ namespace {
 
 constexpr QByteArrayView kLineEnd("\r\n");
 
-/// The next line, which `text` then starts behind. It ends with CR LF or, where other programs
-/// have been at work, with LF; the last one needs no end.
+/// Takes the next line off `text`. It ends with CR LF or, if another program wrote the file, with
+/// LF; the last one needs no end.
 std::optional<QByteArrayView> TakeLine(QByteArrayView& text) {
     if (text.isEmpty())
         return std::nullopt;
@@ -91,7 +91,7 @@ std::optional<int> HighScoreTable::PlaceFor(std::int32_t score) const {
 
 void HighScoreTable::Insert(int place, const QString& name, std::int32_t score) {
     QByteArray line = platform::SystemBytes(name);
-    line.replace('\r', ' ').replace('\n', ' '); // a line of the file cannot hold its own end
+    line.replace('\r', ' ').replace('\n', ' '); // either would end the line in the file
     const auto at = mEntries.begin() + place;
     std::shift_right(at, mEntries.end(), 1);
     *at = {line, QByteArray::number(score), true};

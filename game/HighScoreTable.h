@@ -9,11 +9,11 @@
 
 namespace game {
 
-/// The check value of the high-score files: the sum of the bytes, less 50000 each time that it
+/// The check value of the high-score files: the sum of the bytes, reduced by 50000 whenever it
 /// exceeds 100000.
 int Checksum(QByteArrayView bytes);
 
-/// The name to enter for what a player typed: without blanks at the ends, "Blank" for nothing.
+/// The name to enter for what a player typed: without blanks at the ends, "Blank" if it is empty.
 QString PlayerName(const QString& typed);
 
 /// The ten best scores of a game mode. Places are 0-based, 0 the best.
@@ -27,7 +27,7 @@ public:
         Unreadable ///< lines are missing
     };
 
-    /// A table of "Blank" with "0".
+    /// A table in which every place has "Blank" with "0".
     HighScoreTable() = default;
 
     /// The name at a place, as text to be shown.
@@ -44,13 +44,13 @@ public:
     /// the default table, `Unreadable` leaves the table as it was.
     ReadResult Parse(QByteArrayView file);
 
-    /// The content for a high-score file. Names that were read come out byte for byte.
+    /// The content of a high-score file. Names that were read are written byte for byte.
     QByteArray Serialise() const;
 
     /// The place at which `score` enters the table, if it does: below all equal scores.
     std::optional<int> PlaceFor(std::int32_t score) const;
 
-    /// Puts a new entry at a place; those from there on move down and the last falls out.
+    /// Puts a new entry at a place; the entries from there on move down and the last drops out.
     void Insert(int place, const QString& name, std::int32_t score);
 
 private:

@@ -6,8 +6,8 @@
 
 namespace game {
 
-/// Sorts the players' scores, best first, and returns the label of each in that order: "Player k",
-/// k from 1 in the order given. Equal scores keep the order of the players.
+/// Sorts the players' scores, best first, and returns their labels in that order: "Player k", where
+/// k is the player's place in the original order, from 1. Equal scores keep that order.
 std::vector<QString> RankScores(std::vector<std::int32_t>& scores);
 
 } // namespace game

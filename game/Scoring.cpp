@@ -8,8 +8,8 @@ namespace game {
 
 namespace {
 
-/// Whole points for the time left until `end`. The difference is a single-precision number, the
-/// product is not: at 1.9 seconds single precision would give one point more.
+/// Whole points for the time left until `end`. The difference is rounded to single precision but
+/// the product is not: at 1.9 seconds that would give one point more.
 std::int32_t PointsLeft(float end, float seconds, int pointsPerSecond) {
     const float left = end - seconds;
     return static_cast<std::int32_t>(std::floor(static_cast<double>(left) * pointsPerSecond));
@@ -58,7 +58,7 @@ std::int32_t ScoreAfterHint(std::int32_t score) {
 }
 
 QString AnswerTimeText(float seconds) {
-    // Also for less than one second and for nearly two.
+    // Even for less than one second or nearly two.
     if (seconds < 2)
         return QStringLiteral("Wow, Did it in 1 second");
     const double whole = std::floor(static_cast<double>(seconds));

@@ -9,18 +9,18 @@ namespace game {
 /// How many songs a game needs at least.
 constexpr int kFewestSongs = 10;
 
-/// Where a game's songs come from. Made for one game; released when the playlist is loaded.
+/// Where a game's songs come from. Created for one game; released once the playlist is loaded.
 class SongSource {
 public:
     virtual ~SongSource() = default;
 
-    /// Asks the player and waits for the choice; the playlist's path, or an empty one.
+    /// Asks the player and waits for the choice; the path of a playlist, or an empty one.
     virtual std::filesystem::path GetM3U() = 0;
 
     /// Read after `GetM3U`: whether the player wants to leave the program.
     virtual bool ExitProgram() const = 0;
 
-    /// Takes the waiting window away that `GetM3U` leaves for the time of loading.
+    /// Hides the waiting window, which `GetM3U` leaves open while the playlist is loaded.
     virtual void LoadingDone() = 0;
 };
 

@@ -3,7 +3,7 @@
 #include "game/c_gMulti.h"
 
 /// The betting game: before each clip the player bets in how few seconds the song can be named. The
-/// bet fixes the length of the clip and the points of a right answer.
+/// bet decides the length of the clip and the points for a right answer.
 class c_gBet : public c_gMulti {
     Q_OBJECT
 public:

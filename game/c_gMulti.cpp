@@ -25,7 +25,7 @@ c_gMulti::c_gMulti(const game::Forms& forms, game::SongSourceFactory newSongSour
 c_gMulti::~c_gMulti() { Board().hide(); }
 
 void c_gMulti::CreateButtons() {
-    constexpr int kBulletWidth = 56; // the skin's record, and as much on the other side
+    constexpr int kBulletWidth = 56; // the record on the skin, and as much on the other side
     f_Multi& board = Board();
     bPlay.Create(board.pPlay, QStringLiteral("Images\\bPlayBig.bmp"), QString());
     bHint.Create(board.pHint, QStringLiteral("Images\\bHint.bmp"), QString());
@@ -80,7 +80,7 @@ bool c_gMulti::LoadPlaylist() {
     return true;
 }
 
-/// Returns whether there are results to be shown.
+/// Returns whether there are results to show.
 bool c_gMulti::PlayRounds() {
     mList->Begin();
     for (mRound = 1; mRound <= kRounds; ++mRound) {
@@ -168,7 +168,7 @@ void c_gMulti::AskTitle() {
 }
 
 void c_gMulti::ShowBoard() {
-    // What is written on the board may lie behind the corner's buttons.
+    // The corner's buttons copy the board behind them, which may have been written on.
     mWindowButtons.Refresh();
     if (!Board().isVisible())
         Board().ShowInPlace();

@@ -41,7 +41,7 @@ public:
     /// Number of players, at least 1; set before `Run`.
     void SetPlayers(int players) { mPlayers = players; }
 
-    /// Plays a whole game; returns when it is over or left.
+    /// Plays a whole game; returns when it is over or the player left it.
     void Run();
 
     /// Read after `Run`: whether the player wants to leave the program.
@@ -58,16 +58,17 @@ public:
     void bX_Clicked();
 
 protected:
-    /// What the betting game does differently, in the order of play: takes the bet (false when the
-    /// player left),
+    // What the betting game does differently, in the order of play.
+
+    /// Takes the bet; false if the player left.
     virtual bool TakeBet() { return true; }
-    /// limits the clip to that many seconds (0: not at all),
+    /// The length of a clip; 0 for no limit.
     virtual int ClipSeconds() const { return 0; }
-    /// is told of an answer once the clock is off,
+    /// Called after an answer, once the clock is off.
     virtual void Answered() {}
-    /// gives its own points for a right answer after `seconds` on the clock,
+    /// The points for a right answer after `seconds` on the clock.
     virtual std::int32_t PointsForAnswer(float seconds) const;
-    /// and keeps its scores in another file.
+    /// Chooses the high-score file.
     virtual void ChooseScoreFile(c_hMulti&) const {}
 
     f_Multi& Board() { return mForms.board; }
@@ -77,7 +78,7 @@ protected:
     void ShowBoard();
     /// Writes round, score and player.
     void DrawStatus();
-    /// Waits for a click on a choice button and returns its number, 1 to 4; 0 when the player left.
+    /// Waits for a click on a choice button and returns its number, 1 to 4; 0 if the player left.
     int WaitForChoice();
 
 private:

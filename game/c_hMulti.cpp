@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Adds ".old" to the name of a file or, when that is taken, the first free one of ".old2", ".old3"
+/// Adds ".old" to the name of a file or, if that is taken, the first free one of ".old2", ".old3"
 /// and so on.
 std::error_code KeepBeside(const fs::path& file) {
     const std::string ending = ".old";

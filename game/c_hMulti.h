@@ -12,8 +12,8 @@ class f_High;
 class f_HighMulti;
 
 /// Shows the scores of a game, takes those that are good enough into the mode's table of the ten
-/// best, keeps the table in its file and shows it. What has the file's name but cannot be read, or
-/// was tampered with, is kept beside it as ".old", ".old2" and so on, and the table begins anew.
+/// best, keeps the table in its file and shows it. A file that cannot be read or was tampered with
+/// is kept beside it as ".old", ".old2" and so on, and the table starts anew.
 class c_hMulti : public QObject {
     Q_OBJECT
 public:
@@ -26,7 +26,7 @@ public:
     /// Takes the score of a single player into the table and shows it.
     void Check(std::int32_t score);
 
-    /// The same for the scores of several players, in the order given.
+    /// The same for the scores of several players, in their order.
     void MultiCheck(const std::vector<std::int32_t>& scores);
 
     /// Sorts the scores of a game, best first, and shows them until the player goes on.
@@ -45,14 +45,14 @@ private:
     void ShowForm();
     void Load();
     void Save();
-    /// Clears the file's place for a new one; reports a failure.
+    /// Moves the file out of the way of a new one; reports a failure.
     void KillIt();
 
     f_HighMulti& mForm;
     f_High& mNameForm;
     std::filesystem::path mFile;
     game::HighScoreTable mTable;
-    bool mInTheWay = false; // what could not be read could not be moved aside either
+    bool mInTheWay = false; // a file that could neither be read nor moved aside
     bool mQuit = false;
     toolkit::WindowButtons mWindowButtons;
     c_SurfButton bCont;

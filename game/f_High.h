@@ -14,8 +14,8 @@ class f_High : public toolkit::Form {
 public:
     f_High();
 
-    /// Shows the prompt and waits; the name typed, or what stands for none. Closing the window is
-    /// the same as going on. No name when the program is asked to quit before the player goes on.
+    /// Shows the prompt, waits, and returns what `game::PlayerName` makes of the name typed.
+    /// Closing the window is the same as continuing. No name if the program is asked to quit first.
     std::optional<QString> GetName(const QString& prompt);
 
     QLabel* Label1;

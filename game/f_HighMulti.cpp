@@ -28,7 +28,7 @@ f_HighMulti::f_HighMulti()
 }
 
 void f_HighMulti::LayOut() {
-    constexpr int kBelow = 4; // the table leaves no more
+    constexpr int kBelow = 4; // all that the table leaves
     pCont->move((width() - pCont->width()) / 2, height() - kBelow - pCont->height());
 }
 

@@ -17,7 +17,7 @@ public:
 
     f_HighMulti();
 
-    /// Places the continue button, whose size the skin gave.
+    /// Places the continue button, whose size comes from its skin.
     void LayOut();
 
     /// Clears the screen and writes the title.

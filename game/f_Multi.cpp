@@ -63,7 +63,7 @@ void f_Multi::LayOut() {
     }
     for (PictureBox* box : {pPlay, pHint, pCont, pTimer})
         box->hide();
-    setTabOrder(pChoice4, pHint); // the keys come to the answers first
+    setTabOrder(pChoice4, pHint); // the Tab key reaches the answers first
     Timer1.stop();
     SetTimeLimit(0);
 }

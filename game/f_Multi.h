@@ -13,8 +13,8 @@ class f_Multi : public toolkit::Screen {
 public:
     f_Multi();
 
-    /// Places the boxes, whose sizes the skins gave, hides those that wait for their turn, and puts
-    /// the board at the screen's corner without a time limit.
+    /// Places the boxes, whose sizes come from the skins, hides those that are not needed yet,
+    /// moves the board to the screen's corner and clears the time limit.
     void LayOut();
 
     /// Starts the clock from 0 and shows it.
@@ -33,7 +33,7 @@ public:
 
     void SetFontSize(double points);
 
-    /// Writes `text` centred at x = 400 in the board's font, as wide as the board lets it.
+    /// Writes `text` centred at x = 400 in the board's font, made to fit the board.
     void WriteCentered(const QString& text, int y, toolkit::ColorRef color, int shadowOffset = 3);
 
     void AskQuestion(const QString& text);
@@ -41,7 +41,7 @@ public:
     void DrawPlayer(int player);
     void DrawRound(int total, int current);
     void DrawScore(int score);
-    /// Announces the titles on the choice buttons that are shown, each with its key.
+    /// Announces the titles on the visible choice buttons, each with its key.
     void AnnounceChoices();
     void ClearBackground() { CopyBackground(); }
 

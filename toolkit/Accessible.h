@@ -4,10 +4,10 @@ class QAccessibleInterface;
 
 namespace toolkit {
 
-/// A widget that chooses itself how screen readers see it.
+/// A widget that decides for itself how screen readers see it.
 class Accessible {
 public:
-    /// What screen readers see from now on; it belongs to Qt, which asks once.
+    /// What screen readers see in its place. Qt asks once and owns the answer.
     virtual QAccessibleInterface* NewInterface() = 0;
 
 protected:

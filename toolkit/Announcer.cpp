@@ -10,7 +10,7 @@ namespace toolkit {
 
 namespace {
 
-/// A label for what was drawn in its place.
+/// An invisible label over a drawn text.
 class Caption : public QLabel {
 public:
     explicit Caption(QWidget* form) : QLabel(form) {
@@ -22,7 +22,7 @@ protected:
     void paintEvent(QPaintEvent*) override {}
 };
 
-/// The texts as sentences, so that there is a pause after each.
+/// Joins the texts as sentences, so that there is a pause after each.
 QString Sentences(const QStringList& texts) {
     QStringList sentences;
     for (const QString& text : texts)
@@ -84,7 +84,7 @@ QAccessibleInterface* Announcer::NewInterface() {
 
 bool Announcer::eventFilter(QObject*, QEvent* event) {
     if (event->type() == QEvent::WindowActivate) {
-        // After the event for the focus, which a screen reader lets interrupt what it speaks.
+        // After the focus event, which would interrupt the screen reader.
         mSoon.start(0);
     } else if (event->type() == QEvent::Hide) {
         hide();
@@ -109,7 +109,7 @@ void Announcer::Speak() {
     const QStringList news = TakeNews();
     if (news.isEmpty())
         return;
-    // Screen readers speak a notification when it comes up.
+    // Screen readers speak a notification when it appears.
     hide();
     setAccessibleName(Sentences(news));
     show();

@@ -11,25 +11,26 @@ class QLabel;
 
 namespace toolkit {
 
-/// Tells screen readers what a form shows by drawing: captions, which can be read where they are
-/// and are announced as they appear, and what else is to be announced. All that comes in one go is
-/// one announcement, made as soon as the form is the active window. Nothing of it can be seen.
+/// Tells screen readers what a form shows by drawing: captions, which can be read in place and are
+/// announced as they appear, and any other announcements. Whatever arrives before events run again
+/// becomes one announcement, made as soon as the form is the active window. Nothing of it is
+/// visible.
 class Announcer : public QWidget, public Accessible {
     Q_OBJECT
 public:
     explicit Announcer(QWidget* form);
 
-    /// A text was drawn at `place`, in logical pixels of the form. It is announced unless it was
-    /// already there at the last announcement.
+    /// Notes that a text was drawn at `place`, in logical pixels of the form. It is announced
+    /// unless it was already there at the last announcement.
     void AddCaption(const QString& text, const QRect& place);
 
-    /// The same for a text that is not worth an announcement; it can only be read where it is.
+    /// The same for a text that is not worth an announcement; it can only be read in place.
     void AddQuietCaption(const QString& text, const QRect& place);
 
-    /// All captions were drawn over.
+    /// Notes that all captions were painted over.
     void ClearCaptions();
 
-    /// Announces a text after the captions that came in the same go.
+    /// Announces a text, after any captions that go into the same announcement.
     void Announce(const QString& text);
 
     QAccessibleInterface* NewInterface() override;
@@ -40,7 +41,7 @@ private:
     QStringList TakeNews();
     void Speak();
 
-    std::vector<QLabel*> mLabels; // of captions; those left over are hidden
+    std::vector<QLabel*> mLabels; // of captions; unused ones are hidden
     std::size_t mUsed = 0;
     QStringList mCaptions; // to be announced
     QStringList mKnown;    // the captions of the last announcement

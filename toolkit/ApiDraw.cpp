@@ -58,7 +58,7 @@ void WideLine(QPoint from, QPoint to) {
     painter.drawLine(from, to);
 }
 
-/// The colour of each of the sweep's lines, summed up in single precision.
+/// The colour of each line of the sweep, added up in single precision.
 std::vector<QRgb> SweepColors(ColorRef start, ColorRef end, int steps) {
     const RgbParts from = SplitRgb(start);
     const RgbParts to = SplitRgb(end);

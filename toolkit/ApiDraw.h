@@ -12,7 +12,7 @@ namespace toolkit {
 
 enum class BkMode { Transparent = 1, Opaque = 2 };
 
-/// Opens the drawing bracket on `dc`. There is one at a time: a second one takes its place.
+/// Opens the drawing bracket on `dc`. Only one can be open; a second one replaces it.
 void BeginDraw(Hdc dc, Qt::PenStyle penStyle, ColorRef penColor, int penWidth, ColorRef brushColor,
                BkMode mode);
 /// Closes the bracket.
@@ -32,8 +32,8 @@ void FillBox(double x1, double y1, double x2, double y2);
 void DrawBox(ColorRef light, ColorRef dark, ColorRef fill, double x1, double y1, double x2,
              double y2);
 
-/// Writes `text` with its top left corner at (x, y), over its shadow `offset` pixels right and
-/// down. The text colour stays set.
+/// Writes `text` with its top left corner at (x, y), over a shadow `offset` pixels to the right and
+/// below. The text colour stays set.
 void ShadowText(const QString& text, ColorRef color, ColorRef shadow, double x, double y,
                 double offset);
 
@@ -41,7 +41,7 @@ void ShadowText(const QString& text, ColorRef color, ColorRef shadow, double x, 
 void PlainText(const QString& text, double x, double y);
 
 void PenMoveTo(double x, double y);
-/// A line with the pen to (x, y), which becomes the new place; its last point is left out.
+/// Draws a line to (x, y), where the pen then is; its last point is left out.
 void PenLineTo(double x, double y);
 
 /// Fills columns x1 to x2 - 1 and rows y1 to y2 with lines at 45 degrees whose colour runs from

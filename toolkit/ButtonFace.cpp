@@ -7,7 +7,7 @@
 namespace toolkit {
 
 void CopyFormBehind(PictureBox& box) {
-    // One more pixel each way: at a fractional ratio the box may have one more of the screen's.
+    // One more pixel each way: at a fractional ratio the box may cover one more screen pixel.
     if (auto* form = qobject_cast<Form*>(box.window()))
         BitBlt(box.Dc(), 0, 0, box.width() + 1, box.height() + 1, form->Dc(), box.x(), box.y(),
                RasterOp::SrcCopy);

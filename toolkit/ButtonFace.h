@@ -4,11 +4,12 @@
 
 namespace toolkit {
 
-/// Copies the form's image behind the box into it, so that what is left free looks transparent.
+/// Copies the form's image behind the box into it, so that whatever is not drawn over looks
+/// transparent.
 void CopyFormBehind(PictureBox& box);
 
-/// Writes a button's caption, made to fit, centred two pixels above the middle of the box with its
-/// shadow two pixels right and down. `margin` pixels stay clear left and right.
+/// Writes a button's caption, made to fit, centred two pixels above the middle of the box, with a
+/// shadow two pixels to the right and below. `margin` pixels stay clear on the left and right.
 void DrawButtonCaption(PictureBox& box, const QString& caption, ColorRef color, ColorRef shadow,
                        int margin);
 

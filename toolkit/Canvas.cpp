@@ -13,13 +13,13 @@ double gRatio = 1.0;
 
 int ToScreen(int logical) { return static_cast<int>(std::lround(logical * gRatio)); }
 
-/// A blit cut down to what lies on both images, in pixels of the screen.
+/// A blit clipped to both images, in screen pixels.
 struct Overlap {
     QRect target;
     QPoint source;
 };
 
-/// `source`: the pixels of the screen that may be taken.
+/// `source`: the screen pixels that may be read.
 Overlap Clip(const Canvas& target, const QRect& area, const QRect& source, QPoint from) {
     const QRect whole = Canvas::ScreenPixels(area);
     const QPoint start(ToScreen(from.x()), ToScreen(from.y()));
@@ -70,7 +70,7 @@ void Canvas::Show(QPainter& painter) const {
     // The window may lie on a screen of another ratio.
     const bool scaled = painter.device()->devicePixelRatioF() != mImage.devicePixelRatio();
     painter.setRenderHint(QPainter::SmoothPixmapTransform, scaled);
-    // A widget's corner may lie within a pixel of the screen; the image's pixels are its pixels.
+    // A widget's corner may lie within a screen pixel, but the image's pixels must not.
     const QPointF corner(painter.deviceTransform().dx(), painter.deviceTransform().dy());
     const QPointF whole(std::round(corner.x()), std::round(corner.y()));
     painter.drawImage((whole - corner) / painter.device()->devicePixelRatioF(), mImage);
@@ -133,8 +133,8 @@ void DrawMasked(Hdc target, int x, int y, int width, int height, Hdc mask, Hdc s
     if (target == nullptr || mask == nullptr || sprite == nullptr)
         return;
     const QPoint from(sourceX, sourceY);
-    // At a fractional ratio the same width has a pixel more in one place than in another; the
-    // pixel beyond the sprite is the next frame's.
+    // At a fractional ratio the same width covers a pixel more in one place than in another; the
+    // pixel after the sprite's belongs to the next frame.
     const QRect frame = Canvas::ScreenPixels(QRect(from, QSize(width, height))) &
                         mask->Image().rect() & sprite->Image().rect();
     const Overlap part = Clip(*target, QRect(x, y, width, height), frame, from);

@@ -12,7 +12,7 @@ class QPainter;
 namespace toolkit {
 
 /// What forms, picture boxes and surfaces draw on: a persistent 32-bit image, measured in logical
-/// pixels. The only class that knows how many pixels of the screen a logical pixel has.
+/// pixels. The only class that knows how many screen pixels there are to a logical pixel.
 class Canvas {
 public:
     /// A black canvas of `width` x `height` logical pixels.
@@ -24,7 +24,7 @@ public:
     int Width() const { return mWidth; }
     int Height() const { return mHeight; }
 
-    /// The image that shows the canvas; its device pixel ratio is set.
+    /// The canvas as an image; its device pixel ratio is set.
     const QImage& Image() const { return mImage; }
 
     /// Shows the canvas at a widget's top left corner.
@@ -52,11 +52,11 @@ public:
     /// Fills the part of `area` that lies on the canvas.
     void Fill(const QRect& area, ColorRef color);
 
-    /// The pixels of the screen that `area` covers; neighbours neither overlap nor gape.
+    /// The screen pixels that `area` covers; adjacent areas neither overlap nor leave a gap.
     static QRect ScreenPixels(const QRect& area);
 
     static double Ratio();
-    /// Pixels of the screen a logical pixel has in every canvas made from now on.
+    /// Sets the screen pixels per logical pixel of every canvas made from now on.
     static void SetRatio(double ratio);
 
     static constexpr ColorRef kNoColor = 0xFFFFFFFF;
@@ -81,7 +81,7 @@ enum class RasterOp : std::uint32_t {
 };
 
 /// Combines `width` x `height` pixels from (sourceX, sourceY) of `source` into `target` at (x, y).
-/// What lies outside either of them is left out. The two must be different canvases.
+/// Anything outside either of them is left out. The two must be different canvases.
 void BitBlt(Hdc target, int x, int y, int width, int height, Hdc source, int sourceX, int sourceY,
             RasterOp operation);
 

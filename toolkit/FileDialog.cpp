@@ -33,8 +33,8 @@ FileDialog::FileDialog(QWidget* owner, const QString& title, const QString& fold
                        const QString& filter)
     : QFileDialog(owner, title, folder, filter) {
     setOption(DontUseNativeDialog);
-    // While the completer's list is open and folders are still being read, Qt writes rows that it
-    // has selected over what is being typed.
+    // While the completer's list is open and folders are still being read, Qt overwrites what is
+    // being typed with rows that it has selected.
     findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setCompleter(nullptr);
     auto* files = findChild<QTreeView*>(QStringLiteral("treeView"));
     constexpr int kSize = 1;
@@ -60,13 +60,13 @@ QStringList FileDialog::Choose() {
 bool FileDialog::event(QEvent* event) {
     const bool known = QFileDialog::event(event);
     if (event->type() == QEvent::WindowUnblocked && isVisible())
-        activateWindow(); // as a form does
+        activateWindow(); // as `Form` does
     return known;
 }
 
 void FileDialog::accept() {
     if (OddNameChosen())
-        done(Accepted); // the name would not pass Qt's own tests
+        done(Accepted); // the name would not pass Qt's own checks
     else if (MayBeChosen())
         QFileDialog::accept();
 }

@@ -6,7 +6,7 @@ namespace toolkit {
 
 class OddNames;
 
-/// Qt's own file dialog, for a name that is chosen or typed.
+/// Qt's own file dialog, in which a name is chosen or typed.
 class FileDialog : public QFileDialog {
 public:
     FileDialog(QWidget* owner, const QString& title, const QString& folder,
@@ -26,7 +26,7 @@ protected:
 private:
     bool OddNameChosen() const;
 
-    OddNames* mOddNames = nullptr; // in dialogs to open something, from `Choose` on
+    OddNames* mOddNames = nullptr; // only in dialogs that open files or folders, from `Choose` on
 };
 
 } // namespace toolkit

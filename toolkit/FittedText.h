@@ -12,8 +12,8 @@ struct FittedText {
     double width; ///< in logical pixels
 };
 
-/// Makes `text` fit `width` logical pixels: first by a smaller font, down to the share `smallest`
-/// of `font`, then by cutting it off with an ellipsis. Line breaks become spaces.
+/// Makes `text` fit `width` logical pixels: first with a smaller font, down to the fraction
+/// `smallest` of `font`, then by cutting it off with an ellipsis. Line breaks become spaces.
 FittedText FitText(const QString& text, const QFont& font, double width, double smallest = 0.55);
 
 } // namespace toolkit

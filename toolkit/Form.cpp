@@ -22,7 +22,7 @@ namespace toolkit {
 
 namespace {
 
-/// Qt tells screen readers that a plain widget is a window's filling; they look for windows.
+/// Qt calls a plain widget the client area of a window; screen readers look for windows.
 class AccessibleForm : public QAccessibleWidget {
 public:
     explicit AccessibleForm(Form* form) : QAccessibleWidget(form) {}
@@ -38,7 +38,7 @@ bool TakesFocus(const QWidget& control, const QWidget& form) {
            (control.focusPolicy() & Qt::TabFocus) != 0;
 }
 
-/// The form's controls that the Tab key comes to, in its order.
+/// The form's controls in Tab order.
 std::vector<QWidget*> FocusControls(QWidget& form) {
     std::vector<QWidget*> controls;
     for (QWidget* next = form.nextInFocusChain(); next != &form; next = next->nextInFocusChain())
@@ -92,10 +92,10 @@ void Form::ShowInPlace() {
     platform::SetDialogPlace([] { return QRect(gPlace, kScreenSize); });
     const QSize spare = kScreenSize - size();
     move(gPlace + QPoint(spare.width() / 2, spare.height() / 2));
-    // Before any event runs: what was typed ahead is not for the window behind it.
+    // Before any event runs: keys typed ahead are not meant for the window behind it.
     if (isModal())
         show();
-    // A window that is shown again before the system has hidden it misses that it has the focus.
+    // A window that is shown again before the system has hidden it misses its focus event.
     QGuiApplication::sync();
     show();
     raise();
@@ -104,8 +104,8 @@ void Form::ShowInPlace() {
     PlaceFocus();
 }
 
-/// The system tells nothing of the focus to a window that has had it all the time while it was
-/// hidden and shown again, but Qt has it as inactive.
+/// A window that kept the system's focus while it was hidden and shown again gets no event for it,
+/// and Qt takes it for inactive.
 void Form::TakeActivation() {
     QT_WARNING_PUSH
     QT_WARNING_DISABLE_DEPRECATED
@@ -139,10 +139,10 @@ QAccessibleInterface* Form::NewInterface() { return new AccessibleForm(this); }
 
 bool Form::event(QEvent* event) {
     const bool known = QWidget::event(event);
-    // Comes when controls were shown or hidden.
+    // Sent when controls were shown or hidden.
     if (event->type() == QEvent::LayoutRequest && isVisible())
         HandFocusOn();
-    // Not every system gives the keys back to the window below a dialog.
+    // Not every system gives the keyboard focus back to the window below a dialog.
     if (event->type() == QEvent::WindowUnblocked && isVisible())
         activateWindow();
     return known;
@@ -157,7 +157,7 @@ void Form::hideEvent(QHideEvent* event) {
 
 void Form::HandFocusOn() {
     const bool nowhere = focusWidget() == nullptr || focusWidget() == this;
-    // Who plays with the mouse is left alone.
+    // Players who use the mouse are left alone.
     if (!nowhere || LastInput() == Input::Mouse)
         return;
     QWidget* first = FirstControl();
@@ -229,7 +229,7 @@ void CenteredText(Hdc dc, const QString& text, double center, double y, double w
     const FittedText fitted = FitText(text, own, width);
     const double full = dc->TextHeight();
     dc->SetFont(fitted.font);
-    const double lower = (full - dc->TextHeight()) / 2; // a smaller line keeps to the middle
+    const double lower = (full - dc->TextHeight()) / 2; // keeps a smaller font vertically centred
     Drawing(dc).Text(fitted.text, color, kBlack, center - fitted.width / 2, y + lower,
                      shadowOffset);
     dc->SetFont(own);

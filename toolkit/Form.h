@@ -12,8 +12,8 @@ namespace toolkit {
 /// Size of a whole screen in logical pixels.
 constexpr QSize kScreenSize(800, 600);
 
-/// A borderless window with a persistent image that is dragged by any point. It never closes by
-/// itself: a request to close (the window manager's, Escape) is handed to the screen.
+/// A borderless window with a persistent image, which can be dragged by any point. It never closes
+/// by itself: a request to close (from the window manager or by Escape) is passed on as a signal.
 class Form : public QWidget, public Accessible {
     Q_OBJECT
 public:
@@ -21,8 +21,7 @@ public:
 
     Hdc Dc() { return &mCanvas; }
 
-    // For screen readers: what is drawn on the form, and what else they are to tell; see
-    // `Announcer`.
+    // For screen readers: what is drawn on the form, and other announcements; see `Announcer`.
     void AddCaption(const QString& text, const QRect& place) {
         mAnnouncer->AddCaption(text, place);
     }
@@ -37,14 +36,14 @@ public:
     /// The same for a part of the form.
     void Refresh(const QRect& area) { update(area); }
 
-    /// Shows a screen where the last one stood, so that the screens follow each other in place; a
-    /// smaller form in the middle of that place.
+    /// Shows a screen where the last one stood, so that one replaces the other; a smaller form in
+    /// the middle of that place.
     void ShowInPlace();
 
     /// Where the first screen appears.
     static void SetPlace(QPoint place);
 
-    /// Gives the keys to the first control, for a form that has just come up.
+    /// Gives the keyboard focus to the first control, for a form that has just appeared.
     void PlaceFocus();
 
     /// Moves the form, and with it the place of the next screen, to the top left corner.
@@ -58,7 +57,7 @@ Q_SIGNALS:
 protected:
     bool event(QEvent* event) override;
     bool focusNextPrevChild(bool next) override;
-    /// Whether a control is always there, as a window's frame is, so that no screen begins with it.
+    /// Whether a control belongs to the window's frame; no screen starts with the focus on it.
     virtual bool IsOfFrame(const QWidget*) const { return false; }
     void paintEvent(QPaintEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
@@ -70,18 +69,18 @@ protected:
 private:
     void TakeActivation();
     QWidget* FirstControl();
-    /// Gives the keys of a control that was hidden to the first one.
+    /// Moves the keyboard focus from a control that was hidden to the first one.
     void HandFocusOn();
     void MoveFocus(int key);
-    /// The first key after the mouse only shows where the keys are; true when it did.
+    /// After the mouse was used, the first key only shows where the focus is; true when it did.
     bool ShowFocus();
 
     Canvas mCanvas;
     Announcer* mAnnouncer;
 };
 
-/// Draws one line of text, made to fit `width`, with its middle at `center`; see `ShadowText`. The
-/// top edge of the font's line is at `y`.
+/// Draws one line of text with a shadow, made to fit `width` and centred at `center`. The line's
+/// top edge in the canvas's font is at `y`.
 void CenteredText(Hdc dc, const QString& text, double center, double y, double width,
                   ColorRef color, double shadowOffset);
 

@@ -33,7 +33,7 @@ void GlideSprite(Form& form, QPoint from, QPoint to, const Sprite& sprite, int d
                  bool drawAtEnd) {
     if (duration == 0)
         throw std::domain_error("a glide needs time");
-    // One more pixel each way: at a fractional ratio the sprite is not the same size everywhere.
+    // One more pixel each way: at a fractional ratio the size of the sprite varies with its place.
     const int width = sprite.width + 1;
     const int height = sprite.height + 1;
     const QSize area(width, height);
@@ -70,7 +70,7 @@ void GlideSprite(Form& form, QPoint from, QPoint to, const Sprite& sprite, int d
         form.Refresh(QRect(previous, area) | QRect(current, area));
         // The last frame is cut short, so that the sprite ends where it should.
         platform::WaitFor(UntilNextFrame(elapsed, frame, duration + 1));
-        // However late the frame came, the sprite goes at most one frame too far.
+        // However late a frame is, the sprite overshoots by one frame at most.
         elapsed = std::min<std::int64_t>(platform::TickCount() - start, latest);
         previous = current;
         current = PlaceAfter(from, to - from, static_cast<double>(elapsed) / duration);

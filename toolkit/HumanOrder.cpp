@@ -8,7 +8,7 @@ namespace toolkit {
 
 namespace {
 
-/// In the C locale a collator compares codes only, whatever it is asked for.
+/// In the C locale a collator only compares code points, whatever its settings.
 QLocale SortingLocale(const QLocale& locale) {
     const QLocale collation = locale.collation();
     return collation.language() == QLocale::C ? QLocale(QLocale::English) : collation;

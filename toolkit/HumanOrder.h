@@ -6,9 +6,8 @@
 
 namespace toolkit {
 
-/// The numbers of `texts` in the order in which people expect them: numbers by their value,
-/// letters as `locale` sorts them without regard to case, equal texts as they were, downwards
-/// too.
+/// The indices of `texts` in the order that people expect: numbers by their value, letters as
+/// `locale` sorts them, ignoring case. Equal texts keep their order, even downwards.
 std::vector<int> HumanOrder(const std::vector<QString>& texts, bool downwards,
                             const QLocale& locale = QLocale::system());
 

@@ -11,7 +11,7 @@ Input gLast = Input::None;
 
 struct Release {
     int key = 0;
-    quint64 time = 0; // milliseconds, as the system counts them; 0 if it does not
+    quint64 time = 0; // milliseconds of the system's clock; 0 if it sends none
 };
 Release gLastRelease;
 
@@ -36,8 +36,8 @@ public:
 Input LastInput() { return gLast; }
 
 bool IsRepeat(const QKeyEvent& press) {
-    // X has a repeating key released and pressed at the same time. Qt says that it repeats only if
-    // both are there when it looks.
+    // X reports a repeating key as released and pressed at the same time. Qt recognises that only
+    // if both events have arrived when it looks.
     const bool atOnce = gLastRelease.time != 0 && press.timestamp() == gLastRelease.time &&
                         press.key() == gLastRelease.key;
     return press.isAutoRepeat() || atOnce;

@@ -9,10 +9,10 @@ enum class Input { None, Mouse, Keys };
 
 Input LastInput();
 
-/// Whether a press of a key comes of its being held down.
+/// Whether a key press is a repeat of a key that is held down.
 bool IsRepeat(const QKeyEvent& press);
 
-/// Called before `LastInput` and `IsRepeat` have to be right; once is enough.
+/// Must be called before `LastInput` and `IsRepeat`; further calls do nothing.
 void WatchInput();
 
 } // namespace toolkit

@@ -16,7 +16,7 @@ int CellIndex(int line, int column, const c_PicList& list) {
     return (line + 1) * list.ColumnCount() + column;
 }
 
-/// One cell of the table at its place, whatever line is there at the time; line -1 is the header.
+/// The cell at one place of the table, whatever line is there at the time; line -1 is the header.
 class AccessibleCell : public QAccessibleInterface,
                        public QAccessibleTableCellInterface,
                        public QAccessibleActionInterface {
@@ -113,7 +113,7 @@ public:
 private:
     bool IsHeader() const { return mLine < 0; }
 
-    /// Later, for the screen reader waits until it returns, and a dialog may open.
+    /// Queued, because the screen reader waits for the call to return, and a dialog may open.
     void OpenLine() const {
         const auto open = [box = mBox, list = mList, line = mLine] {
             if (box && box->TakesInput() && line < list->LineCount())
@@ -128,8 +128,8 @@ private:
     int mColumn;
 };
 
-/// The table of a list. Its children are the cells of the header and then those of the lines, made
-/// when they are asked for.
+/// The table of a list. Its children are the cells of the header and then those of the lines,
+/// created on demand.
 class AccessibleList : public QAccessibleWidget, public QAccessibleTableInterface {
 public:
     AccessibleList(PictureBox* box, c_PicList* list)
@@ -227,7 +227,7 @@ public:
     bool selectColumn(int) override { return false; }
     bool unselectColumn(int) override { return false; }
 
-    // A cell stands for its place and reads its text anew, so no change makes one invalid.
+    // A cell stands for its place and looks up its text, so no change makes one invalid.
     void modelChange(QAccessibleTableModelChangeEvent*) override {}
 
 protected:

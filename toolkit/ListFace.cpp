@@ -19,7 +19,7 @@ constexpr Bevel kSubHeaders[] = {{Rgb(34, 36, 100), Rgb(8, 6, 30), Rgb(17, 15, 6
                                  {Rgb(90, 90, 190), Rgb(20, 16, 70), Rgb(34, 28, 100)},
                                  {Rgb(8, 6, 30), Rgb(90, 90, 190), Rgb(12, 9, 44)}};
 
-// As dark as the list's ground, so that red text is readable; blue hardly adds brightness.
+// Dark enough for red text to be readable; blue hardly adds brightness.
 constexpr ColorRef kLines[] = {Rgb(9, 7, 32), Rgb(15, 12, 48)};
 constexpr ColorRef kSelected[] = {Rgb(24, 20, 62), Rgb(6, 4, 114)};
 constexpr ColorRef kSelectedEdge[] = {Rgb(92, 92, 160), Rgb(84, 130, 255)};
@@ -27,7 +27,7 @@ constexpr ColorRef kSelectedEdge[] = {Rgb(92, 92, 160), Rgb(84, 130, 255)};
 constexpr double kArrowWidth = 9;
 constexpr double kArrowHeight = 6;
 
-/// The top of a line of text in the middle of a cell's height.
+/// The top of a line of text that is vertically centred in a cell.
 double TextTop(const Canvas& canvas, const QRect& cell) {
     return std::floor(cell.y() + (cell.height() - canvas.TextHeight()) / 2);
 }

@@ -25,13 +25,13 @@ void DrawSubHeaderCell(Hdc dc, const QRect& cell, const QString& text, HeaderLoo
 /// The ground of a line; every other line is a little lighter.
 void DrawLineGround(Hdc dc, const QRect& line, bool lighter, LineLook look);
 
-/// Writes the texts in the middle of their cells' height; nothing goes beyond a cell or `area`.
+/// Writes the texts vertically centred in their cells, clipped to the cells and to `area`.
 void DrawCellTexts(Hdc dc, const QRect& area, const std::vector<PlacedText>& cells);
 
-/// The ground of the lines where there are none.
+/// The ground below the last line.
 void DrawListGround(Hdc dc, const QRect& area);
 
-/// The edge around all.
+/// The edge around the whole list.
 void DrawListFrame(Hdc dc);
 
 } // namespace toolkit

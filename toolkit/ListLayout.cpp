@@ -43,7 +43,7 @@ QRect ListLayout::LineCell(int line, int column, int top) const {
 }
 
 ListLayout::Spot ListLayout::At(const QPointF& point) const {
-    // Pushed against the edge of the screen, the pointer still is on what lies there.
+    // A pointer pushed against the edge of the screen is still on whatever lies there.
     if (point.x() >= mScroller.x())
         return {Part::Scroller, -1};
     if (point.x() < 0 || point.y() < 0 || point.y() > mLines.bottom() + 1 + kFrame)

@@ -28,14 +28,14 @@ public:
     QRect Scroller() const { return mScroller; }
     QRect HeaderCell(int column) const { return Cell(column, mHeader); }
     QRect SubHeaderCell(int column) const { return Cell(column, mSubHeader); }
-    /// All of a line's cell, also what is out of sight, in lines scrolled by `top`.
+    /// A line's whole cell, even if it is out of sight, in lines scrolled by `top`.
     QRect LineCell(int line, int column, int top) const;
 
     Spot At(const QPointF& point) const;
     /// The line at `y`, perhaps one after the last, in lines scrolled by `top`.
     int LineAt(double y, int top) const;
 
-    /// Space left and right of a text in its cell.
+    /// Space to the left and right of a text in its cell.
     static constexpr int kMargin = 7;
 
 private:

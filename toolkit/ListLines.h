@@ -6,10 +6,10 @@
 
 namespace toolkit {
 
-/// One of the "\"-separated columns of a line's text, fit to be shown; empty when there is none.
+/// One of the "\"-separated columns of a line's text, ready to be shown; empty if there is none.
 QString ShownColumn(const QString& text, int column);
 
-/// The lines of a list, each a text and a key. Numbers must be those of lines.
+/// The lines of a list, each a text and a key. Line numbers must exist.
 class ListLines {
 public:
     int Count() const { return static_cast<int>(mOrder.size()); }
@@ -33,7 +33,7 @@ private:
 
     std::uint32_t Place(int line) const { return mOrder[static_cast<std::size_t>(line)]; }
 
-    // Removing one of very many lines moves only small numbers.
+    // So that removing one of very many lines only moves small numbers.
     std::vector<Line> mPool;
     std::vector<std::uint32_t> mOrder;
     std::vector<std::uint32_t> mFree;

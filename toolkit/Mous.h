@@ -8,11 +8,11 @@ namespace toolkit {
 /// handler of a borderless form.
 void DragForm(QWidget* form);
 
-/// Keeps the window above all others, or no longer; either way moves it to the screen's corner
-/// (0, 0).
+/// Keeps the window above all others, or stops doing so; either way moves it to the screen's
+/// corner (0, 0).
 void SetTopMost(QWidget* form, bool onTop);
 
-/// The mouse pointer's place in pixels of the screen.
+/// The mouse pointer's position in screen pixels.
 int CursorX();
 int CursorY();
 

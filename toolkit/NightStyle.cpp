@@ -34,7 +34,7 @@ bool ShowsFocus(const QStyleOption& option) {
            option.state.testFlag(QStyle::State_KeyboardFocusChange);
 }
 
-/// A box with round corners whose rim lies wholly inside `area`.
+/// A box with rounded corners whose rim lies entirely inside `area`.
 void DrawRound(QPainter& painter, const QRect& area, double radius, const QBrush& fill,
                const QColor& rim, double width) {
     painter.save();
@@ -120,7 +120,7 @@ int NightStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWid
 
 QRect NightStyle::subElementRect(SubElement element, const QStyleOption* option,
                                  const QWidget* widget) const {
-    constexpr int kBesideText = 4; // the round corners need it
+    constexpr int kBesideText = 4; // room for the rounded corners
     const QRect area = QProxyStyle::subElementRect(element, option, widget);
     return element == SE_LineEditContents ? area.adjusted(kBesideText, 0, -kBesideText, 0) : area;
 }

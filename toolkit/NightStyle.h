@@ -4,7 +4,7 @@
 
 namespace toolkit {
 
-/// How text boxes, command buttons, drop-down lists and dialogs look: as the skins do.
+/// Draws text boxes, command buttons, drop-down lists and dialogs to match the skins.
 class NightStyle : public QProxyStyle {
 public:
     NightStyle() : QProxyStyle(QStringLiteral("Fusion")) {}

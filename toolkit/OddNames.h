@@ -8,14 +8,14 @@ class QLabel;
 
 namespace toolkit {
 
-/// Offers in a file dialog what the windowing toolkit leaves out of it: files, or in a dialog for
-/// folders folders, whose names are no valid text. Hidden where a folder has none.
+/// Adds to a file dialog what Qt leaves out: files (or folders, in a dialog for folders) whose
+/// names are not valid text. Hidden in a folder that has none.
 class OddNames : public QListWidget {
 public:
-    /// Becomes part of the dialog, whose mode and filters are set before.
+    /// Becomes part of the dialog. The dialog's mode and filters must be set before.
     explicit OddNames(QFileDialog& dialog);
 
-    /// The path that is selected here, as of `platform::TextFromPath`; empty when none is.
+    /// The selected path, as from `platform::TextFromPath`; empty if there is none.
     QString Chosen() const;
 
 private:

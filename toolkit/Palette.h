@@ -2,7 +2,7 @@
 
 #include "toolkit/ColorRef.h"
 
-/// The colours that more than one part of the program has; those of one screen stand with it.
+/// The colours that several parts of the program share. Those of a single screen are kept with it.
 namespace toolkit {
 
 /// A box that looks raised by its lighter top and left edges.
@@ -12,15 +12,15 @@ struct Bevel {
     ColorRef fill;
 };
 
-// Windows and what stands on them.
+// Windows and texts.
 constexpr ColorRef kFrameLight = Rgb(0, 150, 250);
 constexpr ColorRef kFrameDark = Rgb(0, 60, 160);
 constexpr ColorRef kNightText = Rgb(226, 226, 255);
-constexpr ColorRef kField = Rgb(10, 8, 36);     // of what is typed; almost black
+constexpr ColorRef kField = Rgb(10, 8, 36);     // text boxes; almost black
 constexpr ColorRef kListGround = Rgb(8, 6, 28); // so dark that red text is readable on it
 constexpr ColorRef kNavy = Rgb(0, 0, 100);
 
-// What draws the eye.
+// Accents.
 constexpr ColorRef kGold = Rgb(255, 221, 120); // the keyboard focus
 constexpr ColorRef kPink = Rgb(255, 108, 192); // what is pressed
 constexpr ColorRef kPeriwinkle = Rgb(143, 160, 255);

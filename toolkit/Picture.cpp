@@ -45,7 +45,7 @@ template <typename Change> void ForEachPixel(QImage& image, Change change) {
     }
 }
 
-/// The bytes of a bitmap, which know when more was wanted than there are.
+/// The bytes of a bitmap; remembers whether the reader asked for more than there are.
 class BitmapBytes : public QBuffer {
 public:
     bool EndedEarly() const { return mEndedEarly; }
@@ -61,11 +61,11 @@ private:
     bool mEndedEarly = false;
 };
 
-/// Null for a bitmap that was cut off, too: Qt leaves black what it has no bytes for.
+/// Null even for a truncated bitmap, of which Qt would leave the missing part black.
 QImage ReadBitmap(const QByteArray& bytes) {
     BitmapBytes device;
     device.setData(bytes);
-    // The format is named: to recognise it Qt loads all that it has.
+    // With the format named, Qt need not load all its plugins to recognise it.
     const QImage picture = QImageReader(&device, "BMP").read();
     return device.EndedEarly() ? QImage() : picture;
 }
@@ -79,9 +79,9 @@ QImage Read(const QString& name) {
     return picture.convertToFormat(QImage::Format_RGB32);
 }
 
-/// A multiple shows every pixel as it is. Otherwise colours are blended; black is transparent and
-/// stays so: it is not blended into the colours beside it, and a pixel
-/// that is less than half covered by them is black.
+/// By a whole factor every pixel is repeated; otherwise colours are blended. Black is transparent
+/// and stays so: it is not blended into the colours beside it, and a pixel less than half covered
+/// by them is black.
 QImage Scaled(const QImage& picture, double factor) {
     if (picture.isNull())
         return picture;
@@ -100,7 +100,7 @@ QImage Scaled(const QImage& picture, double factor) {
     return scaled;
 }
 
-/// Whether the first frame has a visible pixel, without which its button could be neither seen nor
+/// Whether the first frame has a visible pixel. Without one its button could neither be seen nor
 /// pressed.
 bool IsSkin(const QImage& picture) {
     const auto logical = [](int pixels) {
@@ -119,7 +119,7 @@ bool IsSkin(const QImage& picture) {
 
 enum class Kind { Ground, Skin };
 
-/// The first picture that can be used, at the screen's pixel ratio.
+/// The first usable picture, at the screen's pixel ratio.
 QImage LoadNow(const QString& name, Kind kind) {
     const double ratio = Canvas::Ratio();
     const auto load = [=](const QString& file, double scale) {
@@ -139,7 +139,7 @@ QImage LoadNow(const QString& name, Kind kind) {
 }
 
 std::map<QString, std::future<QImage>> gPreloaded;
-std::future<void> gPreloading; // its destruction waits for the thread
+std::future<void> gPreloading; // its destructor waits for the thread
 
 QImage Load(const QString& name, Kind kind) {
     if (auto preloaded = gPreloaded.extract(name))
@@ -160,7 +160,7 @@ void TellMissing() {
                           platform::Icon::Warning);
 }
 
-/// One message tells of all of them as soon as events run.
+/// One message names all of them as soon as events run.
 void ReportMissing(const QString& file) {
     const QString name = file.startsWith(u'\\') ? file.mid(1) : file;
     if (gReported.contains(name, Qt::CaseInsensitive))
@@ -173,7 +173,7 @@ void ReportMissing(const QString& file) {
 
 QImage PlainGround(QSize size) {
     Canvas canvas(size.width(), size.height());
-    // A middle tone: the screens write bright and dark texts on it.
+    // A middle tone, because the screens write both bright and dark texts on it.
     Drawing(&canvas).Gradient(0, 0, size.width(), size.height(), Rgb(96, 104, 196),
                               Rgb(84, 92, 180));
     return canvas.Image();

@@ -12,23 +12,23 @@ namespace toolkit {
 /// is the same. The last folder and the file are found without regard to case.
 std::filesystem::path ProgramFile(const QString& name);
 
-// Pictures for finer screens lie in folders "1.5x", "2x" and "3x" beside the base set. The next
-// larger one that can be used, or else the base set's, is scaled to the screen's pixel ratio. When
-// none can, because it is not there or cut off, one message names all such pictures as soon as
-// events run. Only the colours of a picture count, not its alpha.
+// Pictures for finer screens are in the folders "1.5x", "2x" and "3x" beside the base set. The next
+// larger one that can be used, or else the base set's, is scaled to the screen's pixel ratio. If
+// none can be used, because it is missing or truncated, one message names all such pictures as soon
+// as events run. Only the colours of a picture count, not its alpha.
 
-/// The ground of that name, scaled to `size` logical pixels; a plain one when it cannot be used.
+/// The ground of that name, scaled to `size` logical pixels; a plain one if it cannot be used.
 QImage LoadGround(const QString& name, QSize size);
 
 /// The skin of that name: three frames of equal height, stacked, in which black is transparent.
-/// A null image when it cannot be used; one whose first frame has no visible pixel cannot.
+/// A null image if it cannot be used, as when its first frame has no visible pixel.
 QImage LoadSkin(const QString& name);
 
-/// Begins to load pictures on a thread of its own, in the order given. The first `LoadGround` or
-/// `LoadSkin` of each takes over what was loaded, waiting for it if need be.
+/// Starts loading pictures in this order on a separate thread. The first `LoadGround` or `LoadSkin`
+/// of each picture returns what was loaded, and waits for it if necessary.
 void PreloadPictures(const QString& ground, const QStringList& skins);
 
-/// A skin of three plain frames of `size` logical pixels each, for one that is missing.
+/// A skin of three plain frames of `size` logical pixels each, in place of a missing one.
 QImage PlainSkin(QSize size);
 
 } // namespace toolkit

@@ -18,14 +18,14 @@ namespace toolkit {
 
 namespace {
 
-QElapsedTimer gSincePress; // of any box by a key
+QElapsedTimer gSincePress; // by a key, of any box
 
-/// Tells screen readers that a box is a button or what it shows, and lets them press it.
+/// Presents a box to screen readers as a button that they can press, or else as what it shows.
 class AccessibleBox : public QAccessibleWidget {
 public:
     explicit AccessibleBox(PictureBox* box) : QAccessibleWidget(box) {}
 
-    // A box may become a button after a screen reader has come to know it.
+    // A box may become a button after a screen reader has asked for it.
     QAccessible::Role role() const override {
         if (Box()->IsButton())
             return QAccessible::Button;
@@ -46,7 +46,7 @@ public:
     }
 
     void doAction(const QString& action) override {
-        // Later, for the screen reader waits until it returns, and a press may open a dialog.
+        // Queued, because the screen reader waits for the call to return, and a dialog may open.
         if (action == pressAction())
             QMetaObject::invokeMethod(Box(), &PictureBox::Activate, Qt::QueuedConnection);
         else
@@ -57,7 +57,7 @@ private:
     PictureBox* Box() const { return static_cast<PictureBox*>(widget()); }
 };
 
-/// The pixel that holds the point; rounded, the last half pixel of a box would be its neighbour's.
+/// The pixel that contains the point. Rounding would give a box's last half pixel to its neighbour.
 QPoint PixelAt(QPointF point) { return QPoint(qFloor(point.x()), qFloor(point.y())); }
 
 } // namespace
@@ -67,7 +67,7 @@ PictureBox::PictureBox(QWidget* parent, const QString& name, const QSize& size)
     setObjectName(name);
     setFixedSize(size);
     setMouseTracking(true);
-    // At a fractional ratio the form is seen where the box ends within a pixel of the screen.
+    // At a fractional ratio the form shows through where the box ends within a screen pixel.
     setAttribute(Qt::WA_OpaquePaintEvent, Canvas::Ratio() == std::floor(Canvas::Ratio()));
 }
 
@@ -99,8 +99,8 @@ bool PictureBox::TakesInput() const {
 }
 
 void PictureBox::setVisible(bool visible) {
-    // Otherwise Qt would hand the focus to the next button, and a second press of the key that hid
-    // this one would press that.
+    // Otherwise Qt would move the focus to the next button, which a second press of the key that
+    // hid this one would then press.
     if (!visible && hasFocus())
         window()->setFocus();
     QWidget::setVisible(visible);
@@ -122,7 +122,7 @@ void PictureBox::paintEvent(QPaintEvent*) {
     painter.drawRoundedRect(FocusFrame(), mFocusRadius, mFocusRadius);
 }
 
-/// A button in the form's corner is open to the edges there, and so is its frame.
+/// The frame of a button in the form's corner stays open towards the edges, as the button does.
 QRectF PictureBox::FocusFrame() const {
     QRectF frame = QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5);
     if (y() == 0)
@@ -188,11 +188,12 @@ void PictureBox::HoldKey(int key) {
     mHeldKey = key;
     mLettingGo.stop();
     Q_EMIT KeyDown();
-    repaint(); // what `Activated` does may take its time
+    repaint(); // now, because what `Activated` does may take a while
 }
 
 void PictureBox::keyReleaseEvent(QKeyEvent* event) {
-    constexpr int kRepeatsWithin = 30; // milliseconds; a repeat's release and press come together
+    constexpr int kRepeatsWithin =
+        30; // milliseconds; the release and press of a repeat arrive together
     if (event->key() == mHeldKey && !event->isAutoRepeat())
         mLettingGo.start(kRepeatsWithin, this);
     else
@@ -223,7 +224,7 @@ bool PictureBox::ShowFocus() {
 }
 
 void PictureBox::focusInEvent(QFocusEvent*) {
-    // Shown to those who use the keyboard; a click needs no frame.
+    // Only for those who use the keyboard; a click needs no frame.
     mFocusShown = LastInput() == Input::Keys;
     update();
 }

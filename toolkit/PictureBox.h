@@ -13,7 +13,7 @@
 namespace toolkit {
 
 /// A rectangle of a form with a persistent image of its own. It shows what was drawn on its canvas
-/// and passes on the mouse and the keys; a button class decides what they mean. Coordinates are
+/// and passes on mouse and keyboard input; a button class decides what it means. Coordinates are
 /// logical pixels inside the box.
 class PictureBox : public QWidget, public Accessible {
     Q_OBJECT
@@ -23,37 +23,38 @@ public:
     Hdc Dc() { return &mCanvas; }
     const Canvas& Picture() const { return mCanvas; }
 
-    /// Gives the box and its canvas another size; the canvas keeps its font and becomes black.
+    /// Resizes the box and its canvas; the canvas keeps its font and becomes black.
     void SetBoxSize(const QSize& size);
 
     /// Shows what was drawn since the last time.
     void Refresh() { update(); }
 
-    /// Makes the box a button for keyboard and screen reader. The frame that shows the focus has
-    /// corners of `radius` logical pixels.
+    /// Makes the box a button for keyboards and screen readers. The frame that shows the focus has
+    /// corners with a radius of `radius` logical pixels.
     void SetButton(double radius);
     bool IsButton() const { return mButton; }
 
-    /// What a box that is no button shows in words, for screen readers. It is told when they ask.
+    /// For screen readers: in words, what a box shows that is not a button. It can be read but is
+    /// not announced.
     void SetText(const QString& text) { mText = text; }
     const QString& Text() const { return mText; }
 
-    /// Has `make` choose how screen readers see the box, in place of a button or a picture; an
-    /// empty one leaves it to the box again.
+    /// Lets `make` decide how screen readers see the box, instead of as a button or a picture; an
+    /// empty `make` undoes that.
     void SetInterface(std::function<QAccessibleInterface*()> make) { mInterface = std::move(make); }
     QAccessibleInterface* NewInterface() override;
 
-    /// Gives the keys to the box in place of one that went; the second press of a double press is
-    /// not for this one.
+    /// Takes the keyboard focus of a box that was hidden. The second press of a double press then
+    /// does not count for this one.
     void TakeFocusOver();
 
-    /// Frames the box when it has the focus and no frame yet; whether it did.
+    /// Frames the box if it has the focus but no frame yet; true if it did.
     bool ShowFocus();
 
-    /// Presses the box as the keyboard does; nothing happens while it cannot be used.
+    /// Presses the box as the keyboard does, unless it cannot be used at the moment.
     void Activate();
 
-    /// Whether the box is there to be used: shown, and not behind a dialog.
+    /// Whether the box can be used: visible, enabled and not behind a dialog.
     bool TakesInput() const;
 
     void setVisible(bool visible) override;
@@ -67,10 +68,10 @@ Q_SIGNALS:
     void MouseOutside();
     /// Pressed by Enter, by Space or by a screen reader.
     void Activated();
-    /// Enter or Space is held down on the button, from just before `Activated`. Until `KeyUp` the
-    /// pointer is not told of; then comes where it is by now.
+    /// Enter or Space is held down on the button; raised just before `Activated`. The pointer is
+    /// not reported until `KeyUp`, after which its current place is.
     void KeyDown();
-    /// The key is held no longer, or no longer on this button.
+    /// The key was released, or this button lost it.
     void KeyUp();
 
 protected:
@@ -98,7 +99,7 @@ private:
     bool mFocusShown = false;
     bool mTakenOver = false;
     int mHeldKey = 0;
-    QBasicTimer mLettingGo;          // of that key, unless a repeat shows that it is still held
+    QBasicTimer mLettingGo;          // of that key, unless a repeat follows
     std::optional<QPointF> mPointer; // while it is in the box
     QString mText;
     std::function<QAccessibleInterface*()> mInterface;

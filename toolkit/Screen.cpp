@@ -10,9 +10,9 @@ Screen::Screen(const QString& name)
 }
 
 void Screen::showEvent(QShowEvent* event) {
-    // The keyboard comes to the corner's buttons last.
+    // The Tab key reaches the corner's buttons last.
     QWidget* last = previousInFocusChain();
-    while (last->focusPolicy() == Qt::NoFocus) // setTabOrder does not take these
+    while (last->focusPolicy() == Qt::NoFocus) // setTabOrder ignores these
         last = last->previousInFocusChain();
     if (last != pX) {
         setTabOrder(last, pMin);

@@ -5,7 +5,7 @@
 
 namespace toolkit {
 
-/// A whole-window form with the boxes for a close and a minimise button in its corner.
+/// A form of full size with the boxes for a close and a minimise button in its corner.
 class Screen : public Form {
     Q_OBJECT
 public:
@@ -24,8 +24,8 @@ protected:
     void showEvent(QShowEvent* event) override;
 };
 
-/// The skinned buttons over a screen's `pX` and `pMin`, for as long as a controller drives it. The
-/// window manager's request to close presses the close button.
+/// The skinned buttons over a screen's `pX` and `pMin`, for as long as a controller drives it. A
+/// request to close from the window manager presses the close button.
 class WindowButtons {
 public:
     explicit WindowButtons(Screen& screen);

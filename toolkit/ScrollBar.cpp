@@ -14,7 +14,7 @@ namespace {
 constexpr QSize kPlainFrame(16, 48);
 constexpr int kEdge = 1;
 
-/// The row of a frame of `length` rows that is shown in row `y` of one lengthened to `target`.
+/// Which row of a frame of `length` rows is shown in row `y` of a frame lengthened to `target`.
 int SkinRow(int y, int length, int target) {
     const int end = length / 5;
     const int upper = (target - length) / 2;

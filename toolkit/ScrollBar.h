@@ -18,7 +18,7 @@ public:
     /// Width of the track, its edges included.
     int Width() const;
 
-    /// Where the track lies, how long the content is, and how much of it is seen at a time.
+    /// Sets where the track lies, how long the content is and how much of it is visible at a time.
     void SetRange(const QRect& track, int content, int page);
 
     /// How far the content is scrolled, from 0 to `MaxTop`.
@@ -26,16 +26,16 @@ public:
     int MaxTop() const;
     void SetTop(int top) { mTop = top; }
 
-    /// Empty when all of the content is seen.
+    /// Empty if all of the content is visible.
     QRect Thumb() const;
 
-    /// Takes hold of the thumb, or scrolls by `step` towards a point beside it.
+    /// Grabs the thumb, or scrolls by `step` towards a point beside it.
     void Press(double y, int step);
-    /// Moves the held thumb.
+    /// Moves the grabbed thumb.
     void DragTo(double y);
     void Release() { mHeld = false; }
     bool Held() const { return mHeld; }
-    /// Tells where the pointer is; true when the thumb looks different for it.
+    /// Notes whether the pointer is on the thumb; true if that changes the look of the thumb.
     bool SetHover(bool hover);
 
     void Draw(Hdc target);
@@ -45,7 +45,7 @@ private:
     int ThumbLength() const;
     void MakeThumb(int length);
 
-    QImage mSkin; // in pixels of the screen
+    QImage mSkin; // in screen pixels
     std::unique_ptr<c_Surface> mThumb;
     QRect mTrack;
     int mContent = 0;

@@ -7,13 +7,13 @@ class QWidget;
 
 namespace toolkit {
 
-/// Asks for a folder, starting at `startFolder`, and returns its path as text as of
-/// `platform::TextFromPath`, without a separator at its end; "" when cancelled.
+/// Asks for a folder, starting at `startFolder`, and returns its path as from
+/// `platform::TextFromPath`, without a separator at the end; "" if cancelled.
 QString BrowseForFolder(QWidget* owner, const QString& title,
                         const std::filesystem::path& startFolder);
 
 /// Makes a folder the current one, where the file dialogs start; an empty path stands for the
-/// user's documents. A path of up to 3 characters or of no existing folder changes nothing.
+/// user's documents. A path of up to 3 characters or to no existing folder changes nothing.
 void ChangeToFolder(const std::filesystem::path& folder);
 
 } // namespace toolkit

@@ -2,18 +2,19 @@
 
 namespace toolkit {
 
-/// Dresses the windowing toolkit's own controls (labels, text boxes, buttons, lists, message boxes
-/// and dialogs) in the program's colours and fonts.
+/// Gives Qt's own controls (labels, text boxes, buttons, lists, message boxes and dialogs) the
+/// program's colours and fonts.
 void ApplyStyle();
 
 /// Has numbers written as in the program's English texts, with ASCII digits, whatever the system's
-/// locale. Names are still sorted by that.
+/// locale. Names are still sorted by the system's locale.
 void WriteNumbersInEnglish();
 
-/// Begins to load the program's font on a thread of its own; the first text would wait for it.
+/// Starts loading the program's font on a separate thread, because the first text would wait for
+/// it.
 void PreloadFont();
 
-/// Gives all windows of the program its icon.
+/// Sets the program's icon for all its windows.
 void SetProgramIcon();
 
 } // namespace toolkit

@@ -18,7 +18,7 @@ QString Folded(const QString& text) {
     return plain.toCaseFolded();
 }
 
-/// Folds no more of `text` than it takes: nearly always its first letter.
+/// Folds no more of `text` than it needs to, usually the first letter.
 bool BeginsWith(const QString& text, QStringView folded) {
     for (const QChar c : text) {
         for (const QChar part : Folded(c)) {
@@ -54,7 +54,7 @@ int TypeAhead::Find(const QString& typed, int selected, int count,
     if (mTyped.isEmpty())
         return -1;
     const int found = FindFrom(std::max(selected + begins, 0), mTyped, count, text);
-    // The same letter again and again goes from one line to the next.
+    // Repeating a letter moves from one line to the next.
     if (found < 0 && mTyped.size() > 1 && mTyped.count(mTyped.front()) == mTyped.size())
         return FindFrom(selected + 1, mTyped.left(1), count, text);
     return found;

@@ -6,13 +6,13 @@
 
 namespace toolkit {
 
-/// Finds the line that begins with what is being typed. Letters that follow each other within a
-/// second belong together; case and accents do not count.
+/// Finds the line that begins with what is being typed. Letters typed within a second of each other
+/// belong together; case and accents do not count.
 class TypeAhead {
 public:
-    /// Takes `typed` in and returns the first line from `selected` on, or from the one after it
-    /// when a new text begins, whose `text` fits; after the last line comes the first. -1 if none
-    /// does. `selected` may be -1.
+    /// Adds `typed` to the text and returns the first line that begins with it, from `selected` on
+    /// or, for a new text, from the line after it; after the last line comes the first. -1 if there
+    /// is none. `selected` may be -1.
     int Find(const QString& typed, int selected, int count,
              const std::function<QString(int line)>& text);
 

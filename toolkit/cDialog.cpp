@@ -22,7 +22,7 @@ public:
         : FileDialog(QApplication::activeWindow(), title, QDir::currentPath(),
                      QStringLiteral("%1 (%2)").arg(description, pattern)) {}
 
-    /// The chosen files, with their folder made the current one; empty when cancelled.
+    /// Makes the folder of the chosen files the current one; returns them, or nothing if cancelled.
     QStringList ChooseInFolder() {
         const QStringList files = Choose();
         std::error_code ignored;
@@ -49,7 +49,7 @@ protected:
     }
 
 private:
-    /// What Qt does not ask by itself.
+    /// Asks what Qt does not ask by itself.
     bool MayBeSaved(const QFileInfo& file) const {
         if (file.exists())
             return true;
@@ -71,7 +71,7 @@ private:
     QString mEnding;
 };
 
-/// Several files as the folder of the first and the names in it; one file as its path.
+/// One file becomes its path, several the folder of the first and their names in it.
 QString Join(const QStringList& files) {
     if (files.size() == 1)
         return platform::EscapeSeparators(files.front());

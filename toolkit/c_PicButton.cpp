@@ -24,7 +24,7 @@ const Scheme kSchemes[] = {
        Rgb(0, 55, 0)},
       {Rgb(0, 50, 20), Rgb(0, 200, 50), Rgb(255, 0, 0), Rgb(0, 0, 0), Rgb(0, 55, 0),
        Rgb(200, 255, 200)}}},
-    // red; the light shadow of its pressed caption is meant
+    // red; a pressed caption is dark, so its shadow is light
     {{{Rgb(200, 0, 0), Rgb(100, 0, 0), Rgb(255, 220, 220), Rgb(0, 0, 0), Rgb(255, 220, 220),
        Rgb(0, 0, 50)},
       {Rgb(200, 0, 100), Rgb(100, 0, 50), Rgb(255, 255, 255), Rgb(0, 0, 0), Rgb(255, 220, 220),

@@ -18,7 +18,7 @@ public:
 
     void Create(toolkit::PictureBox* box, const QString& caption);
 
-    /// Takes the colours of scheme 0 (blue), 1 (green) or 2 (red); another number changes none.
+    /// Takes the colours of scheme 0 (blue), 1 (green) or 2 (red); other numbers change nothing.
     /// With `redraw` the normal look is drawn.
     void SetColors(int scheme, bool redraw);
 

@@ -12,7 +12,7 @@ using namespace toolkit;
 
 namespace {
 
-constexpr int kFrameTime = 16; // milliseconds: no screen shows more than it has frames
+constexpr int kFrameTime = 16; // milliseconds; screens show no more frames than that
 
 } // namespace
 

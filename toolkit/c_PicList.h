@@ -18,7 +18,7 @@ namespace toolkit {
 class ListLayout;
 class PictureBox;
 
-/// One cell of a list that is about to be drawn; a handler of `LinePrint` may change what is.
+/// A cell of a list that is about to be drawn; a handler of `LinePrint` may change text and colour.
 struct ListCell {
     int line;       ///< 0-based
     int column;     ///< 0-based
@@ -31,64 +31,65 @@ struct ListCell {
 
 /// A list drawn by the program over a picture box: lines of "\"-separated columns under a clickable
 /// header of the same columns, with a sub-header of facts and a scroller. Lines and columns are
-/// numbered from 0. One line at most is selected; -1 stands for none. Line texts, keys and header
-/// texts are plain; escape a "\" that is no separator with `platform::EscapeSeparators`, which is
-/// undone when a column is shown.
+/// numbered from 0. At most one line is selected; -1 stands for none. Line texts, keys and header
+/// texts are plain; escape a "\" that is not a separator with `platform::EscapeSeparators`, which
+/// is undone when a column is shown.
 class c_PicList : public QObject {
     Q_OBJECT
 public:
     c_PicList();
     ~c_PicList() override;
 
-    /// Puts the list on `box`, with the box's size and font, and makes the columns of `headers`
+    /// Puts the list on `box`, with the box's size and font, and with the columns of `headers`
     /// ("First\Second\Third").
     void Create(toolkit::PictureBox* box, const QString& headers);
 
     /// Appends a line; shows with the next `Refresh`.
     void AddItem(const QString& text, const QString& key);
     void ClearLines();
-    /// Takes one line out. The selection stays on its line; when that went, it is on the line that
-    /// took its place, or on the last one.
+    /// Removes a line. The selection stays on its line; if that is the one removed, the selection
+    /// moves to the line that took its place, or to the last one.
     void RemoveLine(int line);
 
-    /// Draws the list anew as soon as events run, however often it is called before; at most once
+    /// Redraws the list as soon as events run, however often it is called before that; at most once
     /// in 16 milliseconds, and not while the box is hidden.
     void Refresh();
 
     int LineCount() const;
-    /// Texts and keys of a line that there is not are empty and cannot be set.
+    /// The text and key of a line that does not exist are empty and cannot be set.
     QString LineText(int line) const;
     void SetLineText(int line, const QString& text);
     QString LineKey(int line) const;
     void SetLineKey(int line, const QString& key);
 
     int LineSelectedNum() const;
-    /// Selects a line and brings it into sight, as a click does without modifier keys:
-    /// `LineSelChanged` is raised. Nothing happens when there is no such line.
+    /// Selects a line and scrolls to it, as a click does without modifier keys: `LineSelChanged` is
+    /// raised. Nothing happens if there is no such line.
     void SelectLine(int line);
 
     /// Sorts the lines by a column, upwards with mode 0, downwards with mode 2: numbers by their
-    /// value, letters as the locale sorts them without regard to case, equal lines as they were.
-    /// The selection stays on its line. Returns for each line the number it had before. Nothing is
-    /// sorted by a column that there is not.
+    /// value, letters as the locale sorts them, ignoring case. Equal lines keep their order, and
+    /// the selection stays on its line. Returns the number that each line had before. A column that
+    /// does not exist sorts nothing.
     std::vector<int> SortByHeader(int column, int mode);
 
-    /// The text under the header, one piece for each column; no strip while it is empty.
+    /// Sets the text under the header, one piece for each column; the strip is hidden while it is
+    /// empty.
     void SetSubHeader(const QString& text);
 
     /// Width of `text` in the list's font, in logical pixels.
     double TextWidth(const QString& text) const;
 
     int ColumnCount() const;
-    /// The texts as they are shown, unescaped; empty where there are none.
+    /// The texts as they are shown, unescaped; empty if there are none.
     QString HeaderText(int column) const;
     QString SubHeaderText(int column) const;
     QString CellText(int line, int column) const;
 
-    /// The part of a cell that is in sight, in logical pixels of the box; empty when none is. The
-    /// header is line -1.
+    /// The visible part of a cell, in logical pixels of the box; empty if none of it is visible.
+    /// The header is line -1.
     QRect CellRect(int line, int column) const;
-    /// The line and the column at a point of the box; -1 where there is none.
+    /// The line and the column at a point of the box; -1 if there is none.
     int LineAt(const QPointF& point) const;
     int ColumnAt(const QPointF& point) const;
 
@@ -96,23 +97,23 @@ public:
     /// `LineSelChanged` is raised.
     bool mRangeKey = false;
     bool mAddKey = false;
-    /// Whether the selection was moved by keys; as above.
+    /// Whether the selection was moved with the keyboard; as above.
     bool mByKeyboard = false;
 
 Q_SIGNALS:
-    /// The player selected a line, perhaps the one that was selected already.
+    /// The player selected a line, possibly the one already selected.
     void LineSelChanged(int line);
     /// A line was double-clicked, or Enter was pressed on it.
     void LineDoubleClicked(int line);
     void LineRightClicked(int line);
-    /// The list is sorted by another column than before, or in the other direction. It counts as
-    /// sorted until a line's text changes or one is appended.
+    /// The list was sorted by another column than before, or in the other direction. It counts as
+    /// sorted until a line is appended or a line's text changes.
     void HeaderSelChanged(int column);
     void HeaderSelClicked(int column);
     void HeaderDoubleClicked(int column);
     void SubHeaderClicked(int column);
     void SubHeaderChanged();
-    /// A visible cell is about to be drawn. The handler must leave the lines as they are.
+    /// A visible cell is about to be drawn. The handler must not change the lines.
     void LinePrint(toolkit::ListCell& cell);
     /// Delete or Ctrl+A was pressed.
     void RemoveWanted();

@@ -1,4 +1,4 @@
-// The mouse and the keys over a picture list.
+// Mouse and keyboard input of a picture list.
 
 #include "toolkit/c_PicListState.h"
 
@@ -85,7 +85,7 @@ bool c_PicList::Key(const QKeyEvent& event) {
         return true;
     case Qt::Key_Left:
     case Qt::Key_Right:
-        return true; // the form would move the focus
+        return true; // otherwise the form would move the focus
     default:
         return MoveKey(event) || Type(event);
     }
@@ -129,7 +129,7 @@ bool c_PicList::Type(const QKeyEvent& event) {
     if (!letter || others)
         return false;
     const int column = std::max(mState->sortedColumn, 0);
-    // The Shift of a capital letter is no range key.
+    // Shift here makes a capital letter, not a range.
     Choose(mState->typeAhead.Find(event.text(), mState->selected, LineCount(),
                                   [=, this](int line) { return CellText(line, column); }),
            Qt::NoModifier, true);

@@ -11,7 +11,7 @@
 #include <QPointer>
 #include <QTimer>
 
-/// What a picture list keeps.
+/// The state of a picture list.
 struct c_PicList::State {
     QPointer<toolkit::PictureBox> box;
     QString headers;

@@ -26,7 +26,7 @@ QImage c_SurfButton::Skin(const QString& file) {
     if (!skin.isNull())
         return skin;
     QImage plain = PlainSkin(mBox->size());
-    // Without its picture a button that has no sign says in words what it is for.
+    // A button without a picture or a sign says in words what it is for.
     if (!DrawWindowSign(plain, file) && mCaption.isEmpty())
         mCaption = mBox->accessibleName();
     return plain;
@@ -91,7 +91,7 @@ void c_SurfButton::Draw() {
 bool c_SurfButton::IsTouching(double x, double y) const {
     const Hdc mask = mSurfaces->HDC(1);
     const int row = platform::RoundHalfEven(y);
-    // Below the first frame the mask goes on with the next one, which is not under the pointer.
+    // Below the first frame the mask continues with the next, which is not under the pointer.
     if (mask == nullptr || row >= Height())
         return false;
     return mask->Pixel(platform::RoundHalfEven(x), row) == kBlack;
@@ -126,7 +126,7 @@ void c_SurfButton::Move(double x, double y) {
 }
 
 void c_SurfButton::MoveOutside() {
-    // A pressed button waits for its release, which never comes to a hidden one.
+    // A pressed button waits for the release, which a hidden button never gets.
     if (mState == Hover || !mBox->isVisible())
         DrawState(Normal);
 }

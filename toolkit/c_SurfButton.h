@@ -35,7 +35,7 @@ public:
     /// Raises `Clicked` as if the player had clicked.
     void Click() { Q_EMIT Clicked(); }
 
-    /// Draws the button anew, also when its look has not changed.
+    /// Redraws the button, even if its look has not changed.
     void Refresh(State state = Current);
 
     /// Whether the point (logical pixels in the box) is on the shape.
@@ -48,7 +48,7 @@ public:
     /// A disabled button does not draw and ignores the mouse.
     bool mDisabled = false;
 
-    /// Pixels left and right of the caption that it keeps clear of.
+    /// Pixels that stay clear to the left and right of the caption.
     int mCaptionMargin = 12;
 
 Q_SIGNALS:

@@ -30,7 +30,7 @@ public:
     /// Adds a surface that shows `picture`, at the screen's pixel ratio.
     toolkit::Hdc CreateSurface(const QImage& picture);
 
-    /// Releases all surfaces. The numbering goes on where it was.
+    /// Releases all surfaces. The numbering continues where it was.
     void FreeSurfaces();
 
     /// Fills a surface from a bitmap file, scaled to the surface's size. A missing or damaged file
