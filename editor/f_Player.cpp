@@ -169,6 +169,6 @@ void f_Player::DrawBar() {
            RasterOp::SrcCopy);
     const QRectF marker(mMarkerLeft, kLineY - kMarker.height() / 2.0, kMarker.width(),
                         kMarker.height());
-    Drawing(Dc()).Paint([&marker](QPainter& painter) { PaintBar(painter, marker); });
+    Drawing(Dc()).Shapes([&marker](QPainter& painter) { PaintBar(painter, marker); });
     update(kBar);
 }

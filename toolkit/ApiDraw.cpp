@@ -182,6 +182,14 @@ void GradientBox(double x1, double y1, double x2, double y2, ColorRef start, Col
     }
 }
 
+void PaintShapes(const std::function<void(QPainter&)>& paint) {
+    if (gState.dc == nullptr)
+        return;
+    Painter painter;
+    painter.setRenderHint(QPainter::Antialiasing);
+    paint(painter);
+}
+
 void PutPixel(int x, int y, ColorRef color) {
     if (gState.dc != nullptr)
         Fill(QRect(x, y, 1, 1), color);

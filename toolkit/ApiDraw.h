@@ -4,6 +4,9 @@
 
 #include <QString>
 #include <Qt>
+#include <functional>
+
+class QPainter;
 
 /// Drawing routines that work on one canvas at a time, the one of the open bracket; `Drawing` keeps
 /// a bracket open. Coordinates are logical pixels; fractions are rounded to the nearest pixel,
@@ -47,6 +50,9 @@ void PenLineTo(double x, double y);
 /// Fills columns x1 to x2 - 1 and rows y1 to y2 with lines at 45 degrees whose colour runs from
 /// `start` at the top left to `end` at the bottom right. One column when x1 equals x2.
 void GradientBox(double x1, double y1, double x2, double y2, ColorRef start, ColorRef end);
+
+/// Lets `paint` draw what has no routine here: curves, smooth edges, other gradients.
+void PaintShapes(const std::function<void(QPainter&)>& paint);
 
 void PutPixel(int x, int y, ColorRef color);
 /// Colour of the pixel, or `Canvas::kNoColor` outside.

@@ -1,7 +1,5 @@
 #include "toolkit/Drawing.h"
 
-#include <QPainter>
-
 namespace toolkit {
 
 Drawing::Drawing(Hdc dc) : mDc(dc) {
@@ -37,12 +35,6 @@ void Drawing::Text(const QString& text, ColorRef color, double x, double y) {
 void Drawing::Text(const QString& text, ColorRef color, ColorRef shadow, double x, double y,
                    double offset) {
     ShadowText(text, color, shadow, x, y, offset);
-}
-
-void Drawing::Paint(const std::function<void(QPainter&)>& paint) {
-    QPainter painter(&mDc->PaintDevice());
-    painter.setRenderHint(QPainter::Antialiasing);
-    paint(painter);
 }
 
 void DrawPanel(Hdc dc) {

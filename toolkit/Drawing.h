@@ -3,10 +3,7 @@
 #include "toolkit/ApiDraw.h"
 #include "toolkit/Palette.h"
 
-#include <functional>
 #include <initializer_list>
-
-class QPainter;
 
 namespace toolkit {
 
@@ -43,8 +40,8 @@ public:
     void Text(const QString& text, ColorRef color, ColorRef shadow, double x, double y,
               double offset);
 
-    /// Lets `paint` draw what has no routine here: curves, smooth edges, other gradients.
-    void Paint(const std::function<void(QPainter&)>& paint);
+    /// See `PaintShapes`.
+    void Shapes(const std::function<void(QPainter&)>& paint) { PaintShapes(paint); }
 
 private:
     Hdc mDc;

@@ -13,8 +13,8 @@ namespace toolkit {
 namespace {
 
 constexpr Bevel kHeaders[] = {{Rgb(96, 110, 226), Rgb(22, 16, 66), Rgb(30, 36, 116)},
-                              {Rgb(170, 150, 255), Rgb(50, 26, 120), Rgb(70, 52, 172)},
-                              {Rgb(22, 16, 66), kPink, Rgb(20, 12, 60)}};
+                              {kLilac, Rgb(50, 26, 120), Rgb(70, 52, 172)},
+                              {Rgb(22, 16, 66), kPink, kDusk}};
 constexpr Bevel kSubHeaders[] = {{Rgb(34, 36, 100), Rgb(8, 6, 30), Rgb(17, 15, 60)},
                                  {Rgb(90, 90, 190), Rgb(20, 16, 70), Rgb(34, 28, 100)},
                                  {Rgb(8, 6, 30), Rgb(90, 90, 190), Rgb(12, 9, 44)}};
@@ -41,7 +41,7 @@ void DrawArrow(Hdc dc, const QRect& cell, SortArrow arrow) {
     const double right = cell.right() - ListLayout::kMargin;
     const double middle = cell.y() + cell.height() / 2.0;
     const double tip = arrow == SortArrow::Upwards ? -kArrowHeight / 2 : kArrowHeight / 2;
-    Drawing(dc).Paint([=](QPainter& painter) {
+    Drawing(dc).Shapes([=](QPainter& painter) {
         painter.setPen(Qt::NoPen);
         painter.setBrush(ToQColor(kGold));
         painter.drawPolygon(QPolygonF({{right - kArrowWidth, middle - tip},

@@ -21,8 +21,10 @@ constexpr ColorRef kListGround = Rgb(8, 6, 28); // so dark that red text is read
 constexpr ColorRef kNavy = Rgb(0, 0, 100);
 
 // Accents.
-constexpr ColorRef kGold = Rgb(255, 221, 120); // the keyboard focus
-constexpr ColorRef kPink = Rgb(255, 108, 192); // what is pressed
+constexpr ColorRef kGold = Rgb(255, 221, 120);  // the keyboard focus
+constexpr ColorRef kPink = Rgb(255, 108, 192);  // edges of what is pressed
+constexpr ColorRef kDusk = Rgb(20, 12, 60);     // and its ground
+constexpr ColorRef kLilac = Rgb(170, 150, 255); // edges under the pointer
 constexpr ColorRef kPeriwinkle = Rgb(143, 160, 255);
 constexpr ColorRef kAzure = Rgb(0, 100, 250);
 constexpr ColorRef kRed = Rgb(255, 0, 0);

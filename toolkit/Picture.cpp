@@ -230,8 +230,8 @@ QImage LoadSkin(const QString& name) {
 
 QImage PlainSkin(QSize size) {
     constexpr Bevel kFrames[] = {{Rgb(90, 100, 220), Rgb(30, 20, 80), Rgb(25, 30, 100)},
-                                 {Rgb(170, 150, 255), Rgb(60, 30, 140), Rgb(70, 50, 170)},
-                                 {Rgb(30, 20, 80), kPink, Rgb(20, 12, 60)}};
+                                 {kLilac, Rgb(60, 30, 140), Rgb(70, 50, 170)},
+                                 {Rgb(30, 20, 80), kPink, kDusk}};
     Canvas canvas(size.width(), size.height() * 3);
     Drawing drawing(&canvas);
     QRect frame(QPoint(0, 0), size);

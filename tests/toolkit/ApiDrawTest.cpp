@@ -1,6 +1,7 @@
 #include "tests/toolkit/Pictures.h"
 #include "toolkit/Drawing.h"
 
+#include <QPainter>
 #include <functional>
 #include <gtest/gtest.h>
 #include <set>
@@ -141,6 +142,10 @@ TEST_P(Drawings, KeepToTheirClip) {
          }},
         {"text", [](Drawing& drawing) { drawing.Text("WWWWWWWW", kPen, 0, 4); }},
         {"shadow", [](Drawing& drawing) { drawing.Text("WWWWWWWW", kPen, kBrush, 0, 4, 2); }},
+        {"shapes",
+         [](Drawing& drawing) {
+             drawing.Shapes([](QPainter& painter) { painter.fillRect(0, 0, 40, 30, Qt::red); });
+         }},
         {"gradient", [](Drawing& drawing) { drawing.Gradient(0, 0, 40, 30, kPen, kBrush); }},
     };
     const AtRatio ratio(GetParam());
