@@ -35,7 +35,7 @@ COLORS = {
     "text": [PALE],
     "combo box": [PALE],
     "table cell": [PALE, (255, 50, 50)],
-    "table column header": [WHITE],
+    "table column header": [WHITE, (160, 168, 240)],
 }
 INSETS = {"push button": 6, "text": 4, "combo box": 4, "label": 0, "table cell": 3,
           "table column header": 1}
@@ -64,14 +64,13 @@ def grown(mask, radius):
 
 def thin(mask):
     """The part of it that is no wider than strokes are."""
-    return mask & ~filtered(filtered(mask, ImageFilter.MinFilter(STROKE)),
-                            ImageFilter.MaxFilter(STROKE))
+    return mask & ~filtered(mask, ImageFilter.MinFilter(STROKE), ImageFilter.MaxFilter(STROKE))
 
 
 def filtered(mask, *filters):
-    image = Image.fromarray(mask)
+    image = Image.fromarray(mask).convert("L")
     for each in filters:
-        image = image.convert("L").filter(each)
+        image = image.filter(each)
     return numpy.asarray(image) > 0
 
 

@@ -87,8 +87,14 @@ class Program(Reader):
 
     def places_of_texts(self):
         """With the texts and their roles."""
-        return [{"text": text_of(item), "role": item.get_role_name(), "box": self.place(item)}
-                for item in self.texts()]
+        texts = []
+        for item in self.texts():
+            place = self.place(item)
+            texts.append({"text": text_of(item), "role": item.get_role_name(), "box": place})
+            if item.get_role_name() == "table column header" and item.get_description():
+                below = place._replace(top=place.top + place.height, height=place.height * 3 // 4)
+                texts.append({**texts[-1], "text": item.get_description(), "box": below})
+        return texts
 
     # The editor's list of songs.
 

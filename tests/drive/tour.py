@@ -216,6 +216,7 @@ class Tour:
         self.album.shot_of_display("folder-without-titles")
         program.enter_path("Add Folder", self.folder_of_songs("untitled", 20000))
         program.announced(r"Searching for MP3s\.", skip=True)
+        program.wait("something to see", lambda: program.screen.pixels().any(2).mean() > 0.03)
         self.album.picture("searching", program.screen.image(self.album.window))
         self.message("no-song-titles", "Warning playlist contains .* no song titles.*", key="n")
         program.ready(CREATE)
