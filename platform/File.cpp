@@ -6,7 +6,9 @@
 #include <QCoreApplication>
 #include <atomic>
 #include <chrono>
+#include <mutex>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -49,7 +51,7 @@ std::error_code FollowLinks(fs::path& file) {
 class TemporaryFile {
 public:
     explicit TemporaryFile(const fs::path& folder) {
-        RemoveLeft(folder);
+        RemoveLeftovers(folder);
         static std::atomic<unsigned> number = 0;
         const std::string start =
             std::string(kStart) + std::to_string(QCoreApplication::applicationPid()) + '-';
@@ -95,17 +97,22 @@ private:
     static constexpr std::string_view kStart = ".songrush-";
     static constexpr std::string_view kEnd = ".tmp";
 
-    /// Deletes what programs that were killed have left behind.
-    static void RemoveLeft(const fs::path& folder) {
-        // No writing takes so long that a file of this age is still being written.
-        const auto old = fs::file_time_type::clock::now() - std::chrono::hours(1);
+    /// Deletes what killed runs of the program have left in a folder, the first time that it is
+    /// written into: whatever is older than this run's first file.
+    static void RemoveLeftovers(const fs::path& folder) {
+        static const auto oldest = fs::file_time_type::clock::now() - std::chrono::seconds(1);
+        static std::mutex mutex;
+        static std::set<fs::path> done;
+        const std::lock_guard lock(mutex);
+        if (!done.insert(folder).second)
+            return;
         std::error_code error;
         for (fs::directory_iterator entry(folder.empty() ? "." : folder, error), end;
              !error && entry != end; entry.increment(error)) {
             const std::string name = entry->path().filename().string();
             std::error_code ignored;
             if (name.starts_with(kStart) && name.ends_with(kEnd) &&
-                entry->last_write_time(ignored) < old)
+                entry->last_write_time(ignored) < oldest)
                 fs::remove(entry->path(), ignored);
         }
     }

@@ -60,7 +60,7 @@ TEST(ReplaceFileTest, PermissionsAreKeptAndTheOwnerMayReadAndWrite) {
 TEST(ReplaceFileTest, WhatAKilledWritingLeftGoesAndWhatIsBeingWrittenStays) {
     const TemporaryFolder folder;
     const fs::path left = folder.Write(".songrush-1-1.tmp", "half");
-    fs::last_write_time(left, fs::file_time_type::clock::now() - 61min);
+    fs::last_write_time(left, fs::file_time_type::clock::now() - 1h);
     const fs::path written = folder.Write(".songrush-2-1.tmp", "half");
     EXPECT_FALSE(platform::ReplaceFile(folder.Path() / "list", "new"));
     EXPECT_FALSE(fs::exists(left));
