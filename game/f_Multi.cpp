@@ -5,6 +5,7 @@
 #include "platform/Time.h"
 #include "toolkit/Drawing.h"
 #include "toolkit/FittedText.h"
+#include "toolkit/LastInput.h"
 
 #include <QKeyEvent>
 #include <cmath>
@@ -165,6 +166,8 @@ void f_Multi::AnnounceChoices() {
 }
 
 void f_Multi::keyPressEvent(QKeyEvent* event) {
+    if (IsRepeat(*event))
+        return;
     if (event->key() >= Qt::Key_1 && event->key() <= Qt::Key_4)
         ChoiceBoxes()[static_cast<std::size_t>(event->key() - Qt::Key_1)]->Activate();
     else if (event->key() == Qt::Key_H)

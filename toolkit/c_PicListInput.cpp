@@ -1,5 +1,6 @@
 // Mouse and keyboard input of a picture list.
 
+#include "toolkit/LastInput.h"
 #include "toolkit/c_PicListState.h"
 
 #include <QGuiApplication>
@@ -75,12 +76,12 @@ bool c_PicList::Key(const QKeyEvent& event) {
     }
     switch (event.key()) {
     case Qt::Key_Delete:
-        if (!event.isAutoRepeat())
+        if (!IsRepeat(event))
             Q_EMIT RemoveWanted();
         return true;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        if (mState->selected >= 0 && !event.isAutoRepeat())
+        if (mState->selected >= 0 && !IsRepeat(event))
             Q_EMIT LineDoubleClicked(mState->selected);
         return true;
     case Qt::Key_Left:
