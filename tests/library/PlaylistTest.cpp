@@ -1,11 +1,7 @@
 #include "library/c_M3U.h"
 #include "platform/Time.h"
-#include "tests/FileSizeLimit.h"
 #include "tests/TemporaryFolder.h"
 
-#include <QApplication>
-#include <QMessageBox>
-#include <QTimer>
 #include <gtest/gtest.h>
 #include <set>
 #include <string>
@@ -17,7 +13,7 @@ namespace fs = std::filesystem;
 using Songs = std::vector<std::string>;
 
 struct PlaylistTest : testing::Test {
-    TemporaryFolder mFolder;
+    const TemporaryFolder mFolder;
 };
 
 Songs SongsIn(const fs::path& file) {
@@ -36,8 +32,6 @@ Songs Next(c_M3U& list, int count) {
     return songs;
 }
 
-std::set<std::string> AsSet(const Songs& songs) { return {songs.begin(), songs.end()}; }
-
 TEST_F(PlaylistTest, EveryKindOfLineIsReadAndWrittenBack) {
     const struct {
         std::string read;
@@ -50,12 +44,9 @@ TEST_F(PlaylistTest, EveryKindOfLineIsReadAndWrittenBack) {
         {"  ab\t \r\n", "#Songrush:0\r\nab\t\r\n"},
         {"#Songrush:1\r\n#Songrush:0\r\nab\r\n#Songrush:1\r\n", "#Songrush:0\r\nab\r\n"},
         {"ab\ncd\n", "#Songrush:0\r\nab\ncd\n\r\n"},
-        {"#Songrush: 7x\r\naa\r\n#Songrush:-3\r\nbb\r\n",
-         "#Songrush:7\r\naa\r\n#Songrush:-3\r\nbb\r\n"},
-        {"#Songrush:2.5\r\naa\r\n#Songrush:+.6\r\nbb\r\n",
-         "#Songrush:2\r\naa\r\n#Songrush:1\r\nbb\r\n"},
-        {"#Songrush:x1\r\naa\r\n#Songrush:99999\r\nbb\r\n",
-         "#Songrush:0\r\naa\r\n#Songrush:32767\r\nbb\r\n"},
+        {"#Songrush: 7x\r\naa\r\n#Songrush:2.5\r\nbb\r\n",
+         "#Songrush:7\r\naa\r\n#Songrush:2\r\nbb\r\n"},
+        {"#Songrush:99999\r\nbb\r\n", "#Songrush:32767\r\nbb\r\n"},
         {"#       #Songrush:1\r\nab\r\n", "#Songrush:0\r\nab\r\n"},
         {"#Songrush:1 bytes=6\r\n a\r\n#b\r\ncd\r\n",
          "#Songrush:1 bytes=6\r\n a\r\n#b\r\n#Songrush:0\r\ncd\r\n"},
@@ -106,28 +97,20 @@ TEST_F(PlaylistTest, NoSongComesBackBeforeAllWerePlayedAlsoAcrossRuns) {
         bytes += (song < 15 ? "#Songrush:2\r\n" : "") + std::to_string(song) + "\r\n";
     const fs::path file = mFolder.Write("list.m3u", bytes);
     std::set<std::string> played = {"10", "11", "12", "13", "14"};
-    for (int run = 0; run < 5; ++run) {
+    for (const int songs : {10, 15, 30}) { // the last ones are a cycle of their own
         c_M3U list;
         list.ReadFile(file);
         list.RandomizeList();
-        played.merge(AsSet(Next(list, 5)));
+        const Songs next = Next(list, songs);
+        const std::size_t before = songs < 30 ? played.size() : 0;
+        played.insert(next.begin(), next.end());
+        EXPECT_EQ(played.size(), before + next.size());
     }
-    EXPECT_EQ(played.size(), 30u);
-    c_M3U list;
-    list.ReadFile(file);
-    list.RandomizeList();
-    EXPECT_EQ(AsSet(Next(list, 30)), played) << "the next cycle";
-    list.ClearAllPlayed();
-    list.RandomizeList();
-    std::set<std::string> half = AsSet(Next(list, 15));
-    list.RandomizeList();
-    half.merge(AsSet(Next(list, 15)));
-    EXPECT_EQ(half, played) << "a new order in the middle of a cycle";
 }
 
 TEST_F(PlaylistTest, AnEmptyListWritesNothingAndAMissingFileIsCreatedEmpty) {
     const fs::path comments = mFolder.Write("comments.m3u", "#EXTM3U\r\n#x\r\n");
-    EXPECT_EQ(SongsIn(comments), Songs());
+    c_M3U().WriteFile(comments);
     EXPECT_EQ(BytesOf(comments), "#EXTM3U\r\n#x\r\n");
     EXPECT_EQ(SongsIn(mFolder.Path() / "new.m3u"), Songs());
     EXPECT_EQ(BytesOf(mFolder.Path() / "new.m3u"), "");
@@ -138,27 +121,6 @@ TEST_F(PlaylistTest, AnEmptyListWritesNothingAndAMissingFileIsCreatedEmpty) {
     EXPECT_EQ(list.FileName(1), "");
     list.ReadFile(mFolder.Path());
     EXPECT_EQ(list.Count(), 0) << "a folder cannot be read";
-}
-
-TEST_F(PlaylistTest, AFailedWriteIsToldAndLeavesTheOldFile) {
-    QString told;
-    QTimer::singleShot(0, [&told] {
-        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        ASSERT_NE(box, nullptr);
-        told = box->text();
-        box->accept();
-    });
-    const fs::path file = mFolder.Write("list.m3u", "old");
-    {
-        c_M3U list;
-        list.Add(std::string(100, 'x'));
-        const FileSizeLimit limit(50);
-        list.WriteFile(file);
-    }
-    EXPECT_EQ(told.toStdString(),
-              "Error Writing Playlist file:" + file.string() + ":\nFile too large");
-    EXPECT_EQ(BytesOf(file), "old");
-    EXPECT_EQ(mFolder.Entries(), 1);
 }
 
 } // namespace
