@@ -1,9 +1,6 @@
 #include "platform/DesktopMotion.h"
 #include "tests/TemporaryFolder.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <gtest/gtest.h>
 
 namespace {
@@ -49,10 +46,8 @@ TEST(Motion, IsReducedByTheFilesOfTheDesktops) {
     for (const auto& c : cases) {
         const TemporaryFolder folder;
         EXPECT_FALSE(platform::MotionReducedInFiles(folder.Path()));
-        QFile file(folder.Path() / c.file);
-        ASSERT_TRUE(QDir().mkpath(QFileInfo(file).path()));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(c.text) > 0);
-        file.close();
+        create_directories((folder.Path() / c.file).parent_path());
+        folder.Write(c.file, c.text);
         EXPECT_EQ(platform::MotionReducedInFiles(folder.Path()), c.reduced) << c.text;
     }
 }

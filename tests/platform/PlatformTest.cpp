@@ -1,7 +1,5 @@
-#include "platform/Chance.h"
 #include "platform/Message.h"
 #include "platform/Settings.h"
-#include "platform/SingleInstance.h"
 #include "platform/System.h"
 #include "platform/Wait.h"
 
@@ -10,14 +8,10 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSettings>
-#include <QTemporaryDir>
 #include <QTimer>
 #include <csignal>
-#include <cstddef>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace {
 
@@ -48,18 +42,6 @@ TEST(Settings, AStoreThatIsNoFileHasNothingAndIsNeverWaitedFor) {
     EXPECT_EQ(platform::ReadSetting("Pipe", "Dirs", "Text", "none"), "none");
 }
 
-TEST(Chance, EndValuesGetHalfTheRangeOfTheOthers) {
-    const struct {
-        double random;
-        int drawn;
-    } cases[] = {{0.0, 0}, {0.12, 0}, {0.13, 1}, {0.37, 1}, {0.38, 2}, {0.88, 4}, {0.9999, 4}};
-    for (const auto& c : cases) {
-        const auto before = platform::ReplaceRandom([&c] { return c.random; });
-        EXPECT_EQ(platform::RndRounded(4), c.drawn) << c.random;
-        platform::ReplaceRandom(before);
-    }
-}
-
 class WaitTest : public testing::Test {
 protected:
     /// A quit leaves its mark on Qt's loops; the main loop wipes it off.
@@ -68,13 +50,6 @@ protected:
         QCoreApplication::exec();
     }
 };
-
-TEST_F(WaitTest, AWaitEndsWhenItsConditionChanges) {
-    bool waiting = true;
-    QTimer::singleShot(1, qApp, [&waiting] { waiting = false; });
-    platform::WaitWhile([&waiting] { return waiting; });
-    EXPECT_FALSE(platform::Quitting());
-}
 
 TEST_F(WaitTest, NestedAndLaterWaitsEndAfterAQuit) {
     const auto forever = [] { return true; };
@@ -120,57 +95,6 @@ TEST_F(WaitTest, AfterAQuitNothingIsShownAndQuestionsAreAnsweredWithNo) {
     platform::ShowMessage("a message");
     EXPECT_FALSE(platform::AskYesNo("a question"));
     EXPECT_FALSE(windows.shown);
-}
-
-/// Another running copy of the program, until it is killed.
-class Copy {
-public:
-    Copy() {
-        int ends[2] = {-1, -1};
-        EXPECT_EQ(pipe(ends), 0);
-        mProcess = fork();
-        if (mProcess == 0) {
-            const char claimed = platform::ClaimSingleInstance() ? 'y' : 'n';
-            if (write(ends[1], &claimed, 1) == 1)
-                pause();
-            _exit(1);
-        }
-        close(ends[1]);
-        EXPECT_EQ(read(ends[0], &mClaimed, 1), 1);
-        close(ends[0]);
-    }
-    ~Copy() {
-        kill(mProcess, SIGKILL);
-        waitpid(mProcess, nullptr, 0);
-    }
-    bool Claimed() const { return mClaimed == 'y'; }
-
-private:
-    pid_t mProcess = -1;
-    char mClaimed = '?';
-};
-
-TEST(SingleInstance, IsFreeOnceItIsReleased) {
-    ASSERT_TRUE(platform::ClaimSingleInstance());
-    EXPECT_FALSE(Copy().Claimed());
-    platform::ReleaseSingleInstance();
-    EXPECT_TRUE(Copy().Claimed());
-}
-
-TEST(SingleInstance, ASecondCopyIsRefusedUntilTheFirstIsGone) {
-    const QTemporaryDir folder;
-    const QByteArray before = qgetenv("XDG_RUNTIME_DIR");
-    qputenv("XDG_RUNTIME_DIR", folder.path().toUtf8());
-    {
-        const Copy first;
-        EXPECT_TRUE(first.Claimed());
-        EXPECT_FALSE(Copy().Claimed());
-        EXPECT_FALSE(Copy().Claimed()); // the refused one took nothing away
-    }
-    EXPECT_TRUE(Copy().Claimed());
-    qputenv("XDG_RUNTIME_DIR", folder.path().toUtf8() + "/missing");
-    EXPECT_TRUE(Copy().Claimed());
-    qputenv("XDG_RUNTIME_DIR", before);
 }
 
 } // namespace
