@@ -5,12 +5,12 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QMap>
 #include <QSignalSpy>
 #include <QTest>
 #include <QWindow>
 #include <algorithm>
 #include <gtest/gtest.h>
-#include <vector>
 
 namespace {
 
@@ -22,36 +22,14 @@ constexpr QPoint kBoxPlace(31, 17);
 constexpr ColorRef kFrames[] = {Rgb(0, 0, 200), Rgb(0, 200, 0), Rgb(200, 0, 0)};
 const QString kSkin = QStringLiteral("Images\\Skin.bmp");
 
-// Points in the box.
-constexpr QPoint kShape(20, 10);
-constexpr QPoint kInHole(5, 10);
-constexpr QPoint kBeside(-4, 10);
-constexpr QPoint kBelow(20, 24);
-constexpr QPoint kFarAway(150, 70);
+/// Points in the box.
+const QMap<QString, QPoint> kPlaces = {{"shape", {20, 10}},
+                                       {"hole", {5, 10}},
+                                       {"beside", {-4, 10}},
+                                       {"below", {20, 24}},
+                                       {"away", {150, 70}}};
 
-enum class Act {
-    Move,
-    Press,
-    Release,
-    Hide,
-    Show,
-    KeyDown,
-    KeyRepeat,
-    KeyRepeatInTwo,
-    KeyUp,
-    LoseKeys
-};
-
-constexpr int kPressed = 2; // among the looks
-
-struct Step {
-    Act act;
-    QPoint at;
-    int look;
-    int clicks;
-};
-
-/// A form with a box in which a button is tried with a real pointer.
+/// A form with a box in which a button is tried with a real pointer and real keys.
 class Buttons : public testing::TestWithParam<double> {
 protected:
     Buttons() {
@@ -59,36 +37,52 @@ protected:
         mBox.move(kBoxPlace);
         mForm.ShowInPlace();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&mForm));
-        Do(Act::Move, kFarAway);
     }
 
-    void Do(Act act, QPoint at, Qt::MouseButton button = Qt::LeftButton) {
-        if (act == Act::Hide || act == Act::Show)
-            return mBox.setVisible(act == Act::Show);
-        if (act >= Act::KeyDown)
-            return DoWithKeys(act);
+    /// Takes the pointer to the places named and acts there. After each step stands how the button
+    /// looks then (0 normal, 1 hovered, 2 pressed, - none of these), and "!" if it clicked.
+    template <typename Button> void Follow(Button& button, const QString& steps) {
+        QSignalSpy clicks(&button, &Button::Clicked);
+        QStringList seen;
+        Do("away");
+        for (const QString& step : steps.split(", ")) {
+            clicks.clear();
+            Do(step.section(u' ', 0, 0));
+            seen << step.section(u' ', 0, 0) + u' ' + Look() + QString(clicks.size(), u'!');
+        }
+        EXPECT_EQ(seen.join(", ").toStdString(), steps.toStdString());
+    }
+
+    void Do(const QString& step) {
         QWindow* window = mForm.windowHandle();
-        QTest::mouseMove(window, kBoxPlace + at);
-        if (act == Act::Press)
-            QTest::mousePress(window, button, Qt::NoModifier, kBoxPlace + at);
-        if (act == Act::Release)
-            QTest::mouseRelease(window, button, Qt::NoModifier, kBoxPlace + at);
+        if (step == "press") {
+            QTest::mousePress(window, mMouse, {}, mPointer);
+        } else if (step == "release") {
+            QTest::mouseRelease(window, mMouse, {}, mPointer);
+        } else if (step == "hide" || step == "show") {
+            mBox.setVisible(step == "show");
+        } else if (step == "leave") {
+            mBox.clearFocus();
+        } else if (kPlaces.contains(step)) {
+            mPointer = kBoxPlace + kPlaces[step];
+            QTest::mouseMove(window, mPointer);
+        } else {
+            DoWithKeys(step);
+        }
     }
 
-    void DoWithKeys(Act act) {
-        if (act == Act::LoseKeys)
-            return mBox.clearFocus();
-        if (act == Act::KeyDown) {
+    void DoWithKeys(const QString& step) {
+        if (step == "key") {
             mBox.clearFocus(); // forgets that it took the keys over when it was shown again
             mBox.setFocus();
         }
-        if (act == Act::KeyRepeatInTwo)
+        if (step == "again") // as a repeat comes on some systems
             SendKey(QEvent::KeyRelease);
-        SendKey(act == Act::KeyUp ? QEvent::KeyRelease : QEvent::KeyPress, act == Act::KeyRepeat);
+        SendKey(step == "up" ? QEvent::KeyRelease : QEvent::KeyPress, step == "repeat");
         mTime += 40;
-        if (act == Act::KeyRepeatInTwo)
+        if (step == "again")
             QTest::qWait(40); // longer than a repeat is waited for
-        EXPECT_TRUE(act != Act::KeyUp || QTest::qWaitFor([this] { return Look() != kPressed; }));
+        EXPECT_TRUE(step != "up" || QTest::qWaitFor([this] { return Look() != u'2'; }));
     }
 
     void SendKey(QEvent::Type type, bool repeats = false) {
@@ -99,54 +93,20 @@ protected:
 
     /// The button by each of the keys that press it.
     template <typename Button> void FollowKeys(Button& button) {
-        using enum Act;
-        const struct {
-            const char* rule;
-            std::vector<Step> steps;
-        } cases[] = {
-            {"pressed while held",
-             {{KeyDown, {}, 2, 1},
-              {KeyRepeat, {}, 2, 1},
-              {KeyRepeatInTwo, {}, 2, 1},
-              {KeyUp, {}, 0, 1}}},
-            {"under the pointer", {{Move, kShape, 1, 0}, {KeyDown, {}, 2, 1}, {KeyUp, {}, 1, 1}}},
-            {"the pointer leaves meanwhile",
-             {{Move, kShape, 1, 0},
-              {KeyDown, {}, 2, 1},
-              {Move, kFarAway, 2, 1},
-              {KeyUp, {}, 0, 1}}},
-            {"the keys go elsewhere",
-             {{KeyDown, {}, 2, 1}, {LoseKeys, {}, 0, 1}, {KeyUp, {}, 0, 1}}},
-            {"hidden by its click",
-             {{KeyDown, {}, 2, 1}, {Hide, {}, 0, 1}, {KeyUp, {}, 0, 1}, {Show, {}, 0, 1}}},
-            {"held before it came", {{KeyRepeat, {}, 0, 0}, {KeyUp, {}, 0, 0}}},
-        };
         for (const int key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
             mKey = key;
-            for (const auto& c : cases) {
-                const testing::ScopedTrace trace(__FILE__, __LINE__, c.rule);
-                Do(Move, kFarAway);
-                Follow(button, c.steps);
-            }
+            for (const char* steps : {"key 2!, repeat 2, again 2, up 0", "shape 1, key 2!, up 1",
+                                      "shape 1, key 2!, away 2, up 0", "key 2!, leave 0, up 0",
+                                      "key 2!, hide 0, up 0, show 0", "repeat 0, up 0"})
+                Follow(button, steps);
         }
     }
 
-    template <typename Button>
-    void Follow(Button& button, const std::vector<Step>& steps,
-                Qt::MouseButton mouse = Qt::LeftButton) {
-        QSignalSpy clicks(&button, &Button::Clicked);
-        int number = 0;
-        for (const Step& step : steps) {
-            ++number;
-            Do(step.act, step.at, mouse);
-            EXPECT_EQ(Look(), step.look) << "after step " << number;
-            EXPECT_EQ(clicks.size(), step.clicks) << "after step " << number;
-        }
-    }
-
-    virtual int Look() const = 0;
+    virtual QChar Look() const = 0;
     ColorRef At(int x, int y) const { return mBox.Picture().Pixel(x, y); }
 
+    Qt::MouseButton mMouse = Qt::LeftButton;
+    QPoint mPointer;
     int mKey = 0;
     quint64 mTime = 1;
     AtRatio mRatio{GetParam()};
@@ -166,9 +126,9 @@ protected:
         mButton.Create(&mBox, kSkin, QString());
     }
 
-    int Look() const override {
-        const auto* frame = std::ranges::find(kFrames, At(kShape.x(), kShape.y()));
-        return frame == std::end(kFrames) ? -1 : static_cast<int>(frame - kFrames);
+    QChar Look() const override {
+        const auto* frame = std::ranges::find(kFrames, At(20, 10));
+        return frame == std::end(kFrames) ? u'-' : u"012"[frame - kFrames];
     }
 
     PictureFolder mFolder;
@@ -179,10 +139,10 @@ class PicButton : public Buttons {
 protected:
     PicButton() { mButton.Create(&mBox, QString()); }
 
-    int Look() const override {
+    QChar Look() const override {
         // The first of the gradient's colours tells the looks of the blue scheme apart.
         const RgbParts parts = SplitRgb(At(3, 3));
-        return parts.red > 100 ? 1 : parts.blue > 150 ? 0 : 2;
+        return parts.red > 100 ? u'1' : parts.blue > 150 ? u'0' : u'2';
     }
 
     c_PicButton mButton;
@@ -191,47 +151,22 @@ protected:
 INSTANTIATE_TEST_SUITE_P(Ratio, SurfButton, testing::Values(1, 1.5, 2));
 INSTANTIATE_TEST_SUITE_P(Ratio, PicButton, testing::Values(1, 2));
 
-using enum Act;
-
 TEST_P(SurfButton, FollowsThePointerOnItsShape) {
-    const struct {
-        const char* rule;
-        std::vector<Step> steps;
-    } cases[] = {
-        {"hovers on its shape only",
-         {{Move, kShape, 1, 0}, {Move, kInHole, 0, 0}, {Move, kShape, 1, 0}, {Move, kBelow, 0, 0}}},
-        {"clicks when released on it",
-         {{Press, kShape, 2, 0}, {Move, {25, 12}, 2, 0}, {Release, kShape, 0, 1}}},
-        {"released beside",
-         {{Press, kShape, 2, 0}, {Move, kBeside, 2, 0}, {Release, kBeside, 0, 0}}},
-        {"released below", {{Press, kShape, 2, 0}, {Move, kBelow, 2, 0}, {Release, kBelow, 0, 0}}},
-        {"released in the hole",
-         {{Press, kShape, 2, 0}, {Move, kInHole, 0, 0}, {Release, kInHole, 0, 0}}},
-        {"pressed in the hole", {{Press, kInHole, 0, 0}, {Release, kInHole, 0, 0}}},
-        {"clicks when back from beside",
-         {{Press, kShape, 2, 0},
-          {Move, kBeside, 2, 0},
-          {Move, kShape, 2, 0},
-          {Release, kShape, 0, 1}}},
-        {"clicks when back from the hole",
-         {{Press, kShape, 2, 0},
-          {Move, kInHole, 0, 0},
-          {Move, kShape, 1, 0},
-          {Release, kShape, 0, 1}}},
-        {"forgets the press that it was hidden under",
-         {{Press, kShape, 2, 0},
-          {Hide, {}, 0, 0},
-          {Release, kShape, 0, 0},
-          {Show, {}, 0, 0},
-          {Move, kInHole, 0, 0},
-          {Move, kShape, 1, 0}}},
-    };
     for (const Qt::MouseButton mouse : {Qt::LeftButton, Qt::RightButton}) {
-        for (const auto& c : cases) {
-            const testing::ScopedTrace trace(__FILE__, __LINE__, c.rule);
-            Do(Move, kFarAway);
+        mMouse = mouse;
+        for (const char* steps : {
+                 "shape 1, hole 0, shape 1, below 0",
+                 "shape 1, press 2, shape 2, release 0!",
+                 "shape 1, press 2, beside 2, release 0",
+                 "shape 1, press 2, below 2, release 0",
+                 "shape 1, press 2, hole 0, release 0",
+                 "hole 0, press 0, release 0",
+                 "shape 1, press 2, beside 2, shape 2, release 0!",
+                 "shape 1, press 2, hole 0, shape 1, release 0!",
+                 "shape 1, press 2, hide 0, release 0, show 0, hole 0, shape 1",
+             }) {
             mButton.Refresh(c_SurfButton::Normal);
-            Follow(mButton, c.steps, mouse);
+            Follow(mButton, steps);
         }
     }
 }
@@ -247,7 +182,7 @@ TEST_P(SurfButton, IgnoresTheMouseAndDrawsNothingWhileDisabled) {
     mButton.mDisabled = true;
     mButton.Refresh(c_SurfButton::Pressed);
     QSignalSpy clicks(&mButton, &c_SurfButton::Clicked);
-    Follow(mButton, {{Move, kShape, -1, 0}, {Press, kShape, -1, 0}, {Release, kShape, -1, 0}});
+    Follow(mButton, "shape -, press -, release -");
     mBox.Activate();
     EXPECT_EQ(clicks.size(), 0);
 }
@@ -272,33 +207,9 @@ TEST_P(SurfButton, ShowsTheFormThroughItsHole) {
             ASSERT_EQ(At(x, y), kHole.contains(x, y) ? Rgb(9, 8, 7) : kFrames[1]) << x << ", " << y;
 }
 
-TEST_P(SurfButton, SharesItsSkinWithClones) {
-    PictureBox second(&mForm, QStringLiteral("pSecond"), QSize(5, 5));
-    second.move(100, 60);
-    c_SurfButton clone;
-    clone.Clone(&second, mButton, QString());
-    EXPECT_EQ(second.size(), kFrame);
-    clone.Refresh(c_SurfButton::Pressed);
-    EXPECT_EQ(second.Picture().Pixel(20, 10), kFrames[2]);
-    EXPECT_EQ(second.Picture().Pixel(5, 10), mForm.Dc()->Pixel(105, 70));
-
-    mButton.Surfaces()->FreeSurfaces();
-    clone.Refresh();
-    EXPECT_EQ(second.Picture().Pixel(20, 10), mForm.Dc()->Pixel(120, 70));
-    EXPECT_FALSE(clone.IsTouching(20, 10));
-}
-
 TEST_P(PicButton, ClicksWhereverItIsReleased) {
-    Follow(mButton, {{Move, kInHole, 1, 0},
-                     {Press, kInHole, 2, 0},
-                     {Move, kShape, 2, 0},
-                     {Release, kShape, 0, 1},
-                     {Move, kInHole, 1, 1},
-                     {Press, kShape, 2, 1},
-                     {Move, kBeside, 0, 1},
-                     {Move, kShape, 1, 1},
-                     {Move, kBeside, 0, 1},
-                     {Release, kBeside, 0, 2}});
+    Follow(mButton, "hole 1, press 2, shape 2, release 0!, hole 1, shape 1, press 2, beside 0, "
+                    "shape 1, beside 0, release 0!");
 }
 
 } // namespace

@@ -1,26 +1,23 @@
 #pragma once
 
 #include "platform/ProgramFolder.h"
+#include "tests/TemporaryFolder.h"
 #include "toolkit/Canvas.h"
 
 #include <QBuffer>
-#include <QDir>
-#include <QFile>
 #include <QImage>
-#include <QTemporaryDir>
-#include <gtest/gtest.h>
 
 /// A program's folder with the pictures that a test needs.
 class PictureFolder {
 public:
-    PictureFolder() { platform::SetProgramFolder(mFolder.path().toStdString()); }
+    PictureFolder() { platform::SetProgramFolder(mFolder.Path()); }
     ~PictureFolder() { platform::SetProgramFolder({}); }
 
     /// `file` with slashes, as in "Images/X.bmp".
     void Write(const QString& file, const QByteArray& bytes) const {
-        QFile target(mFolder.filePath(file));
-        ASSERT_TRUE(QDir().mkpath(QFileInfo(target).path()));
-        ASSERT_TRUE(target.open(QFile::WriteOnly) && target.write(bytes) == bytes.size());
+        const std::filesystem::path target = mFolder.Path() / file.toStdString();
+        create_directories(target.parent_path());
+        mFolder.Write(target, bytes.toStdString());
     }
 
     void Save(const QString& file, const QImage& picture) const { Write(file, Bitmap(picture)); }
@@ -32,7 +29,7 @@ public:
     }
 
 private:
-    QTemporaryDir mFolder;
+    TemporaryFolder mFolder;
 };
 
 /// While it lives, new canvases have `ratio` pixels of the screen for a logical pixel.
