@@ -5,6 +5,7 @@
 #include "library/c_M3U.h"
 #include "platform/ProgramFolder.h"
 #include "tests/audio/ToneFile.h"
+#include "toolkit/c_Surface.h"
 
 #include <cmath>
 #include <map>
@@ -32,9 +33,15 @@ SongFolder::SongFolder() {
     fs::create_directory_symlink(SONGRUSH_IMAGES, Path() / "Images");
     fs::create_directory(Path() / "PlayList");
     platform::SetProgramFolder(Path());
+    gBack = std::make_unique<c_Surface>();
+    gBack->CreateSurface(800, 600, QStringLiteral("Images\\Back.bmp"));
 }
 
-SongFolder::~SongFolder() { platform::SetProgramFolder({}); }
+SongFolder::~SongFolder() {
+    gAudio.reset();
+    gBack.reset();
+    platform::SetProgramFolder({});
+}
 
 std::vector<fs::path> SongFolder::MakeSongs(int count, const char* name) {
     const fs::path folder = Path() / name;
@@ -42,7 +49,7 @@ std::vector<fs::path> SongFolder::MakeSongs(int count, const char* name) {
     std::vector<fs::path> songs;
     for (int number = 1; number <= count; ++number) {
         songs.push_back(folder / ("song" + std::to_string(number) + ".mp3"));
-        tonefile::Write(songs.back(), SongBytes(number));
+        mFolder.Write(songs.back(), SongBytes(number));
         c_ID3 tag;
         tag.SetTitle(Title(number));
         tag.PutIdTag(songs.back());

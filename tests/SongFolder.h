@@ -7,7 +7,7 @@
 #include <vector>
 
 /// A program folder of its own for a test, with the real pictures, and songs in it that are told
-/// apart by their lengths.
+/// apart by their lengths. While it lives there is the ground of all screens, after it no player.
 class SongFolder {
 public:
     SongFolder();

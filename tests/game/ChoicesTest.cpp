@@ -2,6 +2,7 @@
 
 #include "platform/Chance.h"
 
+#include <QString>
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <string>
@@ -35,33 +36,15 @@ TEST(Choices, DrawsRoundHalfToEvenAndSkipFirstCurrentAndDrawnEntries) {
     EXPECT_TRUE(random.UsedUp());
 }
 
-TEST(Choices, TheEndsAreHalfAsLikelyAndTheFirstEntryIsNeverOffered) {
-    platform::Randomize(1);
-    std::vector<int> hits(20);
-    std::array<int, 4> slots{};
-    for (int i = 0; i < 20000; ++i) {
-        const auto choices = game::DrawChoices(20, NumberedFile, NumberedFile(7));
-        ++slots.at(static_cast<std::size_t>(choices.correctSlot));
-        for (const int index : choices.candidates)
-            ++hits.at(static_cast<std::size_t>(index));
-    }
-    EXPECT_EQ(hits[0], 0);
-    EXPECT_EQ(hits[7], 0);
-    EXPECT_NEAR(hits[19] / double(hits[12]), 0.5, 0.05);
-    EXPECT_NEAR(slots[0] / double(slots[1]), 0.5, 0.05);
-    EXPECT_NEAR(slots[3] / double(slots[2]), 0.5, 0.05);
-}
-
 TEST(Choices, PoorPlaylistsGiveRulesUpLeastImportantFirst) {
     const struct {
-        std::string playlist;               // one letter a file; A is the current song
-        std::array<std::string, 4> allowed; // indices that the candidates may be
+        std::string playlist;           // one letter a file; A is the current song
+        std::array<QString, 4> allowed; // indices that the candidates may be
     } cases[] = {
         {"ABBCCAAAAA", {"1234", "1234", "1234", "1234"}}, // files twice, as different entries
         {"XBBBAAAAAA", {"123", "123", "123", "0"}},       // then the first entry
         {"BAAABAAAAA", {"4", "0", "04", "04"}},           // then the same entry again
         {"AAAABAAAAA", {"4", "4", "4", "4"}},
-        {"AAAAAAAAAA", {"0123456789", "0123456789", "0123456789", "0123456789"}},
         {"", {"0", "0", "0", "0"}},
     };
     for (const auto& [playlist, allowed] : cases) {
@@ -73,7 +56,7 @@ TEST(Choices, PoorPlaylistsGiveRulesUpLeastImportantFirst) {
             const auto drawn =
                 game::DrawChoices(static_cast<int>(playlist.size()), fileName, "a").candidates;
             for (std::size_t slot = 0; slot < drawn.size(); ++slot)
-                EXPECT_NE(allowed[slot].find(std::to_string(drawn[slot])), std::string::npos)
+                EXPECT_TRUE(allowed[slot].contains(QString::number(drawn[slot])))
                     << playlist << ": " << drawn[slot] << " in slot " << slot;
             if (playlist == cases[0].playlist) {
                 EXPECT_NE(fileName(drawn[0]), fileName(drawn[1]));
