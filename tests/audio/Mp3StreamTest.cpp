@@ -13,17 +13,8 @@ namespace {
 
 using audio::Frame;
 using audio::Mp3Stream;
+using sound::Read;
 using tonefile::Kind;
-
-/// The next `count` frames, fewer at the end.
-std::vector<Frame> Read(Mp3Stream& stream, std::size_t count) {
-    std::vector<Frame> frames(count);
-    std::size_t done = 0;
-    for (std::size_t got = 1; got > 0 && done < count; done += got)
-        got = stream.Read(std::span(frames).subspan(done));
-    frames.resize(done);
-    return frames;
-}
 
 /// Passes over `count` frames by decoding them and returns how many there were.
 std::size_t Skip(Mp3Stream& stream, std::size_t count) {

@@ -27,9 +27,7 @@ protected:
     ClipPlayer() { setenv("SDL_AUDIODRIVER", "dummy", 1); }
     std::filesystem::path Song(int seconds) const {
         const std::filesystem::path path = mFolder.Path() / std::to_string(seconds);
-        if (!std::filesystem::exists(path))
-            tonefile::Write(path, tonefile::Encode(seconds));
-        return path;
+        return exists(path) ? path : mFolder.Write(path, tonefile::Encode(seconds));
     }
     bool Passes(double seconds) const {
         return Eventually([&] { return mPlayer.Position() > seconds; });

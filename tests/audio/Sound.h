@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <span>
+#include <vector>
 
 /// Looking at sound in tests.
 namespace sound {
@@ -17,6 +18,16 @@ inline float Difference(std::span<const audio::Frame> part, std::span<const audi
         largest = std::max({largest, std::abs(part[i].left - whole[i].left),
                             std::abs(part[i].right - whole[i].right)});
     return largest;
+}
+
+/// The next `count` frames of a stream, fewer at the end.
+template <typename Stream> std::vector<audio::Frame> Read(Stream& stream, std::size_t count) {
+    std::vector<audio::Frame> frames(count);
+    std::size_t done = 0;
+    for (std::size_t got = 1; got > 0 && done < count; done += got)
+        got = stream.Read(std::span(frames).subspan(done));
+    frames.resize(done);
+    return frames;
 }
 
 /// Pitch of a tone in Hz.

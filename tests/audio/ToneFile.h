@@ -1,6 +1,5 @@
 #pragma once
 
-#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -24,9 +23,6 @@ struct Encoding {
 
 /// The bytes of an MP3 file of that many seconds.
 std::string Encode(double seconds, const Encoding& encoding = {});
-
-/// Writes a file, replacing what is there.
-void Write(const std::filesystem::path& path, const std::string& bytes);
 
 /// A kind of file found in the wild.
 struct Kind {
