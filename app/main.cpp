@@ -24,11 +24,11 @@ int RunProgram(int argc, char* argv[]) {
     toolkit::Canvas::SetRatio(application.devicePixelRatio());
     // Loads the menu's font and pictures while the rest of the program starts.
     toolkit::PreloadFont();
-    toolkit::PreloadPictures(
-        QStringLiteral("Images\\Back.bmp"),
-        {QStringLiteral("Images\\X.bmp"), QStringLiteral("Images\\bMin.bmp"),
-         QStringLiteral("Images\\bSingle.bmp"), QStringLiteral("Images\\bMulti.bmp"),
-         QStringLiteral("Images\\bEditor.bmp")});
+    toolkit::PreloadPictures(QStringLiteral("Images\\Back.bmp"),
+                             {QStringLiteral("Images\\X.bmp"), QStringLiteral("Images\\bMin.bmp"),
+                              QStringLiteral("Images\\bSingle.bmp"),
+                              QStringLiteral("Images\\bMulti.bmp"),
+                              QStringLiteral("Images\\bEditor.bmp")});
     toolkit::ApplyStyle();
     toolkit::WriteNumbersInEnglish();
     const platform::QuitWatch quitWatch;

@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""run.py <build folder>
+"""package.py <build folder>
 Makes packages of the tested build, has them checked by the system's own tools, and plays what comes
 out of them: the archive unpacked somewhere, and the Debian package installed for all users. Whoever
 may not install is told so; the status is then 77."""
