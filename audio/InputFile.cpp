@@ -8,7 +8,7 @@
 namespace audio {
 
 namespace {
-constexpr std::size_t kBufferSize = 64 * 1024;
+constexpr std::size_t kBufferSize = std::size_t{64} * 1024;
 }
 
 bool InputFile::Open(const std::filesystem::path& path, std::stop_token stop) {

@@ -60,6 +60,7 @@ std::vector<fs::path> SongsOf(const fs::path& file) {
     if (const std::error_code error = playlist.ReadFile(file))
         Tell(c_M3U::ReadFailure(file, error));
     std::vector<fs::path> songs;
+    songs.reserve(static_cast<std::size_t>(playlist.Count()));
     std::error_code ignored;
     for (int song = 0; song < playlist.Count(); ++song)
         songs.push_back(fs::absolute(playlist.FileName(song), ignored));

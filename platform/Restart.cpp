@@ -5,7 +5,6 @@
 
 #include <QProcess>
 #include <QStringList>
-#include <cstdlib>
 
 #ifdef SONGRUSH_POSIX
 #include <unistd.h>
@@ -22,8 +21,7 @@ void Restart(char* arguments[]) {
     QStringList others;
     for (char** argument = arguments + 1; *argument != nullptr; ++argument)
         others << QString::fromLocal8Bit(*argument);
-    if (QProcess::startDetached(QString::fromLocal8Bit(arguments[0]), others))
-        std::exit(0);
+    QProcess::startDetached(QString::fromLocal8Bit(arguments[0]), others);
 }
 
 } // namespace platform

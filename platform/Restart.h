@@ -2,8 +2,9 @@
 
 namespace platform {
 
-/// Ends this process and starts the program anew with the same arguments. Called at the very end,
-/// when nothing of the program is left that another copy would disturb; returns only on failure.
+/// Starts the program anew with the same arguments, where possible in place of this process. Called
+/// at the very end, when nothing of the program is left that another copy would disturb; if it
+/// returns, the process ends.
 void Restart(char* arguments[]);
 
 } // namespace platform

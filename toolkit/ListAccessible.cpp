@@ -146,13 +146,14 @@ public:
     int childCount() const override { return mList ? CellIndex(rowCount(), 0, *mList) : 0; }
 
     QAccessibleInterface* child(int index) const override {
-        if (index < 0 || index >= childCount())
+        const int columns = columnCount();
+        if (index < 0 || index >= childCount() || columns == 0)
             return nullptr;
         const auto known = mCells.find(index);
         if (known != mCells.end())
             return QAccessible::accessibleInterface(known->second);
         auto* cell = new AccessibleCell(static_cast<PictureBox*>(widget()), mList,
-                                        index / columnCount() - 1, index % columnCount());
+                                        index / columns - 1, index % columns);
         mCells[index] = QAccessible::registerAccessibleInterface(cell);
         return cell;
     }

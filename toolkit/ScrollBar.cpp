@@ -67,7 +67,8 @@ int ScrollBar::MaxTop() const { return std::max(mContent - mPage, 0); }
 int ScrollBar::Top() const { return std::clamp(mTop, 0, MaxTop()); }
 
 int ScrollBar::ThumbLength() const {
-    const int shortest = static_cast<int>(std::lround(mSkin.height() / 3 / Canvas::Ratio()));
+    const int frame = mSkin.height() / 3;
+    const int shortest = static_cast<int>(std::lround(frame / Canvas::Ratio()));
     const double part = static_cast<double>(mPage) / std::max(mContent, 1);
     return std::max(static_cast<int>(part * (mTrack.height() - 2 * kEdge)), shortest);
 }
