@@ -14,7 +14,7 @@ namespace {
 /// Enough to be heard until the device is open and the feeding has begun.
 constexpr std::size_t kFirstBlock = 4096;
 constexpr auto kFeedPause = 20ms;
-/// How long a device stays open in silence: the next song mostly follows at once.
+/// How long a device stays open in silence: the next song usually follows at once.
 constexpr auto kLinger = 100ms;
 /// A device that has not asked for frames for so long is given up.
 constexpr auto kFadeLimit = 300ms;

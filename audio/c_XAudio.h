@@ -17,7 +17,7 @@ class SongMeter;
 ///
 /// All songs are heard at one loudness, that of the song as a whole being brought to -16 LUFS, and
 /// none beyond full scale; the files stay as they are. The loudness is measured from `OpenFile` on
-/// and mostly known when `Play` is called.
+/// and usually known when `Play` is called.
 ///
 /// All functions are called from one thread, that of the user interface. Times are in seconds.
 /// Without an open file all but `OpenFile` do nothing.
@@ -48,7 +48,7 @@ public:
     /// Stops and goes to 0.
     void StopPlay();
 
-    /// Pauses, also what is not playing, or goes on if it was the last to pause since `Play`.
+    /// Pauses, even if nothing plays, or goes on if it was the last to pause since `Play`.
     void PausePlay();
 
     /// Speed factor, at once; 1 is normal. Only factors from 1/8 to 8 are taken.

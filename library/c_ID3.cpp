@@ -123,8 +123,8 @@ void c_ID3::PutIdTag(const std::filesystem::path& fileName) {
     std::array<char, kTagSize> tail{};
     if (!platform::ReadTail(fileName, tail))
         return;
-    // A new tag begins on the last byte of the sound, not after it: an old offset that tags of this
-    // program have always had.
+    // A new tag begins on the last byte of the sound, not after it. A decoder never misses that
+    // byte, and a file comes out the same whichever version of the program tags it.
     const std::size_t replaced = IsTag({tail.data(), tail.size()}) ? kTagSize : 1;
     if (!platform::ReplaceTail(fileName, replaced, TagBytes()))
         CleanFields();

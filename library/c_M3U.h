@@ -64,7 +64,7 @@ public:
     /// the file has the marks now.
     bool WriteBack();
 
-    /// Writes the list, replacing the file also when it is read-only. An empty list leaves it
+    /// Writes the list, replacing the file even if it is read-only. An empty list leaves it
     /// alone. An error is told in a message box and leaves the old file as it was; then the answer
     /// is false.
     bool WriteFile(const std::filesystem::path& file) const;

@@ -26,18 +26,18 @@ std::error_code ReplaceTail(const std::filesystem::path& file, std::size_t repla
 /// Writes `bytes` after what the file holds; a file that does not exist is made.
 std::error_code AppendToFile(const std::filesystem::path& file, QByteArrayView bytes);
 
-/// Makes `bytes` the file's whole contents, whether or not it exists, also when it is read-only;
+/// Makes `bytes` the file's whole contents, whether or not it exists, even if it is read-only;
 /// of a symbolic link, those of the file it leads to. The file keeps its permissions, except that
 /// its owner may always read and write it. The contents are on the disk before they replace the old
-/// ones in one step; on error the old file is as it was. What a killed program's writings into the
-/// folder left is deleted once it is an hour old.
+/// ones in one step; on error the old file is as it was. The first time that a folder is written
+/// into, what killed runs of the program left there is deleted.
 std::error_code ReplaceFile(const std::filesystem::path& file, QByteArrayView bytes);
 
 /// Makes what was written to a file, or what was renamed in a folder, last through a power cut,
 /// where the system can.
 std::error_code FlushToDisk(const std::filesystem::path& path);
 
-/// Gives a file another name on the same file system; never one that another file has, also where
+/// Gives a file another name on the same file system; never one that another file has, even where
 /// the system's own rename would replace that one. On error the file is where it was.
 std::error_code RenameNoReplace(const std::filesystem::path& from, const std::filesystem::path& to);
 

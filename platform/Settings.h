@@ -18,7 +18,7 @@ void WriteSetting(const QString& application, const QString& section, const QStr
 /// or cannot be read.
 QVariant ReadStored(const std::filesystem::path& file, const QString& key);
 
-/// As `ReadSetting`, for a path; also one whose bytes are no valid UTF-8.
+/// As `ReadSetting`, for a path, even one whose bytes are no valid UTF-8.
 std::filesystem::path ReadPathSetting(const QString& application, const QString& section,
                                       const QString& key, const std::filesystem::path& fallback);
 

@@ -25,7 +25,7 @@ OddNames::OddNames(QFileDialog& dialog)
     for (QWidget* row : {static_cast<QWidget*>(mCaption), static_cast<QWidget*>(this)})
         layout->addWidget(row, layout->rowCount(), 0, 1, layout->columnCount());
     connect(&dialog, &QFileDialog::directoryEntered, this, &OddNames::Fill);
-    // Whatever is chosen in the dialog itself is meant instead.
+    // What is chosen in the dialog itself later counts instead.
     auto* name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
     connect(name, &QLineEdit::textEdited, this, &QListWidget::clearSelection);
     for (auto* view : dialog.findChildren<QAbstractItemView*>())
