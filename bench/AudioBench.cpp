@@ -9,6 +9,7 @@
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <memory>
 #include <string>
 #include <thread>
@@ -21,7 +22,7 @@ using Seconds = std::chrono::duration<double>;
 
 fs::path FileOf(const std::string& name, const std::string& bytes) {
     const fs::path path = fs::temp_directory_path() / ("audio-bench-" + name + ".mp3");
-    tonefile::Write(path, bytes);
+    std::ofstream(path, std::ios::binary) << bytes;
     return path;
 }
 
