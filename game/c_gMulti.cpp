@@ -58,17 +58,15 @@ bool c_gMulti::LoadPlaylist() {
     const std::unique_ptr<game::SongSource> source = mNewSongSource();
     const std::filesystem::path path = source->GetM3U();
     mQuit = source->ExitProgram() || platform::Quitting();
-    if (mQuit) {
-        source->LoadingDone();
+    if (!mQuit && !path.empty())
+        mList = std::make_unique<library::SongCycle>(path);
+    source->LoadingDone();
+    if (mQuit)
         return false;
-    }
     if (path.empty()) {
-        source->LoadingDone();
         platform::ShowMessage(QStringLiteral("Songrush requires a playlist to play."));
         return false;
     }
-    mList = std::make_unique<library::SongCycle>(path);
-    source->LoadingDone();
     if (mList->Error()) {
         platform::ShowMessage(c_M3U::ReadFailure(path, mList->Error()));
         return false;
@@ -85,8 +83,11 @@ bool c_gMulti::PlayRounds() {
     mList->Begin();
     for (mRound = 1; mRound <= kRounds; ++mRound) {
         for (mPlayer = 1; mPlayer <= mPlayers; ++mPlayer) {
-            if (!PrepareSong())
-                return !mQuit && TellNoSongLeft();
+            if (!PrepareSong()) {
+                if (!mQuit)
+                    TellNoSongLeft();
+                return !mQuit && !FirstQuestion();
+            }
             if (!PlayQuestion())
                 return false;
         }
@@ -94,13 +95,11 @@ bool c_gMulti::PlayRounds() {
     return true;
 }
 
-/// Returns whether a question was played before.
-bool c_gMulti::TellNoSongLeft() {
-    const bool first = mRound == 1 && mPlayer == 1;
+void c_gMulti::TellNoSongLeft() {
     platform::ShowMessage(
-        first ? QStringLiteral("None of the songs in this playlist can be played.")
-              : QStringLiteral("None of the songs in this playlist can be played any more."));
-    return !first;
+        FirstQuestion()
+            ? QStringLiteral("None of the songs in this playlist can be played.")
+            : QStringLiteral("None of the songs in this playlist can be played any more."));
 }
 
 bool c_gMulti::PlayQuestion() {

@@ -88,7 +88,8 @@ private:
     void CreateButtons();
     bool LoadPlaylist();
     bool PlayRounds();
-    bool TellNoSongLeft();
+    bool FirstQuestion() const { return mRound == 1 && mPlayer == 1; }
+    void TellNoSongLeft();
     bool PlayQuestion();
     bool PrepareSong();
     bool OpenNextSong();
