@@ -24,7 +24,9 @@ public:
     SongList() {
         const QTemporaryDir folder;
         QDir(folder.path()).mkdir(QStringLiteral("Images"));
-        PlainSkin(QSize(16, 48)).save(folder.filePath(QStringLiteral("Images/sBar.bmp")), "BMP");
+        PlainSkin(QSize(16, 48))
+            .load()
+            .save(folder.filePath(QStringLiteral("Images/sBar.bmp")), "BMP");
         platform::SetProgramFolder(folder.path().toStdString());
         mList.Create(&mBox, QStringLiteral("File Name\\Song Title\\Artist"));
         platform::SetProgramFolder({});

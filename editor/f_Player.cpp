@@ -65,8 +65,7 @@ f_Player::f_Player()
       pFF(new PictureBox(this, QStringLiteral("pFF"), kButtonSize)),
       pX(new PictureBox(this, QStringLiteral("pX"), QSize(44, 36))),
       pTitle(new PictureBox(this, QStringLiteral("pTitle"), kStrip.size())),
-      mGround(LoadGround(QStringLiteral("\\Images\\PlayBack.bmp"), kSize)),
-      mMarkerLeft(kLineStart) {
+      mGround(kSize.width(), kSize.height()), mMarkerLeft(kLineStart) {
     constexpr int kButtonsTop = 40;
     constexpr int kButtonStep = 38;
     int left = kStrip.x();
@@ -84,6 +83,8 @@ f_Player::f_Player()
     pFF->setAccessibleName(QStringLiteral("Fast forward"));
     pX->setAccessibleName(QStringLiteral("Close"));
 
+    mGround.SetPicture(kSize,
+                       [] { return LoadGround(QStringLiteral("\\Images\\PlayBack.bmp"), kSize); });
     BitBlt(Dc(), 0, 0, kSize.width(), kSize.height(), &mGround, 0, 0, RasterOp::SrcCopy);
     DrawBar();
     DrawTitle();
@@ -169,6 +170,6 @@ void f_Player::DrawBar() {
            RasterOp::SrcCopy);
     const QRectF marker(mMarkerLeft, kLineY - kMarker.height() / 2.0, kMarker.width(),
                         kMarker.height());
-    Drawing(Dc()).Shapes([&marker](QPainter& painter) { PaintBar(painter, marker); });
+    Drawing(Dc()).Shapes(kBar, [marker](QPainter& painter) { PaintBar(painter, marker); });
     update(kBar);
 }

@@ -33,29 +33,39 @@ QRect Clipped(const QRect& area) { return gState.clip ? area & *gState.clip : ar
 
 void Fill(const QRect& area, ColorRef color) { gState.dc->Fill(Clipped(area), color); }
 
+/// Draws what a painter draws within `area`.
+void Paint(const QRect& area, const std::function<void(QPainter&)>& paint) {
+    gState.dc->Draw(Clipped(area), false, [paint, clip = gState.clip](QImage& image) {
+        QPainter painter(&image);
+        if (clip)
+            painter.setClipRect(*clip);
+        paint(painter);
+    });
+}
+
 /// A line one pixel wide, without its last point.
 void ThinLine(QPoint from, QPoint to) {
     const QPoint way = to - from;
     const int steps = std::max(std::abs(way.x()), std::abs(way.y()));
-    for (int i = 0; i < steps; ++i) {
-        const QPoint at(from.x() + RoundHalfEven(double(way.x()) * i / steps),
-                        from.y() + RoundHalfEven(double(way.y()) * i / steps));
-        Fill(QRect(at, QSize(1, 1)), gState.penColor);
+    const auto point = [=](int step) {
+        return from + QPoint(RoundHalfEven(double(way.x()) * step / steps),
+                             RoundHalfEven(double(way.y()) * step / steps));
+    };
+    if (steps > 0 && (way.x() == 0 || way.y() == 0)) {
+        Fill(QRect(from, QSize(1, 1)) | QRect(point(steps - 1), QSize(1, 1)), gState.penColor);
+        return;
     }
+    for (int i = 0; i < steps; ++i)
+        Fill(QRect(point(i), QSize(1, 1)), gState.penColor);
 }
 
-class Painter : public QPainter {
-public:
-    Painter() : QPainter(&gState.dc->PaintDevice()) {
-        if (gState.clip)
-            setClipRect(*gState.clip);
-    }
-};
-
 void WideLine(QPoint from, QPoint to) {
-    Painter painter;
-    painter.setPen(gState.pen);
-    painter.drawLine(from, to);
+    const int width = gState.pen.width();
+    const QRect ends = QRect(from, QSize(1, 1)) | QRect(to, QSize(1, 1));
+    Paint(ends.adjusted(-width, -width, width, width), [=, pen = gState.pen](QPainter& painter) {
+        painter.setPen(pen);
+        painter.drawLine(from, to);
+    });
 }
 
 /// The colour of each line of the sweep, added up in single precision.
@@ -76,10 +86,25 @@ std::vector<QRgb> SweepColors(ColorRef start, ColorRef end, int steps) {
     return colors;
 }
 
+void Sweep(QImage& image, const QRect& area, const QRect& visible,
+           const std::vector<QRgb>& colors) {
+    const QRect box = Canvas::ScreenPixels(area);
+    const QRect part = Canvas::ScreenPixels(visible) & image.rect();
+    for (int y = part.top(); y <= part.bottom(); ++y) {
+        auto* row = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = part.left(); x <= part.right(); ++x) {
+            const double way = (x - box.x() + y - box.y()) / Canvas::Ratio();
+            row[x] = colors[std::min(static_cast<std::size_t>(way) + 1, colors.size() - 1)];
+        }
+    }
+}
+
 } // namespace
 
 void BeginDraw(Hdc dc, Qt::PenStyle penStyle, ColorRef penColor, int penWidth, ColorRef brushColor,
                BkMode mode) {
+    if (dc != nullptr)
+        dc->Image(); // now, because drawing it anew for another ratio may need the bracket
     gState = DrawState();
     gState.dc = dc;
     SetDrawPen(penStyle, penColor, penWidth);
@@ -135,13 +160,20 @@ void ShadowText(const QString& text, ColorRef color, ColorRef shadow, double x, 
 void PlainText(const QString& text, double x, double y) {
     if (gState.dc == nullptr)
         return;
-    Painter painter;
-    painter.setFont(gState.dc->Font());
-    painter.setPen(ToQColor(gState.text));
-    painter.setBackground(Qt::white);
-    painter.setBackgroundMode(gState.mode == BkMode::Opaque ? Qt::OpaqueMode : Qt::TransparentMode);
-    const double ascent = QFontMetricsF(gState.dc->Font()).ascent();
-    painter.drawText(QPointF(RoundHalfEven(x), RoundHalfEven(y) + ascent), text);
+    const QFontMetricsF metrics(gState.dc->Font());
+    const QPointF start(RoundHalfEven(x), RoundHalfEven(y) + metrics.ascent());
+    const bool opaque = gState.mode == BkMode::Opaque;
+    QRectF area = metrics.boundingRect(text);
+    if (opaque)
+        area |= QRectF(0, -metrics.ascent(), metrics.horizontalAdvance(text), metrics.height());
+    Paint(area.translated(start).toAlignedRect().adjusted(-1, -1, 1, 1),
+          [=, font = gState.dc->Font(), color = ToQColor(gState.text)](QPainter& painter) {
+              painter.setFont(font);
+              painter.setPen(color);
+              painter.setBackground(Qt::white);
+              painter.setBackgroundMode(opaque ? Qt::OpaqueMode : Qt::TransparentMode);
+              painter.drawText(start, text);
+          });
 }
 
 void PenMoveTo(double x, double y) { gState.penAt = QPoint(RoundHalfEven(x), RoundHalfEven(y)); }
@@ -168,26 +200,20 @@ void GradientBox(double x1, double y1, double x2, double y2, ColorRef start, Col
     const int steps = RoundHalfEven(x2) - left + rows;
     if (rows < 1 || steps < 1)
         return;
-    const std::vector<QRgb> colors = SweepColors(start, end, steps);
     const QRect area(left, top, columns, rows);
-    const QRect box = Canvas::ScreenPixels(area);
-    QImage& image = gState.dc->PaintDevice();
-    const QRect visible = Canvas::ScreenPixels(Clipped(area)) & image.rect();
-    for (int y = visible.top(); y <= visible.bottom(); ++y) {
-        auto* row = reinterpret_cast<QRgb*>(image.scanLine(y));
-        for (int x = visible.left(); x <= visible.right(); ++x) {
-            const double way = (x - box.x() + y - box.y()) / Canvas::Ratio();
-            row[x] = colors[std::min(static_cast<std::size_t>(way) + 1, colors.size() - 1)];
-        }
-    }
+    const QRect visible = Clipped(area);
+    gState.dc->Draw(visible, true, [=, colors = SweepColors(start, end, steps)](QImage& image) {
+        Sweep(image, area, visible, colors);
+    });
 }
 
-void PaintShapes(const std::function<void(QPainter&)>& paint) {
+void PaintShapes(const QRect& area, const std::function<void(QPainter&)>& paint) {
     if (gState.dc == nullptr)
         return;
-    Painter painter;
-    painter.setRenderHint(QPainter::Antialiasing);
-    paint(painter);
+    Paint(area, [paint](QPainter& painter) {
+        painter.setRenderHint(QPainter::Antialiasing);
+        paint(painter);
+    });
 }
 
 void PutPixel(int x, int y, ColorRef color) {

@@ -1,9 +1,12 @@
 #include "toolkit/Canvas.h"
 
+#include "toolkit/Recipe.h"
+
 #include <QFontMetricsF>
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace toolkit {
 
@@ -20,28 +23,41 @@ struct Overlap {
 };
 
 /// `source`: the screen pixels that may be read.
-Overlap Clip(const Canvas& target, const QRect& area, const QRect& source, QPoint from) {
+Overlap Clip(const QImage& target, const QRect& area, const QRect& source, QPoint from) {
     const QRect whole = Canvas::ScreenPixels(area);
     const QPoint start(ToScreen(from.x()), ToScreen(from.y()));
     const QRect available = source.translated(whole.topLeft() - start);
-    const QRect clipped = whole & target.Image().rect() & available;
+    const QRect clipped = whole & target.rect() & available;
     return {clipped, clipped.topLeft() - whole.topLeft() + start};
 }
 
-const QRgb* Row(const Canvas& canvas, int x, int y) {
-    return reinterpret_cast<const QRgb*>(canvas.Image().constScanLine(y)) + x;
+const QRgb* Row(const QImage& image, QPoint at) {
+    return reinterpret_cast<const QRgb*>(image.constScanLine(at.y())) + at.x();
+}
+
+QRgb* Row(QImage& image, QPoint at) {
+    return reinterpret_cast<QRgb*>(image.scanLine(at.y())) + at.x();
 }
 
 template <typename Operation>
-void Combine(Canvas& target, const Overlap& part, const Canvas& source, Operation operation) {
+void Combine(QImage& target, const Overlap& part, const QImage& source, Operation operation) {
     const int width = part.target.width();
     for (int row = 0; row < part.target.height(); ++row) {
-        auto* __restrict to =
-            reinterpret_cast<QRgb*>(target.PaintDevice().scanLine(part.target.y() + row)) +
-            part.target.x();
-        const QRgb* __restrict from = Row(source, part.source.x(), part.source.y() + row);
+        QRgb* __restrict to = Row(target, part.target.topLeft() + QPoint(0, row));
+        const QRgb* __restrict from = Row(source, part.source + QPoint(0, row));
         for (int column = 0; column < width; ++column)
             to[column] = operation(to[column], from[column]);
+    }
+}
+
+void Combine(QImage& target, const Overlap& part, const QImage& source, RasterOp operation) {
+    switch (operation) {
+    case RasterOp::SrcCopy:
+        return Combine(target, part, source, [](QRgb, QRgb from) { return from; });
+    case RasterOp::SrcAnd:
+        return Combine(target, part, source, [](QRgb to, QRgb from) { return to & from; });
+    case RasterOp::SrcPaint:
+        return Combine(target, part, source, [](QRgb to, QRgb from) { return to | from; });
     }
 }
 
@@ -58,29 +74,59 @@ QRect Canvas::ScreenPixels(const QRect& area) {
 }
 
 Canvas::Canvas(int width, int height)
-    : mImage(ToScreen(std::max(width, 1)), ToScreen(std::max(height, 1)), QImage::Format_RGB32),
-      mWidth(width), mHeight(height), mFont(ScreenFont(12)) {
-    mImage.fill(Qt::black);
-    mImage.setDevicePixelRatio(gRatio);
+    : mRecipe(std::make_shared<Recipe>(QSize(std::max(width, 1), std::max(height, 1)))),
+      mFont(ScreenFont(12)) {}
+
+Canvas::~Canvas() = default;
+
+Canvas::Canvas(const Canvas& other)
+    : mRecipe(std::make_shared<Recipe>(*other.mRecipe)), mFont(other.mFont) {}
+
+Canvas& Canvas::operator=(const Canvas& other) {
+    mRecipe = std::make_shared<Recipe>(*other.mRecipe);
+    mFont = other.mFont;
+    return *this;
 }
 
-Canvas::Canvas(const QImage& picture) : mFont(ScreenFont(12)) { SetPicture(picture); }
+int Canvas::Width() const { return mRecipe->size.width(); }
+
+int Canvas::Height() const { return mRecipe->size.height(); }
+
+const QImage& Canvas::Image() const { return mRecipe->Pixels(); }
 
 void Canvas::Show(QPainter& painter) const {
-    // The window may lie on a screen of another ratio.
-    const bool scaled = painter.device()->devicePixelRatioF() != mImage.devicePixelRatio();
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, scaled);
+    const QImage& own = Image();
+    const double density = painter.device()->devicePixelRatioF();
+    // The same pixels, taken for the screen's.
+    QImage shown(own.constBits(), own.width(), own.height(), own.bytesPerLine(), own.format());
+    shown.setDevicePixelRatio(density);
     // A widget's corner may lie within a screen pixel, but the image's pixels must not.
     const QPointF corner(painter.deviceTransform().dx(), painter.deviceTransform().dy());
     const QPointF whole(std::round(corner.x()), std::round(corner.y()));
-    painter.drawImage((whole - corner) / painter.device()->devicePixelRatioF(), mImage);
+    painter.drawImage((whole - corner) / density, shown);
 }
 
-void Canvas::SetPicture(const QImage& picture) {
-    mImage = picture.convertToFormat(QImage::Format_RGB32);
-    mImage.setDevicePixelRatio(gRatio);
-    mWidth = static_cast<int>(std::lround(mImage.width() / gRatio));
-    mHeight = static_cast<int>(std::lround(mImage.height() / gRatio));
+void Canvas::Draw(const QRect& area, bool covers, Paint paint) {
+    if (mRecipe.use_count() > 1) {
+        // What was copied from this canvas is drawn anew where another ratio asks for it.
+        const auto kept = std::exchange(mRecipe, std::make_shared<Recipe>(*mRecipe));
+        kept->image = QImage();
+        kept->ratio = 0;
+    }
+    paint(mRecipe->Pixels());
+    mRecipe->Add(area, covers, std::move(paint));
+}
+
+void Canvas::SetPicture(const QSize& size, const std::function<QImage()>& load) {
+    mRecipe = std::make_shared<Recipe>(size);
+    Draw(QRect(QPoint(0, 0), size), true, [load](QImage& image) {
+        const QSize pixels = image.size();
+        const double ratio = image.devicePixelRatio();
+        image = load().convertToFormat(QImage::Format_RGB32);
+        if (image.size() != pixels)
+            image = image.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        image.setDevicePixelRatio(ratio);
+    });
 }
 
 double Canvas::TextWidth(const QString& text) const {
@@ -91,17 +137,21 @@ double Canvas::TextHeight() const { return QFontMetricsF(mFont).height(); }
 
 ColorRef Canvas::Pixel(int x, int y) const {
     const QPoint at(ToScreen(x), ToScreen(y));
-    if (!mImage.rect().contains(at))
+    if (!Image().rect().contains(at))
         return kNoColor;
-    const QRgb pixel = *Row(*this, at.x(), at.y());
+    const QRgb pixel = *Row(Image(), at);
     return Rgb(qRed(pixel), qGreen(pixel), qBlue(pixel));
 }
 
 void Canvas::Fill(const QRect& area, ColorRef color) {
-    const QRect part = ScreenPixels(area) & mImage.rect();
+    Draw(area, true, [=](QImage& image) { FillPixels(image, area, color); });
+}
+
+void FillPixels(QImage& image, const QRect& area, ColorRef color) {
+    const QRect part = Canvas::ScreenPixels(area) & image.rect();
     const QRgb value = ToQColor(color).rgb();
     for (int row = part.top(); row <= part.bottom(); ++row)
-        std::fill_n(reinterpret_cast<QRgb*>(mImage.scanLine(row)) + part.x(), part.width(), value);
+        std::fill_n(Row(image, QPoint(part.x(), row)), part.width(), value);
 }
 
 QFont ScreenFont(double points, bool bold) {
@@ -116,37 +166,39 @@ void BitBlt(Hdc target, int x, int y, int width, int height, Hdc source, int sou
             RasterOp operation) {
     if (target == nullptr || source == nullptr)
         return;
-    const Overlap part =
-        Clip(*target, QRect(x, y, width, height), source->Image().rect(), QPoint(sourceX, sourceY));
-    switch (operation) {
-    case RasterOp::SrcCopy:
-        return Combine(*target, part, *source, [](QRgb, QRgb from) { return from; });
-    case RasterOp::SrcAnd:
-        return Combine(*target, part, *source, [](QRgb to, QRgb from) { return to & from; });
-    case RasterOp::SrcPaint:
-        return Combine(*target, part, *source, [](QRgb to, QRgb from) { return to | from; });
-    }
+    const QRect area(x, y, width, height);
+    const QPoint from(sourceX, sourceY);
+    const QRect given =
+        QRect(QPoint(0, 0), source->mRecipe->size).translated(area.topLeft() - from);
+    target->Draw(area & given, operation == RasterOp::SrcCopy,
+                 [=, recipe = source->mRecipe](QImage& image) {
+                     const QImage& pixels = recipe->Pixels();
+                     Combine(image, Clip(image, area, pixels.rect(), from), pixels, operation);
+                 });
 }
 
 void DrawMasked(Hdc target, int x, int y, int width, int height, Hdc mask, Hdc sprite, int sourceX,
                 int sourceY) {
     if (target == nullptr || mask == nullptr || sprite == nullptr)
         return;
+    const QRect area(x, y, width, height);
     const QPoint from(sourceX, sourceY);
-    // At a fractional ratio the same width covers a pixel more in one place than in another; the
-    // pixel after the sprite's belongs to the next frame.
-    const QRect frame = Canvas::ScreenPixels(QRect(from, QSize(width, height))) &
-                        mask->Image().rect() & sprite->Image().rect();
-    const Overlap part = Clip(*target, QRect(x, y, width, height), frame, from);
-    for (int row = 0; row < part.target.height(); ++row) {
-        auto* __restrict to =
-            reinterpret_cast<QRgb*>(target->PaintDevice().scanLine(part.target.y() + row)) +
-            part.target.x();
-        const QRgb* __restrict keep = Row(*mask, part.source.x(), part.source.y() + row);
-        const QRgb* __restrict paint = Row(*sprite, part.source.x(), part.source.y() + row);
-        for (int column = 0; column < part.target.width(); ++column)
-            to[column] = (to[column] & keep[column]) | paint[column];
-    }
+    target->Draw(area, false, [=, m = mask->mRecipe, s = sprite->mRecipe](QImage& image) {
+        const QImage& keep = m->Pixels();
+        const QImage& paint = s->Pixels();
+        // At a fractional ratio the same width covers a pixel more in one place than in another;
+        // the pixel after the sprite's belongs to the next frame.
+        const QRect frame =
+            Canvas::ScreenPixels(QRect(from, area.size())) & keep.rect() & paint.rect();
+        const Overlap part = Clip(image, area, frame, from);
+        for (int row = 0; row < part.target.height(); ++row) {
+            QRgb* __restrict to = Row(image, part.target.topLeft() + QPoint(0, row));
+            const QRgb* __restrict kept = Row(keep, part.source + QPoint(0, row));
+            const QRgb* __restrict painted = Row(paint, part.source + QPoint(0, row));
+            for (int column = 0; column < part.target.width(); ++column)
+                to[column] = (to[column] & kept[column]) | painted[column];
+        }
+    });
 }
 
 } // namespace toolkit

@@ -6,36 +6,53 @@
 #include <QImage>
 #include <QRect>
 #include <QString>
+#include <functional>
+#include <memory>
 
 class QPainter;
 
 namespace toolkit {
 
+struct Recipe;
+
+enum class RasterOp : std::uint32_t {
+    SrcCopy = 0x00CC0020,
+    SrcAnd = 0x008800C6,
+    SrcPaint = 0x00EE0086,
+};
+
 /// What forms, picture boxes and surfaces draw on: a persistent 32-bit image, measured in logical
-/// pixels. The only class that knows how many screen pixels there are to a logical pixel.
+/// pixels. The only class that knows how many screen pixels there are to a logical pixel. It
+/// remembers what was drawn, so that it can show the same at any ratio.
 class Canvas {
 public:
     /// A black canvas of `width` x `height` logical pixels.
     Canvas(int width, int height);
+    ~Canvas();
+    Canvas(const Canvas& other);
+    Canvas& operator=(const Canvas& other);
 
-    /// A canvas that shows `picture`; see `SetPicture`.
-    explicit Canvas(const QImage& picture);
+    int Width() const;
+    int Height() const;
 
-    int Width() const { return mWidth; }
-    int Height() const { return mHeight; }
+    /// The canvas as an image of screen pixels; its device pixel ratio is `Ratio()`.
+    const QImage& Image() const;
 
-    /// The canvas as an image; its device pixel ratio is set.
-    const QImage& Image() const { return mImage; }
-
-    /// Shows the canvas at a widget's top left corner.
+    /// Shows the canvas at a widget's top left corner, a pixel of the image on a pixel of the
+    /// screen.
     void Show(QPainter& painter) const;
 
-    /// For painters, which then draw in logical pixels.
-    QImage& PaintDevice() { return mImage; }
+    /// Draws on an image of screen pixels; painters draw on it in logical pixels. Holds copies of
+    /// all it needs, because it is called again when the ratio has changed.
+    using Paint = std::function<void(QImage&)>;
 
-    /// Makes `picture` the content. Its pixels are the canvas's pixels on the screen: the canvas
-    /// takes the picture's size, divided by the ratio.
-    void SetPicture(const QImage& picture);
+    /// Draws. `paint` changes nothing outside `area` (logical pixels); with `covers` it leaves
+    /// nothing of what the area showed before.
+    void Draw(const QRect& area, bool covers, Paint paint);
+
+    /// Makes a picture of `size` logical pixels the content. `load` returns its screen pixels at
+    /// the ratio of the time.
+    void SetPicture(const QSize& size, const std::function<QImage()>& load);
 
     const QFont& Font() const { return mFont; }
     void SetFont(const QFont& font) { mFont = font; }
@@ -55,16 +72,18 @@ public:
     /// The screen pixels that `area` covers; adjacent areas neither overlap nor leave a gap.
     static QRect ScreenPixels(const QRect& area);
 
+    /// Screen pixels per logical pixel.
     static double Ratio();
-    /// Sets the screen pixels per logical pixel of every canvas made from now on.
+    /// Sets the ratio of all canvases.
     static void SetRatio(double ratio);
 
     static constexpr ColorRef kNoColor = 0xFFFFFFFF;
 
 private:
-    QImage mImage;
-    int mWidth;
-    int mHeight;
+    friend void BitBlt(Canvas*, int, int, int, int, Canvas*, int, int, RasterOp);
+    friend void DrawMasked(Canvas*, int, int, int, int, Canvas*, Canvas*, int, int);
+
+    std::shared_ptr<Recipe> mRecipe;
     QFont mFont;
 };
 
@@ -74,11 +93,8 @@ using Hdc = Canvas*;
 /// The font of the program's screens; `points` are 1/72 inch at 96 pixels an inch.
 QFont ScreenFont(double points, bool bold = false);
 
-enum class RasterOp : std::uint32_t {
-    SrcCopy = 0x00CC0020,
-    SrcAnd = 0x008800C6,
-    SrcPaint = 0x00EE0086,
-};
+/// Fills the part of `area` (logical pixels) that lies on an image of screen pixels.
+void FillPixels(QImage& image, const QRect& area, ColorRef color);
 
 /// Combines `width` x `height` pixels from (sourceX, sourceY) of `source` into `target` at (x, y).
 /// Anything outside either of them is left out. The two must be different canvases.

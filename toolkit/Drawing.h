@@ -41,7 +41,9 @@ public:
               double offset);
 
     /// See `PaintShapes`.
-    void Shapes(const std::function<void(QPainter&)>& paint) { PaintShapes(paint); }
+    void Shapes(const QRect& area, const std::function<void(QPainter&)>& paint) {
+        PaintShapes(area, paint);
+    }
 
 private:
     Hdc mDc;

@@ -34,15 +34,11 @@ void GlideSprite(Form& form, QPoint from, QPoint to, const Sprite& sprite, int d
     if (duration == 0)
         throw std::domain_error("a glide needs time");
     // One more pixel each way: at a fractional ratio the size of the sprite varies with its place.
-    const int width = sprite.width + 1;
-    const int height = sprite.height + 1;
-    const QSize area(width, height);
-    Canvas behind(width, height);
-    const auto save = [&](QPoint at) {
-        BitBlt(&behind, 0, 0, width, height, form.Dc(), at.x(), at.y(), RasterOp::SrcCopy);
-    };
+    const QSize area(sprite.width + 1, sprite.height + 1);
+    Canvas before = *form.Dc();
     const auto restore = [&](QPoint at) {
-        BitBlt(form.Dc(), at.x(), at.y(), width, height, &behind, 0, 0, RasterOp::SrcCopy);
+        BitBlt(form.Dc(), at.x(), at.y(), area.width(), area.height(), &before, at.x(), at.y(),
+               RasterOp::SrcCopy);
     };
     const auto draw = [&](QPoint at) {
         DrawMasked(form.Dc(), at.x(), at.y(), sprite.width, sprite.height, sprite.mask,
@@ -62,10 +58,8 @@ void GlideSprite(Form& form, QPoint from, QPoint to, const Sprite& sprite, int d
     std::int64_t elapsed = 0;
     QPoint previous = from;
     QPoint current = from;
-    save(current);
     do {
         restore(previous);
-        save(current);
         draw(current);
         form.Refresh(QRect(previous, area) | QRect(current, area));
         // The last frame is cut short, so that the sprite ends where it should.
@@ -75,7 +69,7 @@ void GlideSprite(Form& form, QPoint from, QPoint to, const Sprite& sprite, int d
         previous = current;
         current = PlaceAfter(from, to - from, static_cast<double>(elapsed) / duration);
     } while (elapsed <= duration && !platform::Quitting());
-    restore(previous);
+    *form.Dc() = before;
     if (drawAtEnd)
         draw(current);
     form.Refresh();

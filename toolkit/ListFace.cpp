@@ -41,7 +41,7 @@ void DrawArrow(Hdc dc, const QRect& cell, SortArrow arrow) {
     const double right = cell.right() - ListLayout::kMargin;
     const double middle = cell.y() + cell.height() / 2.0;
     const double tip = arrow == SortArrow::Upwards ? -kArrowHeight / 2 : kArrowHeight / 2;
-    Drawing(dc).Shapes([=](QPainter& painter) {
+    Drawing(dc).Shapes(cell, [=](QPainter& painter) {
         painter.setPen(Qt::NoPen);
         painter.setBrush(ToQColor(kGold));
         painter.drawPolygon(QPolygonF({{right - kArrowWidth, middle - tip},

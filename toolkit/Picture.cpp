@@ -79,16 +79,19 @@ QImage Read(const QString& name) {
     return picture.convertToFormat(QImage::Format_RGB32);
 }
 
-/// By a whole factor every pixel is repeated; otherwise colours are blended. Black is transparent
-/// and stays so: it is not blended into the colours beside it, and a pixel less than half covered
-/// by them is black.
-QImage Scaled(const QImage& picture, double factor) {
-    if (picture.isNull())
+QSize Times(const QSize& size, double factor) {
+    return QSize(static_cast<int>(std::lround(size.width() * factor)),
+                 static_cast<int>(std::lround(size.height() * factor)));
+}
+
+/// To a multiple of its size every pixel is repeated; otherwise colours are blended. Black is
+/// transparent and stays so: it is not blended into the colours beside it, and a pixel less than
+/// half covered by them is black.
+QImage Scaled(const QImage& picture, const QSize& size) {
+    if (picture.isNull() || size == picture.size())
         return picture;
-    const QSize size(static_cast<int>(std::lround(picture.width() * factor)),
-                     static_cast<int>(std::lround(picture.height() * factor)));
-    if (factor == std::round(factor))
-        return size == picture.size() ? picture : picture.scaled(size);
+    if (size.width() % picture.width() == 0 && size.height() % picture.height() == 0)
+        return picture.scaled(size);
     QImage colors = picture.convertToFormat(QImage::Format_ARGB32_Premultiplied);
     ForEachPixel(colors, [](QRgb pixel) { return pixel == kOpaqueBlack ? 0 : pixel; });
     QImage scaled = colors.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
@@ -103,14 +106,9 @@ QImage Scaled(const QImage& picture, double factor) {
 /// Whether the first frame has a visible pixel. Without one its button could neither be seen nor
 /// pressed.
 bool IsSkin(const QImage& picture) {
-    const auto logical = [](int pixels) {
-        return static_cast<int>(std::lround(pixels / Canvas::Ratio()));
-    };
-    const QRect frame =
-        Canvas::ScreenPixels(QRect(0, 0, logical(picture.width()), logical(picture.height()) / 3));
-    for (int y = 0; y < frame.height(); ++y) {
+    for (int y = 0; y < picture.height() / 3; ++y) {
         const auto* row = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
-        if (std::any_of(row, row + std::min(frame.width(), picture.width()),
+        if (std::any_of(row, row + picture.width(),
                         [](QRgb pixel) { return (pixel & RGB_MASK) != 0; }))
             return true;
     }
@@ -119,32 +117,38 @@ bool IsSkin(const QImage& picture) {
 
 enum class Kind { Ground, Skin };
 
-/// The first usable picture, at the screen's pixel ratio.
-QImage LoadNow(const QString& name, Kind kind) {
-    const double ratio = Canvas::Ratio();
+struct Loaded {
+    QSize size; // logical pixels
+    QImage pixels;
+};
+
+/// The first usable picture, for screens of `ratio`.
+Loaded LoadNow(const QString& name, Kind kind, double ratio) {
     const auto load = [=](const QString& file, double scale) {
-        const QImage picture = Scaled(Read(file), ratio / scale);
-        return kind == Kind::Ground || IsSkin(picture) ? picture : QImage();
+        const QImage read = Read(file);
+        const QSize size = Times(read.size(), 1 / scale);
+        const QImage pixels = Scaled(read, Times(size, ratio));
+        return kind == Kind::Ground || IsSkin(pixels) ? Loaded{size, pixels} : Loaded{};
     };
     if (ratio > 1) {
         for (const PictureSet& set : kSets) {
             if (set.scale < ratio && &set != &kSets.back())
                 continue;
-            const QImage picture = load(InSet(name, set), set.scale);
-            if (!picture.isNull())
+            const Loaded picture = load(InSet(name, set), set.scale);
+            if (!picture.pixels.isNull())
                 return picture;
         }
     }
     return load(name, 1);
 }
 
-std::map<QString, std::future<QImage>> gPreloaded;
+std::map<QString, std::future<Loaded>> gPreloaded;
 std::future<void> gPreloading; // its destructor waits for the thread
 
-QImage Load(const QString& name, Kind kind) {
+Loaded Load(const QString& name, Kind kind) {
     if (auto preloaded = gPreloaded.extract(name))
         return preloaded.mapped().get();
-    return LoadNow(name, kind);
+    return LoadNow(name, kind, Canvas::Ratio());
 }
 
 QStringList gReported;
@@ -179,6 +183,20 @@ QImage PlainGround(QSize size) {
     return canvas.Image();
 }
 
+QImage DrawPlainSkin(QSize frameSize) {
+    constexpr Bevel kFrames[] = {{Rgb(90, 100, 220), Rgb(30, 20, 80), Rgb(25, 30, 100)},
+                                 {kLilac, Rgb(60, 30, 140), Rgb(70, 50, 170)},
+                                 {Rgb(30, 20, 80), kPink, kDusk}};
+    Canvas canvas(frameSize.width(), frameSize.height() * 3);
+    Drawing drawing(&canvas);
+    QRect frame(QPoint(0, 0), frameSize);
+    for (const Bevel& look : kFrames) {
+        drawing.Box(look, frame);
+        frame.translate(0, frameSize.height());
+    }
+    return canvas.Image();
+}
+
 } // namespace
 
 std::filesystem::path ProgramFile(const QString& name) {
@@ -195,9 +213,9 @@ std::filesystem::path ProgramFile(const QString& name) {
 }
 
 void PreloadPictures(const QString& ground, const QStringList& skins) {
-    std::vector<std::packaged_task<QImage()>> tasks;
-    const auto preload = [&tasks](const QString& name, Kind kind) {
-        tasks.emplace_back([=] { return LoadNow(name, kind); });
+    std::vector<std::packaged_task<Loaded()>> tasks;
+    const auto preload = [&tasks, ratio = Canvas::Ratio()](const QString& name, Kind kind) {
+        tasks.emplace_back([=] { return LoadNow(name, kind, ratio); });
         gPreloaded[name] = tasks.back().get_future();
     };
     preload(ground, Kind::Ground);
@@ -210,7 +228,7 @@ void PreloadPictures(const QString& ground, const QStringList& skins) {
 }
 
 QImage LoadGround(const QString& name, QSize size) {
-    const QImage picture = Load(name, Kind::Ground);
+    const QImage picture = Load(name, Kind::Ground).pixels;
     if (picture.isNull()) {
         ReportMissing(name);
         return PlainGround(size);
@@ -221,25 +239,23 @@ QImage LoadGround(const QString& name, QSize size) {
                : picture.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
-QImage LoadSkin(const QString& name) {
-    const QImage skin = Load(name, Kind::Skin);
-    if (skin.isNull())
+Picture LoadSkin(const QString& name) {
+    const Loaded skin = Load(name, Kind::Skin);
+    if (skin.pixels.isNull()) {
         ReportMissing(name);
-    return skin;
-}
-
-QImage PlainSkin(QSize size) {
-    constexpr Bevel kFrames[] = {{Rgb(90, 100, 220), Rgb(30, 20, 80), Rgb(25, 30, 100)},
-                                 {kLilac, Rgb(60, 30, 140), Rgb(70, 50, 170)},
-                                 {Rgb(30, 20, 80), kPink, kDusk}};
-    Canvas canvas(size.width(), size.height() * 3);
-    Drawing drawing(&canvas);
-    QRect frame(QPoint(0, 0), size);
-    for (const Bevel& look : kFrames) {
-        drawing.Box(look, frame);
-        frame.translate(0, size.height());
+        return {};
     }
-    return canvas.Image();
+    // What has been loaded serves for the first time.
+    return {skin.size, [name, size = skin.size, first = std::make_shared<QImage>(skin.pixels)] {
+                if (!first->isNull())
+                    return std::exchange(*first, QImage());
+                const QImage again = Load(name, Kind::Skin).pixels;
+                return again.isNull() ? DrawPlainSkin(QSize(size.width(), size.height() / 3))
+                                      : again;
+            }};
+}
+Picture PlainSkin(QSize size) {
+    return {QSize(size.width(), size.height() * 3), [size] { return DrawPlainSkin(size); }};
 }
 
 } // namespace toolkit

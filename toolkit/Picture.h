@@ -5,6 +5,7 @@
 #include <QString>
 #include <QStringList>
 #include <filesystem>
+#include <functional>
 
 namespace toolkit {
 
@@ -20,15 +21,21 @@ std::filesystem::path ProgramFile(const QString& name);
 /// The ground of that name, scaled to `size` logical pixels; a plain one if it cannot be used.
 QImage LoadGround(const QString& name, QSize size);
 
+/// A picture for a canvas; see `Canvas::SetPicture`.
+struct Picture {
+    QSize size;                   ///< in logical pixels; empty if there is none
+    std::function<QImage()> load; ///< its screen pixels at the ratio of the time
+};
+
 /// The skin of that name: three frames of equal height, stacked, in which black is transparent.
-/// A null image if it cannot be used, as when its first frame has no visible pixel.
-QImage LoadSkin(const QString& name);
+/// None if it cannot be used, as when its first frame has no visible pixel.
+Picture LoadSkin(const QString& name);
 
 /// Starts loading pictures in this order on a separate thread. The first `LoadGround` or `LoadSkin`
 /// of each picture returns what was loaded, and waits for it if necessary.
 void PreloadPictures(const QString& ground, const QStringList& skins);
 
 /// A skin of three plain frames of `size` logical pixels each, in place of a missing one.
-QImage PlainSkin(QSize size);
+Picture PlainSkin(QSize size);
 
 } // namespace toolkit

@@ -27,7 +27,7 @@ int SkinRow(int y, int length, int target) {
     return std::max(y - lower, length - end - 1);
 }
 
-/// `skin` with frames of `length` logical pixels.
+/// The pixels of a skin with frames of `length` logical pixels.
 QImage Lengthened(const QImage& skin, int length) {
     const int frame = skin.height() / 3;
     QImage picture(skin.width(), Canvas::ScreenPixels(QRect(0, 0, 1, 3 * length)).height(),
@@ -46,15 +46,14 @@ QImage Lengthened(const QImage& skin, int length) {
 } // namespace
 
 void ScrollBar::LoadSkin() {
-    mSkin = toolkit::LoadSkin(QStringLiteral("Images\\sBar.bmp"));
-    if (mSkin.isNull())
-        mSkin = PlainSkin(kPlainFrame);
+    Picture skin = toolkit::LoadSkin(QStringLiteral("Images\\sBar.bmp"));
+    if (skin.size.isEmpty())
+        skin = PlainSkin(kPlainFrame);
+    mSkin.SetPicture(skin.size, skin.load);
     mThumb.reset();
 }
 
-int ScrollBar::Width() const {
-    return static_cast<int>(std::lround(mSkin.width() / Canvas::Ratio())) + 2 * kEdge;
-}
+int ScrollBar::Width() const { return mSkin.Width() + 2 * kEdge; }
 
 void ScrollBar::SetRange(const QRect& track, int content, int page) {
     mTrack = track;
@@ -67,8 +66,7 @@ int ScrollBar::MaxTop() const { return std::max(mContent - mPage, 0); }
 int ScrollBar::Top() const { return std::clamp(mTop, 0, MaxTop()); }
 
 int ScrollBar::ThumbLength() const {
-    const int frame = mSkin.height() / 3;
-    const int shortest = static_cast<int>(std::lround(frame / Canvas::Ratio()));
+    const int shortest = mSkin.Height() / 3;
     const double part = static_cast<double>(mPage) / std::max(mContent, 1);
     return std::max(static_cast<int>(part * (mTrack.height() - 2 * kEdge)), shortest);
 }
@@ -113,11 +111,9 @@ void ScrollBar::Draw(Hdc target) {
 void ScrollBar::MakeThumb(int length) {
     if (mThumb && mThumb->Height(0) == 3 * length)
         return;
-    const QImage skin = Lengthened(mSkin, length);
     mThumb = std::make_unique<c_Surface>();
-    mThumb->CreateSurface(skin);
-    mThumb->CreateSurface(skin);
-    mThumb->CreateMask(1, kBlack, kBlack, kWhite);
+    mThumb->CreateSprite({QSize(mSkin.Width(), 3 * length),
+                          [skin = mSkin, length] { return Lengthened(skin.Image(), length); }});
 }
 
 } // namespace toolkit

@@ -45,7 +45,7 @@ private:
     int ThumbLength() const;
     void MakeThumb(int length);
 
-    QImage mSkin; // in screen pixels
+    Canvas mSkin{1, 1};
     std::unique_ptr<c_Surface> mThumb;
     QRect mTrack;
     int mContent = 0;

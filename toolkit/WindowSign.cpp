@@ -23,6 +23,12 @@ const std::vector<Sign>& Signs() {
     return signs;
 }
 
+auto FindSign(const QString& name) {
+    return std::ranges::find_if(Signs(), [&name](const Sign& each) {
+        return each.skin.compare(name, Qt::CaseInsensitive) == 0;
+    });
+}
+
 void DrawStrokes(QPainter& painter, const std::vector<QLineF>& strokes, QPointF middle,
                  double scale, const QColor& color) {
     painter.setPen(QPen(color, 3, Qt::SolidLine, Qt::RoundCap));
@@ -32,12 +38,10 @@ void DrawStrokes(QPainter& painter, const std::vector<QLineF>& strokes, QPointF 
 
 } // namespace
 
-bool DrawWindowSign(QImage& plainSkin, const QString& name) {
-    const auto sign = std::ranges::find_if(Signs(), [&name](const Sign& each) {
-        return each.skin.compare(name, Qt::CaseInsensitive) == 0;
-    });
-    if (sign == Signs().end())
-        return false;
+bool HasWindowSign(const QString& name) { return FindSign(name) != Signs().end(); }
+
+QImage WithWindowSign(QImage plainSkin, const QString& name) {
+    const auto sign = FindSign(name);
     const QSizeF skin = plainSkin.deviceIndependentSize();
     const QSizeF frame(skin.width(), skin.height() / 3);
     const double quarter = std::min(frame.width(), frame.height()) / 4;
@@ -49,7 +53,8 @@ bool DrawWindowSign(QImage& plainSkin, const QString& name) {
         DrawStrokes(painter, sign->strokes, middle + QPointF(1, 1), quarter, shadow);
         DrawStrokes(painter, sign->strokes, middle, quarter, Qt::white);
     }
-    return true;
+    painter.end();
+    return plainSkin;
 }
 
 } // namespace toolkit

@@ -5,8 +5,10 @@
 
 namespace toolkit {
 
-/// Draws the sign of a window button's skin `name`, a cross or a bar, into each frame of the plain
-/// skin that replaces it. False for any other skin.
-bool DrawWindowSign(QImage& plainSkin, const QString& name);
+/// Whether `name` is the skin of a window button, which has a sign: a cross or a bar.
+bool HasWindowSign(const QString& name);
+
+/// The plain skin that replaces such a skin, with the sign in each of its frames.
+QImage WithWindowSign(QImage plainSkin, const QString& name);
 
 } // namespace toolkit

@@ -11,23 +11,22 @@ using namespace toolkit;
 
 void c_SurfButton::Create(PictureBox* box, const QString& file, const QString& caption) {
     Adopt(box, caption);
-    const QImage skin = Skin(file);
     if (!mSurfaces)
         mSurfaces = std::make_shared<c_Surface>();
-    mSurfaces->CreateSurface(skin);
-    mSurfaces->CreateSurface(skin);
-    mSurfaces->CreateMask(1, kBlack, kBlack, kWhite);
+    mSurfaces->CreateSprite(Skin(file));
     box->SetBoxSize(QSize(mSurfaces->Width(0), mSurfaces->Height(0) / 3));
     SetRoundFocus();
 }
 
-QImage c_SurfButton::Skin(const QString& file) {
-    const QImage skin = LoadSkin(file);
-    if (!skin.isNull())
+Picture c_SurfButton::Skin(const QString& file) {
+    const Picture skin = LoadSkin(file);
+    if (!skin.size.isEmpty())
         return skin;
-    QImage plain = PlainSkin(mBox->size());
+    const Picture plain = PlainSkin(mBox->size());
+    if (HasWindowSign(file))
+        return {plain.size, [=] { return WithWindowSign(plain.load(), file); }};
     // A button without a picture or a sign says in words what it is for.
-    if (!DrawWindowSign(plain, file) && mCaption.isEmpty())
+    if (mCaption.isEmpty())
         mCaption = mBox->accessibleName();
     return plain;
 }

@@ -56,7 +56,7 @@ Q_SIGNALS:
 
 private:
     void Adopt(toolkit::PictureBox* box, const QString& caption);
-    QImage Skin(const QString& file);
+    toolkit::Picture Skin(const QString& file);
     void SetRoundFocus();
     void DrawState(State state);
     void Draw();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "toolkit/Canvas.h"
+#include "toolkit/Picture.h"
 
 #include <QString>
 #include <memory>
@@ -27,8 +28,12 @@ public:
     /// Adds a surface, filled from the bitmap `file` (as in "Images\X.bmp") unless that is empty.
     toolkit::Hdc CreateSurface(int width, int height, const QString& file);
 
-    /// Adds a surface that shows `picture`, at the screen's pixel ratio.
-    toolkit::Hdc CreateSurface(const QImage& picture);
+    /// Adds a surface that shows `picture`.
+    toolkit::Hdc CreateSurface(const toolkit::Picture& picture);
+
+    /// Adds two surfaces: a skin and its mask, black where the skin has something to show and white
+    /// elsewhere.
+    void CreateSprite(const toolkit::Picture& skin);
 
     /// Releases all surfaces. The numbering continues where it was.
     void FreeSurfaces();

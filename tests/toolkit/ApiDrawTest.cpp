@@ -144,7 +144,8 @@ TEST_P(Drawings, KeepToTheirClip) {
         {"shadow", [](Drawing& drawing) { drawing.Text("WWWWWWWW", kPen, kBrush, 0, 4, 2); }},
         {"shapes",
          [](Drawing& drawing) {
-             drawing.Shapes([](QPainter& painter) { painter.fillRect(0, 0, 40, 30, Qt::red); });
+             drawing.Shapes(QRect(0, 0, 40, 30),
+                            [](QPainter& painter) { painter.fillRect(0, 0, 40, 30, Qt::red); });
          }},
         {"gradient", [](Drawing& drawing) { drawing.Gradient(0, 0, 40, 30, kPen, kBrush); }},
     };

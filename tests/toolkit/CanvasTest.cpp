@@ -1,5 +1,7 @@
 #include "toolkit/Canvas.h"
 #include "tests/toolkit/Pictures.h"
+#include "toolkit/Drawing.h"
+#include "toolkit/c_Surface.h"
 
 #include <QPainter>
 #include <gtest/gtest.h>
@@ -49,6 +51,48 @@ TEST_P(AtAnyRatio, IsShownPixelByPixelWhereverAWidgetStands) {
             for (int x = 0; x < image.width(); ++x)
                 ASSERT_EQ(screen.pixel(at + QPoint(x, y)), image.pixel(x, y)) << x << ", " << y;
     }
+}
+
+/// A drawing of all kinds; what it copies from is drawn over afterwards.
+Canvas Drawn() {
+    Canvas ground(60, 50);
+    Canvas sprite(20, 20);
+    Canvas drawn(60, 50);
+    Drawing(&ground).Gradient(0, 0, 60, 49, Rgb(0, 0, 250), Rgb(0, 200, 100));
+    Drawing(&sprite).Lines(kWhite, 3, {{2, 2}, {17, 15}});
+    Canvas mask = sprite;
+    MaskPixels(mask, kBlack, kBlack, kWhite);
+    BitBlt(&drawn, 0, 0, 60, 50, &ground, 0, 0, RasterOp::SrcCopy);
+    DrawMasked(&drawn, 11, 5, 20, 20, &mask, &sprite, 0, 0);
+    ground.Fill(QRect(0, 0, 60, 50), kRed);
+    sprite.Fill(QRect(0, 0, 60, 50), kRed);
+    Drawing drawing(&drawn);
+    drawing.SetClip(QRect(0, 0, 50, 50));
+    drawing.Text(QStringLiteral("Songrush"), kRed, kBlack, 3, 22, 2);
+    drawing.Lines(kGold, 1, {{0, 49}, {59, 40}});
+    return drawn;
+}
+
+TEST_P(AtAnyRatio, ShowsWhatWasDrawnAtAnother) {
+    const Canvas expected = Drawn();
+    const QImage pixels = expected.Image();
+    Canvas::SetRatio(1.75);
+    const Canvas canvas = Drawn();
+    EXPECT_NE(canvas.Image(), pixels);
+    Canvas::SetRatio(GetParam());
+    EXPECT_EQ(canvas.Image(), pixels);
+}
+
+TEST_P(AtAnyRatio, ForgetsNothingThatStillShows) {
+    Canvas canvas(40, 30);
+    for (int i = 0; i < 3000; ++i) // too many to be kept one by one
+        canvas.Fill(QRect(i % 40, i % 30, 3, 2), Rgb(i % 256, 9, 9));
+    canvas.Fill(QRect(0, 0, 20, 30), kGold);
+    canvas.Fill(QRect(5, 5, 5, 5), kRed);
+    Canvas::SetRatio(1.75);
+    EXPECT_EQ(canvas.Pixel(15, 15), kGold);
+    EXPECT_EQ(canvas.Pixel(7, 7), kRed);
+    EXPECT_NE(canvas.Pixel(30, 20), kBlack);
 }
 
 TEST(Blits, LeaveOutWhatLiesOutsideEitherCanvas) {

@@ -72,7 +72,7 @@ TEST(HumanOrder, SortsAsPeopleExpect) {
 class PicList : public testing::TestWithParam<double> {
 protected:
     PicList() {
-        mFolder.Save(QStringLiteral("Images/sBar.bmp"), PlainSkin(QSize(16, 48)));
+        mFolder.Save(QStringLiteral("Images/sBar.bmp"), PlainSkin(QSize(16, 48)).load());
         mBox.move(kBoxPlace);
         mList.Create(&mBox, QStringLiteral("File Name\\Song Title\\Artist"));
         QObject::connect(&mList, &c_PicList::LineSelChanged, [this](int line) {

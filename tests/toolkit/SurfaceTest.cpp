@@ -75,7 +75,7 @@ TEST(Pictures, ComeFromTheSetForTheScreen) {
     };
     for (const auto& c : cases) {
         const AtRatio ratio(c.ratio);
-        const QImage picture = LoadSkin(c.file);
+        const QImage picture = LoadSkin(c.file).load();
         EXPECT_EQ(picture.size(), c.size) << c.file.toStdString() << " at " << c.ratio;
         EXPECT_EQ(picture.pixelColor(0, 0), c.color) << c.file.toStdString();
     }
@@ -89,7 +89,7 @@ TEST(Pictures, AreScaledWithoutBlendingTheTransparentBlack) {
     QPainter(&disc).fillRect(35, 51, 60, 60, QColor(10, 240, 90));
     QPainter(&disc).fillRect(95, 51, 60, 60, QColor(0, 0, 1));
     folder.Save(QStringLiteral("Images/2x/Skin.bmp"), disc);
-    const QImage scaled = LoadSkin(QStringLiteral("Images\\Skin.bmp"));
+    const QImage scaled = LoadSkin(QStringLiteral("Images\\Skin.bmp")).load();
     ASSERT_EQ(scaled.size(), QSize(160, 160));
     for (int y = 0; y < 160; ++y) {
         for (int x = 0; x < 160; ++x) {
@@ -125,11 +125,11 @@ TEST(Pictures, CountByTheirColoursAlone) {
     QImage skin = Plain(40, 60, Qt::black);
     QPainter(&skin).fillRect(20, 0, 20, 60, QColor(10, 240, 90));
     folder.Save(QStringLiteral("Images/Skin.bmp"), skin);
-    const QImage expected = LoadSkin(QStringLiteral("Images\\Skin.bmp"));
+    const QImage expected = LoadSkin(QStringLiteral("Images\\Skin.bmp")).load();
     for (const quint32 alphaMask : {0U, 0xFF000000U}) {
         for (const quint32 fourth : {0U, 77U}) {
             folder.Write(QStringLiteral("Images/Other.bmp"), Bitmap32(skin, alphaMask, fourth));
-            EXPECT_EQ(LoadSkin(QStringLiteral("Images\\Other.bmp")), expected)
+            EXPECT_EQ(LoadSkin(QStringLiteral("Images\\Other.bmp")).load(), expected)
                 << alphaMask << ", " << fourth;
         }
     }

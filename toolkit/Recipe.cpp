@@ -1,0 +1,44 @@
+#include "toolkit/Recipe.h"
+
+#include <QPainter>
+
+namespace toolkit {
+
+namespace {
+
+/// A drawing that goes on without ever covering itself is kept as the picture that it has become.
+constexpr std::size_t kMostSteps = 1000;
+
+Canvas::Paint PaintPicture(const QImage& picture) {
+    return [picture](QImage& image) {
+        QPainter painter(&image);
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter.drawImage(QRectF(QPointF(0, 0), image.deviceIndependentSize()), picture);
+    };
+}
+
+} // namespace
+
+QImage& Recipe::Pixels() {
+    if (ratio == Canvas::Ratio())
+        return image;
+    ratio = Canvas::Ratio();
+    image = QImage(Canvas::ScreenPixels(QRect(QPoint(0, 0), size)).size(), QImage::Format_RGB32);
+    image.fill(Qt::black);
+    image.setDevicePixelRatio(ratio);
+    for (const auto& step : steps)
+        step->paint(image);
+    return image;
+}
+
+void Recipe::Add(const QRect& area, bool covers, Canvas::Paint paint) {
+    if (covers)
+        std::erase_if(steps, [&area](const auto& step) { return area.contains(step->area); });
+    if (steps.size() == kMostSteps)
+        steps = {std::make_shared<const Step>(QRect(QPoint(0, 0), size), PaintPicture(image))};
+    const QRect changed = area & QRect(QPoint(0, 0), size);
+    if (!changed.isEmpty())
+        steps.push_back(std::make_shared<const Step>(changed, std::move(paint)));
+}
+
+} // namespace toolkit

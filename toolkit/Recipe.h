@@ -1,0 +1,33 @@
+#pragma once
+
+#include "toolkit/Canvas.h"
+
+#include <memory>
+#include <vector>
+
+namespace toolkit {
+
+/// How a canvas came to look as it does: what was drawn on it, in order. Whoever copies from a
+/// canvas keeps its recipe, which stays as it is when the canvas is drawn on again.
+struct Recipe {
+    explicit Recipe(const QSize& logicalSize) : size(logicalSize) {}
+
+    /// The picture at the ratio of the time.
+    QImage& Pixels();
+
+    /// Adds what was drawn and forgets what it has covered.
+    void Add(const QRect& area, bool covers, Canvas::Paint paint);
+
+    struct Step {
+        QRect area;
+        Canvas::Paint paint;
+    };
+
+    QSize size; // logical pixels
+    std::vector<std::shared_ptr<const Step>> steps;
+
+    QImage image;
+    double ratio = 0; // of the image; 0 if there is none
+};
+
+} // namespace toolkit
