@@ -135,38 +135,32 @@ TEST_F(DialogTest, OneFileComesAsItsPath) {
 }
 
 TEST_F(DialogTest, NamesThatAreNoValidTextAreOfferedToo) {
-    const std::string file = "caf\xE9.m3u";
-    const std::string folder = "m\xFCsik";
-    const fs::path inner = fs::current_path() / "inner";
-    std::ofstream(fs::current_path() / file) << "list";
-    std::ofstream(fs::current_path() / "caf\xE9.txt") << "no list";
-    fs::create_directories(inner / folder);
-    const auto choose = [](const QString& name) {
-        return [name](QFileDialog& dialog) {
+    const fs::path current = fs::current_path();
+    for (const char* file : {"caf\xE9.m3u", "caf\xE9.txt", "plain.m3u"})
+        std::ofstream(current / file) << "list";
+    fs::create_directories(current / "inner/m\xFCsik");
+    // Chooses the one odd name, or types another one after it.
+    const auto choose = [](const QString& name, const QString& typed = {}) {
+        OnNext<QFileDialog>([=](QFileDialog& dialog) {
             auto* odd = dialog.findChild<QListWidget*>(QStringLiteral("OddNames"));
             ASSERT_EQ(odd->count(), 1);
             EXPECT_EQ(odd->item(0)->text(), name);
             QTest::mouseClick(odd->viewport(), Qt::LeftButton, {},
                               odd->visualItemRect(odd->item(0)).center());
+            if (!typed.isEmpty())
+                Type(dialog, typed);
             Press(dialog, QDialogButtonBox::Open);
-        };
+        });
     };
-    OnNext<QFileDialog>(choose(QStringLiteral("café.m3u")));
-    const QString chosen = cDialog::GetOpenName("Load", "Lists", "*.m3u", QString(), false);
-    EXPECT_EQ(platform::PathFromText(chosen), fs::current_path() / file);
-    std::ofstream(fs::current_path() / "plain.m3u") << "list";
-    OnNext<QFileDialog>([&](QFileDialog& dialog) { // a name that is typed later counts instead
-        auto* odd = dialog.findChild<QListWidget*>(QStringLiteral("OddNames"));
-        odd->setCurrentRow(0);
-        Type(dialog, "plain.m3u");
-        Press(dialog, QDialogButtonBox::Open);
-    });
-    EXPECT_EQ(cDialog::GetOpenName("Load", "Lists", "*.m3u", QString(), false),
-              Lists() + "/plain.m3u");
-    OnNext<QFileDialog>(choose(QStringLiteral("müsik")));
+    const auto load = [] { return cDialog::GetOpenName("Load", "Lists", "*.m3u", {}, false); };
+    choose("café.m3u");
+    EXPECT_EQ(platform::PathFromText(load()), current / "caf\xE9.m3u");
+    choose("café.m3u", "plain.m3u");
+    EXPECT_EQ(load(), Lists() + "/plain.m3u");
+    choose("müsik");
     QWidget owner;
-    const QString browsed = toolkit::BrowseForFolder(&owner, "Add", inner);
-    EXPECT_EQ(platform::PathFromText(browsed), inner / folder);
+    const QString browsed = toolkit::BrowseForFolder(&owner, "Add", current / "inner");
+    EXPECT_EQ(platform::PathFromText(browsed), current / "inner/m\xFCsik");
 }
 
 TEST_F(DialogTest, ACancelledOpenGivesTheInitialNameAndBlanks) {

@@ -13,7 +13,6 @@
 #include <QWheelEvent>
 #include <QWindow>
 #include <gtest/gtest.h>
-#include <set>
 #include <vector>
 
 namespace {
@@ -31,41 +30,27 @@ std::vector<int> Numbers(const QSignalSpy& spy) {
     return numbers;
 }
 
-std::vector<QString> Texts(const QStringList& texts) { return {texts.begin(), texts.end()}; }
-
 TEST(HumanOrder, SortsAsPeopleExpect) {
     const struct {
         const char* rule;
-        QLocale locale;
-        QStringList texts;
-        bool downwards;
-        std::vector<int> order;
+        QString texts, sorted;
+        bool downwards = false;
+        QLocale locale = QLocale::c();
     } cases[] = {
-        {"numbers by value",
-         QLocale::c(),
-         {"10 b", "9 a", "Track 2", "Track 11", "Track 1"},
-         false,
-         {1, 0, 4, 2, 3}},
-        {"case does not count", QLocale::c(), {"b", "A", "a", "B", ""}, false, {4, 1, 2, 0, 3}},
-        {"accents hardly count",
-         QLocale::c(),
-         {"Eva", "\u00c9tude", "Ezra", "etude"},
-         false,
-         {3, 1, 0, 2}},
-        {"downwards, equal ones stay",
-         QLocale::c(),
-         {"b", "A", "a", "B", "2", "10"},
-         true,
-         {0, 3, 1, 2, 5, 4}},
-        {"as the language has it",
-         QLocale(QLocale::Swedish),
-         {"\u00c5sa", "Zoe", "Ada"},
-         false,
-         {2, 1, 0}},
-        {"in English", QLocale(QLocale::English), {"\u00c5sa", "Zoe", "Ada"}, false, {2, 0, 1}},
+        {"numbers by value", "10 b,9 a,Track 2,Track 11", "9 a,10 b,Track 2,Track 11"},
+        {"case does not count", "b,A,a,B,", ",A,a,b,B"},
+        {"accents hardly count", "Eva,Étude,Ezra,etude", "etude,Étude,Eva,Ezra"},
+        {"downwards, equal ones stay", "b,A,a,B,2,10", "b,B,A,a,10,2", true},
+        {"in Swedish", "Åsa,Zoe,Ada", "Ada,Zoe,Åsa", false, QLocale::Swedish},
+        {"in English", "Åsa,Zoe,Ada", "Ada,Åsa,Zoe", false, QLocale::English},
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(HumanOrder(Texts(c.texts), c.downwards, c.locale), c.order) << c.rule;
+    for (const auto& c : cases) {
+        const QStringList texts = c.texts.split(u',');
+        QStringList sorted;
+        for (const int index : HumanOrder({texts.begin(), texts.end()}, c.downwards, c.locale))
+            sorted << texts[index];
+        EXPECT_EQ(sorted.join(u','), c.sorted) << c.rule;
+    }
 }
 
 /// A list in a form, used with a real pointer and real keys.
@@ -76,7 +61,8 @@ protected:
         mBox.move(kBoxPlace);
         mList.Create(&mBox, QStringLiteral("File Name\\Song Title\\Artist"));
         QObject::connect(&mList, &c_PicList::LineSelChanged, [this](int line) {
-            mSelections.push_back({line, mList.mRangeKey, mList.mAddKey, mList.mByKeyboard});
+            mSelections << QString::number(line) + (mList.mRangeKey ? " range" : "") +
+                               (mList.mAddKey ? " add" : "") + (mList.mByKeyboard ? " key" : "");
         });
         mForm.ShowInPlace();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&mForm));
@@ -89,9 +75,8 @@ protected:
         mBox.grab();
     }
 
-    void Press(QPoint at, Qt::KeyboardModifiers keys = {},
-               Qt::MouseButton button = Qt::LeftButton) {
-        QTest::mousePress(mForm.windowHandle(), button, keys, kBoxPlace + at);
+    void Press(QPoint at) {
+        QTest::mousePress(mForm.windowHandle(), Qt::LeftButton, {}, kBoxPlace + at);
     }
     void MoveTo(QPoint at) { QTest::mouseMove(mForm.windowHandle(), kBoxPlace + at); }
     void Release(QPoint at) {
@@ -99,13 +84,11 @@ protected:
     }
     void Click(QPoint at, Qt::KeyboardModifiers keys = {},
                Qt::MouseButton button = Qt::LeftButton) {
-        Press(at, keys, button);
-        QTest::mouseRelease(mForm.windowHandle(), button, keys, kBoxPlace + at);
+        QTest::mouseClick(mForm.windowHandle(), button, keys, kBoxPlace + at);
     }
     void DoubleClick(QPoint at) {
         QTest::mouseDClick(mForm.windowHandle(), Qt::LeftButton, {}, kBoxPlace + at);
     }
-
     void Wheel(QPoint pixels, QPoint angle) {
         const QPointF at(50, 100);
         QWheelEvent event(at, mBox.mapToGlobal(at), pixels, angle, Qt::NoButton, Qt::NoModifier,
@@ -116,22 +99,18 @@ protected:
     QPoint CellAt(int line, int column) const { return mList.CellRect(line, column).center(); }
     bool InSight(int line) const { return !mList.CellRect(line, 0).isEmpty(); }
     int TopLine() const { return mList.LineAt(QPoint(5, mList.CellRect(-1, 0).bottom() + 1)); }
+    std::string SelectedKey() const { return mList.LineKey(mList.LineSelectedNum()).toStdString(); }
 
-    struct Selection {
-        int line;
-        bool range, add, byKeyboard;
-        bool operator==(const Selection&) const = default;
-        friend void PrintTo(const Selection& s, std::ostream* out) {
-            *out << s.line << (s.range ? " range" : "") << (s.add ? " add" : "")
-                 << (s.byKeyboard ? " keys" : "");
-        }
-    };
+    /// The selections since the last call.
+    std::string Selections() {
+        return std::exchange(mSelections, {}).join(QStringLiteral(", ")).toStdString();
+    }
 
     AtRatio mRatio{GetParam()};
     PictureFolder mFolder;
     Form mForm{QStringLiteral("f_Test"), QSize(420, 300)};
     PictureBox mBox{&mForm, QStringLiteral("pList"), kBoxSize};
-    std::vector<Selection> mSelections;
+    QStringList mSelections;
     c_PicList mList;
 };
 
@@ -143,11 +122,10 @@ TEST_P(PicList, KeepsTheSelectionOnItsLine) {
     QSignalSpy sorted(&mList, &c_PicList::HeaderSelChanged);
     mList.SelectLine(1);
     EXPECT_EQ(mList.SortByHeader(1, 2), (std::vector<int>{1, 0, 3, 2}));
-    EXPECT_EQ(mList.LineKey(mList.LineSelectedNum()), "a\\10");
+    EXPECT_EQ(SelectedKey(), "a\\10");
     mList.SelectLine(3);
     EXPECT_EQ(mList.SortByHeader(0, 0), (std::vector<int>{0, 1, 3, 2}));
-    EXPECT_EQ(mList.LineKey(mList.LineSelectedNum()), "B\\1");
-    EXPECT_EQ(sorted.size(), 2);
+    EXPECT_EQ(SelectedKey(), "B\\1");
     mList.SortByHeader(0, 0);
     EXPECT_EQ(mList.SortByHeader(3, 0), (std::vector<int>{0, 1, 2, 3}));
     EXPECT_EQ(sorted.size(), 2);
@@ -156,16 +134,13 @@ TEST_P(PicList, KeepsTheSelectionOnItsLine) {
 
     // Now c b B a, selected B.
     mList.RemoveLine(0);
-    EXPECT_EQ(mList.LineKey(mList.LineSelectedNum()), "B\\1");
-    mList.AddItem("new", "new");
+    EXPECT_EQ(SelectedKey(), "B\\1");
     mList.RemoveLine(1);
-    EXPECT_EQ(mList.LineKey(mList.LineSelectedNum()), "a\\10");
-    mList.RemoveLine(2);
+    EXPECT_EQ(SelectedKey(), "a\\10");
     mList.RemoveLine(1);
     EXPECT_EQ(mList.LineSelectedNum(), 0);
     mList.RemoveLine(0);
     EXPECT_EQ(mList.LineSelectedNum(), -1);
-    EXPECT_EQ(mList.LineKey(-1), "");
 }
 
 TEST_P(PicList, SelectsTheLineUnderThePointer) {
@@ -186,13 +161,8 @@ TEST_P(PicList, SelectsTheLineUnderThePointer) {
     EXPECT_EQ(mList.CellRect(0, 0).height(), height); // brought into sight
     QSignalSpy menus(&mList, &c_PicList::LineRightClicked);
     Click(CellAt(4, 2), {}, Qt::RightButton);
-    EXPECT_EQ(mSelections, (std::vector<Selection>{{1, true, false, false},
-                                                   {1, false, true, false},
-                                                   {0, false, false, false},
-                                                   {4, false, false, false}}));
     EXPECT_EQ(menus.size(), 1);
-    EXPECT_FALSE(mList.mRangeKey || mList.mAddKey);
-
+    EXPECT_EQ(Selections(), "1 range, 1 add, 0, 4");
     QSignalSpy doubles(&mList, &c_PicList::LineDoubleClicked);
     DoubleClick(CellAt(2, 1));
     EXPECT_EQ(Numbers(doubles), (std::vector<int>{2}));
@@ -202,40 +172,30 @@ TEST_P(PicList, ClicksHeadersWhereTheyWerePressed) {
     Fill(1);
     mList.SetSubHeader(QStringLiteral("1 song\\none without title\\"));
     QSignalSpy headers(&mList, &c_PicList::HeaderSelClicked);
-    QSignalSpy doubles(&mList, &c_PicList::HeaderDoubleClicked);
     QSignalSpy subHeaders(&mList, &c_PicList::SubHeaderClicked);
     Click(CellAt(-1, 1));
     Press(CellAt(-1, 1));
     Release(CellAt(-1, 2));
-    EXPECT_EQ(Numbers(headers), (std::vector<int>{1}));
     DoubleClick(CellAt(-1, 2));
-    EXPECT_EQ(Numbers(doubles), (std::vector<int>{2}));
     EXPECT_EQ(Numbers(headers), (std::vector<int>{1, 2, 2}));
     Click(QPoint(20, mList.CellRect(-1, 0).bottom() + 5));
     EXPECT_EQ(Numbers(subHeaders), (std::vector<int>{0}));
-    EXPECT_TRUE(mSelections.empty());
+    EXPECT_EQ(Selections(), "");
 }
 
 TEST_P(PicList, MovesBySeveralKeys) {
     Fill(60);
-    const struct {
-        Qt::Key key;
-        Qt::KeyboardModifiers keys;
-        int line;
-    } cases[] = {{Qt::Key_Down, {}, 0},
-                 {Qt::Key_Down, Qt::ShiftModifier, 1},
-                 {Qt::Key_Up, Qt::ControlModifier, 0},
-                 {Qt::Key_Up, {}, 0},
-                 {Qt::Key_End, {}, 59},
-                 {Qt::Key_Down, {}, 59},
-                 {Qt::Key_Home, Qt::ShiftModifier, 0}};
-    for (const auto& c : cases) {
-        mSelections.clear();
-        QTest::keyClick(&mBox, c.key, c.keys);
-        EXPECT_EQ(mSelections, (std::vector<Selection>{{c.line, c.keys == Qt::ShiftModifier,
-                                                        c.keys == Qt::ControlModifier, true}}));
-        EXPECT_TRUE(InSight(c.line));
-    }
+    for (const Qt::KeyboardModifiers keys : {Qt::NoModifier, Qt::ShiftModifier})
+        QTest::keyClick(&mBox, Qt::Key_Down, keys);
+    QTest::keyClick(&mBox, Qt::Key_Up, Qt::ControlModifier);
+    QTest::keyClick(&mBox, Qt::Key_Up);
+    EXPECT_EQ(Selections(), "0 key, 1 range key, 0 add key, 0 key");
+    QTest::keyClick(&mBox, Qt::Key_End);
+    EXPECT_TRUE(InSight(59));
+    QTest::keyClick(&mBox, Qt::Key_Down);
+    QTest::keyClick(&mBox, Qt::Key_Home);
+    EXPECT_TRUE(InSight(0));
+    EXPECT_EQ(Selections(), "59 key, 59 key, 0 key");
     // A page keeps one line of the last one in sight.
     QTest::keyClick(&mBox, Qt::Key_PageDown);
     const int page = mList.LineSelectedNum();
@@ -257,14 +217,11 @@ TEST_P(PicList, LeavesOnlyTabAndEscapeToTheForm) {
     QSignalSpy close(&mForm, &Form::CloseRequested);
     mList.SelectLine(1);
     QTest::keyClick(&mBox, Qt::Key_A, Qt::ControlModifier);
-    for (const Qt::Key key : {Qt::Key_Delete, Qt::Key_Return, Qt::Key_Left, Qt::Key_Right,
-                              Qt::Key_Up, Qt::Key_Down, Qt::Key_Escape})
+    for (const Qt::Key key : {Qt::Key_Delete, Qt::Key_Return, Qt::Key_Left, Qt::Key_Escape})
         QTest::keyClick(&mBox, key);
-    EXPECT_TRUE(mBox.hasFocus());
-    EXPECT_EQ(all.size(), 1);
-    EXPECT_EQ(remove.size(), 1);
+    EXPECT_TRUE(all.size() == 1 && remove.size() == 1 && close.size() == 1);
     EXPECT_EQ(Numbers(doubles), (std::vector<int>{1}));
-    EXPECT_EQ(close.size(), 1);
+    EXPECT_TRUE(mBox.hasFocus());
     QTest::keyClick(&mBox, Qt::Key_Tab);
     EXPECT_TRUE(other.hasFocus());
 }
@@ -275,18 +232,22 @@ TEST_P(PicList, FindsTheLineThatBeginsAsTyped) {
     std::int64_t now = 10000;
     const auto real = platform::ReplaceTimeSource({[] { return 0.0; }, [&now] { return now; }});
     const struct {
-        const char* typed;
-        int pause;
-        int line;
-    } cases[] = {{"a", 2000, 0}, {"a", 2000, 2}, {"D", 300, 3}, {"a", 2000, 0}, {"b", 300, 0},
-                 {"a", 300, 2},  {"e", 2000, 1}, {"T", 300, 1}, {"E", 300, 1},  {"z", 2000, 4},
-                 {"q", 2000, 4}, {"a", 2000, 0}, {"a", 300, 2}, {"a", 300, 3}};
-    int number = 0;
+        const char* typed; // in one go; then comes a pause
+        std::string found;
+    } cases[] = {{"a", "0 key"},
+                 {"aD", "2 key, 3 key"},
+                 {"aba", "0 key, 0 key, 2 key"},
+                 {"q", ""},
+                 {"eTE", "1 key, 1 key, 1 key"},
+                 {"z", "4 key"},
+                 {"aaa", "0 key, 2 key, 3 key"}};
     for (const auto& c : cases) {
-        now += c.pause;
-        QTest::keyClick(&mBox, c.typed[0], *c.typed < 'a' ? Qt::ShiftModifier : Qt::NoModifier);
-        EXPECT_EQ(mList.LineSelectedNum(), c.line) << "after key " << ++number;
-        EXPECT_FALSE(mSelections.back().range);
+        now += 2000;
+        for (const char* letter = c.typed; *letter != '\0'; ++letter) {
+            now += 300;
+            QTest::keyClick(&mBox, *letter, *letter < 'a' ? Qt::ShiftModifier : Qt::NoModifier);
+        }
+        EXPECT_EQ(Selections(), c.found) << c.typed;
     }
     now += 2000;
     mList.SortByHeader(1, 0);
@@ -301,24 +262,25 @@ TEST_P(PicList, ScrollsWithTheThumbAndBesideIt) {
     Click(QPoint(edge - 1, 200));
     EXPECT_TRUE(InSight(TopLine()) && !InSight(0) && TopLine() > 3 && TopLine() < 12) << TopLine();
     Press(QPoint(edge - 1, 20));
-    EXPECT_FALSE(InSight(999));
     MoveTo(QPoint(edge + 10, kBoxSize.height() + 30));
-    EXPECT_TRUE(InSight(999));
     EXPECT_EQ(mList.CellRect(999, 0).height(), mList.CellRect(998, 0).height());
     MoveTo(QPoint(edge + 10, -30));
     EXPECT_EQ(TopLine(), 0);
     Release(QPoint(edge - 1, 20));
-    EXPECT_TRUE(mSelections.empty());
+    EXPECT_EQ(Selections(), "");
 }
 
 TEST_P(PicList, PrintsEachVisibleCellOnce) {
-    std::multiset<std::pair<int, int>> printed;
+    std::vector<std::pair<int, int>> printed;
     QObject::connect(&mList, &c_PicList::LinePrint, [&](ListCell& cell) {
-        printed.insert({cell.line, cell.column});
+        printed.emplace_back(cell.line, cell.column);
         EXPECT_EQ(cell.text, mList.CellText(cell.line, cell.column));
         cell.text = QStringLiteral("\u2588\u2588\u2588\u2588");
         cell.color = Rgb(255, 50, 50);
     });
+    mList.AddItem(platform::EscapeSeparators("AC\\DC?") + "\\two\nlines", QString());
+    EXPECT_EQ(mList.CellText(0, 0), "AC\\DC?");
+    EXPECT_EQ(mList.CellText(0, 1), "two lines");
     Fill(1000);
     mList.SelectLine(500);
     printed.clear();
@@ -326,32 +288,13 @@ TEST_P(PicList, PrintsEachVisibleCellOnce) {
         mList.Refresh();
     EXPECT_TRUE(printed.empty());
     mBox.grab();
-    std::multiset<std::pair<int, int>> visible;
+    std::vector<std::pair<int, int>> visible;
     for (int line = 0; line < 1000; ++line)
         for (int column = 0; column < 3 && InSight(line); ++column)
-            visible.insert({line, column});
+            visible.emplace_back(line, column);
     EXPECT_EQ(printed, visible);
     const QPoint text(mList.CellRect(500, 1).left() + 12, CellAt(500, 1).y());
     EXPECT_EQ(mBox.Picture().Pixel(text.x(), text.y()), Rgb(255, 50, 50));
-}
-
-TEST_P(PicList, ShowsEveryText) {
-    mList.AddItem(platform::EscapeSeparators("AC\\DC?") + "\\two\nlines", QString());
-    mList.AddItem(platform::TextFromPath("caf\xe9"), QString());
-    EXPECT_EQ(mList.CellText(0, 0), "AC\\DC?");
-    EXPECT_EQ(mList.CellText(0, 1), "two lines");
-    EXPECT_EQ(mList.CellText(0, 2), "");
-    EXPECT_EQ(mList.CellText(1, 0), QString::fromUtf8("caf\u00e9"));
-}
-
-TEST_P(PicList, IsATableToScreenReadersThatKnewTheBoxBefore) {
-    QAccessible::setActive(true);
-    PictureBox box(&mForm, QStringLiteral("box"), kBoxSize);
-    EXPECT_EQ(QAccessible::queryAccessibleInterface(&box)->role(), QAccessible::Graphic);
-    c_PicList list;
-    list.Create(&box, QStringLiteral("Title"));
-    EXPECT_EQ(QAccessible::queryAccessibleInterface(&box)->role(), QAccessible::Table);
-    QAccessible::setActive(false);
 }
 
 TEST_P(PicList, IsATableToScreenReaders) {
@@ -360,17 +303,10 @@ TEST_P(PicList, IsATableToScreenReaders) {
     Fill(40);
     mList.SelectLine(30);
     auto* list = QAccessible::queryAccessibleInterface(&mBox);
-    ASSERT_NE(list, nullptr);
     ASSERT_EQ(list->role(), QAccessible::Table);
     auto* table = list->tableInterface();
-    ASSERT_NE(table, nullptr);
-    EXPECT_EQ(table->rowCount(), 40);
-    EXPECT_EQ(table->columnCount(), 3);
     EXPECT_EQ(table->selectedRows(), QList<int>{30});
     EXPECT_EQ(table->rowDescription(7), "File 7, Title, Artist");
-    EXPECT_EQ(table->columnDescription(2), "Artist");
-    EXPECT_EQ(list->child(0)->role(), QAccessible::ColumnHeader);
-    EXPECT_EQ(list->child(0)->text(QAccessible::Name), "File Name");
     EXPECT_EQ(list->child(0)->text(QAccessible::Description), "40 songs");
 
     auto* cell = table->cellAt(30, 1);
@@ -387,8 +323,6 @@ TEST_P(PicList, IsATableToScreenReaders) {
     EXPECT_EQ(Numbers(headers), (std::vector<int>{2}));
     EXPECT_TRUE(table->selectRow(3));
     EXPECT_EQ(mList.LineSelectedNum(), 3);
-    mList.RemoveLine(39);
-    EXPECT_EQ(table->cellAt(39, 0), nullptr);
     mList.ClearLines();
     EXPECT_FALSE(cell->isValid());
     QAccessible::setActive(false);
