@@ -33,32 +33,17 @@ double TruePeak(const std::vector<Frame>& frames) {
     return meter.TruePeak();
 }
 
-std::vector<Frame> Limited(const std::vector<Frame>& in) {
-    Limiter limiter(kRate, kCeiling);
-    limiter.Put(in);
-    limiter.End();
-    std::vector<Frame> out(in.size() + 1);
-    std::size_t done = 0;
-    while (const std::size_t got = limiter.Take(std::span(out).subspan(done)))
-        done += got;
-    EXPECT_TRUE(limiter.Drained());
-    out.resize(done);
-    return out;
-}
-
-TEST(Meter, GivesASineOfFullScaleTheLoudnessOfTheStandard) {
+TEST(Meter, GivesASineTheLoudnessOfTheStandardAndThePeakBetweenItsSamples) {
+    const std::vector<Frame> sine = Sine(997, 1);
     Meter both(kRate, Meter::Of::Both);
-    both.Add(Sine(997, 1));
+    both.Add(sine);
     EXPECT_NEAR(both.Loudness(), 0, 0.05);
     Meter one(kRate, Meter::Of::Loudness, 1);
     std::vector<float> mono;
-    for (const Frame& frame : Sine(997, 1))
+    for (const Frame& frame : sine)
         mono.push_back(frame.left);
     one.Add(mono);
     EXPECT_NEAR(one.Loudness(), -3.01, 0.05);
-}
-
-TEST(Meter, SeesThePeakBetweenTheSamples) {
     EXPECT_NEAR(TruePeak(Sine(kRate / 4, 1, 0.125)), 1, 0.05); // all samples are at 0.7
 }
 
@@ -66,7 +51,15 @@ TEST(Limiter, TurnsDownBeforeThePeakAndUpAgainWithoutAJump) {
     std::vector<Frame> frames = Sine(1000, 0.45);
     for (std::size_t i = 70000; i < 70100; ++i)
         frames[i] = {frames[i].left * 5, frames[i].right * 5};
-    const std::vector<Frame> out = Limited(frames);
+    Limiter limiter(kRate, kCeiling);
+    limiter.Put(frames);
+    limiter.End();
+    std::vector<Frame> out(frames.size() + 1);
+    std::size_t done = 0;
+    while (const std::size_t got = limiter.Take(std::span(out).subspan(done)))
+        done += got;
+    EXPECT_TRUE(limiter.Drained());
+    out.resize(done);
     EXPECT_EQ(out.size(), frames.size());
     EXPECT_LE(TruePeak(out), kCeiling * 1.03);
     double before = 1;

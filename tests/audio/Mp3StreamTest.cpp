@@ -24,51 +24,44 @@ std::size_t Skip(Mp3Stream& stream, std::size_t count) {
     return done;
 }
 
-class FileKind : public testing::TestWithParam<Kind> {
-protected:
-    void SetUp() override { ASSERT_TRUE(mStream); }
-
-    const TemporaryFolder mFolder;
-    const std::unique_ptr<Mp3Stream> mStream =
-        Mp3Stream::Open(mFolder.Write("kind.mp3", GetParam().make()));
-};
-
-TEST_P(FileKind, HasTheLengthThatIsReallyToBeHeardAndNothingPastIt) {
-    const double sample = 0.5 / mStream->Rate();
-    EXPECT_NEAR(mStream->Length(), GetParam().length, std::max(GetParam().tolerance, sample));
-    const auto frames = static_cast<std::size_t>(mStream->Frames());
-    EXPECT_EQ(Skip(*mStream, frames + 10000), frames);
-    for (const std::int64_t past : {0, 1, 100000}) {
-        mStream->SeekTo(mStream->Frames() + past);
-        EXPECT_TRUE(Read(*mStream, 10).empty());
-    }
+/// Whether the tone at a place is the one that the file has `seconds` after its start.
+void ExpectTone(Mp3Stream& stream, double place, double seconds) {
+    stream.SeekTo(std::llround((place - 0.05) * stream.Rate()));
+    const auto window = static_cast<std::size_t>(stream.Rate() / 10);
+    const double pitch = sound::Pitch(Read(stream, window), stream.Rate());
+    EXPECT_NEAR(pitch, tonefile::Pitch(seconds), 20) << place;
 }
 
-TEST_P(FileKind, GivesTheSameSamplesAfterASeekAsWhenPlayedThrough) {
-    const auto frames = static_cast<std::size_t>(mStream->Frames());
+class FileKind : public testing::TestWithParam<Kind> {};
+
+TEST_P(FileKind, HasItsRealLengthAndSoundsTheSameAfterASeekAsWhenPlayedThrough) {
+    const TemporaryFolder folder;
+    const auto stream = Mp3Stream::Open(folder.Write("kind.mp3", GetParam().make()));
+    ASSERT_TRUE(stream);
+    const double sample = 0.5 / stream->Rate();
+    EXPECT_NEAR(stream->Length(), GetParam().length, std::max(GetParam().tolerance, sample));
+    const auto frames = static_cast<std::size_t>(stream->Frames());
     ASSERT_GT(frames, 50000u);
     const std::size_t places[] = {1, 2000, frames / 3, frames / 2 + 77, frames - 1152};
     std::vector<std::vector<Frame>> played;
     std::size_t reached = 0;
     for (const std::size_t place : places) {
-        Skip(*mStream, place - reached);
-        played.push_back(Read(*mStream, 1152));
+        Skip(*stream, place - reached);
+        played.push_back(Read(*stream, 1152));
         reached = place + 1152;
     }
+    EXPECT_TRUE(Read(*stream, 10).empty());
     for (std::size_t i = played.size(); i-- > 0;) {
-        mStream->SeekTo(static_cast<std::int64_t>(places[i]));
-        const std::vector<Frame> sought = Read(*mStream, 1152);
-        ASSERT_EQ(sought.size(), played[i].size()) << "at frame " << places[i];
+        stream->SeekTo(static_cast<std::int64_t>(places[i]));
+        const std::vector<Frame> sought = Read(*stream, 1152);
+        ASSERT_EQ(sought.size(), 1152) << "at frame " << places[i];
         EXPECT_LT(sound::Difference(sought, played[i]), 1e-4f) << "at frame " << places[i];
     }
-}
-
-TEST_P(FileKind, SoundsAsItShouldAtEachPlace) {
-    for (const double place : {0.25, 1.75, 2.25}) {
-        mStream->SeekTo(std::llround((place - 0.1 + GetParam().delay) * mStream->Rate()));
-        const auto window = static_cast<std::size_t>(mStream->Rate() / 5);
-        const double pitch = sound::Pitch(Read(*mStream, window), mStream->Rate());
-        EXPECT_NEAR(pitch, tonefile::Pitch(place), 20) << place;
+    for (const double place : {0.25, 1.75, 2.25})
+        ExpectTone(*stream, place + GetParam().delay, place);
+    for (const std::int64_t past : {0, 1, 100000}) {
+        stream->SeekTo(stream->Frames() + past);
+        EXPECT_TRUE(Read(*stream, 10).empty());
     }
 }
 
@@ -80,39 +73,32 @@ std::string Part(int rate) {
     return tonefile::Encode(3, {.rate = rate, .kbps = 64, .header = false});
 }
 
-constexpr int kRates[] = {48000, 44100, 32000, 24000, 22050, 16000, 12000, 11025, 8000};
-
-class JoinedTo : public testing::TestWithParam<int> {};
-
-TEST_P(JoinedTo, SongsOfEveryRateArePlayedRightAtEachPlace) {
+TEST(Mp3Stream, SongsOfDifferentRatesJoinedArePlayedRightAtEachPlace) {
+    constexpr int kRates[] = {48000, 44100, 32000, 24000, 22050, 16000, 12000, 11025, 8000};
     constexpr double kDelay = 1105; // samples by which the encoder's tone comes late
     const TemporaryFolder folder;
-    const std::string second = Part(GetParam());
-    const double secondLength = Mp3Stream::Open(folder.Write("b.mp3", second))->Length();
+    const auto lengthOf = [&](const std::string& song) {
+        return Mp3Stream::Open(folder.Write("part.mp3", song))->Length();
+    };
     for (const int rate : kRates) {
-        SCOPED_TRACE(rate);
-        const std::string first = Part(rate);
-        const double firstLength = Mp3Stream::Open(folder.Write("a.mp3", first))->Length();
-        const auto stream = Mp3Stream::Open(folder.Write("joined.mp3", first + second));
-        ASSERT_TRUE(stream);
-        ASSERT_EQ(stream->Rate(), rate);
-        EXPECT_NEAR(stream->Length(), firstLength + secondLength, 0.001);
-        const auto frames = static_cast<double>(stream->Frames());
-        EXPECT_NEAR(static_cast<double>(Skip(*stream, 1'000'000)), frames, 0.001 * rate);
-        for (const double place : {2.25, 0.25, 1.75}) {
-            for (const bool inSecond : {true, false}) {
-                const double start = inSecond ? firstLength + kDelay / GetParam() : kDelay / rate;
-                stream->SeekTo(std::llround((start + place - 0.05) * rate));
-                const auto window = static_cast<std::size_t>(rate / 10);
-                const double pitch = sound::Pitch(Read(*stream, window), rate);
-                EXPECT_NEAR(pitch, tonefile::Pitch(place), 20) << place << inSecond;
+        for (const int secondRate : kRates) {
+            SCOPED_TRACE(testing::Message() << rate << " and " << secondRate);
+            const std::string first = Part(rate);
+            const std::string second = Part(secondRate);
+            const auto stream = Mp3Stream::Open(folder.Write("joined.mp3", first + second));
+            ASSERT_TRUE(stream);
+            ASSERT_EQ(stream->Rate(), rate);
+            const double length = lengthOf(first);
+            EXPECT_NEAR(stream->Length(), length + lengthOf(second), 0.001);
+            const auto frames = static_cast<double>(stream->Frames());
+            EXPECT_NEAR(static_cast<double>(Skip(*stream, 1'000'000)), frames, 0.001 * rate);
+            for (const double place : {2.25, 0.25, 1.75}) {
+                ExpectTone(*stream, length + kDelay / secondRate + place, place);
+                ExpectTone(*stream, kDelay / rate + place, place);
             }
         }
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(Rates, JoinedTo, testing::ValuesIn(kRates),
-                         testing::PrintToStringParamName());
 
 /// A song with ten bad sectors, missing pieces or flipped bits, by the kind of damage, 0 to 2.
 std::string Damaged(std::string song, int kind, std::mt19937& random) {
