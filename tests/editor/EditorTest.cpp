@@ -2,7 +2,6 @@
 #include "editor/c_Editor.h"
 #include "library/SongFolders.h"
 #include "library/c_ID3.h"
-#include "library/c_M3U.h"
 #include "platform/Text.h"
 #include "platform/Wait.h"
 #include "tests/Robot.h"
@@ -11,7 +10,6 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QTest>
 #include <algorithm>
 #include <deque>
@@ -31,8 +29,6 @@ protected:
         Robot robot([&] {
             if (auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget()))
                 return Answer(*dialog);
-            if (editor->TitleDialog().isVisible())
-                return mInDialog();
             if (!editor->Form().isVisible())
                 return;
             if (steps.empty())
@@ -72,8 +68,8 @@ protected:
 
     /// On the header's first column.
     std::function<void()> ClickHeader() {
-        return
-            [this] { QTest::mouseClick(editor->Form().pList, Qt::LeftButton, {}, QPoint(20, 8)); };
+        const QPoint header(20, 8);
+        return [=, this] { QTest::mouseClick(editor->Form().pList, Qt::LeftButton, {}, header); };
     }
 
     QString PathText(const char* name) const {
@@ -93,7 +89,6 @@ protected:
     const std::unique_ptr<c_Editor> editor = std::make_unique<c_Editor>();
     QString mChosen;
     QStringList mFrames; // of the messages
-    std::function<void()> mInDialog;
 };
 
 TEST_F(EditorTest, AFolderIsListedAndSortedUpAndDownByItsHeaderAndASongIsHeard) {
@@ -107,7 +102,6 @@ TEST_F(EditorTest, AFolderIsListedAndSortedUpAndDownByItsHeaderAndASongIsHeard) 
     EXPECT_EQ(seen[2], "Title 1");
     EXPECT_EQ(editor->List().LineText(1), "song10\\Title 10\\");
     EXPECT_FALSE(editor->ExitProgram);
-    EXPECT_EQ(library::LastMp3Folder(), mFolder.Path() / "Music");
 }
 
 TEST_F(EditorTest, MarkedAndSelectedLinesAreRemovedAlsoAfterSorting) {
@@ -128,25 +122,8 @@ TEST_F(EditorTest, MarkedAndSelectedLinesAreRemovedAlsoAfterSorting) {
     EXPECT_EQ(editor->List().LineCount(), 8) << "a plain selection takes all marks away";
 }
 
-TEST_F(EditorTest, AnEditedSongIsRenamedTaggedAndSavedUnderItsNewName) {
-    const auto songs = mFolder.MakeSongs(2);
-    mInDialog = [this] {
-        editor->TitleDialog().tSongTitle->setText("Better");
-        editor->TitleDialog().tFileName->setText("new name");
-        ClickOn(editor->TitleDialog().cmdApply);
-    };
-    Run({Add(), ClickHeader(), Key(Qt::Key_Home), Key(Qt::Key_Return),
-         Press(editor->Form().pSave, PathText("PlayList/list1"))});
-    EXPECT_EQ(editor->List().LineText(0), "new name\\Better\\");
-    c_M3U saved;
-    saved.ReadFile(mFolder.Path() / "PlayList" / "list1.m3u");
-    EXPECT_EQ(saved.FileName(0), mFolder.Path() / "Music" / "new name.mp3");
-    EXPECT_EQ(saved.FileName(1), songs[1]);
-}
-
 TEST_F(EditorTest, SongsWithoutTitlesAreWarnedAboutAndSavedAndLoadedAgain) {
-    const auto songs = mFolder.MakeSongs(12);
-    c_ID3().PutIdTag(songs[4]);
+    c_ID3().PutIdTag(mFolder.MakeSongs(12)[4]);
     const QString list = PathText("PlayList/list1.M3U");
     std::ofstream(mFolder.Path() / "PlayList" / "empty.m3u") << "#EXTM3U\r\n";
     QString before;
@@ -161,7 +138,6 @@ TEST_F(EditorTest, SongsWithoutTitlesAreWarnedAboutAndSavedAndLoadedAgain) {
     EXPECT_EQ(told[1], "song1.mp3 is not a playlist.");
     EXPECT_EQ(mFrames[0], "Songrush, Warning, OK");
     EXPECT_EQ(Names(), before) << "a list without songs leaves the old one";
-    EXPECT_TRUE(fs::exists(list.toStdString()));
 }
 
 TEST_F(EditorTest, AnEmptyListIsToldAndCancelledDialogsDoNothing) {
@@ -171,7 +147,6 @@ TEST_F(EditorTest, AnEmptyListIsToldAndCancelledDialogsDoNothing) {
                    Press(form.pLoad), Press(form.pAddFile), Press(form.pAddDir)}),
               QStringList({"No songs in list", "No songs in list", "Nothing to save."}));
     EXPECT_EQ(mFrames, QStringList(3, "Mp3 Editor, Information, OK"));
-    EXPECT_EQ(editor->List().LineCount(), 0);
     EXPECT_EQ(library::LastMp3Folder(), mFolder.Path());
 }
 
@@ -184,21 +159,18 @@ TEST_F(EditorTest, SeveralFilesAreAddedAtOnceAndOneTwice) {
 }
 
 TEST_F(EditorTest, AnyNameSurvivesListAndPlaylist) {
-    std::vector<fs::path> songs = mFolder.MakeSongs(6);
-    const char* names[] = {"what?.mp3", "back\\slash.mp3",          "#\"quoted\".mp3",
-                           "a:b*.mp3",  "\xCE\xA9\xE6\x97\xA5.mp3", "bad\xFF.mp3"};
+    std::vector<fs::path> songs = mFolder.MakeSongs(4);
+    const char* names[] = {"a:b*?.mp3", "back\\slash.mp3", "#\"quoted\".mp3", "bad\xFF.mp3"};
     for (std::size_t i = 0; i < songs.size(); ++i) {
         const fs::path odd = songs[i].parent_path() / names[i];
         fs::rename(songs[i], odd);
         songs[i] = odd;
     }
-    std::vector<fs::path> keys;
-    const auto look = [&] {
-        for (int line = 0; line < editor->List().LineCount(); ++line)
-            keys.push_back(platform::PathFromKey(editor->List().LineKey(line)));
-    };
     const QString list = PathText("PlayList/odd.m3u");
-    Run({Add(), Press(editor->Form().pSave, list), Press(editor->Form().pLoad, list), look});
+    Run({Add(), Press(editor->Form().pSave, list), Press(editor->Form().pLoad, list)});
+    std::vector<fs::path> keys;
+    for (int line = 0; line < editor->List().LineCount(); ++line)
+        keys.push_back(platform::PathFromKey(editor->List().LineKey(line)));
     std::sort(keys.begin(), keys.end());
     std::sort(songs.begin(), songs.end());
     EXPECT_EQ(keys, songs);
