@@ -3,6 +3,8 @@
 #include "platform/Wait.h"
 
 #include <QApplication>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QMetaEnum>
 #include <QPushButton>
@@ -57,6 +59,20 @@ bool Robot::CloseMessage() {
     ClickOn(box->button(!question  ? QMessageBox::Ok
                         : mSaysYes ? QMessageBox::Yes
                                    : QMessageBox::No));
+    return true;
+}
+
+bool AnswerFileDialog(const QString& chosen) {
+    auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    if (dialog == nullptr)
+        return false;
+    if (chosen.isEmpty()) {
+        dialog->reject();
+        return true;
+    }
+    auto* edit = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    edit->setText(chosen);
+    QTest::keyClick(edit, Qt::Key_Return);
     return true;
 }
 

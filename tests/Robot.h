@@ -37,5 +37,9 @@ private:
 /// For the messages of failed tests.
 inline void PrintTo(const QString& text, std::ostream* out) { *out << text.toStdString(); }
 
+/// Answers an open file dialog with the path `chosen`, or cancels it if that is empty; whether
+/// there was one.
+bool AnswerFileDialog(const QString& chosen);
+
 /// A click of the left mouse button in the middle of a visible widget.
 void ClickOn(QWidget* widget);

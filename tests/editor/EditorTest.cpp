@@ -7,9 +7,6 @@
 #include "tests/Robot.h"
 #include "tests/SongFolder.h"
 
-#include <QApplication>
-#include <QFileDialog>
-#include <QLineEdit>
 #include <QTest>
 #include <algorithm>
 #include <deque>
@@ -27,9 +24,7 @@ protected:
     /// cancels) and leaves by the menu button.
     QStringList Run(Steps steps) {
         Robot robot([&] {
-            if (auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget()))
-                return Answer(*dialog);
-            if (!editor->Form().isVisible())
+            if (AnswerFileDialog(mChosen) || !editor->Form().isVisible())
                 return;
             if (steps.empty())
                 return ClickOn(editor->Form().pMenu);
@@ -41,14 +36,6 @@ protected:
         EXPECT_TRUE(steps.empty()) << "left too early";
         mFrames = robot.Frames();
         return robot.Messages();
-    }
-
-    void Answer(QFileDialog& dialog) {
-        if (mChosen.isEmpty())
-            return dialog.reject();
-        auto* edit = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-        edit->setText(mChosen);
-        QTest::keyClick(edit, Qt::Key_Return);
     }
 
     std::function<void()> Press(toolkit::PictureBox* button, const QString& chosen = {}) {
