@@ -57,11 +57,11 @@ std::vector<fs::path> SongFolder::MakeSongs(int count, const char* name) {
     return songs;
 }
 
-fs::path SongFolder::MakePlaylist(const std::vector<fs::path>& songs) {
+fs::path SongFolder::MakePlaylist(const std::vector<fs::path>& songs, const char* name) {
     c_M3U list;
     for (const fs::path& song : songs)
         list.Add(song);
-    const fs::path file = Path() / "PlayList" / "Test.m3u";
+    const fs::path file = Path() / "PlayList" / name;
     list.WriteFile(file);
     return file;
 }

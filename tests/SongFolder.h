@@ -20,7 +20,8 @@ public:
     std::vector<std::filesystem::path> MakeSongs(int count, const char* name = "Music");
 
     /// Writes a playlist of the songs.
-    std::filesystem::path MakePlaylist(const std::vector<std::filesystem::path>& songs);
+    std::filesystem::path MakePlaylist(const std::vector<std::filesystem::path>& songs,
+                                       const char* name = "Test.m3u");
 
     /// The title of the song that the clip player has open.
     static QString OpenTitle();
