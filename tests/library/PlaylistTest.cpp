@@ -66,9 +66,8 @@ TEST_F(PlaylistTest, EveryKindOfLineIsReadAndWrittenBack) {
 }
 
 TEST_F(PlaylistTest, EveryPathComesBackByteForByte) {
-    const Songs songs = {"/music/a.mp3", "x",           "#",        "#Songrush:1", " /a ",
-                         "a ",           "/a\r\n/b",    "/a\r\n",   "\r\n/a",      "/a\r",
-                         "\n/a",         "/\xFF\xC3 ?", "#a\r\n#b", "  ",          "/a/\t"};
+    const Songs songs = {"x",    "#",    "#Songrush:1", " /a ",     "/a\r\n/b", "/a\r\n", "\r\n/a",
+                         "/a\r", "\n/a", "/\xFF\xC3 ?", "#a\r\n#b", "  ",       "/a/\t"};
     c_M3U list;
     for (const std::string& song : songs)
         list.Add(song);

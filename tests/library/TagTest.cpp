@@ -60,12 +60,10 @@ TEST_F(TagTest, FieldsAreReadAndCleaned) {
 
 TEST_F(TagTest, WithoutATagAllButTheGenreIsEmpty) {
     const std::string bytes = TagWith("Title", "Comment", 17);
-    for (const std::string& untagged : {std::string(500, 'x'), bytes.substr(0, 127)}) {
-        c_ID3 tag = Read(mFolder, bytes);
-        tag.GetIdTag(mFolder.Write("untagged.mp3", untagged));
-        EXPECT_EQ(tag.Title() + tag.Artist() + tag.Album() + tag.Year() + tag.Comment(), "");
-        EXPECT_EQ(tag.Genre(), "Rock");
-    }
+    c_ID3 tag = Read(mFolder, bytes);
+    tag.GetIdTag(mFolder.Write("untagged.mp3", bytes.substr(0, 127)));
+    EXPECT_EQ(tag.Title() + tag.Artist() + tag.Album() + tag.Year() + tag.Comment(), "");
+    EXPECT_EQ(tag.Genre(), "Rock");
 }
 
 TEST_F(TagTest, GenreNumbersAndNames) {
