@@ -85,7 +85,7 @@ protected:
     f_Player& mForm = mPlayer->Form();
 };
 
-TEST_F(Player, ComesUpInTheCornerAboveAllAndPlaysPausesAndStops) {
+TEST_F(Player, ComesUpInTheCornerAboveAllWithoutPlaying) {
     mPlayer->OpenFile(Song());
     mForm.move(70, 50);
     mPlayer->Show();
@@ -95,6 +95,10 @@ TEST_F(Player, ComesUpInTheCornerAboveAllAndPlaysPausesAndStops) {
     EXPECT_EQ(mForm.pos(), QPoint(0, 0));
     EXPECT_TRUE(mForm.windowFlags() & Qt::WindowStaysOnTopHint);
     EXPECT_TRUE(Stands());
+}
+
+TEST_F(Player, PlaysPausesStopsAndRestsAtTheSongsEnd) {
+    mPlayer->OpenFile(Song());
     ClickOn(mForm.pPlay);
     Audio().SeekTo(20);
     EXPECT_TRUE(
@@ -111,10 +115,6 @@ TEST_F(Player, ComesUpInTheCornerAboveAllAndPlaysPausesAndStops) {
     EXPECT_TRUE(Stands());
     EXPECT_FALSE(mForm.PosTimer.isActive());
     EXPECT_EQ(MarkerLeft(), kMarkerStart);
-}
-
-TEST_F(Player, RestsAtTheSongsEndAndThenPlaysItOnceMore) {
-    mPlayer->OpenFile(Song());
     ClickOn(mForm.pPlay);
     Audio().SeekTo(39.8);
     EXPECT_TRUE(QTest::qWaitFor([this] { return !mForm.PosTimer.isActive(); }));

@@ -2,6 +2,7 @@
 #include "library/c_ID3.h"
 #include "platform/Text.h"
 #include "platform/Wait.h"
+#include "tests/Quit.h"
 #include "tests/Robot.h"
 #include "tests/TemporaryFolder.h"
 
@@ -11,7 +12,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
-#include <QTimer>
 #include <functional>
 #include <utility>
 
@@ -120,9 +120,7 @@ TEST_F(TitleDialogTest, CancellingLeavesFileAndTag) {
         EXPECT_EQ(path, song);
         EXPECT_EQ(BytesOf(song), bytes);
     }
-    // Qt forgets that it was asked to quit when its main loop ends.
-    QTimer::singleShot(0, qApp, &QCoreApplication::quit);
-    QCoreApplication::exec();
+    ForgetQuit();
 }
 
 TEST_F(TitleDialogTest, AFileThatCannotBeRenamedStaysAndIsTagged) {

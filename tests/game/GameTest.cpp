@@ -161,20 +161,20 @@ TEST_F(GameTest, ABetFixesTheClipAndThePointsAndHasItsOwnTable) {
     auto game = NewGame<c_gBet>(1);
     int bets = 0;
     Robot robot([&] {
-        if (BetsNow() && board.PChoice1->isVisible() && !board.pPlay->isVisible()) {
-            ClickOn(bets++ == 0 ? board.pChoice4 : board.pChoice2);
-        } else if (!GoOn() && Choice(true) != nullptr) {
-            if (bets == 1 && board.TimeLimit() == 5) {
-                mNow += 5300; // past the bet: the next tick stops the clip
-            } else if (board.TimeLimit() == f_Multi::kClipStopped) {
-                EXPECT_EQ(board.ElapsedTime(), 5.0F);
-                EXPECT_EQ(Audio().Position(), 0.0);
-                ClickOn(Choice(true));
-            } else if (bets > 1) {
-                EXPECT_EQ(board.TimeLimit(), 2);
-                ClickOn(Choice(true));
-            }
+        if (BetsNow() && board.PChoice1->isVisible() && !board.pPlay->isVisible())
+            return ClickOn(bets++ == 0 ? board.pChoice4 : board.pChoice2);
+        if (GoOn() || Choice(true) == nullptr)
+            return;
+        if (bets == 1 && board.TimeLimit() == 5) {
+            mNow += 5300; // past the bet: the next tick stops the clip
+            return;
         }
+        EXPECT_EQ(board.TimeLimit(), bets == 1 ? f_Multi::kClipStopped : 2);
+        if (bets == 1) {
+            EXPECT_EQ(board.ElapsedTime(), 5.0F);
+            EXPECT_EQ(Audio().Position(), 0.0);
+        }
+        ClickOn(Choice(true));
     });
     game->Run();
     EXPECT_EQ(bets, 6);

@@ -3,6 +3,7 @@
 #include "game/f_High.h"
 #include "game/f_HighMulti.h"
 #include "platform/Wait.h"
+#include "tests/Quit.h"
 #include "tests/Robot.h"
 #include "tests/SongFolder.h"
 
@@ -32,10 +33,7 @@ ino_t Inode(const fs::path& file) {
 
 class HighScoresTest : public testing::Test {
 protected:
-    void TearDown() override {
-        QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(); });
-        QCoreApplication::exec(); // wipes off the mark that a quit leaves on Qt's loops
-    }
+    void TearDown() override { ForgetQuit(); }
 
     /// The first two entries of the file, or of a new table.
     QString FirstTwo(const fs::path& file) {
@@ -137,12 +135,10 @@ TEST_F(HighScoresTest, AQuitKeepsTheConfirmedNamesAndEntersNoOthers) {
 TEST_F(HighScoresTest, ClosingThePromptEntersWhatWasTyped) {
     c_hMulti highScores(mScores, mName);
     Robot robot([this] {
-        if (mName.isVisible()) {
-            QTest::keyClicks(mName.Text1, "Ann");
-            mName.close();
-        } else if (mScores.isVisible()) {
-            ClickOn(mScores.pCont);
-        }
+        if (mScores.isVisible())
+            return ClickOn(mScores.pCont);
+        QTest::keyClicks(mName.Text1, "Ann");
+        mName.close();
     });
     highScores.Check(10);
     EXPECT_EQ(FirstTwo(mFile), "Ann10 Blank0");

@@ -23,13 +23,6 @@ TEST(Scoring, EveryBandOfTheClockHasItsPoints) {
         EXPECT_EQ(game::PointsForTime(seconds), points) << seconds << " s";
 }
 
-TEST(Scoring, TheFourthBetButtonMeansFiveSeconds) {
-    const int points[] = {140000, 70000, 35000, 25000};
-    for (int button = 1; button <= 4; ++button)
-        EXPECT_EQ(game::PointsForBet(game::BetFromButton(button)), points[button - 1]) << button;
-    EXPECT_EQ(game::PointsForBet(4), 100);
-}
-
 TEST(Scoring, ScoresStayWithinTheirRange) {
     constexpr auto kMax = std::numeric_limits<std::int32_t>::max();
     constexpr auto kMin = std::numeric_limits<std::int32_t>::min();

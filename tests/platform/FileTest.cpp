@@ -18,8 +18,7 @@ TEST(FileTest, BytesComeBackWhateverTheyAreAndWhateverTheNameIs) {
     const TemporaryFolder folder;
     const std::string bytes("\0\r\n\xFF tail", 9);
     for (const std::string& name : {" \xFF\r\n?\\*.mp3"s, std::string(255, 'x')}) {
-        const fs::path file = folder.Path() / name;
-        EXPECT_FALSE(platform::ReplaceFile(file, "old"));
+        const fs::path file = folder.Write(name, "old");
         EXPECT_FALSE(platform::ReplaceFile(file, bytes));
         QByteArray read;
         EXPECT_FALSE(platform::ReadWholeFile(file, read));

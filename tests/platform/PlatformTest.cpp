@@ -2,13 +2,12 @@
 #include "platform/Settings.h"
 #include "platform/System.h"
 #include "platform/Wait.h"
+#include "tests/Quit.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSettings>
-#include <QTimer>
 #include <csignal>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -44,40 +43,29 @@ TEST(Settings, AStoreThatIsNoFileHasNothingAndIsNeverWaitedFor) {
 
 class WaitTest : public testing::Test {
 protected:
-    /// A quit leaves its mark on Qt's loops; the main loop wipes it off.
-    void TearDown() override {
-        QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(); });
-        QCoreApplication::exec();
-    }
+    void TearDown() override { ForgetQuit(); }
 };
 
 TEST_F(WaitTest, NestedAndLaterWaitsEndAfterAQuit) {
     const auto forever = [] { return true; };
-    const struct {
-        const char* what;
-        void (*quit)();
-    } cases[] = {
+    const std::pair<const char*, void (*)()> quits[] = {
         {"request", platform::RequestQuit},
-        {"session's end",
-         [] {
-             QEvent quit(QEvent::Quit);
-             QCoreApplication::sendEvent(qApp, &quit);
-         }},
+        {"session's end", [] { QCoreApplication::postEvent(qApp, new QEvent(QEvent::Quit)); }},
 #ifdef SONGRUSH_POSIX // the only systems where signals ask a program to end
         {"terminated", [] { std::raise(SIGTERM); }},
         {"hung up", [] { std::raise(SIGHUP); }},
 #endif
     };
-    for (const auto& c : cases) {
+    for (const auto& [what, quit] : quits) {
         const platform::QuitWatch watch;
-        EXPECT_FALSE(platform::Quitting()) << c.what;
-        QTimer::singleShot(0, qApp, [&] {
-            QTimer::singleShot(1, qApp, c.quit);
+        EXPECT_FALSE(platform::Quitting()) << what;
+        QTimer::singleShot(0, qApp, [&, act = quit] {
+            QTimer::singleShot(1, qApp, act);
             platform::WaitWhile(forever);
         });
         platform::WaitWhile(forever);
         platform::WaitWhile(forever);
-        EXPECT_TRUE(platform::Quitting()) << c.what;
+        EXPECT_TRUE(platform::Quitting()) << what;
     }
 }
 

@@ -289,9 +289,9 @@ TEST_P(PicList, PrintsEachVisibleCellOnce) {
     EXPECT_TRUE(printed.empty());
     mBox.grab();
     std::vector<std::pair<int, int>> visible;
-    for (int line = 0; line < 1000; ++line)
-        for (int column = 0; column < 3 && InSight(line); ++column)
-            visible.emplace_back(line, column);
+    for (int cell = 0; cell < 3 * mList.LineCount(); ++cell)
+        if (InSight(cell / 3))
+            visible.emplace_back(cell / 3, cell % 3);
     EXPECT_EQ(printed, visible);
     const QPoint text(mList.CellRect(500, 1).left() + 12, CellAt(500, 1).y());
     EXPECT_EQ(mBox.Picture().Pixel(text.x(), text.y()), Rgb(255, 50, 50));

@@ -66,9 +66,7 @@ TEST(Pictures, ComeFromTheSetForTheScreen) {
         {1, "Images\\Both.bmp", {10, 6}, Qt::red},
         {1.5, "Images\\Half.bmp", {15, 9}, Qt::blue},
         {1.25, "Images\\Both.bmp", {13, 8}, Qt::green},
-        {2, "Images\\Both.bmp", {20, 12}, Qt::green},
         {3, "Images\\Both.bmp", {30, 18}, Qt::red},
-        {1.5, "Images\\Holes.bmp", {15, 9}, Qt::blue},
         {2, "Images\\Holes.bmp", {20, 12}, Qt::blue},
     };
     for (const auto& c : cases) {
