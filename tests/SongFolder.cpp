@@ -44,12 +44,10 @@ SongFolder::~SongFolder() {
 }
 
 std::vector<fs::path> SongFolder::MakeSongs(int count, const char* name) {
-    const fs::path folder = Path() / name;
-    fs::create_directories(folder);
     std::vector<fs::path> songs;
     for (int number = 1; number <= count; ++number) {
-        songs.push_back(folder / ("song" + std::to_string(number) + ".mp3"));
-        mFolder.Write(songs.back(), SongBytes(number));
+        const std::string file = "song" + std::to_string(number) + ".mp3";
+        songs.push_back(mFolder.Write(fs::path(name) / file, SongBytes(number)));
         c_ID3 tag;
         tag.SetTitle(Title(number));
         tag.PutIdTag(songs.back());

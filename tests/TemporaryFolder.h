@@ -25,8 +25,10 @@ public:
 
     const std::filesystem::path& Path() const { return mPath; }
 
+    /// Makes the folders on the way, too.
     std::filesystem::path Write(const std::filesystem::path& name, const std::string& bytes) const {
         const std::filesystem::path file = mPath / name;
+        create_directories(file.parent_path());
         std::ofstream(file, std::ios::binary) << bytes;
         return file;
     }

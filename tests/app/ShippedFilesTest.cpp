@@ -18,8 +18,6 @@ using namespace std::chrono_literals;
 class ShippedFilesTest : public testing::Test {
 protected:
     ShippedFilesTest() {
-        for (const char* folder : {"Images", "Music", "PlayList"})
-            fs::create_directories(mShipped / folder);
         Ship("Images/X.bmp", "picture", -365 * 24h);
         Ship("Music/a.mp3", "song", -365 * 24h);
         Ship("PlayList/Sample.m3u", "list", -365 * 24h);

@@ -21,10 +21,7 @@ using Attempt = SongCycle::Attempt;
 
 class SongCycleTest : public testing::Test {
 protected:
-    SongCycleTest() {
-        fs::create_directory(mList.parent_path());
-        platform::SetProgramFolder(mFolder.Path());
-    }
+    SongCycleTest() { platform::SetProgramFolder(mFolder.Path()); }
     ~SongCycleTest() override { platform::SetProgramFolder({}); }
 
     /// A list of songs named by letters, each with its mark: "a0 b1".

@@ -41,7 +41,6 @@ TEST(Motion, IsReducedByTheFilesOfTheDesktops) {
     };
     for (const auto& c : cases) {
         const TemporaryFolder folder;
-        create_directories((folder.Path() / c.file).parent_path());
         folder.Write(c.file, c.text);
         EXPECT_EQ(platform::MotionReducedInFiles(folder.Path()), c.reduced) << c.text;
     }

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMap>
+#include <QPainter>
 #include <QSignalSpy>
 #include <QTest>
 #include <QWindow>
@@ -118,10 +119,10 @@ class SurfButton : public Buttons {
 protected:
     SurfButton() {
         QImage skin(kFrame.width(), 3 * kFrame.height(), QImage::Format_RGB888);
-        for (int y = 0; y < skin.height(); ++y)
-            for (int x = 0; x < skin.width(); ++x)
-                skin.setPixelColor(
-                    x, y, ToQColor(x < kHole.width() ? kBlack : kFrames[y / kFrame.height()]));
+        skin.fill(Qt::black);
+        for (int frame = 0; frame < 3; ++frame)
+            QPainter(&skin).fillRect(kHole.width(), frame * kFrame.height(), kFrame.width(),
+                                     kFrame.height(), ToQColor(kFrames[frame]));
         mFolder.Save(QStringLiteral("Images/Skin.bmp"), skin);
         mButton.Create(&mBox, kSkin, QString());
     }

@@ -15,9 +15,7 @@ public:
 
     /// `file` with slashes, as in "Images/X.bmp".
     void Write(const QString& file, const QByteArray& bytes) const {
-        const std::filesystem::path target = mFolder.Path() / file.toStdString();
-        create_directories(target.parent_path());
-        mFolder.Write(target, bytes.toStdString());
+        mFolder.Write(file.toStdString(), bytes.toStdString());
     }
 
     void Save(const QString& file, const QImage& picture) const { Write(file, Bitmap(picture)); }
