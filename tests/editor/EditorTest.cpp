@@ -139,10 +139,16 @@ TEST_F(EditorTest, AnEmptyListIsToldAndCancelledDialogsDoNothing) {
 
 TEST_F(EditorTest, SeveralFilesAreAddedAtOnceAndOneTwice) {
     mFolder.MakeSongs(3);
-    library::SetLastMp3Folder(mFolder.Path() / "Music");
-    Run({Press(editor->Form().pAddFile, "\"song3.mp3\" \"song1.mp3\""),
-         Press(editor->Form().pAddFile, "song3.mp3")});
-    EXPECT_EQ(Names(), "song3 song1 song3");
+    const fs::path music = mFolder.Path() / "Music";
+    fs::rename(music / "song1.mp3", music / "why?.mp3");
+    fs::rename(music / "song3.mp3", music / "back\\slash.mp3");
+    library::SetLastMp3Folder(music);
+    Run({Press(editor->Form().pAddFile, "\"why?.mp3\" \"back\\slash.mp3\" \"song2.mp3\""),
+         Press(editor->Form().pAddFile, "why?.mp3")});
+    ASSERT_EQ(editor->List().LineCount(), 4);
+    const char* const names[] = {"why?.mp3", "back\\slash.mp3", "song2.mp3", "why?.mp3"};
+    for (int line = 0; line < 4; ++line)
+        EXPECT_EQ(platform::PathFromKey(editor->List().LineKey(line)), music / names[line]);
 }
 
 TEST_F(EditorTest, AnyNameSurvivesListAndPlaylist) {
@@ -164,30 +170,19 @@ TEST_F(EditorTest, AnyNameSurvivesListAndPlaylist) {
     EXPECT_EQ(editor->List().LineText(0).count(u'\\'), 2) << "three columns";
 }
 
-TEST_F(EditorTest, AFolderAddedDuringAScanFollowsItAndClosingStopsIt) {
+TEST_F(EditorTest, ClosingStopsAScan) {
     fs::create_directory(mFolder.Path() / "many");
     for (int i = 0; i < 20000; ++i)
         std::ofstream(mFolder.Path() / "many" / (std::to_string(i) + ".mp3"));
-    mFolder.MakeSongs(2);
-    int atSecondAdd = -1;
     QTimer meanwhile;
     QObject::connect(&meanwhile, &QTimer::timeout, [&] {
-        const int lines = editor->List().LineCount();
-        if (lines > 0 && atSecondAdd < 0) {
-            atSecondAdd = lines;
-            Add()();
-        } else if (lines > 20002) {
+        if (editor->List().LineCount() > 0)
             QTest::keyClick(&editor->Form(), Qt::Key_Escape);
-        }
     });
     meanwhile.start(1);
     Run({Add("many")});
-    EXPECT_LT(atSecondAdd, 20000);
-    ASSERT_EQ(editor->List().LineCount(), 20002);
-    EXPECT_TRUE(editor->List().LineText(20001).startsWith("song"));
-    Run({Add("many")});
     EXPECT_TRUE(editor->ExitProgram);
-    EXPECT_LT(editor->List().LineCount(), 40002);
+    EXPECT_LT(editor->List().LineCount(), 20000);
 }
 
 TEST(FillingTest, WhatIsAskedForMeanwhileComesInItsTurnAndALoadReplacesAll) {

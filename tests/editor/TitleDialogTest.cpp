@@ -184,11 +184,9 @@ TEST_F(TitleDialogTest, TheNameBoxDropsForbiddenCharactersAlsoFromItsHistory) {
         EXPECT_EQ(press(QKeySequence::Undo), "some");
         press(QKeySequence::Redo);
         EXPECT_EQ(press(QKeySequence::Redo), "some axyzb");
-        QTest::keyClick(&box, Qt::Key_Colon);
-        EXPECT_EQ(press(QKeySequence::Undo), "some ab");
         box.setSelection(1, 3);
         QTest::keyClick(&box, Qt::Key_Asterisk);
-        EXPECT_EQ(box.text(), "s ab");
+        EXPECT_EQ(box.text(), "s axyzb");
     });
 }
 

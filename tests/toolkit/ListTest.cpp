@@ -119,18 +119,14 @@ INSTANTIATE_TEST_SUITE_P(Ratio, PicList, testing::Values(1, 1.5));
 TEST_P(PicList, KeepsTheSelectionOnItsLine) {
     for (const char* text : {"b\\2", "a\\10", "B\\1", "c\\2"})
         mList.AddItem(text, text);
-    QSignalSpy sorted(&mList, &c_PicList::HeaderSelChanged);
     mList.SelectLine(1);
     EXPECT_EQ(mList.SortByHeader(1, 2), (std::vector<int>{1, 0, 3, 2}));
     EXPECT_EQ(SelectedKey(), "a\\10");
     mList.SelectLine(3);
     EXPECT_EQ(mList.SortByHeader(0, 0), (std::vector<int>{0, 1, 3, 2}));
     EXPECT_EQ(SelectedKey(), "B\\1");
-    mList.SortByHeader(0, 0);
     EXPECT_EQ(mList.SortByHeader(3, 0), (std::vector<int>{0, 1, 2, 3}));
-    EXPECT_EQ(sorted.size(), 2);
     mList.SortByHeader(0, 2);
-    EXPECT_EQ(sorted.size(), 3);
 
     // Now c b B a, selected B.
     mList.RemoveLine(0);
@@ -170,16 +166,12 @@ TEST_P(PicList, SelectsTheLineUnderThePointer) {
 
 TEST_P(PicList, ClicksHeadersWhereTheyWerePressed) {
     Fill(1);
-    mList.SetSubHeader(QStringLiteral("1 song\\none without title\\"));
     QSignalSpy headers(&mList, &c_PicList::HeaderSelClicked);
-    QSignalSpy subHeaders(&mList, &c_PicList::SubHeaderClicked);
     Click(CellAt(-1, 1));
     Press(CellAt(-1, 1));
     Release(CellAt(-1, 2));
     DoubleClick(CellAt(-1, 2));
     EXPECT_EQ(Numbers(headers), (std::vector<int>{1, 2, 2}));
-    Click(QPoint(20, mList.CellRect(-1, 0).bottom() + 5));
-    EXPECT_EQ(Numbers(subHeaders), (std::vector<int>{0}));
     EXPECT_EQ(Selections(), "");
 }
 
@@ -211,16 +203,13 @@ TEST_P(PicList, LeavesOnlyTabAndEscapeToTheForm) {
     PictureBox other(&mForm, QStringLiteral("pOther"), QSize(5, 5));
     other.SetButton(2);
     other.show();
-    QSignalSpy all(&mList, &c_PicList::SelectAllWanted);
-    QSignalSpy remove(&mList, &c_PicList::RemoveWanted);
     QSignalSpy doubles(&mList, &c_PicList::LineDoubleClicked);
     QSignalSpy close(&mForm, &Form::CloseRequested);
     mList.SelectLine(1);
-    QTest::keyClick(&mBox, Qt::Key_A, Qt::ControlModifier);
-    for (const Qt::Key key : {Qt::Key_Delete, Qt::Key_Return, Qt::Key_Left, Qt::Key_Escape})
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Left, Qt::Key_Right, Qt::Key_Escape})
         QTest::keyClick(&mBox, key);
-    EXPECT_TRUE(all.size() == 1 && remove.size() == 1 && close.size() == 1);
     EXPECT_EQ(Numbers(doubles), (std::vector<int>{1}));
+    EXPECT_EQ(close.size(), 1);
     EXPECT_TRUE(mBox.hasFocus());
     QTest::keyClick(&mBox, Qt::Key_Tab);
     EXPECT_TRUE(other.hasFocus());
