@@ -142,14 +142,11 @@ TEST(SongTitleTest, IsNeverWithoutAVisibleCharacter) {
         QString tag;
         const char* song;
         QString title;
-    } cases[] = {
-        {"Title", "/music/song.mp3", "Title"},
-        {"", "/music/my_song.mp3", "my song"},
-        {QStringLiteral(" \u00A0\u00AD\u200B\t\u0001"), "/music/song.mp3", "song"},
-        {"", "/music/.mp3", ".mp3"},
-        {" ", "/music/ _.mp3", " _.mp3"},
-        {"", "/music/\t", "/music/\t"},
-    };
+    } cases[] = {{"Title", "/music/song.mp3", "Title"},
+                 {" \u00A0\u200B\t\u0001", "/my_song.mp3", "my song"},
+                 {"", "/music/.mp3", ".mp3"},
+                 {" ", "/music/ _.mp3", " _.mp3"},
+                 {"", "/music/\t", "/music/\t"}};
     for (const auto& [tagged, song, title] : cases) {
         c_ID3 tag;
         tag.SetTitle(tagged);
