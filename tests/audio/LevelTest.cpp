@@ -102,7 +102,7 @@ TEST_F(RecordedPlayer, TheSameMusicIsHeardAtOneLoudnessBelowFullScale) {
     };
     for (const auto& copy : copies) {
         SCOPED_TRACE(copy.name);
-        const auto path = mFolder.Write("song.mp3", tonefile::Encode(20, copy.encoding));
+        const auto path = mFolder.Write(copy.name, tonefile::Encode(20, copy.encoding));
         ASSERT_EQ(mPlayer.OpenFile(path), 1);
         if (!copy.atOnce)
             std::this_thread::sleep_for(std::chrono::milliseconds(300));

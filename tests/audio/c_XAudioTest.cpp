@@ -53,7 +53,6 @@ TEST_F(RecordedPlayer, PlaysFromWhereItWasSentAndStaysAtTheEnd) {
     EXPECT_GE(mPlayer.Position(), 5.55);
     ASSERT_TRUE(Ends());
     ASSERT_TRUE(DeviceCloses());
-    EXPECT_LT(std::abs(Sound().front().left), 0.01) << "starts with a click";
     EXPECT_NEAR(PitchAt(0.01), tonefile::Pitch(3.1), 20);
     EXPECT_NEAR(PitchAt(0.5), tonefile::Pitch(3.6), 20);
     EXPECT_NEAR(PitchAt(-0.2), tonefile::Pitch(5.8), 20);
@@ -62,10 +61,6 @@ TEST_F(RecordedPlayer, PlaysFromWhereItWasSentAndStaysAtTheEnd) {
     std::this_thread::sleep_for(50ms);
     EXPECT_EQ(mPlayer.Position(), 6);
     EXPECT_FALSE(DeviceWasOpened());
-    mPlayer.SeekTo(5);
-    mPlayer.Play();
-    EXPECT_TRUE(Ends());
-    EXPECT_NEAR(PitchAt(0.1), tonefile::Pitch(5.1), 20);
 }
 
 TEST_F(RecordedPlayer, PausesAndGoesOnAtTheSamePlace) {

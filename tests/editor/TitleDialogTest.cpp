@@ -212,17 +212,13 @@ TEST_F(TitleDialogTest, TheHelperButtonsMakeTheFieldsFromEachOther) {
     EXPECT_EQ(mMessages, QStringList("No songtitle or artist to combine."));
 }
 
-TEST_F(TitleDialogTest, ALongFolderIsShortenedAndTheButtonsKeepTheirCaptionsWhole) {
+TEST_F(TitleDialogTest, ALongFolderIsShortened) {
     const fs::path folder = mFolder.Path() / std::string(120, 'f') / "<b>Last</b>";
     Run(folder / "missing.mp3", [&] {
         const QLabel& path = *mDialog.lPath;
         EXPECT_LE(path.sizeHint().width(), path.width());
         EXPECT_TRUE(path.text().endsWith("/"));
         EXPECT_EQ(path.accessibleName(), QString::fromStdString(folder.string() + "/"));
-        for (const auto* button : mDialog.findChildren<QPushButton*>()) {
-            EXPECT_GE(button->width(), button->sizeHint().width()) << button->text().toStdString();
-            EXPECT_TRUE(mDialog.rect().contains(button->geometry()));
-        }
         ClickOn(mDialog.cmdApply);
     });
 }

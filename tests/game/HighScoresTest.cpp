@@ -77,8 +77,7 @@ TEST_F(HighScoresTest, WhatCannotBeReadOrWasTamperedWithIsKeptBeside) {
         {"cut short", write(OldTable().chopped(20)), told, ".old"},
         {"tampered", write(OldTable().replace("10", "99")), {}, ".old2"},
         {"a pipe", [this] { mkfifo(mFile.c_str(), 0600); }, told, ".old3"},
-        {"a folder", [this] { fs::create_directories(mFile / "x"); }, told, ".old4"},
-        {"a link to itself", [this] { fs::create_symlink("H1.dat", mFile); }, told, ".old5"},
+        {"a link to itself", [this] { fs::create_symlink("H1.dat", mFile); }, told, ".old4"},
     };
     for (const auto& c : cases) {
         fs::remove_all(mFile);
