@@ -148,11 +148,12 @@ TEST_F(SongCycleTest, AListWrittenAnewBeginsWithoutTheMarksOfOldGames) {
 }
 
 TEST_F(SongCycleTest, WhatIsNoTextHasNoSongsAndIsNeverWritten) {
-    const std::string bytes = "ID3\x04\0\0/a\r\n/b\r\n"s;
-    mFolder.Write(mList, bytes);
-    EXPECT_EQ(SongCycle(mList).Error(), std::errc::illegal_byte_sequence);
-    EXPECT_EQ(SongCycle(mList).Count(), 0);
-    EXPECT_EQ(BytesOf(mList), bytes);
+    for (const std::string& bytes : {"ID3\x04\0\0/a\r\n/b\r\n"s, "\x7F@\x02\r\n/a\r\n"s}) {
+        mFolder.Write(mList, bytes);
+        EXPECT_EQ(SongCycle(mList).Error(), std::errc::illegal_byte_sequence);
+        EXPECT_EQ(SongCycle(mList).Count(), 0);
+        EXPECT_EQ(BytesOf(mList), bytes);
+    }
 }
 
 } // namespace

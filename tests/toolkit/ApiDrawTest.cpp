@@ -104,7 +104,8 @@ TEST_P(Drawings, KeepToTheirClip) {
         drawing.Fill(kBrush, 0, 0, 40, 30);
         drawing.Gradient(0, 0, 40, 15, kPen, kBrush);
         drawing.Box({kPen, kPen, kBrush}, QRect(0, 0, 20, 12));
-        drawing.Shapes(QRect(0, 0, 14, 30), [](QPainter& painter) { painter.fillRect(0, 0, 14, 30, Qt::red); });
+        drawing.Shapes(QRect(0, 0, 14, 30),
+                       [](QPainter& painter) { painter.fillRect(0, 0, 14, 30, Qt::red); });
         drawing.Lines(kPen, 1, {{0, 12}, {40, 12}});
         drawing.Lines(kPen, 4, {{0, 0}, {40, 30}});
         drawing.Text("WWWWWWWW", kPen, 0, 4);

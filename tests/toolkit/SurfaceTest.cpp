@@ -80,21 +80,19 @@ TEST(Pictures, ComeFromTheSetForTheScreen) {
 TEST(Pictures, AreScaledWithoutBlendingTheTransparentBlack) {
     const PictureFolder folder;
     const AtRatio ratio(1.6);
-    QImage disc(200, 200, QImage::Format_RGB32);
-    disc.fill(Qt::black);
-    QPainter(&disc).fillRect(35, 51, 60, 60, QColor(10, 240, 90));
-    QPainter(&disc).fillRect(95, 51, 60, 60, QColor(0, 0, 1));
-    folder.Save(QStringLiteral("Images/2x/Skin.bmp"), disc);
+    QImage skin = Plain(200, 200, Qt::black);
+    QPainter(&skin).fillRect(35, 51, 60, 60, QColor(10, 240, 90));
+    QPainter(&skin).fillRect(95, 51, 60, 60, QColor(0, 0, 1));
+    folder.Save(QStringLiteral("Images/2x/Skin.bmp"), skin);
     const QImage scaled = LoadSkin(QStringLiteral("Images\\Skin.bmp")).load();
     ASSERT_EQ(scaled.size(), QSize(160, 160));
-    for (int y = 0; y < 160; ++y) {
+    const QRect inside(28, 41, 96, 48);
+    for (int y = 0; y < 160; ++y)
         for (int x = 0; x < 160; ++x) {
-            const bool inside = x >= 28 && x < 124 && y >= 41 && y < 89;
             const QRgb pixel = scaled.pixel(x, y);
-            ASSERT_EQ(pixel != qRgb(0, 0, 0), inside) << x << ", " << y;
-            ASSERT_TRUE(!inside || x >= 75 || pixel == qRgb(10, 240, 90)) << x << ", " << y;
+            ASSERT_EQ(pixel != qRgb(0, 0, 0), inside.contains(x, y)) << x << ", " << y;
+            ASSERT_TRUE(!inside.contains(x, y) || x >= 75 || pixel == qRgb(10, 240, 90)) << x;
         }
-    }
 }
 
 /// The skin in a bitmap of 32 bits a pixel, whose alpha is `alpha`.
