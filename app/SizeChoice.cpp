@@ -1,59 +1,82 @@
 #include "app/SizeChoice.h"
 
-#include "platform/WindowSize.h"
+#include "toolkit/Stage.h"
 
-#include <algorithm>
+#include <utility>
 
 using namespace toolkit;
 
-SizeChoice::SizeChoice(Form& form) : QObject(&form), mForm(form), mLeft(14) {}
+namespace {
+
+constexpr int kFullScreen = 0;
+constexpr int kMargin = 14;
+constexpr int kLabel = 92;
+
+} // namespace
+
+SizeChoice::SizeChoice(Form& form)
+    : QObject(&form), mForm(form), mLeft(kMargin),
+      mLabel(MakeBox(QStringLiteral("pSize"), kLabel)) {
+    mLabel->setAccessibleName(QStringLiteral("Window size:"));
+    mLabel->setAttribute(Qt::WA_TransparentForMouseEvents); // the window is dragged by it, too
+    mLabel->hide();
+    connect(&Stage::Get(), &Stage::SizeChanged, this, [this] {
+        if (mLabel->isVisibleTo(&mForm))
+            Show();
+    });
+}
 
 void SizeChoice::Show() {
-    if (mLabel == nullptr)
-        MakeRow();
-    if (mLabel == nullptr)
-        return;
-    SizeButton::Write(*mLabel, mLabel->accessibleName(), SizeButton::kQuiet);
+    const std::vector<int> sizes = Stage::Get().Sizes();
+    if (mChoices.empty() || sizes != mSizes)
+        MakeRow(sizes);
+    Draw();
     mLabel->show();
-    for (SizeButton* button : mButtons) {
-        button->Refresh(button->Percent() == platform::WindowSize());
-        button->Box().show();
-    }
+    for (const Choice& choice : mChoices)
+        choice.button->Box().show();
 }
 
 void SizeChoice::Hide() {
-    for (SizeButton* button : mButtons)
-        button->Box().hide();
-    if (mLabel != nullptr)
-        mLabel->hide();
+    for (const Choice& choice : mChoices)
+        choice.button->Box().hide();
+    mLabel->hide();
 }
 
-void SizeChoice::Step(int direction) {
-    const auto now = std::ranges::find(mButtons, platform::WindowSize(), &SizeButton::Percent);
-    const auto next = std::distance(mButtons.begin(), now) + direction;
-    if (now != mButtons.end() && next >= 0 && next < std::ssize(mButtons))
-        Q_EMIT Chosen(mButtons[static_cast<std::size_t>(next)]->Percent());
+void SizeChoice::Draw() {
+    const Stage& stage = Stage::Get();
+    const int now = stage.IsFullScreen() ? kFullScreen : stage.Size();
+    WordButton::Write(*mLabel, mLabel->accessibleName(), WordButton::kQuiet);
+    for (const Choice& choice : mChoices)
+        choice.button->Refresh(choice.percent == now);
 }
 
-void SizeChoice::MakeRow() {
-    const std::vector<int> sizes = platform::WindowSizes(mForm);
-    if (sizes.size() < 2)
-        return;
-    mLabel = MakeBox(QStringLiteral("pSize"), QSize(92, 26));
-    mLabel->setAccessibleName(QStringLiteral("Window size:"));
-    mLabel->setAttribute(Qt::WA_TransparentForMouseEvents); // the window is dragged by it, too
-    for (const int percent : sizes) {
-        PictureBox* box = MakeBox(QStringLiteral("pSize%1").arg(percent), QSize(56, 26));
-        mButtons.push_back(new SizeButton(box, percent));
-        connect(mButtons.back(), &SizeButton::Clicked, this, &SizeChoice::Chosen);
-    }
+void SizeChoice::MakeRow(const std::vector<int>& sizes) {
+    for (const Choice& choice : std::exchange(mChoices, {}))
+        choice.button->Box().deleteLater();
+    mSizes = sizes;
+    mLeft = kMargin + kLabel;
+    for (const int percent : sizes)
+        AddChoice(percent, QStringLiteral("pSize%1").arg(percent),
+                  QStringLiteral("%1 %").arg(percent), 56);
+    AddChoice(kFullScreen, QStringLiteral("pFullScreen"), QStringLiteral("Full screen"), 88);
 }
 
-PictureBox* SizeChoice::MakeBox(const QString& name, QSize size) {
+void SizeChoice::AddChoice(int percent, const QString& name, const QString& words, int width) {
+    auto* button = new WordButton(MakeBox(name, width), words);
+    mChoices.push_back({percent, button});
+    connect(button, &WordButton::Clicked, this, [percent] {
+        Stage& stage = Stage::Get();
+        percent == kFullScreen ? stage.SetFullScreen(!stage.IsFullScreen())
+                               : stage.SetSize(percent);
+    });
+}
+
+PictureBox* SizeChoice::MakeBox(const QString& name, int width) {
+    constexpr int kHeight = 26;
     constexpr int kBelow = 8;
-    auto* box = new PictureBox(&mForm, name, size);
+    auto* box = new PictureBox(&mForm, name, QSize(width, kHeight));
     box->Dc()->SetFont(ScreenFont(10));
-    box->move(mLeft, mForm.height() - size.height() - kBelow);
-    mLeft += size.width();
+    box->MoveTo(mLeft, mForm.Height() - kHeight - kBelow);
+    mLeft += width;
     return box;
 }

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "app/SizeButton.h"
+#include "app/WordButton.h"
 #include "toolkit/Form.h"
 
 #include <vector>
 
-/// The row in the menu's lower left corner in which the player chooses the size of the program's
-/// windows. It is only there if more than one size fits the screen.
+/// The row in the menu's lower left corner in which the player chooses how large the program is
+/// shown: one of the sizes that fit the screen, or full screen.
 class SizeChoice : public QObject {
     Q_OBJECT
 public:
@@ -15,18 +15,20 @@ public:
     void Show();
     void Hide();
 
-    /// Chooses the next larger size (1) or the next smaller one (-1), if there is one.
-    void Step(int direction);
-
-Q_SIGNALS:
-    void Chosen(int percent);
-
 private:
-    void MakeRow();
-    toolkit::PictureBox* MakeBox(const QString& name, QSize size);
+    struct Choice {
+        int percent; ///< 0 for full screen
+        WordButton* button;
+    };
+
+    void MakeRow(const std::vector<int>& sizes);
+    void AddChoice(int percent, const QString& name, const QString& words, int width);
+    toolkit::PictureBox* MakeBox(const QString& name, int width);
+    void Draw();
 
     toolkit::Form& mForm;
-    toolkit::PictureBox* mLabel = nullptr;
-    int mLeft;                         // of the next box of the row
-    std::vector<SizeButton*> mButtons; // for the sizes that fit, ascending
+    int mLeft; // of the next box of the row
+    toolkit::PictureBox* mLabel;
+    std::vector<int> mSizes;
+    std::vector<Choice> mChoices;
 };

@@ -11,18 +11,34 @@
 #include "platform/Settings.h"
 #include "platform/SingleInstance.h"
 #include "platform/Wait.h"
-#include "platform/WindowSize.h"
+#include "toolkit/Picture.h"
+#include "toolkit/Stage.h"
+
+namespace {
+
+/// Loads the menu's pictures while the rest of the program starts.
+void PreloadMenu() {
+    toolkit::PreloadPictures(QStringLiteral("Images\\Back.bmp"),
+                             {QStringLiteral("Images\\X.bmp"), QStringLiteral("Images\\bMin.bmp"),
+                              QStringLiteral("Images\\bSingle.bmp"),
+                              QStringLiteral("Images\\bMulti.bmp"),
+                              QStringLiteral("Images\\bEditor.bmp")});
+}
+
+} // namespace
 
 void Start::Run() {
     if (!platform::ClaimSingleInstance()) {
         platform::ShowMessage(QStringLiteral("Songrush is already running"));
         return;
     }
+    toolkit::Stage& stage = toolkit::Stage::Get();
+    PreloadMenu();
     app::PrepareProgramFolder();
     platform::WritePathSetting(QStringLiteral("Songrush"), QStringLiteral("Dirs"),
                                QStringLiteral("AppPath"), platform::ProgramFolder());
-    platform::KeepWindowSize();
     Start().ModeLoop();
+    stage.Remember();
 }
 
 Start::Start() {

@@ -3,7 +3,6 @@
 #include "app/f_Menu.h"
 #include "platform/Motion.h"
 #include "platform/Wait.h"
-#include "platform/WindowSize.h"
 #include "toolkit/GlideSprite.h"
 
 #include <QComboBox>
@@ -21,7 +20,7 @@ c_Menu::c_Menu(f_Menu& form) : mForm(form), mWindowButtons(form) {
     bEditor.Create(mForm.pEditor, QStringLiteral("Images\\bEditor.bmp"), QString());
     int top = kFirstTop;
     for (PictureBox* box : {mForm.pSingle, mForm.pMulti, mForm.pEditor}) {
-        box->move((mForm.width() - box->width()) / 2, top);
+        box->MoveTo((mForm.Width() - box->Width()) / 2, top);
         top += kStep;
     }
     bChoice1.Create(mForm.PChoice1, QStringLiteral("Normal Play"));
@@ -40,10 +39,6 @@ c_Menu::c_Menu(f_Menu& form) : mForm(form), mWindowButtons(form) {
     connect(&bChoice1, &c_PicButton::Clicked, this, &c_Menu::bChoice1_Clicked);
     connect(&bChoice2, &c_PicButton::Clicked, this, &c_Menu::bChoice2_Clicked);
     connect(&bChoice3, &c_PicButton::Clicked, this, &c_Menu::bChoice3_Clicked);
-    connect(mForm.Sizes, &SizeChoice::Chosen, this, &c_Menu::ChangeSize);
-    connect(&mForm, &f_Menu::SizeKey, this, [this](int direction) {
-        direction == 0 ? ChangeSize(0) : mForm.Sizes->Step(direction);
-    });
     connect(&mWindowButtons.bMin, &c_SurfButton::Clicked, this, &c_Menu::bMin_Clicked);
     connect(&mWindowButtons.bX, &c_SurfButton::Clicked, this, &c_Menu::bX_Clicked);
 }
@@ -92,7 +87,8 @@ void c_Menu::Glide(PictureBox* box, const c_SurfButton& button) {
     const c_Surface& surfaces = *button.Surfaces();
     const Sprite sprite{surfaces.HDC(0), surfaces.HDC(1), 0, height * c_SurfButton::Hover,
                         width,           height};
-    GlideSprite(mForm, box->pos(), QPoint(box->x(), kTop), sprite, kDuration, true);
+    GlideSprite(mForm, box->Place().topLeft(), QPoint(box->Place().x(), kTop), sprite, kDuration,
+                true);
 }
 
 void c_Menu::ShowSecondStage() {
@@ -100,10 +96,10 @@ void c_Menu::ShowSecondStage() {
     mForm.PChoice1->SetBoxSize(QSize(400, 50));
     mForm.pChoice2->SetBoxSize(QSize(400, 50));
     mForm.pChoice3->SetBoxSize(QSize(200, 50));
-    const int left = (mForm.width() - mForm.PChoice1->width()) / 2;
-    mForm.PChoice1->move(left, several ? 220 : 200);
-    mForm.pChoice2->move(left, mForm.PChoice1->geometry().bottom() + 1 + 10);
-    mForm.pChoice3->move(left + 100, mForm.pChoice2->geometry().bottom() + 1 + 60);
+    const int left = (mForm.Width() - mForm.PChoice1->Width()) / 2;
+    mForm.PChoice1->MoveTo(left, several ? 220 : 200);
+    mForm.pChoice2->MoveTo(left, mForm.PChoice1->Place().bottom() + 1 + 10);
+    mForm.pChoice3->MoveTo(left + 100, mForm.pChoice2->Place().bottom() + 1 + 60);
     bChoice1.SetCaption(QStringLiteral("Normal Play"));
     bChoice2.SetCaption(QStringLiteral("Betting"));
     bChoice3.SetCaption(QStringLiteral("Back"));
@@ -136,7 +132,7 @@ void c_Menu::ChooseGame(const QString& mode) {
 void c_Menu::bChoice3_Clicked() {
     constexpr int kTop = 90; // below the credits
     HideSecondStage();
-    BitBlt(mForm.Dc(), 0, kTop, mForm.width(), 540, gBack->HDC(0), 0, kTop, RasterOp::SrcCopy);
+    BitBlt(mForm.Dc(), 0, kTop, mForm.Width(), 540, gBack->HDC(0), 0, kTop, RasterOp::SrcCopy);
     ShowFirstStage(true);
     mForm.Refresh();
 }
@@ -147,12 +143,7 @@ void c_Menu::bEditor_Clicked() {
     mForm.hide();
 }
 
-void c_Menu::ChangeSize(int percent) {
-    if (platform::ChooseWindowSize(percent, mForm))
-        bX_Clicked();
-}
-
-void c_Menu::bMin_Clicked() { mForm.showMinimized(); }
+void c_Menu::bMin_Clicked() { mForm.Minimise(); }
 
 void c_Menu::bX_Clicked() {
     mExit = true;

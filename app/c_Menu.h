@@ -30,9 +30,6 @@ public:
     void bMin_Clicked();
     void bX_Clicked();
 
-    /// Gives all windows another size, for which the program restarts; 0 lets the program decide.
-    void ChangeSize(int percent);
-
 private:
     static constexpr int kNoPlayers = -1;
     static constexpr int kEditor = 99;

@@ -29,7 +29,7 @@ c_Quick::c_Quick(f_Quick& form, f_Load& loadForm)
     int top = 200;
     for (PictureBox* choice : {mForm.pUseDir, mForm.pUsePlayList, mForm.pEditor}) {
         choice->SetBoxSize(QSize(400, 60));
-        choice->move(200, top);
+        choice->MoveTo(200, top);
         top += 80;
     }
     bUseDir.Create(mForm.pUseDir, QStringLiteral("QuickPlay (Select a Directory of MP3's)"));
@@ -187,7 +187,7 @@ void c_Quick::bEditor_Clicked() {
     mBusy = false;
 }
 
-void c_Quick::bMin_Clicked() { mForm.showMinimized(); }
+void c_Quick::bMin_Clicked() { mForm.Minimise(); }
 
 void c_Quick::bX_Clicked() {
     mExitProgram = true;

@@ -19,7 +19,7 @@ f_Load::f_Load() : Form(QStringLiteral("f_Load"), kSize), lLoading(new QLabel(th
     lLoading->setObjectName(QStringLiteral("lLoading"));
     lLoading->setTextFormat(Qt::PlainText);
     lLoading->setAlignment(Qt::AlignCenter);
-    lLoading->setGeometry(kMargin, 0, kSize.width() - 2 * kMargin, kSize.height());
+    Put(*lLoading, QRect(kMargin, 0, kSize.width() - 2 * kMargin, kSize.height()));
 }
 
 void f_Load::ShowLoading() {
@@ -29,7 +29,8 @@ void f_Load::ShowLoading() {
 }
 
 void f_Load::ShowScan(int songs, const QString& folder) {
+    constexpr int kWidth = kSize.width() - 2 * kMargin - 20; // letters may be a little wider
     const QString shown =
-        lLoading->fontMetrics().elidedText(folder, Qt::ElideMiddle, lLoading->width());
+        QFontMetrics(ScreenFont(kControlFont)).elidedText(folder, Qt::ElideMiddle, kWidth);
     lLoading->setText(QStringLiteral("Searching for MP3s: %1 found\n\n%2").arg(songs).arg(shown));
 }

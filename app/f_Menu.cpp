@@ -48,26 +48,14 @@ f_Menu::f_Menu()
         choice->Dc()->SetFont(ScreenFont(18));
 
     lPlayers->setObjectName(QStringLiteral("lPlayers"));
-    lPlayers->setGeometry(300, 190, 100, 26);
+    Put(*lPlayers, QRect(300, 190, 100, 26));
     lPlayers->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     lPlayers->setBuddy(cPlayers);
     cPlayers->setObjectName(QStringLiteral("cPlayers"));
     cPlayers->setAccessibleName(QStringLiteral("Players"));
-    cPlayers->setGeometry(410, 190, 80, 26);
+    Put(*cPlayers, QRect(410, 190, 80, 26));
     for (int players = 2; players <= kMostPlayers; ++players)
         cPlayers->addItem(QString::number(players));
-}
-
-void f_Menu::keyPressEvent(QKeyEvent* event) {
-    const int key = event->modifiers().testFlag(Qt::ControlModifier) ? event->key() : 0;
-    if (key == Qt::Key_Plus || key == Qt::Key_Equal) // the same key on many keyboards
-        Q_EMIT SizeKey(1);
-    else if (key == Qt::Key_Minus)
-        Q_EMIT SizeKey(-1);
-    else if (key == Qt::Key_0)
-        Q_EMIT SizeKey(0);
-    else
-        Screen::keyPressEvent(event);
 }
 
 void f_Menu::DrawBy() {
@@ -75,6 +63,6 @@ void f_Menu::DrawBy() {
     Dc()->SetFont(ScreenFont(10, true));
     Drawing(Dc()).Text(credits, Rgb(140, 140, 230), kBlack, 400 - Dc()->TextWidth(credits) / 2, 73,
                        1);
-    AddQuietCaption(credits, QRect(0, 73, width(), static_cast<int>(Dc()->TextHeight())));
+    AddQuietCaption(credits, QRect(0, 73, Width(), static_cast<int>(Dc()->TextHeight())));
     Refresh();
 }

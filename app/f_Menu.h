@@ -24,11 +24,4 @@ public:
     QLabel* lPlayers;
     QComboBox* cPlayers;
     SizeChoice* Sizes;
-
-Q_SIGNALS:
-    /// Ctrl with plus (1), with minus (-1) or with 0.
-    void SizeKey(int direction);
-
-protected:
-    void keyPressEvent(QKeyEvent* event) override;
 };

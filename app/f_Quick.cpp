@@ -17,9 +17,9 @@ f_Quick::f_Quick()
       pUsePlayList(new PictureBox(this, QStringLiteral("pUsePlayList"), kChoice)),
       pEditor(new PictureBox(this, QStringLiteral("pEditor"), kChoice)) {
     lExplain->setObjectName(QStringLiteral("lExplain"));
-    lExplain->setFont(ScreenFont(20));
+    SetFontPoints(*lExplain, 20);
     lExplain->setAlignment(Qt::AlignCenter);
-    lExplain->setGeometry(100, 120, 600, 80);
+    Put(*lExplain, QRect(100, 120, 600, 80));
     for (PictureBox* choice : {pUseDir, pUsePlayList, pEditor})
         choice->Dc()->SetFont(ScreenFont(15));
 }

@@ -280,7 +280,7 @@ void c_Editor::bMenu_Clicked() {
 
 void c_Editor::bX_Clicked() { mForm.hide(); }
 
-void c_Editor::bMin_Clicked() { mForm.showMinimized(); }
+void c_Editor::bMin_Clicked() { mForm.Minimise(); }
 
 void c_Editor::mList_HeaderSelClicked(int column) {
     QApplication::beep();

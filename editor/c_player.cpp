@@ -6,7 +6,6 @@
 #include "platform/Wait.h"
 #include "toolkit/Mous.h"
 
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 
@@ -58,15 +57,10 @@ c_player::~c_player() {
 void c_player::Show() {
     if (mForm.isVisible())
         return;
-    // Otherwise an event about the last place could still arrive after the window has moved.
-    QGuiApplication::sync();
     SetTopMost(&mForm, true);
     for (c_SurfButton* button : {&bPlay, &bPause, &bStop, &bFF, &bX})
         button->Refresh();
-    mForm.show();
-    mForm.raise();
-    mForm.activateWindow();
-    mForm.PlaceFocus();
+    mForm.Appear();
     platform::PumpEvents();
 }
 

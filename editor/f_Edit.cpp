@@ -9,12 +9,12 @@
 #include "toolkit/Drawing.h"
 
 #include <QDir>
-#include <QGridLayout>
+#include <QFontMetrics>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 namespace fs = std::filesystem;
 using namespace toolkit;
@@ -57,9 +57,7 @@ f_Edit::f_Edit()
       cmdApply(new QPushButton(QStringLiteral("A&pply"), this)),
       cmdCancel(new QPushButton(QStringLiteral("Cance&l"), this)) {
     setWindowTitle(QStringLiteral("Mp3 Editor"));
-    // Above the editor, which cannot be used while the dialog is open.
-    setWindowFlags(Qt::Dialog | Qt::FramelessWindowHint);
-    setWindowModality(Qt::ApplicationModal);
+    SetModal();
     Name();
     LayOut();
     DrawPanel(Dc());
@@ -106,41 +104,32 @@ void f_Edit::Name() {
 }
 
 void f_Edit::LayOut() {
-    constexpr int kButtonHeight = 34;
-    auto* fields = new QGridLayout;
-    fields->setHorizontalSpacing(14);
-    fields->setVerticalSpacing(12);
-    int row = 0;
-    for (QLabel* caption : {Label1, Label2, Label3}) {
-        fields->addWidget(caption, row, 0);
-        fields->addWidget(caption->buddy(), row, 1);
-        caption->buddy()->setMinimumHeight(30);
-        ++row;
-    }
-    auto* helpers = new QHBoxLayout;
-    helpers->setSpacing(8);
-    for (QPushButton* button : {cmdCombine, cmdGet, cmdCapital, cmdRemove}) {
-        button->setMinimumHeight(kButtonHeight);
-        helpers->addWidget(button, button->sizeHint().width());
-    }
-    auto* closing = new QHBoxLayout;
-    closing->setSpacing(12);
-    closing->addStretch();
-    for (QPushButton* button : {cmdApply, cmdCancel}) {
-        button->setFixedSize(120, kButtonHeight);
-        closing->addWidget(button);
-    }
-
+    constexpr int kWidth = kSize.width() - 2 * kMargin;
+    Put(*lPath, QRect(kMargin, 20, kWidth, 20));
     lPath->setTextFormat(Qt::PlainText);
-    auto* all = new QVBoxLayout(this);
-    all->setContentsMargins(kMargin, 20, kMargin, 22);
-    all->addWidget(lPath);
-    all->addSpacing(14);
-    all->addLayout(fields);
-    all->addSpacing(18);
-    all->addLayout(helpers);
-    all->addStretch();
-    all->addLayout(closing);
+    constexpr int kCaption = 80;
+    constexpr int kBox = 30;
+    int top = 54;
+    for (QLabel* caption : {Label1, Label2, Label3}) {
+        Put(*caption, QRect(kMargin, top, kCaption, kBox));
+        Put(*caption->buddy(), QRect(kMargin + kCaption, top, kWidth - kCaption, kBox));
+        top += kBox + 12;
+    }
+    constexpr int kButton = 34;
+    const std::pair<QPushButton*, int> helpers[] = {
+        {cmdCombine, 155}, {cmdGet, 155}, {cmdCapital, 94}, {cmdRemove, 124}};
+    int left = kMargin;
+    for (const auto& [button, width] : helpers) {
+        Put(*button, QRect(left, top + 6, width, kButton));
+        left += width + 8;
+    }
+    left = kSize.width() - kMargin;
+    for (QPushButton* button : {cmdCancel, cmdApply}) {
+        constexpr int kClosing = 120;
+        left -= kClosing;
+        Put(*button, QRect(left, kSize.height() - 22 - kButton, kClosing, kButton));
+        left -= 12;
+    }
 }
 
 QString f_Edit::Run(const fs::path& song) {
@@ -173,8 +162,10 @@ QString f_Edit::Run(const fs::path& song) {
 
 void f_Edit::ShowFolder(const fs::path& folder) {
     const QString text = QDir::toNativeSeparators(platform::ShownText(folder / fs::path()));
-    constexpr int kWidth = kSize.width() - 2 * kMargin - 2; // the label rounds its text's width up
-    lPath->setText(lPath->fontMetrics().elidedText(text, Qt::ElideMiddle, kWidth));
+    constexpr int kWidth = kSize.width() - 2 * kMargin;
+    // At some sizes of the stage letters are a little wider.
+    const QFontMetrics metrics(ScreenFont(kControlFont));
+    lPath->setText(metrics.elidedText(text, Qt::ElideMiddle, kWidth - 20));
     lPath->setAccessibleName(text);
     lPath->setToolTip(Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text);
 }

@@ -5,7 +5,7 @@ using namespace toolkit;
 namespace {
 
 constexpr int kMargin = 20;
-constexpr QRect kList(kMargin, 72, kScreenSize.width() - 2 * kMargin, 432);
+constexpr QRect kList(kMargin, 72, kStageSize.width() - 2 * kMargin, 432);
 constexpr int kGap = 8;
 constexpr int kInRow = 4;
 constexpr QSize kButton((kList.width() - (kInRow - 1) * kGap) / kInRow, 36);
@@ -25,13 +25,13 @@ f_Editor::f_Editor()
       pMenu(new PictureBox(this, QStringLiteral("pMenu"), kButton)) {
     setWindowTitle(QStringLiteral("Mp3 Editor"));
     pList->setAccessibleName(QStringLiteral("Songs"));
-    pList->move(kList.topLeft());
+    pList->MoveTo(kList.x(), kList.y());
     pList->Dc()->SetFont(ScreenFont(12));
 
     QPoint place(kMargin, kList.y() + kList.height() + kGap);
     for (PictureBox* button : {pAddFile, pAddDir, pRemove, pEdit, pPlay, pLoad, pSave, pMenu}) {
         button->Dc()->SetFont(ScreenFont(14));
-        button->move(place);
+        button->MoveTo(place.x(), place.y());
         place.rx() += kButton.width() + kGap;
         if (button == pEdit)
             place = QPoint(kMargin, place.y() + kButton.height() + kGap);

@@ -70,11 +70,11 @@ f_Player::f_Player()
     constexpr int kButtonStep = 38;
     int left = kStrip.x();
     for (PictureBox* button : {pPlay, pPause, pStop, pFF}) {
-        button->move(left, kButtonsTop);
+        button->MoveTo(left, kButtonsTop);
         left += kButtonStep;
     }
-    pX->move(kSize.width() - pX->width(), 0);
-    pTitle->move(kStrip.topLeft());
+    pX->MoveTo(kSize.width() - pX->Width(), 0);
+    pTitle->MoveTo(kStrip.x(), kStrip.y());
     pTitle->setAttribute(Qt::WA_TransparentForMouseEvents); // the window is dragged by it, too
     pTitle->Dc()->SetFont(ScreenFont(11));
     pPlay->setAccessibleName(QStringLiteral("Play"));
@@ -124,7 +124,7 @@ void f_Player::PosTimer_Timer() {
 
 void f_Player::ResetTitle() {
     const int width = static_cast<int>(std::ceil(pTitle->Dc()->TextWidth(mTitle))) + kTitleShadow;
-    const int spare = pTitle->width() - width;
+    const int spare = pTitle->Width() - width;
     mTitleScrolls = spare < 2 * kTitleMargin;
     mTitleOffset = mTitleScrolls ? kTitleMargin : spare / 2;
     mTitleLimit = -width;
@@ -139,7 +139,7 @@ void f_Player::ScrollTitle() {
         return LeapTitle();
     mTitleOffset -= kTitleStep;
     if (mTitleOffset < mTitleLimit)
-        mTitleOffset = pTitle->width();
+        mTitleOffset = pTitle->Width();
     DrawTitle();
 }
 
@@ -149,14 +149,14 @@ void f_Player::LeapTitle() {
     if (++mLeapTicks < kTicksToRead)
         return;
     mLeapTicks = 0;
-    mTitleOffset -= pTitle->width() - kOverlap;
+    mTitleOffset -= pTitle->Width() - kOverlap;
     if (mTitleOffset - kOverlap < mTitleLimit)
         mTitleOffset = kTitleMargin;
     DrawTitle();
 }
 
 void f_Player::DrawTitle() {
-    const QRect strip = pTitle->rect();
+    const QRect strip(0, 0, pTitle->Width(), pTitle->Height());
     Drawing drawing(pTitle->Dc());
     drawing.Box(kStripLook, strip);
     drawing.SetClip(strip.adjusted(1, 1, -1, -1));
@@ -171,5 +171,5 @@ void f_Player::DrawBar() {
     const QRectF marker(mMarkerLeft, kLineY - kMarker.height() / 2.0, kMarker.width(),
                         kMarker.height());
     Drawing(Dc()).Shapes(kBar, [marker](QPainter& painter) { PaintBar(painter, marker); });
-    update(kBar);
+    Refresh(kBar);
 }

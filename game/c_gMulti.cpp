@@ -232,7 +232,7 @@ void c_gMulti::bHint_Clicked() {
     Score() = game::ScoreAfterHint(Score());
 }
 
-void c_gMulti::bMin_Clicked() { Board().showMinimized(); }
+void c_gMulti::bMin_Clicked() { Board().Minimise(); }
 
 void c_gMulti::bX_Clicked() {
     mQuit = true;

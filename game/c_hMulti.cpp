@@ -128,7 +128,7 @@ void c_hMulti::KillIt() {
 
 void c_hMulti::bCont_Clicked() { mForm.hide(); }
 
-void c_hMulti::bMin_Clicked() { mForm.showMinimized(); }
+void c_hMulti::bMin_Clicked() { mForm.Minimise(); }
 
 void c_hMulti::bX_Clicked() {
     mQuit = true;

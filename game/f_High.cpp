@@ -25,13 +25,13 @@ f_High::f_High()
     Label1->setAlignment(Qt::AlignCenter);
     Label1->setWordWrap(true);
     Label1->setBuddy(Text1);
-    Label1->setGeometry(20, 16, kSize.width() - 40, 60);
+    Put(*Label1, QRect(20, 16, kSize.width() - 40, 60));
     Text1->setObjectName(QStringLiteral("Text1"));
     Text1->setAccessibleName(QStringLiteral("Name"));
     Text1->setMaxLength(kLongestName);
-    Text1->setGeometry(40, 84, kSize.width() - 80, 34);
+    Put(*Text1, QRect(40, 84, kSize.width() - 80, 34));
     cmdContinue->setObjectName(QStringLiteral("cmdContinue"));
-    cmdContinue->setGeometry((kSize.width() - 140) / 2, 136, 140, 36);
+    Put(*cmdContinue, QRect((kSize.width() - 140) / 2, 136, 140, 36));
 
     connect(cmdContinue, &QPushButton::clicked, this, &f_High::cmdContinue_Click);
     connect(Text1, &QLineEdit::returnPressed, this, &f_High::cmdContinue_Click);

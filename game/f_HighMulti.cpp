@@ -29,14 +29,14 @@ f_HighMulti::f_HighMulti()
 
 void f_HighMulti::LayOut() {
     constexpr int kBelow = 4; // all that the table leaves
-    pCont->move((width() - pCont->width()) / 2, height() - kBelow - pCont->height());
+    pCont->MoveTo((Width() - pCont->Width()) / 2, Height() - kBelow - pCont->Height());
 }
 
 void f_HighMulti::DrawTitle(const QString& title) {
     CopyBackground();
     Dc()->SetFont(ScreenFont(32, true));
-    CenteredText(Dc(), title, 400, 100, width(), kWhite, 3);
-    AddCaption(title, QRect(0, 100, width(), static_cast<int>(Dc()->TextHeight())));
+    CenteredText(Dc(), title, 400, 100, Width(), kWhite, 3);
+    AddCaption(title, QRect(0, 100, Width(), static_cast<int>(Dc()->TextHeight())));
     Dc()->SetFont(ScreenFont(20));
 }
 

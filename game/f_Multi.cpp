@@ -50,17 +50,17 @@ f_Multi::f_Multi()
 void f_Multi::LayOut() {
     constexpr int kChoicesTop = 220;
     constexpr int kChoiceGap = 4;
-    MoveToCorner();
-    pPlay->move((width() - pPlay->width()) / 2, (height() - pPlay->height()) / 2);
-    pHint->move(width() - kMargin - pHint->width(), height() - kMargin - pHint->height());
-    pCont->move((width() - pCont->width()) / 2, height() - kMargin - pCont->height());
-    pTimer->move(kCenter, 85);
-    const int left = (width() - PChoice1->width()) / 2;
+    MoveTo(QPoint(0, 0));
+    pPlay->MoveTo((Width() - pPlay->Width()) / 2, (Height() - pPlay->Height()) / 2);
+    pHint->MoveTo(Width() - kMargin - pHint->Width(), Height() - kMargin - pHint->Height());
+    pCont->MoveTo((Width() - pCont->Width()) / 2, Height() - kMargin - pCont->Height());
+    pTimer->MoveTo(kCenter, 85);
+    const int left = (Width() - PChoice1->Width()) / 2;
     int top = kChoicesTop;
     for (PictureBox* choice : ChoiceBoxes()) {
-        choice->move(left, top);
+        choice->MoveTo(left, top);
         choice->hide();
-        top += choice->height() + kChoiceGap;
+        top += choice->Height() + kChoiceGap;
     }
     for (PictureBox* box : {pPlay, pHint, pCont, pTimer})
         box->hide();
@@ -73,7 +73,8 @@ void f_Multi::InitTimer() {
     mElapsed = 0;
     mStart = platform::TickCount();
     constexpr int kGap = 10;
-    Drawing(Dc()).Text(kTime, kAzure, pTimer->x() - kGap - Dc()->TextWidth(kTime), pTimer->y());
+    Drawing(Dc()).Text(kTime, kAzure, pTimer->Place().x() - kGap - Dc()->TextWidth(kTime),
+                       pTimer->Place().y());
     Refresh();
     pTimer->show();
     DrawClock();
@@ -112,10 +113,10 @@ void f_Multi::TellOfSilence() {
 void f_Multi::DrawClock() {
     const Hdc dc = pTimer->Dc();
     if (gBack)
-        BitBlt(dc, 0, 0, pTimer->width(), pTimer->height(), gBack->HDC(0), pTimer->x(), pTimer->y(),
-               RasterOp::SrcCopy);
+        BitBlt(dc, 0, 0, pTimer->Width(), pTimer->Height(), gBack->HDC(0), pTimer->Place().x(),
+               pTimer->Place().y(), RasterOp::SrcCopy);
     const QString text = ClockText(mElapsed);
-    Drawing(dc).Text(text, Rgb(50, 0, 100), (pTimer->width() - dc->TextWidth(text)) / 2, 0);
+    Drawing(dc).Text(text, Rgb(50, 0, 100), (pTimer->Width() - dc->TextWidth(text)) / 2, 0);
     pTimer->SetText(kTime + u' ' + text);
     pTimer->Refresh();
 }
@@ -123,7 +124,7 @@ void f_Multi::DrawClock() {
 void f_Multi::SetFontSize(double points) { Dc()->SetFont(ScreenFont(points)); }
 
 void f_Multi::WriteCentered(const QString& text, int y, ColorRef color, int shadowOffset) {
-    const QRect place(kMargin, y, width() - 2 * kMargin, static_cast<int>(Dc()->TextHeight()));
+    const QRect place(kMargin, y, Width() - 2 * kMargin, static_cast<int>(Dc()->TextHeight()));
     CenteredText(Dc(), text, kCenter, y, place.width(), color, shadowOffset);
     AddCaption(text, place);
     Refresh();
@@ -143,15 +144,15 @@ void f_Multi::DrawRound(int total, int current) {
     constexpr int kTop = 6;
     const QString text = QStringLiteral("Round %1 of %2").arg(current).arg(total);
     Drawing(Dc()).Text(text, Rgb(250, 50, 50), Rgb(50, 0, 50), kMargin, kTop, 3);
-    AddCaption(text, QRect(kMargin, kTop, width() / 2, static_cast<int>(Dc()->TextHeight())));
+    AddCaption(text, QRect(kMargin, kTop, Width() / 2, static_cast<int>(Dc()->TextHeight())));
     Refresh();
 }
 
 void f_Multi::DrawScore(int score) {
     const QString text = QStringLiteral("SCORE: %1").arg(score);
-    const double right = width() - kMargin;
-    Drawing(Dc()).Text(text, kWhite, kBlack, right - Dc()->TextWidth(text), pTimer->y(), 3);
-    AddCaption(text, QRect(width() / 2, pTimer->y(), width() / 2 - kMargin,
+    const double right = Width() - kMargin;
+    Drawing(Dc()).Text(text, kWhite, kBlack, right - Dc()->TextWidth(text), pTimer->Place().y(), 3);
+    AddCaption(text, QRect(Width() / 2, pTimer->Place().y(), Width() / 2 - kMargin,
                            static_cast<int>(Dc()->TextHeight())));
     Refresh();
 }

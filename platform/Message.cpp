@@ -2,10 +2,7 @@
 
 #include "platform/Wait.h"
 
-#include <QApplication>
-#include <QLabel>
 #include <QMessageBox>
-#include <algorithm>
 #include <utility>
 
 namespace platform {
@@ -26,45 +23,28 @@ QMessageBox::Icon ToQt(Icon icon) {
     return QMessageBox::NoIcon;
 }
 
-std::function<QRect()> gDialogPlace;
-
-/// Qt would wrap lines that are not much too long.
-void KeepLinesWhole(QMessageBox& box) {
-    constexpr int kWidest = 640;
-    auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
-    if (label != nullptr)
-        label->setMinimumWidth(std::min(label->fontMetrics().size(0, box.text()).width(), kWidest));
-}
-
-int Show(const QString& text, Icon icon, const QString& title,
-         QMessageBox::StandardButtons buttons) {
-    if (Quitting())
-        return QMessageBox::NoButton;
-    QMessageBox box(ToQt(icon), title, text, buttons, QApplication::activeWindow());
+bool ShowInWindow(const Message& message) {
+    QMessageBox box(ToQt(message.icon), message.title, message.text,
+                    message.question ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok);
     // The texts hold file names, which must not be taken for markup.
     box.setTextFormat(Qt::PlainText);
-    KeepLinesWhole(box);
-    PlaceDialog(box);
-    return box.exec();
+    return box.exec() == QMessageBox::Yes;
 }
+
+std::function<bool(const Message&)> gBox = ShowInWindow;
+
+bool Show(const Message& message) { return !Quitting() && gBox(message); }
 
 } // namespace
 
-void SetDialogPlace(std::function<QRect()> place) { gDialogPlace = std::move(place); }
-
-void PlaceDialog(QDialog& dialog) {
-    if (dialog.parentWidget() != nullptr || !gDialogPlace)
-        return;
-    dialog.adjustSize();
-    dialog.move(gDialogPlace().center() - dialog.rect().center());
-}
+void SetMessageBox(std::function<bool(const Message&)> box) { gBox = std::move(box); }
 
 void ShowMessage(const QString& text, Icon icon, const QString& title) {
-    Show(text, icon, title, QMessageBox::Ok);
+    Show({text, icon, title, false});
 }
 
 bool AskYesNo(const QString& text, const QString& title) {
-    return Show(text, Icon::None, title, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+    return Show({text, Icon::None, title, true});
 }
 
 } // namespace platform

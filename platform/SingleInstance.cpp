@@ -19,10 +19,6 @@ namespace platform {
 
 #ifdef SONGRUSH_POSIX
 
-namespace {
-int gLock = -1;
-} // namespace
-
 bool ClaimSingleInstance() {
     const QByteArray runtime = qgetenv("XDG_RUNTIME_DIR");
     const std::string folder =
@@ -32,38 +28,20 @@ bool ClaimSingleInstance() {
     if (handle < 0)
         return true; // nowhere to note it: better two copies than none
     // The kernel drops the lock with the process, so a killed copy leaves none behind.
-    if (flock(handle, LOCK_EX | LOCK_NB) == 0) {
-        gLock = handle;
+    if (flock(handle, LOCK_EX | LOCK_NB) == 0)
         return true;
-    }
     const bool held = errno == EWOULDBLOCK;
     close(handle);
     return !held;
 }
 
-void ReleaseSingleInstance() {
-    if (gLock >= 0)
-        close(gLock);
-    gLock = -1;
-}
-
 #else
 
-namespace {
-
-QLockFile& Lock() {
-    static QLockFile lock(QDir::temp().filePath(QStringLiteral("songrush.lock")));
-    return lock;
-}
-
-} // namespace
-
 bool ClaimSingleInstance() {
-    Lock().setStaleLockTime(0);
-    return Lock().tryLock(0) || Lock().error() != QLockFile::LockFailedError;
+    static QLockFile lock(QDir::temp().filePath(QStringLiteral("songrush.lock")));
+    lock.setStaleLockTime(0);
+    return lock.tryLock(0) || lock.error() != QLockFile::LockFailedError;
 }
-
-void ReleaseSingleInstance() { Lock().unlock(); }
 
 #endif
 

@@ -6,7 +6,4 @@ namespace platform {
 /// false when another running copy holds it; then nothing was changed.
 bool ClaimSingleInstance();
 
-/// Gives the claim up before the process ends.
-void ReleaseSingleInstance();
-
 } // namespace platform

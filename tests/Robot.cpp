@@ -1,28 +1,36 @@
 #include "tests/Robot.h"
 
 #include "platform/Wait.h"
+#include "toolkit/MessagePanel.h"
+#include "toolkit/Stage.h"
 
 #include <QApplication>
 #include <QFileDialog>
 #include <QLineEdit>
-#include <QMessageBox>
-#include <QMetaEnum>
 #include <QPushButton>
 #include <QTest>
 #include <gtest/gtest.h>
 #include <utility>
+
+using namespace toolkit;
 
 namespace {
 
 constexpr int kLookEvery = 5;
 constexpr int kLimit = 30000;
 
-QString FrameOf(const QMessageBox& box) {
-    const char* icon = QMetaEnum::fromType<QMessageBox::Icon>().valueToKey(box.icon());
-    QStringList frame = {box.windowTitle(), QString::fromLatin1(icon)};
-    for (const QAbstractButton* button : box.buttons())
-        frame << button->text().remove(u'&');
+QString FrameOf(const MessagePanel& panel) {
+    static const char* const icons[] = {"NoIcon", "Information", "Warning", "Critical"};
+    QStringList frame = {panel.What().title,
+                         QLatin1String(icons[static_cast<int>(panel.What().icon)])};
+    for (const QPushButton* button : panel.Buttons())
+        frame << button->accessibleName();
     return frame.join(QStringLiteral(", "));
+}
+
+bool DialogOpen() {
+    const Form* form = Stage::Get().Forms().Current();
+    return QApplication::activeModalWidget() != nullptr || (form != nullptr && form->IsModal());
 }
 
 } // namespace
@@ -41,7 +49,7 @@ void Robot::Look() {
     // Not a repeating timer: Qt holds its next shot back while the last one is still handled.
     QTimer::singleShot(kLookEvery, this, &Robot::Look);
     // What is done now may itself wait, but only for a dialog's answer.
-    if (mActing && QApplication::activeModalWidget() == nullptr)
+    if (mActing && !DialogOpen())
         return;
     const bool outer = std::exchange(mActing, true);
     if (!CloseMessage())
@@ -50,15 +58,12 @@ void Robot::Look() {
 }
 
 bool Robot::CloseMessage() {
-    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    if (box == nullptr)
+    auto* panel = qobject_cast<MessagePanel*>(Stage::Get().Forms().Current());
+    if (panel == nullptr)
         return false;
-    mMessages << box->text();
-    mFrames << FrameOf(*box);
-    const bool question = box->button(QMessageBox::Yes) != nullptr;
-    ClickOn(box->button(!question  ? QMessageBox::Ok
-                        : mSaysYes ? QMessageBox::Yes
-                                   : QMessageBox::No));
+    mMessages << panel->What().text;
+    mFrames << FrameOf(*panel);
+    ClickOn(mSaysYes ? panel->Buttons().front() : panel->Buttons().back());
     return true;
 }
 

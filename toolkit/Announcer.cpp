@@ -1,5 +1,7 @@
 #include "toolkit/Announcer.h"
 
+#include "toolkit/Place.h"
+
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QEvent>
@@ -55,7 +57,7 @@ void Announcer::AddQuietCaption(const QString& text, const QRect& place) {
         return;
     QLabel* label = FreeLabel();
     label->setText(text);
-    label->setGeometry(place);
+    Put(*label, place);
     label->show();
 }
 
@@ -83,10 +85,11 @@ QAccessibleInterface* Announcer::NewInterface() {
 }
 
 bool Announcer::eventFilter(QObject*, QEvent* event) {
-    if (event->type() == QEvent::WindowActivate) {
+    const auto type = event->type();
+    if (type == QEvent::WindowActivate || type == QEvent::Show || type == QEvent::EnabledChange) {
         // After the focus event, which would interrupt the screen reader.
         mSoon.start(0);
-    } else if (event->type() == QEvent::Hide) {
+    } else if (type == QEvent::Hide) {
         hide();
         mKnown.clear();
         mTexts.clear();
@@ -104,7 +107,8 @@ QStringList Announcer::TakeNews() {
 }
 
 void Announcer::Speak() {
-    if (!window()->isActiveWindow())
+    const QWidget& form = *parentWidget();
+    if (!form.isVisible() || !form.isEnabled() || !form.isActiveWindow())
         return;
     const QStringList news = TakeNews();
     if (news.isEmpty())

@@ -8,9 +8,10 @@ namespace toolkit {
 
 void CopyFormBehind(PictureBox& box) {
     // One more pixel each way: at a fractional ratio the box may cover one more screen pixel.
-    if (auto* form = qobject_cast<Form*>(box.window()))
-        BitBlt(box.Dc(), 0, 0, box.width() + 1, box.height() + 1, form->Dc(), box.x(), box.y(),
-               RasterOp::SrcCopy);
+    const QRect place = box.Place();
+    if (auto* form = qobject_cast<Form*>(box.parentWidget()))
+        BitBlt(box.Dc(), 0, 0, place.width() + 1, place.height() + 1, form->Dc(), place.x(),
+               place.y(), RasterOp::SrcCopy);
 }
 
 void DrawButtonCaption(PictureBox& box, const QString& caption, ColorRef color, ColorRef shadow,
@@ -19,10 +20,10 @@ void DrawButtonCaption(PictureBox& box, const QString& caption, ColorRef color, 
         return;
     const Hdc dc = box.Dc();
     const QFont own = dc->Font();
-    const FittedText fitted = FitText(caption, own, box.width() - 2 * margin);
+    const FittedText fitted = FitText(caption, own, box.Width() - 2 * margin);
     dc->SetFont(fitted.font);
-    const double x = box.width() / 2.0 - fitted.width / 2;
-    const double y = box.height() / 2.0 - dc->TextHeight() / 2 - 2;
+    const double x = box.Width() / 2.0 - fitted.width / 2;
+    const double y = box.Height() / 2.0 - dc->TextHeight() / 2 - 2;
     Drawing(dc).Text(fitted.text, color, shadow, x, y, 2);
     dc->SetFont(own);
 }

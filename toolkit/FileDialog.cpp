@@ -1,6 +1,5 @@
 #include "toolkit/FileDialog.h"
 
-#include "platform/Message.h"
 #include "toolkit/OddNames.h"
 
 #include <QDir>
@@ -46,7 +45,6 @@ FileDialog::FileDialog(QWidget* owner, const QString& title, const QString& fold
 QStringList FileDialog::Choose() {
     if (acceptMode() == AcceptOpen)
         mOddNames = new OddNames(*this);
-    platform::PlaceDialog(*this);
     if (exec() != Accepted)
         return {};
     if (OddNameChosen())

@@ -1,16 +1,14 @@
 #include "toolkit/Form.h"
 
-#include "platform/Message.h"
-#include "platform/Wait.h"
 #include "toolkit/Drawing.h"
 #include "toolkit/FittedText.h"
 #include "toolkit/LastInput.h"
 #include "toolkit/Mous.h"
+#include "toolkit/Stage.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QApplication>
-#include <QCloseEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <algorithm>
@@ -22,29 +20,20 @@ namespace toolkit {
 
 namespace {
 
-/// Qt calls a plain widget the client area of a window; screen readers look for windows.
 class AccessibleForm : public QAccessibleWidget {
 public:
     explicit AccessibleForm(Form* form) : QAccessibleWidget(form) {}
     QAccessible::Role role() const override {
-        return widget()->isModal() ? QAccessible::Dialog : QAccessible::Window;
+        return static_cast<Form*>(widget())->FillsStage() ? QAccessible::Pane : QAccessible::Dialog;
+    }
+    QString text(QAccessible::Text kind) const override {
+        return kind == QAccessible::Name ? widget()->windowTitle() : QAccessibleWidget::text(kind);
     }
 };
-
-QPoint gPlace; // where the last whole screen stood
 
 bool TakesFocus(const QWidget& control, const QWidget& form) {
     return control.isVisibleTo(&form) && control.isEnabledTo(&form) && !control.isWindow() &&
            (control.focusPolicy() & Qt::TabFocus) != 0;
-}
-
-/// The form's controls in Tab order.
-std::vector<QWidget*> FocusControls(QWidget& form) {
-    std::vector<QWidget*> controls;
-    for (QWidget* next = form.nextInFocusChain(); next != &form; next = next->nextInFocusChain())
-        if (form.isAncestorOf(next) && TakesFocus(*next, form))
-            controls.push_back(next);
-    return controls;
 }
 
 /// How far `to` lies from `from` in the direction of an arrow key; nothing when it lies elsewhere.
@@ -62,10 +51,10 @@ std::optional<int> Way(const QRect& from, const QRect& to, int key) {
     return ahead >= 0 && aside <= ahead ? std::optional(ahead + aside) : std::nullopt;
 }
 
-QWidget* Neighbour(QWidget& form, const QWidget& control, int key) {
+QWidget* Neighbour(const std::vector<QWidget*>& controls, const QWidget& control, int key) {
     QWidget* nearest = nullptr;
     int shortest = INT_MAX;
-    for (QWidget* other : FocusControls(form)) {
+    for (QWidget* other : controls) {
         const auto way = Way(control.geometry(), other->geometry(), key);
         if (other != &control && way && *way < shortest) {
             nearest = other;
@@ -78,41 +67,36 @@ QWidget* Neighbour(QWidget& form, const QWidget& control, int key) {
 } // namespace
 
 Form::Form(const QString& name, const QSize& size)
-    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint), mCanvas(size.width(), size.height()) {
+    : QWidget(&Stage::Get().Area()), mCanvas(size.width(), size.height()) {
     setObjectName(name);
     setWindowTitle(QStringLiteral("Songrush"));
-    setFixedSize(size);
+    MoveTo(QPoint(0, 0));
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::ClickFocus);
+    setMouseTracking(true);
+    hide(); // until it is wanted, though the stage may be shown
     mAnnouncer = new Announcer(this);
     WatchInput();
 }
 
+Form::~Form() { Stage::Get().Forms().Leave(*this); }
+
+void Form::MoveTo(QPoint place) { Put(*this, QRect(place, QSize(Width(), Height()))); }
+
 void Form::ShowInPlace() {
-    platform::SetDialogPlace([] { return QRect(gPlace, kScreenSize); });
-    const QSize spare = kScreenSize - size();
-    move(gPlace + QPoint(spare.width() / 2, spare.height() / 2));
-    // Before any event runs: keys typed ahead are not meant for the window behind it.
-    if (isModal())
-        show();
-    // A window that is shown again before the system has hidden it misses its focus event.
-    QGuiApplication::sync();
+    const QSize spare = kStageSize - QSize(Width(), Height());
+    MoveTo(QPoint(spare.width() / 2, spare.height() / 2));
+    Appear();
+}
+
+void Form::Appear() {
+    Stage::Get().Forms().Enter(*this);
     show();
-    raise();
-    activateWindow();
-    TakeActivation();
+    Stage::Get().Appear();
     PlaceFocus();
 }
 
-/// A window that kept the system's focus while it was hidden and shown again gets no event for it,
-/// and Qt takes it for inactive.
-void Form::TakeActivation() {
-    QT_WARNING_PUSH
-    QT_WARNING_DISABLE_DEPRECATED
-    if (!isActiveWindow() && windowHandle() == QGuiApplication::focusWindow())
-        QApplication::setActiveWindow(this);
-    QT_WARNING_POP
-}
+void Form::Minimise() { window()->showMinimized(); }
 
 void Form::PlaceFocus() {
     if (QWidget* first = FirstControl())
@@ -121,18 +105,32 @@ void Form::PlaceFocus() {
         setFocus();
 }
 
-QWidget* Form::FirstControl() {
-    const std::vector<QWidget*> controls = FocusControls(*this);
-    const auto first = std::find_if(controls.begin(), controls.end(),
-                                    [this](QWidget* control) { return !IsOfFrame(control); });
-    return first != controls.end() ? *first : nullptr;
+void Form::ResumeFocus() {
+    QWidget* last = mBlockedFocus ? mBlockedFocus.data() : focusWidget();
+    if (last != nullptr && last->isVisibleTo(this))
+        last->setFocus();
+    else
+        PlaceFocus();
 }
 
-void Form::SetPlace(QPoint place) { gPlace = place; }
+void Form::SetBlocked(bool blocked) {
+    if (blocked && isEnabled())
+        mBlockedFocus = focusWidget();
+    setEnabled(!blocked);
+}
 
-void Form::MoveToCorner() {
-    gPlace = QPoint(0, 0);
-    move(gPlace);
+QWidget* Form::FirstControl() {
+    const std::vector<QWidget*> controls = FocusControls();
+    return controls.empty() || IsOfFrame(controls.front()) ? nullptr : controls.front();
+}
+
+std::vector<QWidget*> Form::FocusControls() {
+    std::vector<QWidget*> controls;
+    for (QWidget* next = nextInFocusChain(); next != this; next = next->nextInFocusChain())
+        if (isAncestorOf(next) && TakesFocus(*next, *this))
+            controls.push_back(next);
+    std::ranges::stable_partition(controls, [this](QWidget* each) { return !IsOfFrame(each); });
+    return controls;
 }
 
 QAccessibleInterface* Form::NewInterface() { return new AccessibleForm(this); }
@@ -142,17 +140,13 @@ bool Form::event(QEvent* event) {
     // Sent when controls were shown or hidden.
     if (event->type() == QEvent::LayoutRequest && isVisible())
         HandFocusOn();
-    // Not every system gives the keyboard focus back to the window below a dialog.
-    if (event->type() == QEvent::WindowUnblocked && isVisible())
-        activateWindow();
     return known;
 }
 
 void Form::hideEvent(QHideEvent* event) {
-    for (QWidget* other : QApplication::topLevelWidgets())
-        if (!event->spontaneous() && other != this && other->isVisible() &&
-            qobject_cast<Form*>(other) != nullptr)
-            other->activateWindow();
+    mGrip.reset();
+    if (!event->spontaneous())
+        Stage::Get().Forms().Leave(*this);
 }
 
 void Form::HandFocusOn() {
@@ -173,20 +167,25 @@ void Form::paintEvent(QPaintEvent* event) {
     mCanvas.Show(painter);
 }
 
-void Form::closeEvent(QCloseEvent* event) {
-    if (platform::Quitting())
+void Form::mousePressEvent(QMouseEvent* event) {
+    if (FillsStage())
+        return event->ignore(); // the stage's window is meant
+    raise();
+    if (event->button() == Qt::LeftButton)
+        mGrip = event->globalPosition().toPoint();
+}
+
+void Form::mouseMoveEvent(QMouseEvent* event) {
+    if (FillsStage())
+        return event->ignore();
+    if (!mGrip || !event->buttons().testFlag(Qt::LeftButton))
         return;
-    event->ignore();
-    Q_EMIT CloseRequested();
+    const QPoint way = event->globalPosition().toPoint() - *mGrip;
+    if (way.manhattanLength() < QApplication::startDragDistance())
+        return;
+    mGrip.reset();
+    DragForm(this);
 }
-
-void Form::moveEvent(QMoveEvent* event) {
-    if (isVisible() && size() == kScreenSize)
-        gPlace = pos();
-    QWidget::moveEvent(event);
-}
-
-void Form::mousePressEvent(QMouseEvent*) { DragForm(this); }
 
 void Form::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
@@ -199,6 +198,9 @@ void Form::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Right:
         MoveFocus(event->key());
         return;
+    case Qt::Key_F6:
+        Stage::Get().Forms().FocusNext();
+        return;
     default:
         QWidget::keyPressEvent(event);
     }
@@ -207,7 +209,7 @@ void Form::keyPressEvent(QKeyEvent* event) {
 void Form::MoveFocus(int key) {
     const QWidget* control = focusWidget();
     QWidget* neighbour =
-        control != nullptr && control != this ? Neighbour(*this, *control, key) : nullptr;
+        control != nullptr && control != this ? Neighbour(FocusControls(), *control, key) : nullptr;
     if (neighbour == nullptr)
         focusNextPrevChild(key == Qt::Key_Down || key == Qt::Key_Right);
     else if (!ShowFocus())
@@ -215,7 +217,16 @@ void Form::MoveFocus(int key) {
 }
 
 bool Form::focusNextPrevChild(bool next) {
-    return ShowFocus() || QWidget::focusNextPrevChild(next);
+    const std::vector<QWidget*> controls = FocusControls();
+    if (ShowFocus() || controls.empty() || !isVisible())
+        return true;
+    const auto count = static_cast<std::ptrdiff_t>(controls.size());
+    const auto now = std::ranges::find(controls, focusWidget()) - controls.begin();
+    // From nowhere to the first or the last.
+    const auto to = now == count ? (next ? 0 : count - 1) : (now + (next ? 1 : count - 1)) % count;
+    controls[static_cast<std::size_t>(to)]->setFocus(next ? Qt::TabFocusReason
+                                                          : Qt::BacktabFocusReason);
+    return true;
 }
 
 bool Form::ShowFocus() {

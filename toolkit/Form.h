@@ -4,22 +4,33 @@
 #include "toolkit/Announcer.h"
 #include "toolkit/Canvas.h"
 #include "toolkit/PictureBox.h"
+#include "toolkit/Place.h"
+#include "toolkit/StageSize.h"
 
+#include <QPointer>
 #include <QWidget>
+#include <optional>
+#include <vector>
 
 namespace toolkit {
 
-/// Size of a whole screen in logical pixels.
-constexpr QSize kScreenSize(800, 600);
-
-/// A borderless window with a persistent image, which can be dragged by any point. It never closes
-/// by itself: a request to close (from the window manager or by Escape) is passed on as a signal.
+/// A part of the stage with a persistent image: a whole screen, or a smaller form that can be
+/// dragged about the stage. It never closes by itself: a request to close (from the window manager
+/// or by Escape) is passed on as a signal.
 class Form : public QWidget, public Accessible {
     Q_OBJECT
 public:
-    explicit Form(const QString& name, const QSize& size = kScreenSize);
+    explicit Form(const QString& name, const QSize& size = kStageSize);
+    ~Form() override;
 
     Hdc Dc() { return &mCanvas; }
+
+    // In logical pixels.
+    int Width() const { return mCanvas.Width(); }
+    int Height() const { return mCanvas.Height(); }
+    bool FillsStage() const { return QSize(Width(), Height()) == kStageSize; }
+    /// Moves the form's corner to a place of the stage.
+    void MoveTo(QPoint place);
 
     // For screen readers: what is drawn on the form, and other announcements; see `Announcer`.
     void AddCaption(const QString& text, const QRect& place) {
@@ -34,20 +45,33 @@ public:
     /// Shows what was drawn since the last time.
     void Refresh() { update(); }
     /// The same for a part of the form.
-    void Refresh(const QRect& area) { update(area); }
+    void Refresh(const QRect& area) { update(FromLogical(area)); }
 
-    /// Shows a screen where the last one stood, so that one replaces the other; a smaller form in
-    /// the middle of that place.
+    /// Forms of a layer lie in front of those of the layers before it.
+    enum class Layer { Screens, OnTop, Messages };
+    void SetLayer(Layer layer) { mLayer = layer; }
+    Layer GetLayer() const { return mLayer; }
+
+    /// A modal form keeps the forms behind it from being used while it is shown.
+    void SetModal() { mModal = true; }
+    bool IsModal() const { return mModal; }
+
+    /// Shows the form in the middle of the stage, which a whole screen fills, and gives it the
+    /// keyboard focus.
     void ShowInPlace();
+    /// The same where it was put last.
+    void Appear();
 
-    /// Where the first screen appears.
-    static void SetPlace(QPoint place);
+    /// Minimises the program's window.
+    void Minimise();
 
     /// Gives the keyboard focus to the first control, for a form that has just appeared.
     void PlaceFocus();
+    /// Gives it back to the control that had it last.
+    void ResumeFocus();
 
-    /// Moves the form, and with it the place of the next screen, to the top left corner.
-    void MoveToCorner();
+    /// Whether a form in front keeps this one from being used.
+    void SetBlocked(bool blocked);
 
     QAccessibleInterface* NewInterface() override;
 
@@ -60,14 +84,14 @@ protected:
     /// Whether a control belongs to the window's frame; no screen starts with the focus on it.
     virtual bool IsOfFrame(const QWidget*) const { return false; }
     void paintEvent(QPaintEvent* event) override;
-    void closeEvent(QCloseEvent* event) override;
     void hideEvent(QHideEvent* event) override;
-    void moveEvent(QMoveEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    void TakeActivation();
+    /// The controls in Tab order, those of the window's frame last.
+    std::vector<QWidget*> FocusControls();
     QWidget* FirstControl();
     /// Moves the keyboard focus from a control that was hidden to the first one.
     void HandFocusOn();
@@ -77,6 +101,10 @@ private:
 
     Canvas mCanvas;
     Announcer* mAnnouncer;
+    Layer mLayer = Layer::Screens;
+    bool mModal = false;
+    std::optional<QPoint> mGrip; // where the left button was pressed on the form's ground
+    QPointer<QWidget> mBlockedFocus;
 };
 
 /// Draws one line of text with a shadow, made to fit `width` and centred at `center`. The line's

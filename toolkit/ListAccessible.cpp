@@ -41,7 +41,8 @@ public:
 
     QRect rect() const override {
         const QRect cell = isValid() ? mList->CellRect(mLine, mColumn) : QRect();
-        return cell.isEmpty() ? QRect() : QRect(mBox->mapToGlobal(cell.topLeft()), cell.size());
+        const QRect shown = FromLogical(cell);
+        return cell.isEmpty() ? QRect() : QRect(mBox->mapToGlobal(shown.topLeft()), shown.size());
     }
 
     QString text(QAccessible::Text kind) const override {
@@ -165,7 +166,7 @@ public:
     }
 
     QAccessibleInterface* childAt(int x, int y) const override {
-        const QPointF at = widget()->mapFromGlobal(QPoint(x, y));
+        const QPointF at = ToLogical(widget()->mapFromGlobal(QPoint(x, y)));
         const int column = mList ? mList->ColumnAt(at) : -1;
         if (column < 0)
             return nullptr;

@@ -1,16 +1,23 @@
 #pragma once
 
+#include <Qt>
+
 class QWidget;
 
 namespace toolkit {
 
-/// Lets the window move with the mouse until the button is released; called from the mouse-down
-/// handler of a borderless form.
-void DragForm(QWidget* form);
+class Form;
 
-/// Keeps the window above all others, or stops doing so; either way moves it to the screen's
-/// corner (0, 0).
-void SetTopMost(QWidget* form, bool onTop);
+/// Lets a form move about the stage with the mouse until the button is released. A form that fills
+/// the stage moves the program's window instead.
+void DragForm(Form* form);
+
+/// Keeps the form in front of all others but messages, or stops doing so; either way moves it to
+/// the stage's corner (0, 0).
+void SetTopMost(Form* form, bool onTop);
+
+/// Lets a window move with the mouse, or be resized by its edges, until the button is released.
+void DragWindow(QWidget& window, Qt::Edges edges = {});
 
 /// The mouse pointer's position in screen pixels.
 int CursorX();

@@ -1,11 +1,14 @@
 #include "toolkit/NightStyle.h"
 
 #include "toolkit/Canvas.h"
+#include "toolkit/MessageSign.h"
 #include "toolkit/Palette.h"
+#include "toolkit/Place.h"
 
 #include <QDialog>
 #include <QPainter>
 #include <QStyleOption>
+#include <cmath>
 
 namespace toolkit {
 
@@ -34,9 +37,12 @@ bool ShowsFocus(const QStyleOption& option) {
            option.state.testFlag(QStyle::State_KeyboardFocusChange);
 }
 
-/// A box with rounded corners whose rim lies entirely inside `area`.
+/// A box with rounded corners whose rim lies entirely inside `area`. `radius` and `width` are
+/// logical pixels.
 void DrawRound(QPainter& painter, const QRect& area, double radius, const QBrush& fill,
                const QColor& rim, double width) {
+    radius *= StageScale();
+    width *= StageScale();
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(rim, width));
@@ -70,38 +76,17 @@ void DrawDialogFrame(QPainter& painter, const QRect& area) {
     painter.drawLine(area.topRight(), area.bottomRight());
 }
 
-/// The signs of message boxes, in strokes of light.
-class MessageSign {
-public:
-    explicit MessageSign(ColorRef color) : mPicture(Pixels(), Pixels()) {
-        mPicture.setDevicePixelRatio(Canvas::Ratio());
-        mPicture.fill(Qt::transparent);
-        mPainter.begin(&mPicture);
-        mPainter.setRenderHint(QPainter::Antialiasing);
-        mPainter.setPen(QPen(ToQColor(color), 3, Qt::SolidLine, Qt::RoundCap));
-        mPainter.setBrush(ToQColor(kField));
-        mPainter.drawEllipse(QPointF(24, 24), 21, 21);
-        mPainter.setPen(QPen(ToQColor(color), 4, Qt::SolidLine, Qt::RoundCap));
-    }
-    MessageSign& Line(QPointF from, QPointF to) {
-        mPainter.drawLine(from, to);
-        return *this;
-    }
-    MessageSign& Dot(QPointF at) {
-        mPainter.drawPoint(at);
-        return *this;
-    }
-    QIcon Icon() {
-        mPainter.end();
-        return QIcon(mPicture);
-    }
+QIcon MessageIcon(platform::Icon icon) {
+    const double ratio = Canvas::Ratio();
+    QPixmap picture(QSize(kMessageSign, kMessageSign) * ratio);
+    picture.setDevicePixelRatio(ratio);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    PaintMessageSign(painter, icon);
+    return QIcon(picture);
+}
 
-private:
-    static int Pixels() { return qRound(48 * Canvas::Ratio()); }
-
-    QPixmap mPicture;
-    QPainter mPainter;
-};
+int Scaled(int length) { return static_cast<int>(std::lround(length * StageScale())); }
 
 } // namespace
 
@@ -109,6 +94,11 @@ void NightStyle::polish(QWidget* widget) {
     QProxyStyle::polish(widget);
     if (qobject_cast<QDialog*>(widget) != nullptr)
         widget->setAttribute(Qt::WA_StyledBackground);
+}
+
+int NightStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
+                            const QWidget* widget) const {
+    return Scaled(QProxyStyle::pixelMetric(metric, option, widget));
 }
 
 int NightStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
@@ -122,7 +112,9 @@ QRect NightStyle::subElementRect(SubElement element, const QStyleOption* option,
                                  const QWidget* widget) const {
     constexpr int kBesideText = 4; // room for the rounded corners
     const QRect area = QProxyStyle::subElementRect(element, option, widget);
-    return element == SE_LineEditContents ? area.adjusted(kBesideText, 0, -kBesideText, 0) : area;
+    return element == SE_LineEditContents
+               ? area.adjusted(Scaled(kBesideText), 0, -Scaled(kBesideText), 0)
+               : area;
 }
 
 void NightStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
@@ -145,11 +137,11 @@ QIcon NightStyle::standardIcon(StandardPixmap icon, const QStyleOption* option,
                                const QWidget* widget) const {
     switch (icon) {
     case SP_MessageBoxInformation:
-        return MessageSign(kPeriwinkle).Dot({24, 15}).Line({24, 22}, {24, 34}).Icon();
+        return MessageIcon(platform::Icon::Information);
     case SP_MessageBoxWarning:
-        return MessageSign(kGold).Line({24, 14}, {24, 26}).Dot({24, 33}).Icon();
+        return MessageIcon(platform::Icon::Warning);
     case SP_MessageBoxCritical:
-        return MessageSign(kPink).Line({17, 17}, {31, 31}).Line({31, 17}, {17, 31}).Icon();
+        return MessageIcon(platform::Icon::Critical);
     default:
         return QProxyStyle::standardIcon(icon, option, widget);
     }

@@ -12,6 +12,8 @@ public:
     void polish(QWidget* widget) override;
     using QProxyStyle::polish;
 
+    int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                    const QWidget* widget) const override;
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* data) const override;
     QRect subElementRect(SubElement element, const QStyleOption* option,

@@ -11,7 +11,6 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QtMath>
-#include <cmath>
 #include <utility>
 
 namespace toolkit {
@@ -65,10 +64,9 @@ QPoint PixelAt(QPointF point) { return QPoint(qFloor(point.x()), qFloor(point.y(
 PictureBox::PictureBox(QWidget* parent, const QString& name, const QSize& size)
     : QWidget(parent), mCanvas(size.width(), size.height()) {
     setObjectName(name);
-    setFixedSize(size);
+    MoveTo(0, 0);
     setMouseTracking(true);
-    // At a fractional ratio the form shows through where the box ends within a screen pixel.
-    setAttribute(Qt::WA_OpaquePaintEvent, Canvas::Ratio() == std::floor(Canvas::Ratio()));
+    setCursor(Qt::ArrowCursor);
 }
 
 QAccessibleInterface* PictureBox::NewInterface() {
@@ -79,7 +77,7 @@ void PictureBox::SetBoxSize(const QSize& size) {
     const QFont font = mCanvas.Font();
     mCanvas = Canvas(size.width(), size.height());
     mCanvas.SetFont(font);
-    setFixedSize(size);
+    MoveTo(Place().x(), Place().y());
 }
 
 void PictureBox::SetButton(double radius) {
@@ -94,15 +92,14 @@ void PictureBox::Activate() {
 }
 
 bool PictureBox::TakesInput() const {
-    const QWidget* modal = QApplication::activeModalWidget();
-    return isVisible() && isEnabled() && (modal == nullptr || modal == window());
+    return isVisible() && isEnabled() && QApplication::activeModalWidget() == nullptr;
 }
 
 void PictureBox::setVisible(bool visible) {
     // Otherwise Qt would move the focus to the next button, which a second press of the key that
     // hid this one would then press.
     if (!visible && hasFocus())
-        window()->setFocus();
+        parentWidget()->setFocus();
     QWidget::setVisible(visible);
 }
 
@@ -117,6 +114,7 @@ void PictureBox::paintEvent(QPaintEvent*) {
     mCanvas.Show(painter);
     if (!mFocusShown)
         return;
+    painter.scale(StageScale(), StageScale());
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(ToQColor(kGold), 2));
     painter.drawRoundedRect(FocusFrame(), mFocusRadius, mFocusRadius);
@@ -124,26 +122,28 @@ void PictureBox::paintEvent(QPaintEvent*) {
 
 /// The frame of a button in the form's corner stays open towards the edges, as the button does.
 QRectF PictureBox::FocusFrame() const {
-    QRectF frame = QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5);
-    if (y() == 0)
+    QRectF frame = QRectF(0, 0, Width(), Height()).adjusted(1.5, 1.5, -1.5, -1.5);
+    if (Place().y() == 0)
         frame.setTop(-2 * mFocusRadius);
-    if (geometry().right() == parentWidget()->rect().right())
-        frame.setRight(width() + 2 * mFocusRadius);
+    if (Place().right() == PlaceOf(*parentWidget()).width() - 1)
+        frame.setRight(Width() + 2 * mFocusRadius);
     return frame;
 }
 
 void PictureBox::mousePressEvent(QMouseEvent* event) {
-    Q_EMIT MouseDown(event->position().x(), event->position().y());
+    const QPointF at = ToLogical(event->position());
+    Q_EMIT MouseDown(at.x(), at.y());
 }
 
 void PictureBox::mouseReleaseEvent(QMouseEvent* event) {
-    Q_EMIT MouseUp(event->position().x(), event->position().y());
+    const QPointF at = ToLogical(event->position());
+    Q_EMIT MouseUp(at.x(), at.y());
 }
 
 void PictureBox::mouseMoveEvent(QMouseEvent* event) {
-    const QPointF at = event->position();
+    const QPointF at = ToLogical(event->position());
     // A point exactly on the far edge still counts as inside.
-    const bool outside = at.x() < 0 || at.y() < 0 || at.x() > width() || at.y() > height() ||
+    const bool outside = at.x() < 0 || at.y() < 0 || at.x() > Width() || at.y() > Height() ||
                          QApplication::widgetAt(PixelAt(event->globalPosition())) != this;
     mPointer = outside ? std::nullopt : std::optional(at);
     TellPointer();

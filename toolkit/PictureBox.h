@@ -2,6 +2,7 @@
 
 #include "toolkit/Accessible.h"
 #include "toolkit/Canvas.h"
+#include "toolkit/Place.h"
 
 #include <QBasicTimer>
 #include <QPointF>
@@ -19,6 +20,13 @@ class PictureBox : public QWidget, public Accessible {
     Q_OBJECT
 public:
     PictureBox(QWidget* parent, const QString& name, const QSize& size);
+
+    /// Where the box lies on its form.
+    QRect Place() const { return PlaceOf(*this); }
+    int Width() const { return mCanvas.Width(); }
+    int Height() const { return mCanvas.Height(); }
+    /// Moves the box's corner to a point of its form.
+    void MoveTo(int x, int y) { Put(*this, QRect(x, y, Width(), Height())); }
 
     Hdc Dc() { return &mCanvas; }
     const Canvas& Picture() const { return mCanvas; }

@@ -9,21 +9,9 @@ Screen::Screen(const QString& name)
     pMin->setAccessibleName(QStringLiteral("Minimise"));
 }
 
-void Screen::showEvent(QShowEvent* event) {
-    // The Tab key reaches the corner's buttons last.
-    QWidget* last = previousInFocusChain();
-    while (last->focusPolicy() == Qt::NoFocus) // setTabOrder ignores these
-        last = last->previousInFocusChain();
-    if (last != pX) {
-        setTabOrder(last, pMin);
-        setTabOrder(pMin, pX);
-    }
-    Form::showEvent(event);
-}
-
 void Screen::CopyBackground() {
     if (gBack)
-        BitBlt(Dc(), 0, 0, width(), height(), gBack->HDC(0), 0, 0, RasterOp::SrcCopy);
+        BitBlt(Dc(), 0, 0, Width(), Height(), gBack->HDC(0), 0, 0, RasterOp::SrcCopy);
     ClearCaptions();
     Refresh();
 }
@@ -33,8 +21,8 @@ WindowButtons::WindowButtons(Screen& screen) {
     constexpr int kMinTop = 10;
     bX.Create(screen.pX, QStringLiteral("Images\\X.bmp"), QString());
     bMin.Create(screen.pMin, QStringLiteral("Images\\bMin.bmp"), QString());
-    screen.pX->move(screen.width() - bX.Width(), 0);
-    screen.pMin->move(screen.pX->x() - kGap - bMin.Width(), kMinTop);
+    screen.pX->MoveTo(screen.Width() - bX.Width(), 0);
+    screen.pMin->MoveTo(screen.pX->Place().x() - kGap - bMin.Width(), kMinTop);
     QObject::connect(&screen, &Form::CloseRequested, &bX, &c_SurfButton::Click);
 }
 

@@ -21,7 +21,6 @@ protected:
     bool IsOfFrame(const QWidget* control) const override {
         return control == pX || control == pMin;
     }
-    void showEvent(QShowEvent* event) override;
 };
 
 /// The skinned buttons over a screen's `pX` and `pMin`, for as long as a controller drives it. A

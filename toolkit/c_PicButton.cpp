@@ -97,7 +97,7 @@ void c_PicButton::Draw(State state) {
     mState = state;
     const Look& look = mLooks[static_cast<std::size_t>(state)];
     CopyFormBehind(*mBox);
-    DrawFace(mBox->Dc(), look, mBox->width(), mBox->height());
+    DrawFace(mBox->Dc(), look, mBox->Width(), mBox->Height());
     DrawButtonCaption(*mBox, mCaption, look.caption, look.captionShadow, 8);
     mBox->Refresh();
 }

@@ -165,8 +165,8 @@ QString c_PicList::CellText(int line, int column) const {
 }
 
 ListLayout c_PicList::Layout() const {
-    return ListLayout(mState->box->size(), mState->box->Picture().TextHeight(), mState->columns,
-                      !mState->subHeader.isEmpty(), mState->scroller.Width());
+    return ListLayout(mState->box->Place().size(), mState->box->Picture().TextHeight(),
+                      mState->columns, !mState->subHeader.isEmpty(), mState->scroller.Width());
 }
 
 QRect c_PicList::CellRect(int line, int column) const {

@@ -22,7 +22,7 @@ constexpr int kLinesPerNotch = 3;
 double WheelWay(const QWheelEvent& event, int lineHeight) {
     // Under X11 the pixels of an event depend on the driver.
     if (!event.pixelDelta().isNull() && QGuiApplication::platformName() != QStringLiteral("xcb"))
-        return -event.pixelDelta().y();
+        return -event.pixelDelta().y() / StageScale();
     return -static_cast<double>(event.angleDelta().y()) * kLinesPerNotch * lineHeight / kNotch;
 }
 
@@ -142,9 +142,9 @@ void c_PicList::Press(const QMouseEvent& event) {
     if (!right && event.button() != Qt::LeftButton)
         return;
     AdjustScroller();
-    PointAt(event.position());
+    PointAt(ToLogical(event.position()));
     if (mState->hover.part == Part::Lines) {
-        const int line = LineAt(event.position());
+        const int line = LineAt(ToLogical(event.position()));
         Choose(line, event.modifiers(), false);
         if (right && line >= 0)
             Q_EMIT LineRightClicked(line);
@@ -152,7 +152,7 @@ void c_PicList::Press(const QMouseEvent& event) {
         mState->pressed = mState->hover;
         if (mState->pressed.part == Part::Scroller) {
             const ListLayout layout = Layout();
-            mState->scroller.Press(event.position().y(),
+            mState->scroller.Press(ToLogical(event.position()).y(),
                                    layout.Lines().height() - layout.LineHeight());
         }
         Refresh();
@@ -160,7 +160,7 @@ void c_PicList::Press(const QMouseEvent& event) {
 }
 
 void c_PicList::DoublePress(const QMouseEvent& event) {
-    const int line = LineAt(event.position());
+    const int line = LineAt(ToLogical(event.position()));
     if (event.button() == Qt::LeftButton && line >= 0 && line == mState->selected) {
         Q_EMIT LineDoubleClicked(line);
         return;
@@ -172,10 +172,10 @@ void c_PicList::DoublePress(const QMouseEvent& event) {
 
 void c_PicList::Move(const QMouseEvent& event) {
     if (!mState->scroller.Held()) {
-        PointAt(event.position());
+        PointAt(ToLogical(event.position()));
         return;
     }
-    mState->scroller.DragTo(event.position().y());
+    mState->scroller.DragTo(ToLogical(event.position()).y());
     Refresh();
 }
 
@@ -183,7 +183,7 @@ void c_PicList::Release(const QMouseEvent& event) {
     if (event.button() != Qt::LeftButton)
         return;
     mState->scroller.Release();
-    PointAt(event.position());
+    PointAt(ToLogical(event.position()));
     const ListLayout::Spot pressed = std::exchange(mState->pressed, {});
     Refresh();
     if (pressed != mState->hover)

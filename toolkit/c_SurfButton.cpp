@@ -22,7 +22,7 @@ Picture c_SurfButton::Skin(const QString& file) {
     const Picture skin = LoadSkin(file);
     if (!skin.size.isEmpty())
         return skin;
-    const Picture plain = PlainSkin(mBox->size());
+    const Picture plain = PlainSkin(mBox->Place().size());
     if (HasWindowSign(file))
         return {plain.size, [=] { return WithWindowSign(plain.load(), file); }};
     // A button without a picture or a sign says in words what it is for.

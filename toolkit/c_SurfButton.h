@@ -21,8 +21,8 @@ public:
     void SetCaption(const QString& caption);
 
     /// Size of the button in logical pixels.
-    int Width() const { return mBox->width(); }
-    int Height() const { return mBox->height(); }
+    int Width() const { return mBox->Width(); }
+    int Height() const { return mBox->Height(); }
 
     /// Builds the button from a skin (as in "Images\X.bmp") and gives the box the size of one
     /// frame. A skin that cannot be used is reported to the player; the button then has the box's

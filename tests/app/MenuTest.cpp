@@ -3,6 +3,7 @@
 #include "platform/Wait.h"
 #include "tests/Robot.h"
 #include "tests/SongFolder.h"
+#include "toolkit/Stage.h"
 
 #include <QComboBox>
 #include <QSignalSpy>
@@ -63,34 +64,23 @@ TEST_F(MenuTest, BackWipesTheGlidedButtonAway) {
     EXPECT_TRUE(back);
 }
 
-TEST(SizeChoice, OffersWhatFitsTheScreenOfTheForm) {
-    toolkit::Form form(QStringLiteral("f_Test"), QSize(300, 200));
-    SizeChoice sizes(form);
-    QSignalSpy chosen(&sizes, &SizeChoice::Chosen);
-    sizes.Show();
-    form.show();
-    EXPECT_FALSE(form.findChild<QWidget*>("pSize300"));
-    auto* box = form.findChild<QWidget*>("pSize150");
-    EXPECT_EQ(box->accessibleName(), "Window size 150 %");
-    ClickOn(box);
-    sizes.Step(1);
-    sizes.Step(-1); // there is none
-    ASSERT_EQ(chosen.size(), 2);
-    EXPECT_EQ(chosen[0][0], 150);
-    EXPECT_EQ(chosen[1][0], 150);
-}
-
-TEST_F(MenuTest, OffersNoSizesWhereNoneButItsOwnFits) {
+TEST_F(MenuTest, OffersTheSizesThatFitAndFullScreen) {
+    const QSize before = toolkit::Stage::Get().size();
     bool looked = false;
     Robot robot([&] {
         if (!form.isVisible())
             return;
-        QTest::keyClick(&form, Qt::Key_Plus, Qt::ControlModifier);
-        looked = form.isVisible() && form.findChild<QWidget*>("pSize100") == nullptr;
-        ClickOn(form.pX);
+        EXPECT_FALSE(form.findChild<QWidget*>("pSize125")) << "larger than the screen";
+        auto* full = form.findChild<QWidget*>("pFullScreen");
+        EXPECT_EQ(full->accessibleDescription(), looked ? "As it is now" : "");
+        if (std::exchange(looked, true))
+            return ClickOn(form.pX);
+        ClickOn(full);
     });
     c_Menu(form).Choose();
     EXPECT_TRUE(looked);
+    toolkit::Stage::Get().SetFullScreen(false);
+    EXPECT_TRUE(QTest::qWaitFor([before] { return toolkit::Stage::Get().size() == before; }));
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #include "editor/c_player.h"
 #include "library/c_ID3.h"
 #include "platform/Motion.h"
+#include "tests/OnStage.h"
 #include "tests/Robot.h"
 #include "tests/SongFolder.h"
 #include "tests/audio/ToneFile.h"
@@ -24,7 +25,7 @@ protected:
 
     void Show() {
         mPlayer->Show();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&mForm));
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&Stage::Get()));
     }
 
     fs::path Song(const std::string& name = "song.mp3", const QString& title = {}) const {
@@ -37,7 +38,7 @@ protected:
         return mFolder.Path() / name;
     }
 
-    void Key(Qt::Key key) { QTest::keyClick(mForm.windowHandle(), key); }
+    void Key(Qt::Key key) { QTest::keyClick(StageWindow(), key); }
 
     bool Passes(double seconds) const {
         return QTest::qWaitFor([=] { return Audio().Position() > seconds; });
@@ -87,13 +88,13 @@ protected:
 
 TEST_F(Player, ComesUpInTheCornerAboveAllWithoutPlaying) {
     mPlayer->OpenFile(Song());
-    mForm.move(70, 50);
+    mForm.MoveTo(QPoint(70, 50));
     mPlayer->Show();
-    EXPECT_EQ(mForm.pos(), QPoint(70, 50));
+    EXPECT_EQ(PlaceOf(mForm).topLeft(), QPoint(70, 50));
     ClickOn(mForm.pX);
     Show();
-    EXPECT_EQ(mForm.pos(), QPoint(0, 0));
-    EXPECT_TRUE(mForm.windowFlags() & Qt::WindowStaysOnTopHint);
+    EXPECT_EQ(PlaceOf(mForm).topLeft(), QPoint(0, 0));
+    EXPECT_EQ(mForm.GetLayer(), Form::Layer::OnTop);
     EXPECT_TRUE(Stands());
 }
 
@@ -125,12 +126,12 @@ TEST_F(Player, PlaysPausesStopsAndRestsAtTheSongsEnd) {
 }
 
 TEST_F(Player, IsFastOnlyWhileTheKeyIsHeld) {
-    QWindow* window = mForm.windowHandle();
+    QWindow* window = StageWindow();
     mPlayer->OpenFile(Song());
     ClickOn(mForm.pPlay);
-    QTest::mousePress(window, Qt::LeftButton, {}, mForm.pFF->geometry().center());
+    QTest::mousePress(window, Qt::LeftButton, {}, OnStage(mForm, mForm.pFF->Place().center()));
     EXPECT_TRUE(Becomes(true));
-    QTest::mouseRelease(window, Qt::LeftButton, {}, QPoint(280, 75)); // beside it
+    QTest::mouseRelease(window, Qt::LeftButton, {}, OnStage(mForm, QPoint(280, 75))); // beside it
     EXPECT_TRUE(Becomes(false));
     mForm.pFF->setFocus();
     QTest::keyPress(window, Qt::Key_Space);
@@ -182,7 +183,7 @@ TEST_F(Player, ShowsALongTitlePartByPartWhereLessMotionIsWanted) {
 
 TEST_F(Player, FallsSilentWhenItIsClosedButLeavesTheSoundOfOthersAlone) {
     const std::function<void()> ways[] = {[this] { Key(Qt::Key_Escape); },
-                                          [this] { ClickOn(mForm.pPause), mForm.close(); },
+                                          [this] { ClickOn(mForm.pPause), Stage::Get().close(); },
                                           [this] { mPlayer = nullptr; }};
     for (const auto& close : ways) {
         Show();

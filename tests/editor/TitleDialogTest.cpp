@@ -5,6 +5,7 @@
 #include "tests/Quit.h"
 #include "tests/Robot.h"
 #include "tests/TemporaryFolder.h"
+#include "toolkit/Stage.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -18,6 +19,8 @@
 namespace fs = std::filesystem;
 
 namespace {
+
+using toolkit::Stage;
 
 class TitleDialogTest : public testing::Test {
 protected:
@@ -86,7 +89,7 @@ TEST_F(TitleDialogTest, ApplyingWritesTheTagAndRenamesTheFile) {
         EXPECT_EQ(mDialog.tArtist->text(), "Old Artist");
         EXPECT_EQ(mDialog.lPath->text(), QString::fromStdString(mFolder.Path().string() + "/"));
         EXPECT_EQ(mDialog.focusWidget(), mDialog.tFileName);
-        EXPECT_EQ(QApplication::activeModalWidget(), &mDialog);
+        EXPECT_TRUE(mDialog.IsModal());
         Type(mDialog.tFileName, " new name ");
         Type(mDialog.tSongTitle, " A New Title That Is Longer Than A Tag ");
         Type(mDialog.tArtist, " New Artist ");
@@ -105,7 +108,7 @@ TEST_F(TitleDialogTest, CancellingLeavesFileAndTag) {
     const std::function<void()> ways[] = {
         [&] { ClickOn(mDialog.cmdCancel); },
         [&] { QTest::keyClick(mDialog.tArtist, Qt::Key_Escape); },
-        [&] { EXPECT_FALSE(mDialog.close()); },
+        [&] { EXPECT_FALSE(Stage::Get().close()); },
         [] { platform::RequestQuit(); },
     };
     const fs::path song = MakeSong("song.mp3");

@@ -6,6 +6,7 @@
 #include "tests/Quit.h"
 #include "tests/Robot.h"
 #include "tests/SongFolder.h"
+#include "toolkit/Stage.h"
 
 #include <QLineEdit>
 #include <QPushButton>
@@ -137,7 +138,7 @@ TEST_F(HighScoresTest, ClosingThePromptEntersWhatWasTyped) {
         if (mScores.isVisible())
             return ClickOn(mScores.pCont);
         QTest::keyClicks(mName.Text1, "Ann");
-        mName.close();
+        toolkit::Stage::Get().close();
     });
     highScores.Check(10);
     EXPECT_EQ(FirstTwo(mFile), "Ann10 Blank0");

@@ -1,3 +1,4 @@
+#include "tests/OnStage.h"
 #include "tests/toolkit/Pictures.h"
 #include "toolkit/Form.h"
 #include "toolkit/c_PicButton.h"
@@ -35,9 +36,9 @@ class Buttons : public testing::TestWithParam<double> {
 protected:
     Buttons() {
         Scribble(*mForm.Dc());
-        mBox.move(kBoxPlace);
+        mBox.MoveTo(kBoxPlace.x(), kBoxPlace.y());
         mForm.ShowInPlace();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&mForm));
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&Stage::Get()));
     }
 
     /// Takes the pointer to the places named and acts there. After each step stands how the button
@@ -55,7 +56,7 @@ protected:
     }
 
     void Do(const QString& step) {
-        QWindow* window = mForm.windowHandle();
+        QWindow* window = StageWindow();
         if (step == "press") {
             QTest::mousePress(window, mMouse, {}, mPointer);
         } else if (step == "release") {
@@ -65,7 +66,7 @@ protected:
         } else if (step == "leave") {
             mBox.clearFocus();
         } else if (kPlaces.contains(step)) {
-            mPointer = kBoxPlace + kPlaces[step];
+            mPointer = OnStage(mForm, kBoxPlace + kPlaces[step]);
             QTest::mouseMove(window, mPointer);
         } else {
             DoWithKeys(step);

@@ -1,14 +1,14 @@
 #include "toolkit/Form.h"
-#include "platform/Message.h"
 #include "platform/Wait.h"
+#include "tests/OnStage.h"
 #include "tests/toolkit/Pictures.h"
+#include "toolkit/Mous.h"
 #include "toolkit/Screen.h"
 #include "toolkit/c_PicButton.h"
 
 #include <QAccessible>
 #include <QApplication>
 #include <QCursor>
-#include <QDialog>
 #include <QKeyEvent>
 #include <QSignalSpy>
 #include <QTest>
@@ -26,15 +26,15 @@ protected:
     Forms() {
         for (int i = 0; i < 3; ++i) {
             mBoxes[i] = new PictureBox(&mForm, QStringLiteral("p%1").arg(i), QSize(50, 20));
-            mBoxes[i]->move(10, 10 + 30 * i);
+            mBoxes[i]->MoveTo(10, 10 + 30 * i);
             mButtons[i].Create(mBoxes[i], QStringLiteral("Button %1").arg(i));
             mClicks[i] = std::make_unique<QSignalSpy>(&mButtons[i], &c_PicButton::Clicked);
         }
         mForm.ShowInPlace();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&mForm));
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&Stage::Get()));
     }
 
-    void Key(Qt::Key key) { QTest::keyClick(mForm.windowHandle(), key); }
+    void Key(Qt::Key key) { QTest::keyClick(StageWindow(), key); }
 
     Form mForm{QStringLiteral("f_Test"), QSize(200, 100)};
     PictureBox* mBoxes[3];
@@ -44,7 +44,7 @@ protected:
 };
 
 TEST_F(Forms, HandARequestToCloseToTheScreen) {
-    EXPECT_FALSE(mForm.close());
+    EXPECT_FALSE(Stage::Get().close());
     EXPECT_TRUE(mForm.isVisible());
     EXPECT_EQ(mCloseRequests.size(), 1);
     mBoxes[1]->setFocus();
@@ -54,7 +54,7 @@ TEST_F(Forms, HandARequestToCloseToTheScreen) {
     const platform::QuitWatch watch;
     QTimer::singleShot(0, &mForm, [this] {
         platform::RequestQuit();
-        EXPECT_TRUE(mForm.close());
+        EXPECT_TRUE(Stage::Get().close());
     });
     QApplication::exec();
     EXPECT_EQ(mCloseRequests.size(), 2);
@@ -62,7 +62,8 @@ TEST_F(Forms, HandARequestToCloseToTheScreen) {
 
 TEST_F(Forms, AreWalkedThroughByTabAndArrows) {
     EXPECT_EQ(mForm.focusWidget(), mBoxes[0]);
-    QTest::mouseClick(mForm.windowHandle(), Qt::LeftButton, {}, mBoxes[2]->geometry().center());
+    QTest::mouseClick(StageWindow(), Qt::LeftButton, {},
+                      OnStage(mForm, mBoxes[2]->Place().center()));
     const struct {
         Qt::Key key;
         int box; // the first key after the mouse only shows where the keys are
@@ -93,44 +94,54 @@ TEST_F(Forms, PressTheFocusedButtonOnceAKeyUntilItHides) {
     EXPECT_EQ(mClicks[0]->size() + mClicks[2]->size(), 0);
 }
 
-TEST_F(Forms, AreDraggedByAnyPointButTheirButtons) {
-    mForm.move(300, 200);
+TEST_F(Forms, AreDraggedAboutTheStageByAnyPointButTheirButtons) {
+    mForm.MoveTo(QPoint(300, 200));
     const struct {
         QPoint grip;
+        QPoint way;
         QPoint end;
-    } cases[] = {{{150, 50}, {340, 230}}, {{20, 15}, {340, 230}}};
-    for (const auto& [grip, end] : cases) {
-        QCursor::setPos(mForm.pos() + grip);
-        QTest::mousePress(mForm.windowHandle(), Qt::LeftButton, {}, grip);
-        QTest::mouseMove(mForm.windowHandle(), grip + QPoint(40, 30));
-        EXPECT_EQ(mForm.pos(), end);
-        QTest::mouseRelease(mForm.windowHandle(), Qt::LeftButton, {}, grip);
+    } cases[] = {{{150, 50}, {2, 1}, {300, 200}}, // no drag yet
+                 {{150, 50}, {40, 30}, {340, 230}},
+                 {{20, 15}, {40, 30}, {340, 230}},
+                 {{150, 50}, {400, 300}, {600, 500}}};
+    for (const auto& [grip, way, end] : cases) {
+        const QPoint start = OnStage(mForm, grip);
+        const auto move = [](QPoint to) {
+            QCursor::setPos(Stage::Get().mapToGlobal(to));
+            QTest::mouseMove(StageWindow(), to);
+        };
+        move(start);
+        QTest::mousePress(StageWindow(), Qt::LeftButton, {}, start);
+        move(start + way);
+        move(start + way + way);
+        QTest::mouseRelease(StageWindow(), Qt::LeftButton, {}, start + way);
+        EXPECT_EQ(PlaceOf(mForm).topLeft(), end);
     }
 }
 
-TEST(Screens, FollowEachOtherInPlace) {
-    Form first(QStringLiteral("f_First"));
-    Form small(QStringLiteral("f_Small"), QSize(400, 200));
-    first.ShowInPlace();
-    first.move(37, 53);
-    first.hide();
-    small.ShowInPlace();
-    EXPECT_EQ(small.pos(), QPoint(237, 253));
-    small.move(0, 0);
-    small.hide();
-    first.ShowInPlace();
-    EXPECT_EQ(first.pos(), QPoint(37, 53));
-}
-
-TEST(Screens, AreFollowedByDialogsWhereTheyWereDraggedTo) {
-    Form screen(QStringLiteral("f_Screen"));
-    screen.ShowInPlace();
-    screen.move(130, 90);
-    screen.hide();
-    QDialog dialog;
-    platform::PlaceDialog(dialog);
-    const QPoint middle = QRect(QPoint(130, 90), kScreenSize).center();
-    EXPECT_EQ(dialog.pos() + dialog.rect().center(), middle);
+TEST_F(Forms, GiveTheKeysToTheOneInFrontAndTakeThemBack) {
+    mBoxes[1]->setFocus();
+    Form modal(QStringLiteral("f_Modal"), QSize(300, 100));
+    Form player(QStringLiteral("f_OnTop"), QSize(80, 40));
+    SetTopMost(&player, true);
+    player.Appear();
+    modal.SetModal();
+    PictureBox box(&modal, QStringLiteral("pBox"), QSize(50, 20));
+    box.SetButton(1);
+    modal.ShowInPlace();
+    EXPECT_TRUE(box.hasFocus());
+    EXPECT_FALSE(mBoxes[1]->TakesInput());
+    EXPECT_TRUE(player.isEnabled()) << "it lies in front";
+    mBoxes[1]->Activate();
+    EXPECT_EQ(mClicks[1]->size(), 0);
+    Key(Qt::Key_F6);
+    EXPECT_TRUE(player.hasFocus());
+    Key(Qt::Key_F6);
+    EXPECT_TRUE(box.hasFocus());
+    modal.hide();
+    player.hide();
+    EXPECT_TRUE(mBoxes[1]->hasFocus());
+    EXPECT_TRUE(mBoxes[1]->TakesInput());
 }
 
 TEST(Screens, CloseByTheirCloseButton) {
@@ -151,8 +162,8 @@ TEST(Screens, CloseByTheirCloseButton) {
     };
     press();
     EXPECT_EQ(clicks.size(), 0) << "not shown yet";
-    screen.show();
-    screen.close();
+    screen.ShowInPlace();
+    Stage::Get().close();
     EXPECT_EQ(clicks.size(), 1);
     press();
     EXPECT_EQ(clicks.size(), 2);

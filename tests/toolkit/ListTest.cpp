@@ -1,5 +1,6 @@
 #include "platform/Text.h"
 #include "platform/Time.h"
+#include "tests/OnStage.h"
 #include "tests/toolkit/Pictures.h"
 #include "toolkit/Form.h"
 #include "toolkit/HumanOrder.h"
@@ -58,14 +59,14 @@ class PicList : public testing::TestWithParam<double> {
 protected:
     PicList() {
         mFolder.Save(QStringLiteral("Images/sBar.bmp"), PlainSkin(QSize(16, 48)).load());
-        mBox.move(kBoxPlace);
+        mBox.MoveTo(kBoxPlace.x(), kBoxPlace.y());
         mList.Create(&mBox, QStringLiteral("File Name\\Song Title\\Artist"));
         QObject::connect(&mList, &c_PicList::LineSelChanged, [this](int line) {
             mSelections << QString::number(line) + (mList.mRangeKey ? " range" : "") +
                                (mList.mAddKey ? " add" : "") + (mList.mByKeyboard ? " key" : "");
         });
         mForm.ShowInPlace();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&mForm));
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&Stage::Get()));
         mBox.setFocus();
     }
 
@@ -76,18 +77,18 @@ protected:
     }
 
     void Press(QPoint at) {
-        QTest::mousePress(mForm.windowHandle(), Qt::LeftButton, {}, kBoxPlace + at);
+        QTest::mousePress(StageWindow(), Qt::LeftButton, {}, OnStage(mForm, kBoxPlace + at));
     }
-    void MoveTo(QPoint at) { QTest::mouseMove(mForm.windowHandle(), kBoxPlace + at); }
+    void MoveTo(QPoint at) { QTest::mouseMove(StageWindow(), OnStage(mForm, kBoxPlace + at)); }
     void Release(QPoint at) {
-        QTest::mouseRelease(mForm.windowHandle(), Qt::LeftButton, {}, kBoxPlace + at);
+        QTest::mouseRelease(StageWindow(), Qt::LeftButton, {}, OnStage(mForm, kBoxPlace + at));
     }
     void Click(QPoint at, Qt::KeyboardModifiers keys = {},
                Qt::MouseButton button = Qt::LeftButton) {
-        QTest::mouseClick(mForm.windowHandle(), button, keys, kBoxPlace + at);
+        QTest::mouseClick(StageWindow(), button, keys, OnStage(mForm, kBoxPlace + at));
     }
     void DoubleClick(QPoint at) {
-        QTest::mouseDClick(mForm.windowHandle(), Qt::LeftButton, {}, kBoxPlace + at);
+        QTest::mouseDClick(StageWindow(), Qt::LeftButton, {}, OnStage(mForm, kBoxPlace + at));
     }
     void Wheel(QPoint pixels, QPoint angle) {
         const QPointF at(50, 100);

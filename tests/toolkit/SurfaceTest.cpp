@@ -1,11 +1,12 @@
 #include "tests/toolkit/Pictures.h"
+#include "toolkit/MessagePanel.h"
 #include "toolkit/Picture.h"
+#include "toolkit/Stage.h"
 #include "toolkit/c_SurfButton.h"
 #include "toolkit/c_Surface.h"
 
 #include <QApplication>
 #include <QDataStream>
-#include <QMessageBox>
 #include <QPainter>
 #include <QTest>
 #include <QTimer>
@@ -25,9 +26,9 @@ QImage Plain(int width, int height, const QColor& color) {
 QString NextMessage() {
     QString text;
     QTimer::singleShot(0, qApp, [&text] {
-        if (auto* message = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-            text = message->text();
-            message->accept();
+        if (auto* message = qobject_cast<MessagePanel*>(Stage::Get().Forms().Current())) {
+            text = message->What().text;
+            Q_EMIT message->CloseRequested();
         }
     });
     QCoreApplication::processEvents();

@@ -1,0 +1,246 @@
+#include "toolkit/Stage.h"
+
+#include "platform/Message.h"
+#include "platform/Settings.h"
+#include "platform/Wait.h"
+#include "toolkit/Canvas.h"
+#include "toolkit/Form.h"
+#include "toolkit/MessagePanel.h"
+#include "toolkit/Mous.h"
+#include "toolkit/Place.h"
+#include "toolkit/StageGround.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScreen>
+#include <QShortcut>
+#include <QStringList>
+#include <QWindow>
+#include <algorithm>
+#include <cmath>
+
+namespace toolkit {
+
+namespace {
+
+const QString kApplication = QStringLiteral("Songrush");
+const QString kSection = QStringLiteral("Window");
+const QString kPlaceKey = QStringLiteral("Place");
+const QString kFullKey = QStringLiteral("FullScreen");
+
+Stage* gStage = nullptr;
+
+QString Setting(const QString& key) {
+    return platform::ReadSetting(kApplication, kSection, key, QString());
+}
+
+/// As `Remember` wrote it.
+std::optional<QRect> LastPlace() {
+    const QStringList numbers = Setting(kPlaceKey).split(u' ');
+    if (numbers.size() != 4)
+        return std::nullopt;
+    const QRect place(numbers[0].toInt(), numbers[1].toInt(), numbers[2].toInt(),
+                      numbers[3].toInt());
+    return place.isEmpty() ? std::nullopt : std::optional(place);
+}
+
+std::vector<QRect> AvailableScreens() {
+    std::vector<QRect> screens;
+    for (const QScreen* screen : QGuiApplication::screens())
+        screens.push_back(screen->availableGeometry());
+    return screens;
+}
+
+bool ShowMessagePanel(const platform::Message& message) { return MessagePanel(message).Ask(); }
+
+} // namespace
+
+Stage& Stage::Get() {
+    if (gStage == nullptr) {
+        gStage = new Stage;
+        qAddPostRoutine([] { delete std::exchange(gStage, nullptr); });
+    }
+    return *gStage;
+}
+
+Stage::Stage() : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint), mArea(new QWidget(this)) {
+    setObjectName(QStringLiteral("Stage"));
+    setWindowTitle(QStringLiteral("Songrush"));
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    for (QWidget* ground : {static_cast<QWidget*>(this), mArea})
+        ground->setMouseTracking(true);
+    setFocusPolicy(Qt::ClickFocus);
+    setGeometry(StartPlace(LastPlace(), AvailableScreens()));
+    AddKeys();
+    LayOut();
+    platform::SetMessageBox(ShowMessagePanel);
+}
+
+void Stage::AddKeys() {
+    const auto add = [this](QKeyCombination keys, auto act) {
+        auto* shortcut = new QShortcut(keys, this);
+        shortcut->setAutoRepeat(false);
+        connect(shortcut, &QShortcut::activated, this, act);
+    };
+    for (const auto key : {Qt::Key_Plus, Qt::Key_Equal}) // the same key on many keyboards
+        add(Qt::CTRL | key, [this] { StepSize(1); });
+    add(Qt::CTRL | Qt::Key_Minus, [this] { StepSize(-1); });
+    add(Qt::CTRL | Qt::Key_0, [this] { SetSize(0); });
+    for (const QKeyCombination keys :
+         {QKeyCombination(Qt::Key_F11), Qt::ALT | Qt::Key_Return, Qt::ALT | Qt::Key_Enter})
+        add(keys, [this] { SetFullScreen(!IsFullScreen()); });
+}
+
+void Stage::Appear() {
+    if (!isVisible()) {
+        show();
+        SetFullScreen(Setting(kFullKey) == QStringLiteral("1"));
+    }
+    if (!isActiveWindow() && !isMinimized())
+        activateWindow();
+}
+
+QSize Stage::AvailableSize() const { return screen()->availableSize(); }
+
+std::vector<int> Stage::Sizes() const { return SizesThatFit(AvailableSize()); }
+
+int Stage::Size() const { return static_cast<int>(std::lround(StageScale() * 100)); }
+
+void Stage::SetSize(int percent) {
+    SetFullScreen(false);
+    const int chosen = percent == 0 ? ComfortableSize(AvailableSize()) : percent;
+    QRect place(QPoint(0, 0), WindowSizeOf(chosen));
+    place.moveCenter(geometry().center());
+    setGeometry(StartPlace(place, {screen()->availableGeometry()}));
+}
+
+void Stage::StepSize(int direction) {
+    const std::vector<int> sizes = Sizes();
+    const auto larger = std::ranges::upper_bound(sizes, Size());
+    const auto notSmaller = std::ranges::lower_bound(sizes, Size());
+    if (direction > 0 && larger != sizes.end())
+        SetSize(*larger);
+    if (direction < 0 && notSmaller != sizes.begin())
+        SetSize(*std::prev(notSmaller));
+}
+
+void Stage::SetFullScreen(bool full) {
+    if (full == isFullScreen())
+        return;
+    if (full)
+        mWindowed = geometry();
+    full ? showFullScreen() : showNormal();
+    // Without a window manager nobody else does it. Under Wayland nobody else may.
+    if (!QGuiApplication::platformName().startsWith(QStringLiteral("wayland")))
+        windowHandle()->setGeometry(full ? screen()->geometry() : mWindowed);
+}
+
+void Stage::Remember() const {
+    const QRect place = isFullScreen() ? mWindowed : geometry();
+    platform::WriteSetting(kApplication, kSection, kPlaceKey,
+                           QStringLiteral("%1 %2 %3 %4")
+                               .arg(place.x())
+                               .arg(place.y())
+                               .arg(place.width())
+                               .arg(place.height()));
+    platform::WriteSetting(kApplication, kSection, kFullKey,
+                           isFullScreen() ? QStringLiteral("1") : QStringLiteral("0"));
+}
+
+void Stage::LayOut() {
+    const double scale =
+        std::min(double(width()) / kStageSize.width(), double(height()) / kStageSize.height());
+    QRect area(QPoint(0, 0), (QSizeF(kStageSize) * scale).toSize());
+    area.moveTopLeft(QPoint((width() - area.width()) / 2, (height() - area.height()) / 2));
+    mArea->setGeometry(area);
+    Canvas::SetRatio(scale * devicePixelRatioF());
+    if (scale != StageScale())
+        Rescale(*mArea, scale);
+    update();
+    Q_EMIT SizeChanged();
+}
+
+void Stage::paintEvent(QPaintEvent*) {
+    // A window that came to a screen of another density.
+    if (Canvas::Ratio() != StageScale() * devicePixelRatioF())
+        LayOut();
+    QPainter painter(this);
+    PaintGround(painter, rect(), mArea->geometry());
+}
+
+void Stage::resizeEvent(QResizeEvent*) { LayOut(); }
+
+void Stage::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::WindowStateChange)
+        Q_EMIT SizeChanged();
+    QWidget::changeEvent(event);
+}
+
+void Stage::closeEvent(QCloseEvent* event) {
+    if (platform::Quitting())
+        return;
+    event->ignore();
+    if (Form* form = mForms.Current())
+        Q_EMIT form->CloseRequested();
+}
+
+Qt::Edges Stage::EdgesAt(QPoint point) const {
+    constexpr int kGrip = 6;
+    Qt::Edges edges;
+    if (windowState() & (Qt::WindowFullScreen | Qt::WindowMaximized))
+        return edges;
+    edges.setFlag(Qt::LeftEdge, point.x() < kGrip);
+    edges.setFlag(Qt::RightEdge, point.x() >= width() - kGrip);
+    edges.setFlag(Qt::TopEdge, point.y() < kGrip);
+    edges.setFlag(Qt::BottomEdge, point.y() >= height() - kGrip);
+    return edges;
+}
+
+void Stage::mousePressEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton || isFullScreen())
+        return;
+    const Qt::Edges edges = EdgesAt(mapFromGlobal(event->globalPosition().toPoint()));
+    if (edges) {
+        mResized = true;
+        DragWindow(*this, edges);
+    } else {
+        mGrip = event->globalPosition().toPoint();
+    }
+}
+
+void Stage::mouseMoveEvent(QMouseEvent* event) {
+    const QPoint at = event->globalPosition().toPoint();
+    if (event->buttons() == Qt::NoButton) {
+        FitAfterResize();
+        const Qt::Edges edges = EdgesAt(mapFromGlobal(at));
+        const bool falling =
+            edges == (Qt::LeftEdge | Qt::TopEdge) || edges == (Qt::RightEdge | Qt::BottomEdge);
+        const bool sideways = (edges & (Qt::LeftEdge | Qt::RightEdge)) != 0;
+        const bool upright = (edges & (Qt::TopEdge | Qt::BottomEdge)) != 0;
+        setCursor(sideways && upright ? (falling ? Qt::SizeFDiagCursor : Qt::SizeBDiagCursor)
+                  : sideways          ? Qt::SizeHorCursor
+                  : upright           ? Qt::SizeVerCursor
+                                      : Qt::ArrowCursor);
+    } else if (mGrip && (at - *mGrip).manhattanLength() >= QApplication::startDragDistance()) {
+        mGrip.reset();
+        DragWindow(*this);
+    }
+}
+
+void Stage::mouseReleaseEvent(QMouseEvent*) {
+    mGrip.reset();
+    FitAfterResize();
+}
+
+void Stage::enterEvent(QEnterEvent*) { FitAfterResize(); }
+
+/// Window managers that resize the window do not tell when they are done, but the mouse comes back.
+void Stage::FitAfterResize() {
+    if (!std::exchange(mResized, false) || isFullScreen() || isMaximized())
+        return;
+    resize(FittedSize(size()));
+}
+
+} // namespace toolkit
