@@ -17,6 +17,7 @@
 #include <QScreen>
 #include <QShortcut>
 #include <QStringList>
+#include <QTimer>
 #include <QWindow>
 #include <algorithm>
 #include <cmath>
@@ -132,9 +133,17 @@ void Stage::SetFullScreen(bool full) {
     if (full)
         mWindowed = geometry();
     full ? showFullScreen() : showNormal();
-    // Without a window manager nobody else does it. Under Wayland nobody else may.
-    if (!QGuiApplication::platformName().startsWith(QStringLiteral("wayland")))
-        windowHandle()->setGeometry(full ? screen()->geometry() : mWindowed);
+    constexpr int kManagersTime = 200; // milliseconds
+    QTimer::singleShot(kManagersTime, this, [this] { MakeGeometryFit(); });
+}
+
+/// Does what nobody does without a window manager.
+void Stage::MakeGeometryFit() {
+    const bool fills = size() == screen()->size();
+    if (isFullScreen() && !fills)
+        windowHandle()->setGeometry(screen()->geometry());
+    else if (!isFullScreen() && fills)
+        setGeometry(mWindowed);
 }
 
 void Stage::Remember() const {

@@ -63,6 +63,7 @@ private:
     Stage();
     void AddKeys();
     void LayOut();
+    void MakeGeometryFit();
     QSize AvailableSize() const;
     Qt::Edges EdgesAt(QPoint point) const;
     void FitAfterResize();

@@ -8,7 +8,7 @@ namespace toolkit {
 
 namespace {
 
-constexpr std::array kSizes = {100, 125, 150, 200, 250, 300, 400};
+constexpr std::array kSizes = {100, 125, 150, 175, 200, 250, 300, 400};
 
 /// The percentage at which the stage fills `available` one way and fits the other.
 int Filling(const QSize& available) {
