@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds the game and starts it.
 # --tour: plays whole games by itself on a virtual display and leaves pictures in build/tour/, and
-# in build/tour/2x/ those of a screen that is scaled to 200 %.
+# in build/tour/2x/ those of windows of twice the size.
 set -eu
 cd "$(dirname "$0")"
 . scripts/prepare.sh
@@ -18,7 +18,6 @@ build release
 if [ $tour = yes ]; then
     tests/drive/tour.py build/release/songrush build/tour
     tests/drive/tour.py build/release/songrush build/tour/2x 200
-    tests/drive/tour_2x.py build/release/songrush build/tour
     exec tests/drive/contrast.py build/tour
 fi
 exec build/release/songrush/songrush

@@ -10,7 +10,8 @@ import time
 from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "tests/drive"))
-from game import Game, choose_game, choose_list
+import hand
+from game import Game
 from program import open_program
 
 
@@ -33,15 +34,11 @@ def main(folder, seconds="10"):
     with open_program(folder) as program:
         program.ready("One player")
         measure(program, "menu", int(seconds))
-        choose_game(program.click)
-        choose_list(program, program.click, program.data / "PlayList/Sample.m3u")
-        game = Game(program, program.click)
-        game.begin()
-        program.ready("Play")
-        program.move_away()
-        measure(program, "waiting board", int(seconds))
-        game.start_clip()
-        measure(program, "clip playing", int(seconds))
+        game = Game(program)
+        game.choose("Sample.m3u")
+        for name, _ in zip(("waiting board", "clip playing"), game.moments()):
+            hand.move_away()
+            measure(program, name, int(seconds))
 
 
 main(*sys.argv[1:])

@@ -10,7 +10,7 @@ from pathlib import Path
 from statistics import median
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "tests/drive"))
-from stage import open_stage
+from stage import Stage
 
 LIMIT = 30  # seconds
 
@@ -36,7 +36,7 @@ def start_time(screen, program):
 
 programs = [Path(sys.argv[1], "songrush").resolve(),
             Path(sys.argv[2], "songrush_empty_window").resolve()]
-with open_stage() as stage:
+with Stage() as stage:
     runs = [[start_time(stage.screen, program) for program in programs]
             for _ in range(int((sys.argv[3:] or [21])[0]) + 1)]
 # The first run of each fills the page cache.

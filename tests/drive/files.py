@@ -1,25 +1,14 @@
 """What the program reads and writes: playlists, tags, score tables."""
 
-import re
 import shutil
 
 
-def copy_program(folder, copy, with_songs=False):
-    """None of the songs are played, and they are left where they are unless copied too."""
-    copy.mkdir()
-    for name in ("Images", "PlayList"):
-        shutil.copytree(folder / name, copy / name)
-    shutil.copy2(folder / "songrush", copy)
-    if with_songs:
-        shutil.copytree(folder / "Music", copy / "Music")
-    else:
-        (copy / "Music").symlink_to(folder / "Music")
-    unmark(copy / "PlayList/Sample.m3u")
-    return copy
-
-
-def unmark(playlist):
+def copy_program(folder, copy):
+    """With none of the songs played, and without score tables."""
+    shutil.copytree(folder, copy, ignore=shutil.ignore_patterns("*.dat"))
+    playlist = copy / "PlayList/Sample.m3u"
     playlist.write_bytes(playlist.read_bytes().replace(b"#Songrush:1", b"#Songrush:0"))
+    return copy
 
 
 def played(playlist):
@@ -28,7 +17,7 @@ def played(playlist):
 
 
 def song_count(playlist):
-    return len(re.findall(rb"\.mp3\r?$", playlist.read_bytes(), re.MULTILINE))
+    return playlist.read_bytes().count(b".mp3")
 
 
 def has_title(song, title):

@@ -1,4 +1,4 @@
-"""A game, played question by question; what is announced must be what is due."""
+"""A game, played moment by moment; what is announced must be what is due."""
 
 import re
 import time
@@ -13,6 +13,7 @@ ROW = r"(\d+)\. ([^,]+), (\d+)(, new)?\."
 QUICKPLAY = "QuickPlay (Select a Directory of MP3's)"
 PLAYLIST = "PlayList (Select a playlist file)"
 CREATE = "Create Playlist (Use Editor to create a playlist)"
+PLAYERS = re.compile(r"\d+")  # how many, as the list of them shows
 NOT_CHOICES = {"Close", "Minimise", "Hint"}
 
 
@@ -24,58 +25,91 @@ def numbered(texts):
     return sentences(*(f"{number}: {text}" for number, text in texts.items()))
 
 
-def choose_game(use, players=1, betting=False):
-    """From the menu; returns the name of the first button that was pressed."""
-    first = "One player" if players == 1 else "Several players"
-    use(first)
-    use("Betting" if betting else "Normal Play")
-    return first
-
-
-def choose_list(program, use, playlist):
-    use(PLAYLIST)
-    program.choose_file("Load Playlist", playlist)
-
-
 class Game:
-    """`use` presses a button by its name; it is one of the program's, or Keys."""
+    """Played by mouse. Turns count from 1."""
 
-    def __init__(self, program, use, betting=False, players=1):
+    def __init__(self, program, betting=False, players=1):
         self.program = program
-        self.use = use
         self.betting = betting
         self.scores = [0] * players
         self.turn = 0
         self.choices = {}  # by their keys
-        self.chosen_bet = None
+
+    def use(self, name):
+        """Presses a button."""
+        self.program.click(name)
 
     @property
     def player(self):
-        return self.turn % len(self.scores)
+        return (self.turn - 1) % len(self.scores)
 
-    def turns(self):
-        """Every turn of the six rounds, from the question's or the bet's coming up on."""
-        while self.turn < 6 * len(self.scores):
+    def choose(self, playlist):
+        """From the menu to the first moment."""
+        self.choose_kind()
+        self.choose_list(playlist)
+
+    def choose_kind(self):
+        players = len(self.scores)
+        self.use("One player" if players == 1 else "Several players")
+        if players > 2:
+            self.program.ready(PLAYERS, "combo box")
+            hand.key("Home", *["Down"] * (players - 2))
+        self.use("Betting" if self.betting else "Normal Play")
+
+    def choose_list(self, playlist):
+        self.use(PLAYLIST)
+        self.program.choose_file("Load Playlist", playlist)
+
+    def moments(self, wrong=(), late=(), hints=()):
+        """Plays all turns, gives wrong or late answers and takes hints in some of them, and goes on
+        to the table of high scores. Yields the name of each moment that waits for the player."""
+        for self.turn in range(1, 6 * len(self.scores) + 1):
             self.begin()
-            yield self.turn
-            self.turn += 1
+            if self.betting:
+                yield f"bet {self.turn}"
+                bet = self.bet("2" if self.turn in late else "5")
+            yield f"question {self.turn}"
+            self.start_clip()
+            yield f"clip {self.turn}"
+            if self.turn in hints:
+                self.take_hint()
+                yield f"hint {self.turn}"
+            if self.turn in late:
+                self.program.announced(r"The clip is over\.")
+                yield f"late {self.turn}"
+            points = self.answer(right=self.turn not in wrong)
+            assert not self.betting or points in (0, BETS[bet]), f"{points} points"
+            yield f"result {self.turn}"
+            self.use("Continue")
+        self.see_scores()
+        yield "scores"
+        self.use("Continue")
+        yield from self.enter_names()
+        yield "table"
+
+    def play(self, **turns):
+        """All moments, and back to the menu."""
+        for _ in self.moments(**turns):
+            pass
+        self.leave()
 
     def begin(self):
         players = len(self.scores)
-        due = sentences(f"Round {self.turn // players + 1} of 6",
+        due = sentences(f"Round {(self.turn - 1) // players + 1} of 6",
                         f"SCORE: {self.scores[self.player]}",
                         "Single Player Mode" if players == 1 else f"Player {self.player + 1}")
         if self.betting:
             due += " I can name that MP3 in: " + numbered(dict(enumerate(BETS, 1)))
         else:
             due += " " + QUESTION
-        self.program.announced(re.escape(due), skip=self.turn == 0)
+        self.program.announced(re.escape(due), skip=self.turn == 1)
 
     def bet(self, seconds):
-        self.chosen_bet = next(bet for bet in BETS if bet.startswith(seconds))
         self.choices = dict(enumerate(BETS, 1))
-        self.use(self.chosen_bet)
+        bet = next(bet for bet in BETS if bet.startswith(seconds))
+        self.use(bet)
         self.program.announced(re.escape(QUESTION))
+        return bet
 
     def start_clip(self):
         self.use("Play")
@@ -99,19 +133,17 @@ class Game:
         self.scores[self.player] = max(self.scores[self.player] - 10000, 0)
         self.read_choices(2)
 
-    def answer(self, right=True):
+    def answer(self, right):
+        """Returns its points."""
         self.use(next(c for c in self.choices.values() if (c == self.right_title) == right))
         who = "You are" if len(self.scores) == 1 else f"Player {self.player + 1} is"
         if not right:
             wrong = sentences(f"{who} Wrong!", "The Correct Answer Is:", self.right_title)
             self.program.announced(re.escape(wrong))
-            return
+            return 0
         points = int(self.program.announced(rf"{who} Correct! .+ (\d+) Points\.")[1])
-        assert not self.betting or points == BETS[self.chosen_bet], f"{points} points"
         self.scores[self.player] += points
-
-    def go_on(self):
-        self.use("Continue")
+        return points
 
     def ranks(self):
         """The players and their scores, best first."""
@@ -122,74 +154,57 @@ class Game:
                 in enumerate(self.ranks(), 1))
         self.program.announced(re.escape(sentences("SCORES", *rows)))
 
-    def enter_names(self, before=lambda place: None):
-        """Goes on to the table, which must have them as its new rows."""
-        self.use("Continue")
-        rows = []
-        for place, (player, score) in enumerate([rank for rank in self.ranks() if rank[1] > 0], 1):
+    def enter_names(self):
+        """The table must have them as its new rows."""
+        rows = [(f"Eva {player}", score) for player, score in self.ranks() if score > 0]
+        for place, (name, _) in enumerate(rows, 1):
             prompt = ("You got a High Score! Please Enter your name below." if
                       len(self.scores) == 1 else
                       f"Player {place} got a High Score! Please Enter Their name below.")
             self.program.announced(re.escape(prompt))
-            before(place)
-            rows.append((f"Eva {player}", score))
-            self.enter(rows[-1][0])
+            self.program.ready("Name", "text")
+            yield f"name {place}"
+            hand.write(name)
+            hand.key("Return")
         heard = self.program.announced(rf"HIGH SCORES\.( {ROW}){{10}}")[0]
         table = re.findall(ROW, heard)
-        assert [(row[1], int(row[2])) for row in table if row[3]] == rows, \
-            f"the new rows are not {rows}: {table}"
+        new = [(row[1], int(row[2])) for row in table if row[3]]
+        assert new == rows, f"the new rows are not {rows}: {table}"
         self.table = [(row[1], int(row[2])) for row in table]
 
-    def enter(self, name):
-        self.program.ready("Name", "text")
-        hand.write(name)
-        hand.key("Return")
-
     def leave(self):
-        """Goes on from the table to the menu."""
+        """From the table, which must be in its file, to the menu."""
         self.use("Continue")
-        self.program.find("One player")
-        assert self.table == self.kept(), f"announced was {self.table}, kept {self.kept()}"
-
-    def end(self):
-        """From the scores back to the menu."""
-        self.see_scores()
-        self.enter_names()
-        self.leave()
-
-    def kept(self):
-        """The table in its file."""
-        return table_of(self.program.data / ("H2.dat" if self.betting else "H1.dat"))
+        self.program.ready("One player")
+        kept = table_of(self.program.data / ("H2.dat" if self.betting else "H1.dat"))
+        assert self.table == kept, f"announced was {self.table}, kept {kept}"
 
 
-class Keys:
-    """Plays a game by keys alone. Where the focus is due it must be in sight."""
+class ReadersGame(Game):
+    """Played by the presses of a screen reader."""
+
+    def use(self, name):
+        self.program.press(name)
+
+
+class KeysGame(Game):
+    """Played by keys alone: in odd turns by digits, else with the focus on the choice."""
 
     DOUBLE_PRESS = 0.35  # seconds; the program takes what comes sooner for a part of one press
+    pressed = 0
 
-    def __init__(self, program):
-        self.program = program
-        self.game = None  # which is made with this
-        self.by_digits = True  # or on the choice's button
-        self.pressed = 0
+    def choose_kind(self):
+        hand.key("Tab")  # shows where the focus is
+        super().choose_kind()
 
-    def __call__(self, name):
-        choices = self.game.choices
-        key = next((str(key) for key, choice in choices.items() if choice == name), None)
-        if key and not self.by_digits:
-            self.move_to(name, list(choices.values()))
-            key = "Return"
-        elif name in ("Play", "Continue"):
-            self.program.focused(name)
-        else:
-            self.program.ready(name)
+    def use(self, name):
+        self.program.ready(name)
+        key = next((str(key) for key, choice in self.choices.items() if choice == name), None)
+        if name == "Hint":
+            key = "h"
+        elif not key or self.turn % 2 == 0:
+            self.program.tab_to(name)
+            key = "space" if name == "Play" else "Return"
         time.sleep(max(self.pressed + self.DOUBLE_PRESS - time.monotonic(), 0))
-        hand.key(key or {"Play": "space", "Hint": "h", "Continue": "Return"}[name])
+        hand.key(key)
         self.pressed = time.monotonic()
-
-    def move_to(self, name, column):
-        """From the first of a column of buttons, where the focus is."""
-        for button in column[:column.index(name)]:
-            self.program.focused(button)
-            hand.key("Down")
-        self.program.focused(name)

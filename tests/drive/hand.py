@@ -12,24 +12,32 @@ def move_to(x, y):
     xdotool("mousemove", x, y)
 
 
-def click(button=1, times=1):
-    xdotool("click", "--repeat", times, "--delay", 20, button)
+def move_away():
+    """To where the mouse disturbs no button."""
+    move_to(4, 300)
 
 
-def click_at(place, times=1):
+def click(place, times=1):
     move_to(*place.middle)
-    click(times=times)
+    xdotool("click", "--repeat", times, "--delay", 20, 1)
+
+
+def press():
+    xdotool("mousedown", 1)
+
+
+def release():
+    xdotool("mouseup", 1)
 
 
 @contextmanager
-def held(button=1):
-    """The mouse button, or the key of that name."""
-    device = "mouse" if isinstance(button, int) else "key"
-    xdotool(device + "down", button)
+def held(name):
+    """The key of that name."""
+    xdotool("keydown", name)
     try:
         yield
     finally:
-        xdotool(device + "up", button)
+        xdotool("keyup", name)
 
 
 def key(*names):

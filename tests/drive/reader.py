@@ -5,8 +5,6 @@ import time
 
 import gi
 
-from screen import Box
-
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, Gio, GLib
 
@@ -25,8 +23,8 @@ def switch_accessibility_on():
 
 
 class Reader:
-    """Reads a process. What is waited for is looked for again and again up to a limit, never slept
-    for."""
+    """Reads the process that `start` starts. What is waited for is looked for again and again up to
+    a limit, never slept for."""
 
     def __init__(self, start):
         switch_accessibility_on()
@@ -36,14 +34,10 @@ class Reader:
         self.listener.register("object:state-changed:showing")
         self.process = start()
 
-    def __enter__(self):
-        return self
-
-    def __exit__(self, *_):
+    def stop(self):
         self.listener.deregister("object:state-changed:showing")
-        if self.process.poll() is None:
-            self.process.kill()
-            self.process.wait()
+        self.process.kill()
+        self.process.wait()
 
     def _hear(self, event):
         try:
@@ -89,16 +83,15 @@ class Reader:
         return [p for p in programs if p.get_process_id() == self.process.pid]
 
     def showing(self):
-        """All objects of the program that are shown, but not what folders and tables hold."""
+        """All objects of the program that are shown, but not what the dialogs' folders hold."""
         waiting = self.tops()
         for program in waiting:
             program.clear_cache()
         while waiting:
             item = waiting.pop()
             yield item
-            if item.get_role() not in (Atspi.Role.TREE, Atspi.Role.LIST, Atspi.Role.TABLE):
-                waiting += reversed([c for c in children(item)
-                                     if has_state(c, "SHOWING")])
+            if item.get_role() not in (Atspi.Role.TREE, Atspi.Role.LIST):
+                waiting += reversed([c for c in children(item) if has_state(c, "SHOWING")])
 
     def all(self, role):
         return [item for item in self.showing() if item.get_role_name() == role]
@@ -122,17 +115,10 @@ class Reader:
         actions = [button.get_action_name(i) for i in range(button.get_n_actions())]
         assert button.do_action(actions.index("Press")), f"{name} cannot be pressed"
 
-    def fill_in(self, name, text):
-        """As a screen reader does."""
-        assert self.find(name, "text").set_text_contents(text), f"{name} cannot be typed into"
-
     def texts(self):
         """What can be read in the active window, and is in use there."""
-        read = [item for item in self.showing() if is_active(item)]
-        for table in [item for item in read if item.get_role() == Atspi.Role.TABLE]:
-            read += [cell for cell in children(table) if has_state(cell, "SHOWING")]
-        return [item for item in read if item.get_role_name() in TEXT_ROLES and text_of(item)
-                and has_state(item, "ENABLED")]
+        return [item for item in self.showing() if item.get_role_name() in TEXT_ROLES
+                and text_of(item) and is_active(item) and has_state(item, "ENABLED")]
 
 
 def has_state(item, name):
@@ -156,8 +142,3 @@ def text_of(item):
     if item.get_role() == Atspi.Role.TEXT:
         return Atspi.Text.get_text(item, 0, -1)
     return item.get_name()
-
-
-def box_of(item):
-    box = item.get_extents(Atspi.CoordType.SCREEN)
-    return Box(box.x, box.y, box.width, box.height)

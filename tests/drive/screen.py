@@ -18,14 +18,6 @@ class Box(NamedTuple):
     def middle(self):
         return self.left + self.width // 2, self.top + self.height // 2
 
-    @property
-    def aside(self):
-        """A point beside a caption in the middle."""
-        return self.left + self.width * 7 // 8, self.top + self.height // 2
-
-    def scaled(self, factor):
-        return Box(*(round(value * factor) for value in self))
-
 
 class Screen:
     """The display's memory, read from the server's file."""
@@ -40,17 +32,15 @@ class Screen:
         left, top, width, height = box or self.box
         return self.memory[top:top + height, left:left + width, 2::-1].copy()
 
-    def image(self, box=None):
-        return Image.fromarray(self.pixels(box))
+    def image(self):
+        return Image.fromarray(self.pixels())
 
-    def settle(self, box=None, looks=1):
-        """Waits until there was no change for so many looks, but not for long: a running clock
-        never keeps still."""
-        same, before = 0, self.pixels(box)
-        for _ in range(15 * looks):
+    def settle(self, box=None):
+        """Waits until two looks are alike, but not for long: a running clock never keeps still."""
+        before = self.pixels(box)
+        for _ in range(15):
             time.sleep(0.05)
             now = self.pixels(box)
-            same = same + 1 if numpy.array_equal(now, before) else 0
-            if same == looks:
+            if numpy.array_equal(now, before):
                 return
             before = now

@@ -2,38 +2,29 @@
 """tour.py <program folder> <output folder> [percent]
 Plays a whole game of each kind with the real program, by mouse and by keys, on a virtual display,
 and leaves a picture of every screen in the output folder, and beside it what is written there.
-The percentage is the scale of the system, for which there must be a set of pictures: 100, 150, 200
-or 300."""
+The percentage is the size of the windows, one of those that the menu offers."""
 
-import re
+import json
 import sys
-import time
 from pathlib import Path
 
 import hand
-import numpy
-from album import Album
 from files import song_count
-from game import CREATE, PLAYLIST, QUICKPLAY, Game, Keys, choose_game
-from PIL import Image
-from program import Program, open_program
-from screen import Box
-
-PLAYERS = re.compile(r"\d+")  # how many, as the list of them shows
+from game import CREATE, PLAYERS, PLAYLIST, QUICKPLAY, Game, KeysGame
+from program import open_program
 
 
 class Tour:
-    def __init__(self, program, album):
+    def __init__(self, program, folder):
         self.program = program
-        self.album = album
-        self.shot = album.shot
+        self.folder = folder
+        self.count = 0
 
     def take(self):
         self.menu()
         self.editor()
         self.second_stage()
         self.chooser()
-        self.short_playlist()
         self.normal_play()
         self.betting()
         hand.key("Escape")
@@ -41,282 +32,199 @@ class Tour:
 
     # A step with its picture.
 
-    def calm(self, name, picture, role="push button"):
+    def see(self, picture, still=True):
+        """Of all that is shown, once it keeps still."""
+        if still:
+            self.program.screen.settle()
+        self.count += 1
+        name = self.folder / f"{self.count:02}-{picture}"
+        self.program.screen.image().save(f"{name}.png")
+        Path(f"{name}.json").write_text(json.dumps(self.program.places_of_texts(), indent=1))
+
+    def rest(self, picture, name, role="push button"):
         """With the mouse away, as soon as a control is there."""
         self.program.ready(name, role)
-        self.program.move_away()
-        self.shot(picture)
+        hand.move_away()
+        self.see(picture)
 
-    def hovered(self, name, picture, counted=True):
+    def hover(self, picture, name):
         self.program.hover(name)
-        self.shot(picture, counted=counted)
+        self.see(picture)
 
-    def pressed(self, name, picture, counted=True, leave=False):
-        """Holds the mouse button on a control, and moves away with it or lets it be a click."""
+    def hold(self, picture, name):
+        """With the mouse button held, and released elsewhere, which clicks plain buttons only."""
+        def leave():
+            hand.move_away()
+            hand.release()
         place = self.program.ready(name)
-        hand.move_to(*place.aside)
+        hand.move_to(*place.middle)
         self.program.screen.settle(place)
-        with hand.held():
-            self.program.screen.settle(place)
-            self.album.shot_at_once(picture, counted=counted)
-            if leave:
-                self.program.changes(place, self.program.move_away)
+        hand.press()
+        self.see(picture)
+        self.program.changes(place, leave)
 
-    def message(self, picture, pattern, key="Return", title="Songrush"):
-        self.program.message(pattern, title)
-        self.shot(picture)
-        self.program.answer(pattern, key, title)
+    def message(self, picture, pattern, key="Return"):
+        self.program.message(pattern)
+        self.see(picture)
+        self.program.answer(pattern, key)
 
-    def choose_file(self, title, picture, path=None):
+    def choose_file(self, picture, title, path=None):
         """Cancels without a path."""
         self.program.ready(title, "dialog")
-        self.album.shot_of_display(picture)
+        self.see(picture)
         self.program.choose_file(title, path)
 
     # The screens.
 
     def menu(self):
-        self.calm("One player", "menu")
-        self.hovered("Several players", "menu-hover")
-        self.pressed("Several players", "menu-pressed", leave=True)
-        self.program.tab_to("One player")
-        self.shot("menu-keyboard-focus")
-        with Program(self.program.stage, self.program.data) as second:
-            second.message("Songrush is already running")
-            self.shot("already-running")
-            second.answer("Songrush is already running")
-            second.ended()
-        self.program.windows.focus("Songrush")
+        self.rest("menu", "One player")
+        self.hover("menu-hover", "Several players")
+        self.hold("menu-pressed", "Several players")
+        hand.key("Tab")
+        self.program.tab_to("Several players")
+        self.see("menu-keyboard-focus")
 
     def editor(self):
         """A list made of the sample songs, corrected, heard and saved."""
         program = self.program
         program.click("Playlist editor")
-        self.calm("Songs", "editor-empty", "table")
-        self.hovered("Play", "editor-hover")
-        self.pressed("Play", "editor-pressed")
-        self.message("no-songs-in-list", "No songs in list", title="Mp3 Editor")
+        self.rest("editor-empty", "Songs", "table")
+        self.hover("editor-hover", "Play")
+        self.hold("editor-pressed", "Play")
+        self.message("no-songs-in-list", "No songs in list")
         program.click("Add Directory")
-        self.choose_file("Add Folder", "editor-folder-dialog", program.data / "Music")
+        self.choose_file("editor-folder-dialog", "Add Folder", program.data / "Music")
         program.announced(r"\d+ songs\.", skip=True)
-        self.calm("Songs", "editor-filled", "table")
-        program.click_on_header("Artist")
-        self.shot("editor-sorted-by-artist")
-        program.click_on_line(2)
+        self.rest("editor-filled", "Songs", "table")
+        program.click("Artist", "table column header")
+        program.click("Silent Night", "table cell")
         with hand.held("shift"):
-            program.click_on_line(5)
+            program.click("Canon in D", "table cell")
         with hand.held("ctrl"):
-            program.click_on_line(8)
-        self.shot("editor-marked")
-        songs = program.song_lines() - 5
+            program.click("Für Elise", "table cell")
+        self.see("editor-marked")
         program.click("Remove")
-        self.shot("editor-removed")
-        assert program.song_lines() == songs, "the marked lines should be gone"
+        program.gone("Für Elise", "table cell")
         self.title_dialog()
         self.preview()
         program.click("Save PlayList")
-        self.choose_file("Save Playlist", "editor-save-dialog", "Mine")
+        self.choose_file("editor-save-dialog", "Save Playlist", "Mine")
         mine = program.data / "PlayList/Mine.m3u"
-        program.wait("the saved list", lambda: mine.exists() and song_count(mine) == songs)
+        program.wait("the saved list", lambda: mine.exists() and song_count(mine) == 18)
         program.click("Exit Editor")
 
     def title_dialog(self):
         program = self.program
-        program.click_on_line(1)
-        program.click("Edit Title/Artist")
+        program.click("Minuet in G", "table cell", times=2)
         program.ready("Song Title", "text")
-        self.shot("title-dialog")
+        self.see("title-dialog")
         hand.key("ctrl+a")
         hand.write("An artist - A title of some length: of the tour")
-        self.shot("title-dialog-typed")
         hand.key("alt+t")
-        self.shot("title-dialog-taken-apart")
+        self.see("title-dialog-long-text")
         hand.key("alt+p")
         program.gone("Song Title", "text")
-        self.shot("editor-after-edit")
-        song = program.data / "Music/An artist - A title of some length of the tour.mp3"
-        assert song.is_file(), "the song should have its new name"
+        program.find("An artist", "table cell")
+        self.see("editor-after-edit")
 
     def preview(self):
         program = self.program
-        program.click_on_line(1)
+        program.click("An artist", "table cell")
         program.click("Play")
         wind = program.ready("Fast forward")
-        self.album.shot_of_display("preview")
+        self.see("preview")
         program.click("Play")
         program.playing()
-        time.sleep(1)
-        self.album.shot_at_once("preview-playing")
         hand.move_to(*wind.middle)
-        with hand.held():
-            time.sleep(1)
-            self.album.shot_at_once("preview-fast-forward")
-        program.click("Pause")
-        self.shot("preview-paused")
+        hand.press()
+        self.see("preview-fast-forward")
+        hand.release()
         program.click("Close")
         program.gone("Fast forward")
 
     def second_stage(self):
         program = self.program
-        self.glide(program.ready("One player"), program.hover("Several players"))
-        self.calm("Betting", "second-stage-several-players")
+        program.click("Several players")
+        self.rest("second-stage-several-players", "Betting")
         program.click(PLAYERS, "combo box")
-        self.shot("players-list-open")
+        self.see("players-list-open")
         hand.key("Down", "Down", "Return")
-        self.shot("players-chosen")
-        assert program.seen("4", "combo box"), "there should be four players"
-        self.hovered("Back", "second-stage-hover")
-        self.pressed("Back", "second-stage-pressed")
-        self.calm("One player", "menu-after-back")
+        program.find("4", "combo box")
+        self.hover("second-stage-hover", "Back")
+        self.hold("second-stage-pressed", "Back")
         program.click("One player")
-        self.calm("Betting", "second-stage-one-player")
+        self.rest("second-stage-one-player", "Betting")
         program.click("Normal Play")
 
-    def glide(self, first, second):
-        """Each frame of it beside the other, in one picture."""
-        way = Box(first.left, first.top - first.height, first.width,
-                  second.top + second.height - first.top + first.height)
-        looks, frames = [], []
-        hand.click()
-        end = time.monotonic() + 1
-        while time.monotonic() < end:
-            looks.append(self.program.screen.pixels(way))
-        for last, now in zip(looks, looks[1:]):
-            # Seen twice, or it may have been read while it was being drawn.
-            if numpy.array_equal(last, now) and (not frames or (now != frames[-1]).any()):
-                frames.append(now)
-        width, height = way.width // 2, way.height // 2
-        sheet = Image.new("RGB", (5 * width, -(-len(frames) // 5) * height))
-        for index, frame in enumerate(frames):
-            sheet.paste(Image.fromarray(frame).resize((width, height)),
-                        (index % 5 * width, index // 5 * height))
-        self.album.picture("glide", sheet)
-
     def chooser(self):
-        """Everything that it refuses, the editor on the way to a game, and the waiting window."""
+        """Everything that it refuses, and the waiting window."""
         program = self.program
-        self.calm(CREATE, "chooser")
-        self.hovered(QUICKPLAY, "chooser-hover")
-        self.pressed(PLAYLIST, "chooser-pressed")
-        self.choose_file("Load Playlist", "file-dialog")
+        self.rest("chooser", CREATE)
+        self.hover("chooser-hover", QUICKPLAY)
+        self.hold("chooser-pressed", PLAYLIST)
+        self.choose_file("file-dialog", "Load Playlist")
         self.message("no-playlist-selected", "No Playlist was selected.*")
-        program.click(CREATE)
-        program.click("Load PlayList")
-        self.choose_file("Load Playlist", "editor-load-dialog", "Mine.m3u")
-        program.wait("the songs", program.song_lines)
-        self.shot("editor-loaded-on-the-way-to-a-game")
-        program.click("Play Game")
         program.click(QUICKPLAY)
-        self.choose_file("Add Folder", "folder-dialog")
+        self.choose_file("folder-dialog", "Add Folder")
         self.message("no-directory-selected", "No directory was selected.*")
         program.click(QUICKPLAY)
-        self.choose_file("Add Folder", "folder-with-few-songs", self.folder_of_songs("few", 3))
+        program.choose_file("Add Folder", self.folder_of_songs("few", 3))
         self.message("too-few-mp3s", "Songrush Requires atleast 10 MP3's to play.*")
         program.click(QUICKPLAY)
-        self.album.shot_of_display("folder-without-titles")
-        program.enter_path("Add Folder", self.folder_of_songs("untitled", 20000))
+        program.choose_file("Add Folder", self.folder_of_songs("untitled", 20000))
         program.announced(r"Searching for MP3s\.", skip=True)
         program.wait("something to see", lambda: program.screen.pixels().any(2).mean() > 0.03)
-        self.album.picture("searching", program.screen.image(self.album.window))
+        self.see("searching", still=False)
         self.message("no-song-titles", "Warning playlist contains .* no song titles.*", key="n")
-        program.ready(CREATE)
+        (program.data / "PlayList/Short.m3u").write_text("#EXTM3U\none.mp3\n", newline="\r\n")
+        Game(program).choose_list("Short.m3u")
+        self.message("too-few-songs", "Songrush Requires atleast 10 songs in a playlist.*")
 
     def folder_of_songs(self, name, count):
-        folder = self.program.stage.memory / name
+        folder = self.program.stage.folder / name
         folder.mkdir()
         for number in range(count):
             (folder / f"{number:05}.mp3").touch()
         return folder
 
-    def short_playlist(self):
-        """A list that the game refuses; back from the menu to the chooser."""
-        program = self.program
-        (program.data / "PlayList/Short.m3u").write_text("#EXTM3U\none.mp3\n", newline="\r\n")
-        program.click(PLAYLIST)
-        self.choose_file("Load Playlist", "file-dialog-short-list", "Short.m3u")
-        self.message("too-few-songs", "Songrush Requires atleast 10 songs in a playlist.*")
-        choose_game(program.click)
-        program.ready(CREATE)
+    def moments(self, game, name, *pictures, **turns):
+        """Of a game, with pictures at some of them and all those after its last turn."""
+        for moment in game.moments(**turns):
+            if moment in pictures or moment.split()[0] in ("scores", "name", "table"):
+                hand.move_away()
+                self.see(f"{name}-{moment}".replace(" ", "-"))
+            yield moment
 
     def normal_play(self):
         """The second answer is wrong."""
-        program = self.program
-        program.click(PLAYLIST)
-        self.choose_file("Load Playlist", "file-dialog-own-list", "Mine.m3u")
-        game = Game(program, program.click)
-        for turn in game.turns():
-            if turn == 0:
-                self.calm("Play", "question")
-                self.hovered("Play", "question-hover")
-            game.start_clip()
-            if turn == 0:
-                self.playing(game.choices[2])
-            else:
-                game.take_hint()
-            if turn == 1:
-                self.album.shot_at_once("hint-taken")
-            self.answer(game, turn != 1, "normal-play")
-        self.end_of_game(game, "normal-play")
-
-    def playing(self, choice):
-        program = self.program
-        program.move_away()
-        program.ready(choice)
-        self.album.shot_at_once("playing")
-        program.hover(choice)
-        self.album.shot_at_once("playing-choice-hover")
-        self.pressed(choice, "playing-choice-pressed", leave=True)
-        self.hovered("Hint", "hint-hover", counted=False)
-        self.pressed("Hint", "hint-pressed", counted=False, leave=True)
-
-    def answer(self, game, right, name):
-        game.answer(right)
-        if game.turn < 2:
-            self.shot(f"{name}-{'right' if right else 'wrong'}")
-        game.go_on()
-
-    def end_of_game(self, game, name):
-        game.see_scores()
-        self.calm("Continue", f"{name}-scores")
-        game.enter_names(before=lambda place: self.shot(f"{name}-name-{place}"))
-        self.calm("Continue", f"{name}-table")
-        self.hovered("Continue", "continue-hover", counted=False)
-        self.pressed("Continue", "continue-pressed", counted=False, leave=True)
+        game = Game(self.program)
+        game.choose("Mine.m3u")
+        for moment in self.moments(game, "normal", "question 1", "clip 1", "result 1", "hint 2",
+                                   "result 2", wrong=[2], hints=[2]):
+            if moment == "question 1":
+                self.hover("question-hover", "Play")
+            elif moment == "clip 1":
+                self.hover("choice-hover", game.choices[2])
+                self.hold("choice-pressed", game.choices[2])
+                self.hover("hint-hover", "Hint")
+                self.hold("hint-pressed", "Hint")
+            elif moment == "table":
+                self.hover("continue-hover", "Continue")
+                self.hold("continue-pressed", "Continue")
         game.leave()
-        print(f"{name}: {game.kept()[:len(game.scores)]}")
 
     def betting(self):
         """Three players, by keys; the first answer is late and wrong."""
-        program = self.program
-        program.tab_to("Several players")
-        hand.key("Return")
-        program.ready(PLAYERS, "combo box")
-        hand.key("Home", "Down")  # in the list of players, three of them
-        program.tab_to("Betting")
-        self.shot("second-stage-keys")
-        hand.key("Return")
-        program.tab_to(QUICKPLAY)
-        self.shot("chooser-keys")
-        hand.key("Return")
-        self.choose_file("Add Folder", "folder-dialog-music", program.data / "Music")
-        keys = Keys(program)
-        game = keys.game = Game(program, keys, betting=True, players=3)
-        for turn in game.turns():
-            if turn < 2:
-                self.shot(f"bet-player-{turn + 1}")
-            game.bet("1" if turn else "5")
-            if turn == 0:
-                self.shot("question-player-1")
-            game.start_clip()
-            if turn == 0:
-                self.album.shot_at_once("betting-playing")
-                program.announced(r"The clip is over\.")
-                program.find("TIME: 05.00", "label")
-                self.shot("clock-stopped-at-the-bet")
-            elif turn < 6:
-                game.take_hint()
-            self.answer(game, turn % 4 != 0, "betting")
-        self.end_of_game(game, "betting")
+        game = KeysGame(self.program, betting=True, players=3)
+        game.choose_kind()
+        self.program.tab_to(QUICKPLAY)
+        self.see("chooser-keys")
+        game.use(QUICKPLAY)
+        self.program.choose_file("Add Folder", self.program.data / "Music")
+        for _ in self.moments(game, "betting", "bet 1", "question 1", "clip 1", "late 1", "result 1",
+                              "bet 2", "result 2", wrong=[1, 5], late=[1], hints=[4]):
+            pass
+        game.leave()
 
 
 def main(source, folder, percent=100):
@@ -324,12 +232,12 @@ def main(source, folder, percent=100):
     output.mkdir(parents=True, exist_ok=True)
     for old in [*output.glob("*.png"), *output.glob("*.json")]:
         old.unlink()
-    scale = int(percent) / 100
-    with open_program(source, round(1024 * scale), round(768 * scale), scale=scale,
-                      with_songs=True, failure=output / "failure.png") as program:
-        album = Album(program, output, scale)
-        Tour(program, album).take()
-    print(f"{album.count} pictures lie in {output}.")
+    with open_program(source, 8 * int(percent), 6 * int(percent)) as program:
+        tour = Tour(program, output)
+        if percent != 100:
+            program.click(f"Window size {percent} %")
+        tour.take()
+    print(f"{tour.count} pictures lie in {output}.")
 
 
 main(*sys.argv[1:])

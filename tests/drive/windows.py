@@ -5,8 +5,6 @@ from Xlib.display import Display
 from Xlib.error import BadDrawable, BadWindow
 from Xlib.protocol.event import ClientMessage
 
-from screen import Box
-
 
 class Windows:
     def __init__(self):
@@ -25,20 +23,8 @@ class Windows:
         """Its width in pixels, 0 if there is no window."""
         return max((width for _, width in self.shown()), default=0)
 
-    def pointer(self):
-        """What the mouse pointer covers at most, whatever its shape."""
-        at = self.display.screen().root.query_pointer()
-        return Box(at.root_x - 10, at.root_y - 10, 26, 32)
-
-    def find(self, title):
-        return next(window for window, _ in self.shown() if window.get_wm_name() == title)
-
-    def focus(self, title):
-        self.find(title).set_input_focus(X.RevertToParent, X.CurrentTime)
-        self.display.flush()
-
     def ask_to_close(self, title):
-        window = self.find(title)
+        window = next(window for window, _ in self.shown() if window.get_wm_name() == title)
         delete, protocols = map(self.display.get_atom, ("WM_DELETE_WINDOW", "WM_PROTOCOLS"))
         window.send_event(ClientMessage(window=window, client_type=protocols,
                                         data=(32, [delete, X.CurrentTime, 0, 0, 0])))
