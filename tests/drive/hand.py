@@ -1,7 +1,11 @@
-"""The player's hand: real mouse buttons and keys."""
+"""The player's hand: real mouse buttons and keys, and the window manager's close button."""
 
 import subprocess
 from contextlib import contextmanager
+
+from Xlib import X
+from Xlib.display import Display
+from Xlib.protocol.event import ClientMessage
 
 
 def xdotool(*words):
@@ -46,3 +50,15 @@ def key(*names):
 
 def write(text):
     xdotool("type", "--delay", 1, text)
+
+
+def ask_to_close(title):
+    """The window of that title."""
+    display = Display()
+    window = next(window for window in display.screen().root.query_tree().children
+                  if window.get_wm_name() == title
+                  and window.get_attributes().map_state == X.IsViewable)
+    delete, protocols = map(display.get_atom, ("WM_DELETE_WINDOW", "WM_PROTOCOLS"))
+    window.send_event(ClientMessage(window=window, client_type=protocols,
+                                    data=(32, [delete, X.CurrentTime, 0, 0, 0])))
+    display.flush()

@@ -8,35 +8,29 @@ from pathlib import Path
 
 import hand
 from files import copy_program
-from reader import LIMIT, Atspi, Reader, children, has_state, is_active, text_of
+from reader import LIMIT, Atspi, Reader, has_state, is_active, text_of
 from screen import Box
 from stage import Stage
-from windows import Windows
 
 FRAME = (255, 221, 120)  # around the control that has the keyboard focus
 
 
 class Program(Reader):
+    scale = 1  # pixels of the screen for one of the program's, which the bus counts in
+
     def __init__(self, stage, folder, data=None):
         """Runs as long as its stage stands. What it writes lies in `data`, which is the same folder
         unless it is installed."""
         self.stage = stage
         self.screen = stage.screen
         self.data = data or folder
-        self.windows = Windows()
         # From elsewhere, as nothing may depend on the current folder.
         super().__init__(lambda: subprocess.Popen([folder / "songrush"], cwd="/"))
         stage.callback(self.stop)
 
-    def scale(self):
-        """Pixels of the screen for one of the program's, which the bus counts in."""
-        shown = [w for top in self.tops() for w in children(top) if has_state(w, "SHOWING")]
-        widths = [window.get_extents(Atspi.CoordType.SCREEN).width for window in shown]
-        return self.windows.widest() / max(widths)
-
     def place(self, item):
-        box, scale = item.get_extents(Atspi.CoordType.SCREEN), self.scale()
-        return Box(*(round(scale * value) for value in (box.x, box.y, box.width, box.height)))
+        box = item.get_extents(Atspi.CoordType.SCREEN)
+        return Box(*(round(self.scale * value) for value in (box.x, box.y, box.width, box.height)))
 
     def places_of_texts(self):
         """The texts with their roles and places; a header's description stands below it."""
@@ -53,7 +47,7 @@ class Program(Reader):
         """The place of a control that takes mouse and keys and looks as it will."""
         def active():
             item = self.seen(name, role)
-            return item and is_active(item) and self.windows.widest() and self.place(item)
+            return item and is_active(item) and self.place(item)
         place = self.wait(f"the active {role} {name!r}", active)
         self.screen.settle(place)
         return place

@@ -37,7 +37,8 @@ class Stage(ExitStack):
             (self.folder / name).mkdir(mode=0o700)
             os.environ[variable] = str(self.folder / name)
         os.environ.setdefault("SDL_AUDIODRIVER", "dummy")
-        os.environ.update(QT_QPA_PLATFORM="xcb", GSETTINGS_BACKEND="memory", LC_ALL="C.UTF-8")
+        os.environ.update(QT_QPA_PLATFORM="xcb", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1",
+                          GSETTINGS_BACKEND="memory", LC_ALL="C.UTF-8")
 
     def serve(self, *command):
         """Starts a server for as long as the stage stands; returns what it writes, as soon as it is

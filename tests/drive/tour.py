@@ -5,6 +5,7 @@ and leaves a picture of every screen in the output folder, and beside it what is
 The percentage is the size of the windows, one of those that the menu offers."""
 
 import json
+import re
 import sys
 from pathlib import Path
 
@@ -58,7 +59,6 @@ class Tour:
             hand.release()
         place = self.program.ready(name)
         hand.move_to(*place.middle)
-        self.program.screen.settle(place)
         hand.press()
         self.see(picture)
         self.program.changes(place, leave)
@@ -173,7 +173,7 @@ class Tour:
         program.click(QUICKPLAY)
         program.choose_file("Add Folder", self.folder_of_songs("untitled", 20000))
         program.announced(r"Searching for MP3s\.", skip=True)
-        program.wait("something to see", lambda: program.screen.pixels().any(2).mean() > 0.03)
+        program.find(re.compile("Searching for MP3s: .*", re.DOTALL), "label")
         self.see("searching", still=False)
         self.message("no-song-titles", "Warning playlist contains .* no song titles.*", key="n")
         (program.data / "PlayList/Short.m3u").write_text("#EXTM3U\none.mp3\n", newline="\r\n")
@@ -236,6 +236,8 @@ def main(source, folder, percent=100):
         tour = Tour(program, output)
         if percent != 100:
             program.click(f"Window size {percent} %")
+            program.gone("One player")
+            program.scale = int(percent) / 100
         tour.take()
     print(f"{tour.count} pictures lie in {output}.")
 
