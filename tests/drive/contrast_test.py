@@ -33,8 +33,9 @@ class Contrast(unittest.TestCase):
                 self.assertEqual(limit("Oh! What a Song", color, height), least)
 
     def test_is_that_of_the_worst_tenth(self):
-        worst = measured((10, 10, 30), WHITE, patch=(150, 150, 150))[1]
-        self.assertAlmostEqual(worst, ratio(luminance(WHITE), luminance((150, 150, 150))), delta=0.1)
+        patch = (150, 150, 150)
+        worst = measured((10, 10, 30), WHITE, patch=patch)[1]
+        self.assertAlmostEqual(worst, ratio(luminance(WHITE), luminance(patch)), delta=0.1)
 
     def test_of_what_cannot_be_seen_is_none(self):
         self.assertIsNone(measured(WHITE, WHITE))

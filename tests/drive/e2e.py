@@ -23,15 +23,9 @@ from stage import Stage
 CASES = {}
 
 
-def case(*arguments):
-    """Makes a function a case, or several of it, one for each tuple of arguments, of which the
-    first two name it."""
-    def add(function):
-        for given in arguments or [()]:
-            name = "_".join([function.__name__, *given[:2]]).replace(" ", "_")
-            CASES[name] = partial(function, *given)
-        return function
-    return add
+def case(function):
+    CASES[function.__name__] = function
+    return function
 
 
 class Scene:
@@ -81,26 +75,12 @@ class Scene:
 
 
 LEAVE = {
-    "by its button": lambda program: program.click("Close"),
-    "by the window manager": lambda program: hand.ask_to_close("Songrush"),
-    "by termination": lambda program: program.process.terminate()}
+    "its button": lambda program: program.click("Close"),
+    "the window manager": lambda program: hand.ask_to_close("Songrush"),
+    "termination": lambda program: program.process.terminate()}
 
 
-# Where the program is left, how, the songs then marked as played, and whether there is a table of
-# high scores.
-@case(("menu", "by the window manager", 0, False),
-      ("editor", "by termination", 0, False),
-      ("second stage", "by its button", 0, False),
-      ("chooser", "by the window manager", 0, False),
-      ("message", "by termination", 0, False),
-      ("question 1", "by its button", 1, False),
-      ("clip 1", "by the window manager", 1, False),
-      ("clip 1", "by termination", 1, False),
-      ("result 1", "by its button", 1, False),
-      ("scores", "by termination", 6, False),
-      ("table", "by its button", 6, True),
-      ("table", "by termination", 6, True))
-def leave(screen, way, marks, has_table, scene):
+def leave(way, screen, marks, has_table, scene):
     program = scene.go_to(screen)
     LEAVE[way](program)
     program.ended()
@@ -109,7 +89,24 @@ def leave(screen, way, marks, has_table, scene):
     assert not has_table or table_of(scene.table)[0][1] == scene.game.scores[0]
 
 
-@case()
+# How the program is left and where, the songs then marked as played, and whether there is a table
+# of high scores.
+for leaving in (("the window manager", "menu", 0, False),
+                ("termination", "editor", 0, False),
+                ("its button", "second stage", 0, False),
+                ("the window manager", "chooser", 0, False),
+                ("termination", "message", 0, False),
+                ("its button", "question 1", 1, False),
+                ("the window manager", "clip 1", 1, False),
+                ("termination", "clip 1", 1, False),
+                ("its button", "result 1", 1, False),
+                ("termination", "scores", 6, False),
+                ("its button", "table", 6, True),
+                ("termination", "table", 6, True)):
+    CASES["{} ends it at {}".format(*leaving).replace(" ", "_")] = partial(leave, *leaving)
+
+
+@case
 def what_is_typed_ahead_of_the_title_dialog_stays_out_of_the_list(scene):
     program = scene.go_to("editor")
     program.click("Load PlayList")
@@ -126,7 +123,7 @@ def what_is_typed_ahead_of_the_title_dialog_stays_out_of_the_list(scene):
     program.wait("the copy", lambda: copy.exists() and song_count(copy) == song_count(scene.list))
 
 
-@case()
+@case
 def a_second_copy_only_says_so(scene):
     def snapshot():
         return {file: (file.stat().st_size, file.stat().st_mtime_ns)
@@ -142,7 +139,7 @@ def a_second_copy_only_says_so(scene):
     assert first.seen("One player"), "the menu of the first copy is gone"
 
 
-@case()
+@case
 def a_killed_copy_does_not_stop_the_next(scene):
     program = scene.go_to("clip 1")
     program.process.kill()
@@ -150,7 +147,7 @@ def a_killed_copy_does_not_stop_the_next(scene):
     assert not scene.go_to("menu").all("alert"), "there is a message"
 
 
-@case()
+@case
 def a_moved_program_is_remembered(scene):
     scene.close(scene.go_to("menu"))
     scene.folder = scene.folder.rename(scene.stage.folder / "moved here, to a longer name")
@@ -159,7 +156,7 @@ def a_moved_program_is_remembered(scene):
     assert re.search(f"^AppPath=.*{scene.folder}", settings, re.M), f"another folder: {settings}"
 
 
-@case()
+@case
 def a_chosen_window_size_is_kept(scene):
     def shown_at(scale):
         def width():
@@ -177,7 +174,7 @@ def a_chosen_window_size_is_kept(scene):
     shown_at(2)
 
 
-@case()
+@case
 def missing_pictures_are_told_once(scene):
     shutil.rmtree(scene.folder / "Images")
     program = scene.start()
@@ -188,7 +185,7 @@ def missing_pictures_are_told_once(scene):
     assert not program.all("alert"), "there is another message"
 
 
-@case()
+@case
 def a_clip_is_heard_until_it_is_over(scene):
     def samples():
         """From -1 to 1, a row of left and right for each frame."""
@@ -210,7 +207,7 @@ def a_clip_is_heard_until_it_is_over(scene):
     assert numpy.diff(numpy.flatnonzero(heard > 0.01)).max() < 40000, "the clip has a hole"
 
 
-@case()
+@case
 def a_game_needs_no_mouse(scene):
     program = scene.go_to("menu")
     hand.move_to(1500, 1100)
@@ -221,7 +218,7 @@ def a_game_needs_no_mouse(scene):
     program.ended()
 
 
-@case()
+@case
 def games_need_no_more_than_a_screen_reader(scene):
     program = scene.go_to("menu")
     for kind, turns in (({}, {"wrong": [2, 4], "hints": [3]}),

@@ -112,7 +112,8 @@ class Program(Reader):
 
     def ended(self, status=0):
         """Waits for the program's end."""
-        assert self.process.wait(LIMIT) == status, f"the program ended with {self.process.returncode}"
+        ended = self.process.wait(LIMIT)
+        assert ended == status, f"the program ended with {ended}"
 
     def playing(self):
         """The song that the program has open."""

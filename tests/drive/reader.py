@@ -6,7 +6,7 @@ import time
 import gi
 
 gi.require_version("Atspi", "2.0")
-from gi.repository import Atspi, GLib
+from gi.repository import Atspi, Gio, GLib
 
 LIMIT = 60  # seconds that a single step may take; programs under sanitizers are slow
 # Announced or not, as it happens to take long enough.
@@ -14,11 +14,20 @@ PASSING = ("Loading...", "The clip is over.")
 TEXT_ROLES = ("label", "push button", "text", "combo box", "table cell", "table column header")
 
 
+def switch_accessibility_on():
+    """As the desktop does when a screen reader starts; programs that start later join in."""
+    bus = Gio.bus_get_sync(Gio.BusType.SESSION)
+    switch = GLib.Variant("(ssv)", ("org.a11y.Status", "IsEnabled", GLib.Variant("b", True)))
+    bus.call_sync("org.a11y.Bus", "/org/a11y/bus", "org.freedesktop.DBus.Properties", "Set",
+                  switch, None, Gio.DBusCallFlags.NONE, -1, None)
+
+
 class Reader:
     """Reads the process that `start` starts. What is waited for is looked for again and again up to
     a limit, never slept for."""
 
     def __init__(self, start):
+        switch_accessibility_on()
         self.heard = []  # announcements not yet asked for
         Atspi.init()
         self.listener = Atspi.EventListener.new(self._hear)

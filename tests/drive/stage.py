@@ -17,7 +17,8 @@ class Stage(ExitStack):
     def __init__(self, width=1024, height=768):
         super().__init__()
         signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
-        self.folder = Path(self.enter_context(TemporaryDirectory(prefix="songrush-")))
+        self.folder = Path(self.enter_context(TemporaryDirectory(prefix="songrush-",
+                                                               ignore_cleanup_errors=True)))
         self.settings = self.folder / "config/Songrush/Songrush.conf"
         self.set_environment()
         # The server keeps what is on the screen in a file, where it is quickly read. It would begin
@@ -37,8 +38,7 @@ class Stage(ExitStack):
             (self.folder / name).mkdir(mode=0o700)
             os.environ[variable] = str(self.folder / name)
         os.environ.setdefault("SDL_AUDIODRIVER", "dummy")
-        os.environ.update(QT_QPA_PLATFORM="xcb", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1",
-                          GSETTINGS_BACKEND="memory", LC_ALL="C.UTF-8")
+        os.environ.update(QT_QPA_PLATFORM="xcb", GSETTINGS_BACKEND="memory", LC_ALL="C.UTF-8")
 
     def serve(self, *command):
         """Starts a server for as long as the stage stands; returns what it writes, as soon as it is

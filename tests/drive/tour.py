@@ -5,7 +5,6 @@ and leaves a picture of every screen in the output folder, and beside it what is
 The percentage is the size of the windows, one of those that the menu offers."""
 
 import json
-import re
 import sys
 from pathlib import Path
 
@@ -33,14 +32,18 @@ class Tour:
 
     # A step with its picture.
 
-    def see(self, picture, still=True):
-        """Of all that is shown, once it keeps still."""
-        if still:
-            self.program.screen.settle()
+    def picture(self, name):
+        """Of all that is shown; returns its file, without the ending."""
         self.count += 1
-        name = self.folder / f"{self.count:02}-{picture}"
-        self.program.screen.image().save(f"{name}.png")
-        Path(f"{name}.json").write_text(json.dumps(self.program.places_of_texts(), indent=1))
+        file = f"{self.folder}/{self.count:02}-{name}"
+        self.program.screen.image().save(f"{file}.png")
+        return file
+
+    def see(self, name):
+        """A picture with its texts, once it keeps still."""
+        self.program.screen.settle()
+        file = self.picture(name)
+        Path(f"{file}.json").write_text(json.dumps(self.program.places_of_texts(), indent=1))
 
     def rest(self, picture, name, role="push button"):
         """With the mouse away, as soon as a control is there."""
@@ -173,8 +176,8 @@ class Tour:
         program.click(QUICKPLAY)
         program.choose_file("Add Folder", self.folder_of_songs("untitled", 20000))
         program.announced(r"Searching for MP3s\.", skip=True)
-        program.find(re.compile("Searching for MP3s: .*", re.DOTALL), "label")
-        self.see("searching", still=False)
+        program.wait("something to see", lambda: program.screen.pixels().any(2).mean() > 0.03)
+        self.picture("searching")
         self.message("no-song-titles", "Warning playlist contains .* no song titles.*", key="n")
         (program.data / "PlayList/Short.m3u").write_text("#EXTM3U\none.mp3\n", newline="\r\n")
         Game(program).choose_list("Short.m3u")
@@ -221,8 +224,8 @@ class Tour:
         self.see("chooser-keys")
         game.use(QUICKPLAY)
         self.program.choose_file("Add Folder", self.program.data / "Music")
-        for _ in self.moments(game, "betting", "bet 1", "question 1", "clip 1", "late 1", "result 1",
-                              "bet 2", "result 2", wrong=[1, 5], late=[1], hints=[4]):
+        for _ in self.moments(game, "betting", "bet 1", "question 1", "clip 1", "late 1",
+                              "result 1", "bet 2", "result 2", wrong=[1, 5], late=[1], hints=[4]):
             pass
         game.leave()
 
