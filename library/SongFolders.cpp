@@ -1,5 +1,6 @@
 #include "library/SongFolders.h"
 
+#include "library/SongScan.h"
 #include "platform/ProgramFolder.h"
 #include "platform/Settings.h"
 
@@ -13,11 +14,17 @@ const QString kApplication = QStringLiteral("Songrush");
 const QString kDirs = QStringLiteral("Dirs");
 const QString kMp3Dir = QStringLiteral("Mp3Dir");
 
+fs::path FirstMp3Folder() {
+    const fs::path music = platform::MusicFolder();
+    return SeemsToHoldSongs(music) ? music : platform::ProgramFolder() / "Music";
+}
+
 } // namespace
 
 fs::path LastMp3Folder() {
-    const fs::path folder =
-        platform::ReadPathSetting(kApplication, kDirs, kMp3Dir, platform::DocumentsFolder());
+    fs::path folder = platform::ReadPathSetting(kApplication, kDirs, kMp3Dir, {});
+    if (folder.empty())
+        folder = FirstMp3Folder();
     std::error_code error;
     return fs::is_directory(folder, error) ? folder : platform::RootFolder();
 }

@@ -3,9 +3,12 @@
 #include "library/c_ID3.h"
 
 #include <algorithm>
+#include <chrono>
+#include <future>
 #include <iterator>
 #include <set>
 #include <string_view>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -72,5 +75,23 @@ private:
 } // namespace
 
 void ScanSongs(const fs::path& folder, const ScanCalls& calls) { Scan(calls).Run(folder); }
+
+bool SeemsToHoldSongs(const fs::path& folder) {
+    // On a thread that nobody waits for longer: a dead network drive may never answer.
+    std::packaged_task<bool()> look([folder] {
+        int folders = 0;
+        bool found = false;
+        ScanSongs(folder, {[&](const fs::path&) { return ++folders <= 1000; },
+                           [&](const fs::path&, const c_ID3&) {
+                               found = true;
+                               return false;
+                           }});
+        return found;
+    });
+    std::future<bool> answer = look.get_future();
+    std::thread(std::move(look)).detach();
+    return answer.wait_for(std::chrono::milliseconds(500)) != std::future_status::ready ||
+           answer.get();
+}
 
 } // namespace library

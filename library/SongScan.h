@@ -20,4 +20,8 @@ struct ScanCalls {
 /// several ways, by links, is read once; one that cannot be read adds nothing.
 void ScanSongs(const std::filesystem::path& folder, const ScanCalls& calls);
 
+/// Whether there are MP3 files in `folder` or below, as far as that is soon found out: a slow disk
+/// gets the benefit of the doubt, a great many folders without a song do not.
+bool SeemsToHoldSongs(const std::filesystem::path& folder);
+
 } // namespace library

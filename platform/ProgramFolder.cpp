@@ -72,6 +72,10 @@ fs::path ShippedFolder() { return Folders().shipped; }
 
 fs::path DocumentsFolder() { return UserFolder(QStandardPaths::DocumentsLocation); }
 
+fs::path MusicFolder() { return UserFolder(QStandardPaths::MusicLocation); }
+
+fs::path HomeFolder() { return UserFolder(QStandardPaths::HomeLocation); }
+
 fs::path CacheFolder() {
     const fs::path folder = UserFolder(QStandardPaths::GenericCacheLocation) / "Songrush";
     std::error_code error;

@@ -32,8 +32,14 @@ void SetProgramFolder(const std::filesystem::path& folder);
 /// same as `ProgramFolder`.
 std::filesystem::path ShippedFolder();
 
-/// The user's documents folder, where the file dialogs start the first time.
+/// The user's documents folder.
 std::filesystem::path DocumentsFolder();
+
+/// The user's music folder, where songs are looked for the first time.
+std::filesystem::path MusicFolder();
+
+/// The user's home folder.
+std::filesystem::path HomeFolder();
 
 /// A folder of the user's, made if need be, for files that can be made again.
 std::filesystem::path CacheFolder();

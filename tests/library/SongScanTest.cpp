@@ -98,4 +98,12 @@ TEST_F(SongScanTest, TreesDeeperThanTheNumberOfHandlesAreReadToTheEnd) {
     EXPECT_EQ(mSongs.size(), 1u);
 }
 
+TEST_F(SongScanTest, ASongIsSeenAnywhereInAFolderOfReasonableSize) {
+    const fs::path tree = mTree.Path();
+    EXPECT_FALSE(library::SeemsToHoldSongs(tree / "none"));
+    EXPECT_FALSE(library::SeemsToHoldSongs(tree));
+    AddSong("artist/album/song.MP3");
+    EXPECT_TRUE(library::SeemsToHoldSongs(tree));
+}
+
 } // namespace
