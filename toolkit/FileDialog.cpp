@@ -1,6 +1,8 @@
 #include "toolkit/FileDialog.h"
 
+#include "platform/Wait.h"
 #include "toolkit/OddNames.h"
+#include "toolkit/Places.h"
 
 #include <QDir>
 #include <QEvent>
@@ -26,32 +28,102 @@ public:
     }
 };
 
+/// "*.mp3 *.mp3 ...": every way to write a pattern, for dialogs that tell capitals from small
+/// letters.
+QString InAllCases(const QString& pattern) {
+    QStringList ways{QString()};
+    for (const QChar sign : pattern) {
+        QStringList longer;
+        for (const QString& way : ways) {
+            longer << way + sign.toLower();
+            if (sign.isLetter())
+                longer << way + sign.toUpper();
+        }
+        ways = longer;
+    }
+    return ways.join(u' ');
+}
+
 } // namespace
 
-FileDialog::FileDialog(QWidget* owner, const QString& title, const QString& folder,
-                       const QString& filter)
-    : QFileDialog(owner, title, folder, filter) {
-    setOption(DontUseNativeDialog);
+FileDialog::FileDialog(QWidget* owner, const QString& title, const QString& folder)
+    : QFileDialog(owner, title, folder), mSideBar(sidebarUrls()), mViewMode(viewMode()) {
+    setModal(true);
+    auto* name = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    mIsQts = name != nullptr;
+    if (!mIsQts)
+        return;
     // While the completer's list is open and folders are still being read, Qt overwrites what is
     // being typed with rows that it has selected.
-    findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setCompleter(nullptr);
+    name->setCompleter(nullptr);
     auto* files = findChild<QTreeView*>(QStringLiteral("treeView"));
     constexpr int kSize = 1;
     constexpr int kTime = 3;
     for (const int column : {kSize, kTime})
         files->setItemDelegateForColumn(column, new PlainDigits(this));
+    constexpr int kIcon = 16; // those with a sign for links have no other size
+    for (auto* view : findChildren<QAbstractItemView*>())
+        view->setIconSize(QSize(kIcon, kIcon));
+    ShowPlaces(*this);
+    setMinimumSize(720, 460); // shows all columns
+}
+
+FileDialog::~FileDialog() {
+    if (!mIsQts)
+        return;
+    // Qt stores them for the dialogs of all programs.
+    setSidebarUrls(mSideBar);
+    if (fileMode() == Directory)
+        setViewMode(mViewMode);
+}
+
+void FileDialog::OfferFiles(const QString& description, const QString& pattern) {
+    setNameFilter(
+        QStringLiteral("%1 (%2)").arg(description, mIsQts ? pattern : InAllCases(pattern)));
+}
+
+void FileDialog::OfferFolders() {
+    setFileMode(Directory);
+    setOption(ShowDirsOnly);
+    if (!mIsQts)
+        return;
+    setViewMode(List);
+    for (const char* clutter :
+         {"fileTypeLabel", "fileTypeCombo", "listModeButton", "detailModeButton"})
+        findChild<QWidget*>(QLatin1String(clutter))->hide();
 }
 
 QStringList FileDialog::Choose() {
-    if (acceptMode() == AcceptOpen)
+    if (mIsQts && acceptMode() == AcceptOpen)
         mOddNames = new OddNames(*this);
-    if (exec() != Accepted)
-        return {};
+    // GTK would offer to replace the first file of the folder.
+    if (!mIsQts && !IsPortals() && acceptMode() == AcceptSave)
+        selectFile(directory().path() + u'/');
+    for (;;) {
+        Wait();
+        const QStringList paths = result() == Accepted ? Answer() : QStringList();
+        if (paths.isEmpty() || Takes(paths.front()))
+            return paths;
+        if (platform::Quitting())
+            return {};
+        selectFile(paths.front());
+    }
+}
+
+/// Not by `exec`: the wait of a desktop's dialog would not end when the program is asked to quit.
+void FileDialog::Wait() {
+    setResult(Rejected);
+    show();
+    platform::WaitWhile([this] { return isVisible(); });
+    hide();
+}
+
+QStringList FileDialog::Answer() const {
     if (OddNameChosen())
         return {mOddNames->Chosen()};
-    QStringList paths = selectedFiles();
-    for (QString& path : paths)
-        path = QDir::toNativeSeparators(QDir::cleanPath(path));
+    QStringList paths;
+    for (const QUrl& file : selectedUrls())
+        paths << PathOfAnswer(file);
     return paths;
 }
 
@@ -65,8 +137,15 @@ bool FileDialog::event(QEvent* event) {
 void FileDialog::accept() {
     if (OddNameChosen())
         done(Accepted); // the name would not pass Qt's own checks
-    else if (MayBeChosen())
+    else
         QFileDialog::accept();
+}
+
+bool FileDialog::IsPortals() const {
+    // As Qt finds out whether to use the portal.
+    return !mIsQts &&
+           (qEnvironmentVariable("QT_QPA_PLATFORMTHEME") == QStringLiteral("xdgdesktopportal") ||
+            QFile::exists(QStringLiteral("/.flatpak-info")) || qEnvironmentVariableIsSet("SNAP"));
 }
 
 bool FileDialog::OddNameChosen() const {

@@ -6,27 +6,45 @@ namespace toolkit {
 
 class OddNames;
 
-/// Qt's own file dialog, in which a name is chosen or typed.
+/// Asks for files or folders: by the desktop's own dialog where there is one, else by Qt's, with
+/// the program's places at its side.
 class FileDialog : public QFileDialog {
 public:
-    FileDialog(QWidget* owner, const QString& title, const QString& folder,
-               const QString& filter = {});
+    FileDialog(QWidget* owner, const QString& title, const QString& folder);
+    ~FileDialog() override;
 
-    /// Shows the dialog where the program's dialogs appear. Returns the chosen paths, absolute and
-    /// with the platform's separators, empty when cancelled.
+    /// Shows only the files that match `pattern` ("*.mp3"), without regard to case.
+    void OfferFiles(const QString& description, const QString& pattern);
+
+    /// Shows only folders, one of which is chosen.
+    void OfferFolders();
+
+    /// Shows the dialog where the program's dialogs appear. Returns the chosen paths as from
+    /// `platform::TextFromPath`, absolute; empty when cancelled or when the program is asked to
+    /// quit.
     QStringList Choose();
 
 protected:
     bool event(QEvent* event) override;
     void accept() final;
 
-    /// Whether the dialog may close with what is chosen now.
-    virtual bool MayBeChosen() const { return true; }
+    /// Asked once the dialog is closed, so that messages may be shown: whether the path is taken.
+    /// If not, the dialog opens again.
+    virtual bool Takes(const QString&) { return true; }
+
+    /// Whether it is a portal's, which asks before a file is replaced even if it is told not to.
+    bool IsPortals() const;
 
 private:
     bool OddNameChosen() const;
+    QStringList Answer() const;
+    void Wait();
 
-    OddNames* mOddNames = nullptr; // only in dialogs that open files or folders, from `Choose` on
+    bool mIsQts; ///< rather than the desktop's
+    OddNames* mOddNames =
+        nullptr;          // only in Qt's dialogs that open files or folders, from `Choose` on
+    QList<QUrl> mSideBar; ///< as other programs have it
+    ViewMode mViewMode;   ///< likewise
 };
 
 } // namespace toolkit

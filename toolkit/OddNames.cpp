@@ -9,11 +9,34 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QUrl>
 #include <filesystem>
 
 namespace toolkit {
 
 namespace fs = std::filesystem;
+
+namespace {
+
+/// The one file in a folder whose name becomes `name` when it is taken for valid UTF-8; empty if
+/// there are none or several.
+fs::path OnlyLookalike(const fs::path& folder, const fs::path& name) {
+    const QString wanted = platform::TextFromPath(name);
+    fs::path found;
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error)) {
+        const fs::path file = entry->path().filename();
+        if (QString::fromStdString(file.string()) != wanted)
+            continue;
+        if (!found.empty())
+            return {};
+        found = file;
+    }
+    return found;
+}
+
+} // namespace
 
 OddNames::OddNames(QFileDialog& dialog)
     : mDialog(dialog), mCaption(new QLabel(QStringLiteral("Names that are no valid text:"))) {
@@ -70,6 +93,18 @@ bool OddNames::Offers(const QString& name) const {
     const QString filter = mDialog.selectedNameFilter();
     const QString patterns = filter.mid(filter.lastIndexOf(u'(') + 1).chopped(1);
     return QDir::match(patterns.split(u' '), name);
+}
+
+QString PathOfAnswer(const QUrl& answer) {
+    fs::path path;
+    for (const fs::path& name : platform::PathFromText(QDir::cleanPath(answer.toLocalFile()))) {
+        const fs::path lookalike =
+            platform::TextFromPath(name).contains(QChar::ReplacementCharacter)
+                ? OnlyLookalike(path, name)
+                : fs::path();
+        path /= lookalike.empty() ? name : lookalike;
+    }
+    return platform::TextFromPath(path);
 }
 
 } // namespace toolkit

@@ -5,11 +5,12 @@
 
 class QFileDialog;
 class QLabel;
+class QUrl;
 
 namespace toolkit {
 
-/// Adds to a file dialog what Qt leaves out: files (or folders, in a dialog for folders) whose
-/// names are not valid text. Hidden in a folder that has none.
+/// Adds to one of Qt's file dialogs what Qt leaves out: files (or folders, in a dialog for folders)
+/// whose names are not valid text. Hidden in a folder that has none.
 class OddNames : public QListWidget {
 public:
     /// Becomes part of the dialog. The dialog's mode and filters must be set before.
@@ -25,5 +26,9 @@ private:
     QFileDialog& mDialog;
     QLabel* mCaption;
 };
+
+/// The path that a dialog's answer stands for, as from `platform::TextFromPath`. Desktops answer in
+/// valid text: a name that is none is the one that looks the same, if there is only one.
+QString PathOfAnswer(const QUrl& answer);
 
 } // namespace toolkit

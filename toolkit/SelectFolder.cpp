@@ -9,8 +9,7 @@ namespace toolkit {
 QString BrowseForFolder(QWidget* owner, const QString& title,
                         const std::filesystem::path& startFolder) {
     FileDialog dialog(owner, title, platform::TextFromPath(startFolder));
-    dialog.setOption(QFileDialog::ShowDirsOnly);
-    dialog.setFileMode(QFileDialog::Directory);
+    dialog.OfferFolders();
     return dialog.Choose().value(0);
 }
 

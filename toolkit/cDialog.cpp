@@ -15,57 +15,41 @@
 
 namespace {
 
-/// A file dialog on the current folder with one filter.
-class OneFilterDialog : public toolkit::FileDialog {
-public:
-    OneFilterDialog(const QString& title, const QString& description, const QString& pattern)
-        : FileDialog(QApplication::activeWindow(), title, QDir::currentPath(),
-                     QStringLiteral("%1 (%2)").arg(description, pattern)) {}
+/// Makes the folder of the chosen files the current one; returns them, or nothing if cancelled.
+QStringList ChooseInFolder(toolkit::FileDialog& dialog) {
+    const QStringList files = dialog.Choose();
+    std::error_code ignored;
+    if (!files.isEmpty())
+        std::filesystem::current_path(platform::PathFromText(files.front()).parent_path(), ignored);
+    return files;
+}
 
-    /// Makes the folder of the chosen files the current one; returns them, or nothing if cancelled.
-    QStringList ChooseInFolder() {
-        const QStringList files = Choose();
-        std::error_code ignored;
-        if (!files.isEmpty())
-            std::filesystem::current_path(platform::PathFromText(files.front()).parent_path(),
-                                          ignored);
-        return files;
-    }
-};
-
-class SaveDialog : public OneFilterDialog {
+class SaveDialog : public toolkit::FileDialog {
 public:
-    SaveDialog(const QString& title, const QString& description, const QString& pattern)
-        : OneFilterDialog(title, description, pattern),
+    SaveDialog(const QString& title, const QString& pattern)
+        : FileDialog(QApplication::activeWindow(), title, QDir::currentPath()),
           mEnding(pattern.mid(pattern.lastIndexOf(u'*') + 1)) {
         setAcceptMode(AcceptSave);
         setFileMode(AnyFile);
-    }
-
-protected:
-    bool MayBeChosen() const override {
-        const QStringList files = selectedFiles();
-        return files.isEmpty() || MayBeSaved(QFileInfo(files.front()));
+        setOption(DontConfirmOverwrite); // asked below, where the ending is known
     }
 
 private:
-    /// Asks what Qt does not ask by itself.
-    bool MayBeSaved(const QFileInfo& file) const {
-        if (file.exists())
-            return true;
-        if (!file.absoluteDir().exists()) {
-            platform::ShowMessage(QStringLiteral("The folder %1 does not exist.")
-                                      .arg(QDir::toNativeSeparators(file.absolutePath())),
-                                  platform::Icon::Warning, windowTitle());
+    bool Takes(const QString& path) override {
+        const std::filesystem::path folder = platform::PathFromText(path).parent_path();
+        std::error_code error;
+        if (!std::filesystem::is_directory(folder, error)) {
+            platform::ShowMessage(
+                QStringLiteral("The folder %1 does not exist.").arg(platform::ShownText(folder)),
+                platform::Icon::Warning, windowTitle());
             return false;
         }
-        const QString withEnding = file.fileName() + mEnding;
-        if (file.fileName().endsWith(mEnding, Qt::CaseInsensitive) ||
-            !file.absoluteDir().exists(withEnding))
-            return true;
-        return platform::AskYesNo(
-            QStringLiteral("%1 already exists.\nDo you want to replace it?").arg(withEnding),
-            windowTitle());
+        const bool complete = path.endsWith(mEnding, Qt::CaseInsensitive);
+        const std::filesystem::path file = platform::PathFromText(complete ? path : path + mEnding);
+        return (complete && IsPortals()) || !std::filesystem::exists(file, error) ||
+               platform::AskYesNo(QStringLiteral("%1 already exists.\nDo you want to replace it?")
+                                      .arg(platform::ShownText(file.filename())),
+                                  windowTitle());
     }
 
     QString mEnding;
@@ -110,17 +94,20 @@ void SaveCustomColors() {
 
 QString cDialog::GetSaveName(const QString& title, const QString& description,
                              const QString& pattern) {
-    return SaveDialog(title, description, pattern).ChooseInFolder().value(0);
+    SaveDialog dialog(title, pattern);
+    dialog.OfferFiles(description, pattern);
+    return ChooseInFolder(dialog).value(0);
 }
 
 QString cDialog::GetOpenName(const QString& title, const QString& description,
                              const QString& pattern, const QString& initialName, bool multiple) {
     constexpr int kBlanks = 1024;
-    OneFilterDialog dialog(title, description, pattern);
+    toolkit::FileDialog dialog(QApplication::activeWindow(), title, QDir::currentPath());
+    dialog.OfferFiles(description, pattern);
     dialog.setFileMode(multiple ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
     if (!initialName.isEmpty())
         dialog.selectFile(initialName);
-    const QStringList files = dialog.ChooseInFolder();
+    const QStringList files = ChooseInFolder(dialog);
     if (!multiple && !files.isEmpty())
         return files.front();
     const QString answer = files.isEmpty() ? initialName : Join(files);

@@ -8,8 +8,8 @@
 /// regard to case, and make the folder of the chosen file the current one.
 class cDialog {
 public:
-    /// Asks for a file to save to. If it exists, asks whether to replace it, even if it only exists
-    /// once the pattern's ending is added to the name. "" if cancelled.
+    /// Asks for a file to save to, as it was typed: the caller adds the pattern's ending where it
+    /// is missing. If a file of that whole name exists, asks whether to replace it. "" if cancelled.
     static QString GetSaveName(const QString& title, const QString& description,
                                const QString& pattern);
 

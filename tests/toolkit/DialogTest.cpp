@@ -2,8 +2,10 @@
 #include "platform/Text.h"
 #include "platform/Wait.h"
 #include "tests/Quit.h"
+#include "tests/Robot.h"
 #include "tests/TemporaryFolder.h"
 #include "toolkit/FileDialog.h"
+#include "toolkit/OddNames.h"
 #include "toolkit/SelectFolder.h"
 #include "toolkit/Style.h"
 #include "toolkit/cDialog.h"
@@ -13,27 +15,21 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QListView>
 #include <QListWidget>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QStyledItemDelegate>
 #include <QTest>
-#include <QTimer>
 #include <QTreeView>
+#include <QUrl>
 #include <functional>
+#include <utility>
 
 namespace {
 
 namespace fs = std::filesystem;
 
-/// Acts on the dialog that is shown next.
-template <typename Dialog> void OnNext(std::function<void(Dialog&)> act) {
-    QTimer::singleShot(0, qApp, [act = std::move(act)] {
-        auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
-        ASSERT_NE(dialog, nullptr) << "not the dialog that was expected";
-        act(*dialog);
-    });
-}
+using Step = std::function<void(QFileDialog&)>;
 
 void Press(QDialog& dialog, QDialogButtonBox::StandardButton button) {
     auto* box = dialog.findChild<QDialogButtonBox*>();
@@ -60,27 +56,57 @@ protected:
 
     QString Lists() const { return QString::fromStdString(mFolder.Path().string() + "/lists"); }
 
+    /// What `ask` answers while the file dialogs that it shows get one step each.
+    template <typename Ask> QString During(Ask ask, QList<Step> steps, bool saysYes = true) {
+        bool stepping = false;
+        Robot robot([&] {
+            auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            if (dialog == nullptr || steps.isEmpty() || std::exchange(stepping, true))
+                return;
+            steps.takeFirst()(*dialog);
+            stepping = false;
+        });
+        robot.mSaysYes = saysYes;
+        const QString answer = ask();
+        EXPECT_TRUE(steps.isEmpty());
+        mMessages = robot.Messages();
+        return answer;
+    }
+
     static QString Save() { return cDialog::GetSaveName("Save", "Lists", "*.m3u"); }
+    static QString Browse() {
+        return toolkit::BrowseForFolder(nullptr, "Add", fs::absolute("inner"));
+    }
+
+    QStringList mMessages;
 
 private:
     TemporaryFolder mFolder;
     fs::path mBefore = fs::current_path();
 };
 
-TEST_F(DialogTest, SavingMovesToTheFolderAndAsksBeforeAFileIsReplacedAlsoWithoutItsEnding) {
+/// Enters a path, or cancels without one.
+Step Enter(const QString& path) {
+    return [path](QFileDialog&) { AnswerFileDialog(path); };
+}
+
+TEST_F(DialogTest, SavingMovesToTheFolderAndAsksOnceBeforeAListIsReplaced) {
     fs::create_directory("inner");
-    std::ofstream("inner/rock.m3u") << "list";
-    for (const auto answer : {QMessageBox::No, QMessageBox::Yes}) {
-        OnNext<QFileDialog>([answer](QFileDialog& dialog) {
-            Type(dialog, "inner/rock");
-            OnNext<QMessageBox>([answer](QMessageBox& box) { box.button(answer)->click(); });
-            Press(dialog, QDialogButtonBox::Save);
-            if (answer == QMessageBox::No)
-                dialog.reject();
-        });
-        EXPECT_EQ(Save(), answer == QMessageBox::Yes ? Lists() + "/inner/rock" : QString());
+    for (const char* file : {"rock.m3u", "pop", "pop.m3u", "jazz"})
+        std::ofstream(fs::current_path() / "inner" / file) << "list";
+    for (const QString name : {"inner/rock", "inner/pop", "inner/rock.m3u"}) {
+        EXPECT_EQ(During(Save, {Enter(name), Enter({})}, false), QString());
+        EXPECT_EQ(mMessages.size(), 1) << name.toStdString();
+        EXPECT_EQ(QDir::currentPath(), Lists());
+        EXPECT_EQ(During(Save, {Enter(name)}), Lists() + '/' + name);
+        EXPECT_EQ(mMessages.size(), 1) << name.toStdString();
+        EXPECT_EQ(QDir::currentPath(), Lists() + "/inner");
+        fs::current_path("..");
     }
-    EXPECT_EQ(QDir::currentPath(), Lists() + "/inner");
+    During(Save, {Enter("inner/jazz")}); // becomes jazz.m3u
+    EXPECT_EQ(mMessages, QStringList());
+    During(Save, {Enter("gone/rock"), Enter({})});
+    EXPECT_EQ(mMessages, QStringList("The folder " + Lists() + "/inner/gone does not exist."));
 }
 
 TEST_F(DialogTest, NamesThatAreNoValidTextAreOfferedToo) {
@@ -90,7 +116,7 @@ TEST_F(DialogTest, NamesThatAreNoValidTextAreOfferedToo) {
     fs::create_directories(current / "inner/m\xFCsik");
     // Chooses the one odd name, or types another one after it.
     const auto choose = [](const QString& name, const QString& typed = {}) {
-        OnNext<QFileDialog>([=](QFileDialog& dialog) {
+        return [=](QFileDialog& dialog) {
             auto* odd = dialog.findChild<QListWidget*>(QStringLiteral("OddNames"));
             ASSERT_EQ(odd->count(), 1);
             EXPECT_EQ(odd->item(0)->text(), name);
@@ -99,31 +125,57 @@ TEST_F(DialogTest, NamesThatAreNoValidTextAreOfferedToo) {
             if (!typed.isEmpty())
                 Type(dialog, typed);
             Press(dialog, QDialogButtonBox::Open);
-        });
+        };
     };
     const auto load = [] { return cDialog::GetOpenName("Load", "Lists", "*.m3u", {}, false); };
-    choose("café.m3u");
-    EXPECT_EQ(platform::PathFromText(load()), current / "caf\xE9.m3u");
-    choose("café.m3u", "plain.m3u");
-    EXPECT_EQ(load(), Lists() + "/plain.m3u");
-    choose("müsik");
-    QWidget owner;
-    const QString browsed = toolkit::BrowseForFolder(&owner, "Add", current / "inner");
-    EXPECT_EQ(platform::PathFromText(browsed), current / "inner/m\xFCsik");
+    EXPECT_EQ(platform::PathFromText(During(load, {choose("café.m3u")})), current / "caf\xE9.m3u");
+    EXPECT_EQ(During(load, {choose("café.m3u", "plain.m3u")}), Lists() + "/plain.m3u");
+    EXPECT_EQ(platform::PathFromText(During(Browse, {choose("müsik")})),
+              current / "inner/m\xFCsik");
+}
+
+TEST_F(DialogTest, ADesktopsAnswerStandsForTheOneNameThatLooksLikeIt) {
+    const QString folder = Lists() + QStringLiteral("/m\uFFFDsik");
+    fs::create_directory("m\xFCsik");
+    for (const char* song : {"caf\xE9 1.mp3", "caf\xE9 2.mp3", "caf\xE8 2.mp3"})
+        std::ofstream(fs::path("m\xFCsik") / song) << "song";
+    const auto meant = [](const QUrl& url) {
+        return platform::PathFromText(toolkit::PathOfAnswer(url)).filename();
+    };
+    EXPECT_EQ(meant(QUrl::fromLocalFile(folder + "/caf\uFFFD 1.mp3")), "caf\xE9 1.mp3");
+    EXPECT_EQ(meant(QUrl("file://" + Lists() + "/m%FCsik/caf%E9%201.mp3")), "caf\xE9 1.mp3");
+    EXPECT_EQ(meant(QUrl::fromLocalFile(folder + "/caf\uFFFD 2.mp3")), "caf\uFFFD 2.mp3");
 }
 
 TEST_F(DialogTest, ACancelledOpenGivesTheInitialNameAndBlanks) {
-    OnNext<QFileDialog>([](QFileDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
-    EXPECT_EQ(cDialog::GetOpenName("Open", "Songs", "*.mp3", "x.mp3", true),
-              "x.mp3" + QString(1024, u' '));
+    const auto open = [] { return cDialog::GetOpenName("Open", "Songs", "*.mp3", "x.mp3", true); };
+    const Step escape = [](QFileDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); };
+    EXPECT_EQ(During(open, {escape}), "x.mp3" + QString(1024, u' '));
     EXPECT_EQ(QDir::currentPath(), Lists());
 }
 
 TEST_F(DialogTest, AQuitEndsAnOpenDialog) {
     const platform::QuitWatch watch;
-    OnNext<QFileDialog>([](QFileDialog&) { platform::RequestQuit(); });
-    EXPECT_EQ(Save(), QString());
+    EXPECT_EQ(During(Save, {[](QFileDialog&) { platform::RequestQuit(); }}), QString());
     ForgetQuit();
+}
+
+TEST_F(DialogTest, PlacesOfSongsStandAtTheSideInThisProgramOnly) {
+    const QList<QUrl> others = QFileDialog().sidebarUrls();
+    fs::create_directory("Music");
+    platform::SetProgramFolder(fs::current_path());
+    const Step look = [](QFileDialog& dialog) {
+        const auto* places = dialog.findChild<QListView*>("sidebar")->model();
+        QStringList names;
+        for (int row = 0; row < places->rowCount(); ++row)
+            names << places->index(row, 0).data(Qt::AccessibleTextRole).toString();
+        EXPECT_EQ(names, QStringList({"Sample songs", "Home", "File system"}));
+        EXPECT_FALSE(dialog.findChild<QWidget*>("fileTypeCombo")->isVisible());
+        dialog.reject();
+    };
+    During(Browse, {look});
+    platform::SetProgramFolder({});
+    EXPECT_EQ(QFileDialog().sidebarUrls(), others);
 }
 
 TEST_F(DialogTest, ChangingToAUselessFolderChangesNothingAndToNoneLeadsToTheDocuments) {

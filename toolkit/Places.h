@@ -1,0 +1,11 @@
+#pragma once
+
+class QFileDialog;
+
+namespace toolkit {
+
+/// Fills the side bar of one of Qt's own file dialogs with the folders where songs and playlists
+/// are likely to be, as far as they exist.
+void ShowPlaces(QFileDialog& dialog);
+
+} // namespace toolkit
