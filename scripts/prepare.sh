@@ -9,7 +9,8 @@ PACKAGES_RUN=(libqt6svg6 qt6-qpa-plugins fonts-liberation)
 PACKAGES_PACKAGE=(dpkg-dev file gzip lintian)
 PACKAGES_TOUR=(xvfb xdotool dbus at-spi2-core gir1.2-atspi-2.0 python3-gi python3-xlib python3-pil
     python3-numpy)
-PACKAGES_TEST=(libgtest-dev libmp3lame-dev clang-format shellcheck desktop-file-utils appstream)
+PACKAGES_TEST=(libgtest-dev libmp3lame-dev clang-format shellcheck desktop-file-utils appstream
+    qt6-gtk-platformtheme)
 PACKAGES_GATES=(clang clang-tidy)
 
 missing_packages() {

@@ -107,6 +107,23 @@ for leaving in (("the window manager", "menu", 0, False),
 
 
 @case
+def the_desktops_dialog_is_used_and_ended_by_a_termination(scene):
+    os.environ["QT_QPA_PLATFORMTHEME"] = "gtk3"
+    program = scene.go_to("editor")
+
+    def open_dialog():
+        hand.click_at(program.place(program.find("Load PlayList")))
+        program.find("Load Playlist", "file chooser")
+        program.screen.settle()
+    open_dialog()
+    hand.key("Return")  # the first file, the only one, is selected
+    program.announced(rf"{song_count(scene.list)} songs\.", skip=True)
+    open_dialog()
+    program.process.terminate()
+    program.ended()
+
+
+@case
 def what_is_typed_ahead_of_the_title_dialog_stays_out_of_the_list(scene):
     program = scene.go_to("editor")
     program.click("Load PlayList")

@@ -30,8 +30,9 @@ class Stage(ExitStack):
         self.screen = Screen(self.folder / "Xvfb_screen0", width, height)
 
     def set_environment(self):
-        for variable in ("WAYLAND_DISPLAY", "QT_SCALE_FACTOR", "XDG_DATA_HOME",
-                         "XDG_CURRENT_DESKTOP"):
+        for variable in ("WAYLAND_DISPLAY", "QT_SCALE_FACTOR", "XDG_DATA_HOME", "XDG_CURRENT_DESKTOP",
+                         "DESKTOP_SESSION", "KDE_FULL_SESSION", "GNOME_DESKTOP_SESSION_ID",
+                         "QT_QPA_PLATFORMTHEME"):
             os.environ.pop(variable, None)
         for variable, name in (("HOME", "home"), ("XDG_CONFIG_HOME", "config"),
                                ("XDG_RUNTIME_DIR", "runtime")):
