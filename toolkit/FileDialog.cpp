@@ -1,6 +1,7 @@
 #include "toolkit/FileDialog.h"
 
 #include "platform/Wait.h"
+#include "toolkit/GtkMessages.h"
 #include "toolkit/OddNames.h"
 #include "toolkit/Places.h"
 
@@ -8,6 +9,7 @@
 #include <QEvent>
 #include <QLineEdit>
 #include <QStyledItemDelegate>
+#include <QTimer>
 #include <QTreeView>
 #include <algorithm>
 
@@ -112,6 +114,13 @@ QStringList FileDialog::Choose() {
 
 /// Not by `exec`: the wait of a desktop's dialog would not end when the program is asked to quit.
 void FileDialog::Wait() {
+    QTimer watch; // it runs on while a message of GTK's waits
+    connect(&watch, &QTimer::timeout, this, [] {
+        if (platform::Quitting())
+            CloseGtkMessages();
+    });
+    if (!mIsQts)
+        watch.start(500);
     setResult(Rejected);
     show();
     platform::WaitWhile([this] { return isVisible(); });
