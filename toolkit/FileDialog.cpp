@@ -3,11 +3,13 @@
 #include "platform/Wait.h"
 #include "toolkit/GtkMessages.h"
 #include "toolkit/OddNames.h"
-#include "toolkit/Places.h"
+#include "toolkit/Place.h"
+#include "toolkit/SideBar.h"
 
 #include <QDir>
 #include <QEvent>
 #include <QLineEdit>
+#include <QScreen>
 #include <QStyledItemDelegate>
 #include <QTimer>
 #include <QTreeView>
@@ -66,8 +68,9 @@ FileDialog::FileDialog(QWidget* owner, const QString& title, const QString& fold
     constexpr int kIcon = 16; // those with a sign for links have no other size
     for (auto* view : findChildren<QAbstractItemView*>())
         view->setIconSize(QSize(kIcon, kIcon));
-    ShowPlaces(*this);
-    setMinimumSize(720, 460); // shows all columns
+    FillSideBar(*this);
+    constexpr QSize kShowsAllColumns(720, 460);
+    resize((QSizeF(kShowsAllColumns) * StageScale()).toSize().boundedTo(screen()->availableSize()));
 }
 
 FileDialog::~FileDialog() {

@@ -24,7 +24,10 @@ class AccessibleForm : public QAccessibleWidget {
 public:
     explicit AccessibleForm(Form* form) : QAccessibleWidget(form) {}
     QAccessible::Role role() const override {
-        return static_cast<Form*>(widget())->FillsStage() ? QAccessible::Pane : QAccessible::Dialog;
+        const auto* form = static_cast<Form*>(widget());
+        if (form->GetLayer() == Form::Layer::Messages)
+            return QAccessible::AlertMessage;
+        return form->FillsStage() ? QAccessible::Pane : QAccessible::Dialog;
     }
     QString text(QAccessible::Text kind) const override {
         return kind == QAccessible::Name ? widget()->windowTitle() : QAccessibleWidget::text(kind);

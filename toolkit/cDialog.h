@@ -9,7 +9,8 @@
 class cDialog {
 public:
     /// Asks for a file to save to, as it was typed: the caller adds the pattern's ending where it
-    /// is missing. If a file of that whole name exists, asks whether to replace it. "" if cancelled.
+    /// is missing. If a file of that whole name exists, asks whether to replace it. "" if
+    /// cancelled.
     static QString GetSaveName(const QString& title, const QString& description,
                                const QString& pattern);
 

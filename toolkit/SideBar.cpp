@@ -1,4 +1,4 @@
-#include "toolkit/Places.h"
+#include "toolkit/SideBar.h"
 
 #include "platform/ProgramFolder.h"
 #include "platform/Text.h"
@@ -24,7 +24,7 @@ public:
 
 } // namespace
 
-void ShowPlaces(QFileDialog& dialog) {
+void FillSideBar(QFileDialog& dialog) {
     const std::pair<std::filesystem::path, QString> places[] = {
         {platform::MusicFolder(), QStringLiteral("Music")},
         {platform::ProgramFolder() / "Music", QStringLiteral("Sample songs")},
