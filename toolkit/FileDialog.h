@@ -40,11 +40,10 @@ private:
     QStringList Answer() const;
     void Wait();
 
-    bool mIsQts; ///< rather than the desktop's
-    OddNames* mOddNames =
-        nullptr;          // only in Qt's dialogs that open files or folders, from `Choose` on
-    QList<QUrl> mSideBar; ///< as other programs have it
-    ViewMode mViewMode;   ///< likewise
+    bool mIsQts;                   ///< rather than the desktop's
+    OddNames* mOddNames = nullptr; ///< in Qt's dialogs that open something, from `Choose` on
+    QList<QUrl> mSideBar;          ///< as other programs have it
+    ViewMode mViewMode;            ///< likewise
 };
 
 } // namespace toolkit
