@@ -10,6 +10,7 @@
 #include "toolkit/Place.h"
 #include "toolkit/StageGround.h"
 
+#include <QAccessibleWidget>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QMouseEvent>
@@ -156,6 +157,18 @@ void Stage::Remember() const {
                                .arg(place.height()));
     platform::WriteSetting(kApplication, kSection, kFullKey,
                            isFullScreen() ? QStringLiteral("1") : QStringLiteral("0"));
+}
+
+/// Qt calls a plain widget the client area of a window; screen readers look for windows.
+QAccessibleInterface* Stage::NewInterface() {
+    return new QAccessibleWidget(this, QAccessible::Window);
+}
+
+bool Stage::event(QEvent* event) {
+    // Not every system gives the keyboard focus back to the window below a dialog.
+    if (event->type() == QEvent::WindowUnblocked && isVisible())
+        activateWindow();
+    return QWidget::event(event);
 }
 
 void Stage::LayOut() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "toolkit/Accessible.h"
 #include "toolkit/FormStack.h"
 #include "toolkit/StageSize.h"
 
@@ -12,7 +13,7 @@ namespace toolkit {
 /// The program's window, borderless and of any size: it shows the 800 x 600 logical pixels on which
 /// all forms lie as large as it is, and the background while none of them is shown. A wider or
 /// higher window carries on the edges of the background.
-class Stage : public QWidget {
+class Stage : public QWidget, public Accessible {
     Q_OBJECT
 public:
     /// The stage of the program. Made when it is first asked for; it goes with the application
@@ -45,11 +46,14 @@ public:
     /// Keeps size and place for the next start.
     void Remember() const;
 
+    QAccessibleInterface* NewInterface() override;
+
 Q_SIGNALS:
     /// The size changed, or full screen began or ended.
     void SizeChanged();
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;

@@ -112,7 +112,7 @@ def the_desktops_dialog_is_used_and_ended_by_a_termination(scene):
     program = scene.go_to("editor")
 
     def open_dialog():
-        hand.click_at(program.place(program.find("Load PlayList")))
+        program.click("Load PlayList")
         program.find("Load Playlist", "file chooser")
         program.screen.settle()
     open_dialog()
@@ -174,21 +174,29 @@ def a_moved_program_is_remembered(scene):
 
 
 @case
-def a_chosen_window_size_is_kept(scene):
-    def shown_at(scale):
-        def width():
-            return numpy.flatnonzero(program.screen.pixels().any((0, 2)))[-1:] + 1
-        program.wait(f"the scale {scale}", lambda: width() == 800 * scale)
-        program.scale = scale
+def size_and_full_screen_are_changed_at_once_and_kept(scene):
+    def width():
+        shown = numpy.flatnonzero(program.screen.pixels().any((0, 2)))
+        return shown[-1] - shown[0] + 1 if shown.size else 0
+
+    def shown_at(pixels):
+        program.wait(f"a width of {pixels}", lambda: width() == pixels)
         program.ready("One player")
     program = scene.go_to("menu")
-    program.click("Window size 150 %")
-    shown_at(1.5)
+    program.click("100 %")
+    shown_at(800)
     hand.key("ctrl+plus")
-    shown_at(2)
+    shown_at(1000)
     scene.close(program)
     program = scene.start()
-    shown_at(2)
+    shown_at(1000)
+    hand.key("F11")
+    shown_at(1600)
+    scene.close(program)
+    program = scene.start()
+    shown_at(1600)
+    program.click("Full screen")
+    shown_at(1000)
 
 
 @case

@@ -8,7 +8,7 @@ from pathlib import Path
 
 import hand
 from files import copy_program
-from reader import LIMIT, Atspi, Reader, has_state, is_active, text_of
+from reader import LIMIT, Atspi, Reader, has_state, is_usable, text_of
 from screen import Box
 from stage import Stage
 
@@ -16,8 +16,6 @@ FRAME = (255, 221, 120)  # around the control that has the keyboard focus
 
 
 class Program(Reader):
-    scale = 1  # pixels of the screen for one of the program's, which the bus counts in
-
     def __init__(self, stage, folder, data=None):
         """Runs as long as its stage stands. What it writes lies in `data`, which is the same folder
         unless it is installed."""
@@ -30,7 +28,7 @@ class Program(Reader):
 
     def place(self, item):
         box = item.get_extents(Atspi.CoordType.SCREEN)
-        return Box(*(round(self.scale * value) for value in (box.x, box.y, box.width, box.height)))
+        return Box(box.x, box.y, box.width, box.height)
 
     def places_of_texts(self):
         """The texts with their roles and places; a header's description stands below it."""
@@ -45,10 +43,10 @@ class Program(Reader):
 
     def ready(self, name, role="push button"):
         """The place of a control that takes mouse and keys and looks as it will."""
-        def active():
+        def usable():
             item = self.seen(name, role)
-            return item and is_active(item) and self.place(item)
-        place = self.wait(f"the active {role} {name!r}", active)
+            return item and is_usable(item) and self.place(item)
+        place = self.wait(f"the usable {role} {name!r}", usable)
         self.screen.settle(place)
         return place
 

@@ -97,11 +97,11 @@ class Reader:
         return [item for item in self.showing() if item.get_role_name() == role]
 
     def seen(self, name, role="push button"):
-        """The control of that name if it is shown, rather in the active window than in others; a
-        name may also be a compiled pattern."""
+        """The control of that name if it is shown, rather one that can be used; a name may also be
+        a compiled pattern."""
         matches = name.fullmatch if isinstance(name, re.Pattern) else name.__eq__
         found = [item for item in self.all(role) if matches(item.get_name())]
-        return min(found, key=lambda item: not is_active(item), default=None)
+        return min(found, key=lambda item: not is_usable(item), default=None)
 
     def find(self, name, role="push button"):
         return self.wait(f"the {role} {name!r}", lambda: self.seen(name, role))
@@ -116,9 +116,9 @@ class Reader:
         assert button.do_action(actions.index("Press")), f"{name} cannot be pressed"
 
     def texts(self):
-        """What can be read in the active window, and is in use there."""
+        """What can be read, and is in use."""
         return [item for item in self.showing() if item.get_role_name() in TEXT_ROLES
-                and text_of(item) and is_active(item) and has_state(item, "ENABLED")]
+                and text_of(item) and is_usable(item)]
 
 
 def has_state(item, name):
@@ -129,12 +129,12 @@ def children(item):
     return [c for c in (item.get_child_at_index(i) for i in range(item.get_child_count())) if c]
 
 
-def is_active(item):
-    """Whether its window is."""
-    parent = item.get_parent()
-    if parent and parent.get_role() != Atspi.Role.APPLICATION:
-        return is_active(parent)
-    return has_state(item, "ACTIVE")
+def is_usable(item):
+    """Whether nothing lies in front that must be answered first."""
+    top = item
+    while (parent := top.get_parent()) and parent.get_role() != Atspi.Role.APPLICATION:
+        top = parent
+    return has_state(top, "ACTIVE") and has_state(item, "ENABLED")
 
 
 def text_of(item):
