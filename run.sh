@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds the game and starts it.
 # --tour: plays whole games by itself on a virtual display and leaves pictures in build/tour/, and
-# in build/tour/2x/ those of windows of twice the size.
+# in build/tour/full/ those of the full screen of a television.
 set -eu
 cd "$(dirname "$0")"
 . scripts/prepare.sh
@@ -17,7 +17,7 @@ prepare build run
 build release
 if [ $tour = yes ]; then
     tests/drive/tour.py build/release/songrush build/tour
-    tests/drive/tour.py build/release/songrush build/tour/2x 200
+    tests/drive/tour.py build/release/songrush build/tour/full 1920 1080
     exec tests/drive/contrast.py build/tour
 fi
 exec build/release/songrush/songrush

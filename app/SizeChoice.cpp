@@ -10,7 +10,7 @@ namespace {
 
 constexpr int kFullScreen = 0;
 constexpr int kMargin = 14;
-constexpr int kLabel = 92;
+constexpr int kLabel = 100;
 
 } // namespace
 
@@ -57,8 +57,8 @@ void SizeChoice::MakeRow(const std::vector<int>& sizes) {
     mLeft = kMargin + kLabel;
     for (const int percent : sizes)
         AddChoice(percent, QStringLiteral("pSize%1").arg(percent),
-                  QStringLiteral("%1 %").arg(percent), 56);
-    AddChoice(kFullScreen, QStringLiteral("pFullScreen"), QStringLiteral("Full screen"), 88);
+                  QStringLiteral("%1 %").arg(percent), 60);
+    AddChoice(kFullScreen, QStringLiteral("pFullScreen"), QStringLiteral("Full screen"), 96);
 }
 
 void SizeChoice::AddChoice(int percent, const QString& name, const QString& words, int width) {
@@ -75,7 +75,7 @@ PictureBox* SizeChoice::MakeBox(const QString& name, int width) {
     constexpr int kHeight = 26;
     constexpr int kBelow = 8;
     auto* box = new PictureBox(&mForm, name, QSize(width, kHeight));
-    box->Dc()->SetFont(ScreenFont(10));
+    box->Dc()->SetFont(ScreenFont(11));
     box->MoveTo(mLeft, mForm.Height() - kHeight - kBelow);
     mLeft += width;
     return box;

@@ -64,6 +64,7 @@ public:
             return state;
         }
         state.invisible = !mBox->isVisible();
+        state.disabled = !mBox->isEnabled();
         if (IsHeader())
             return state;
         state.focusable = state.selectable = true;

@@ -16,7 +16,7 @@ from screen import Box
 
 # What texts are written in.
 COLORS = ((255, 255, 255), (242, 243, 255), (226, 226, 255), (220, 220, 255), (255, 214, 238),
-          (160, 168, 240), (140, 140, 230), (255, 0, 100), (255, 50, 50), (255, 0, 0), (250, 0, 50),
+          (190, 190, 250), (160, 168, 240), (140, 140, 230), (255, 0, 100), (255, 50, 50), (255, 0, 0), (250, 0, 50),
           (250, 250, 0), (60, 230, 60), (50, 255, 50), (100, 200, 250), (50, 100, 250),
           (0, 100, 250), (50, 0, 100))
 # The red of a pressed plain button stands on a gradient that leaves it less than its size needs;
@@ -64,7 +64,8 @@ def parts(texts):
     """The texts and their places, without what stands beside them there."""
     for text, role, box in texts:
         box = Box(*box)
-        sign = box.height if role == "push button" else 0  # at a skinned button's left
+        skinned = role == "push button" and box.height > 30
+        sign = box.height if skinned else 0  # at its left
         if len(text) < 2 or box.width < 2 * sign or box.height < CUT_OFF:
             continue
         row = SCORE_ROW.fullmatch(text)

@@ -97,11 +97,11 @@ class Reader:
         return [item for item in self.showing() if item.get_role_name() == role]
 
     def seen(self, name, role="push button"):
-        """The control of that name if it is shown, rather one that can be used; a name may also be
-        a compiled pattern."""
+        """The control of that name if it is shown, rather one that can be used, and of these the one
+        in front; a name may also be a compiled pattern."""
         matches = name.fullmatch if isinstance(name, re.Pattern) else name.__eq__
         found = [item for item in self.all(role) if matches(item.get_name())]
-        return min(found, key=lambda item: not is_usable(item), default=None)
+        return max(reversed(found), key=is_usable, default=None)
 
     def find(self, name, role="push button"):
         return self.wait(f"the {role} {name!r}", lambda: self.seen(name, role))

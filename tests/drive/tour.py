@@ -1,8 +1,8 @@
 #!/usr/bin/python3
-"""tour.py <program folder> <output folder> [percent]
+"""tour.py <program folder> <output folder> [width height]
 Plays a whole game of each kind with the real program, by mouse and by keys, on a virtual display,
 and leaves a picture of every screen in the output folder, and beside it what is written there.
-The percentage is the size of the windows, one of those that the menu offers."""
+On a display of another size than 800 x 600 the program takes the full screen."""
 
 import json
 import sys
@@ -230,17 +230,17 @@ class Tour:
         game.leave()
 
 
-def main(source, folder, percent=100):
+def main(source, folder, width="800", height="600"):
     output = Path(folder)
     output.mkdir(parents=True, exist_ok=True)
     for old in [*output.glob("*.png"), *output.glob("*.json")]:
         old.unlink()
-    with open_program(source, 8 * int(percent), 6 * int(percent)) as program:
+    with open_program(source, int(width), int(height)) as program:
         tour = Tour(program, output)
-        if percent != 100:
-            program.click(f"Window size {percent} %")
-            program.gone("One player")
-            program.scale = int(percent) / 100
+        if (width, height) != ("800", "600"):
+            program.ready("One player")
+            hand.key("F11")
+            program.wait("the full screen", lambda: program.screen.pixels().any((1, 2)).all())
         tour.take()
     print(f"{tour.count} pictures lie in {output}.")
 
