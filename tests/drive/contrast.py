@@ -24,7 +24,7 @@ COLORS = ((255, 255, 255), (242, 243, 255), (226, 226, 255), (220, 220, 255), (2
 PRESSED, PRESSED_LIMIT = (255, 0, 100), 2.3
 SAME = 12  # of 255: what a glyph covers wholly has its colour
 AROUND = 21  # pixels; strokes and shadows take less than half of the picture around each of them
-LEAST_INK = 12  # fewer pixels are no text
+LEAST_INK = 8  # fewer pixels are no text
 CUT_OFF = 14  # pixels; only a line of the list that is not in sight as a whole is less high
 SCORE_ROW = re.compile(r"(\d+\. .*), (\d+)(, new)?")
 
@@ -64,10 +64,10 @@ def parts(texts):
     """The texts and their places, without what stands beside them there."""
     for text, role, box in texts:
         box = Box(*box)
-        skinned = role == "push button" and box.height > 30
-        sign = box.height if skinned else 0  # at its left
-        if len(text) < 2 or box.width < 2 * sign or box.height < CUT_OFF:
+        button = role == "push button"
+        if len(text) < 2 or (button and box.width < 2 * box.height) or box.height < CUT_OFF:
             continue
+        sign = box.height if button and box.height > 30 else 0  # at a skinned button's left
         row = SCORE_ROW.fullmatch(text)
         if row:
             score = box.width // 3

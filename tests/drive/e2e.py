@@ -12,12 +12,15 @@ import traceback
 from functools import partial
 from multiprocessing import Pool
 from pathlib import Path
+from threading import Event, Thread
 
 import hand
 import numpy
 from files import copy_program, played, song_count, table_of
 from game import CREATE, PLAYLIST, Game, KeysGame, ReadersGame
 from program import Program
+from reader import Atspi
+from screen import Box
 from stage import Stage
 
 CASES = {}
@@ -239,6 +242,64 @@ def a_game_needs_no_mouse(scene):
     game = KeysGame(program)
     game.choose(scene.list)
     game.play(wrong=[2, 5], hints=[3])
+    hand.key("Escape")
+    program.ended()
+
+
+@case
+def the_desktop_never_shows_through(scene):
+    """Of the one window, from the menu through a game and the editor and back."""
+    display = hand.Display()
+    root = display.screen().root
+    magenta = (255, 0, 255)
+    root.change_attributes(background_pixel=0xFF00FF)
+    root.clear_area()
+    display.sync()
+    program = scene.go_to("menu")
+    looks = []
+    over = Event()
+
+    def watch():
+        middle = Box(780, 160, 40, 880)
+        while not over.wait(0.005):
+            looks.append(bool((program.screen.pixels(middle) == magenta).all(2).any()))
+    watcher = Thread(target=watch)
+    watcher.start()
+    game = ReadersGame(program)
+    game.choose(scene.list)
+    game.play(wrong=[2])
+    program.press("Playlist editor")
+    program.press("Edit Title/Artist")
+    program.answer("No songs in list")
+    program.press("Exit Editor")
+    program.ready("One player")
+    over.set()
+    watcher.join()
+    windows = [window for window in root.query_tree().children
+               if window.get_attributes().map_state == hand.X.IsViewable]
+    assert len(windows) == 1, f"{len(windows)} windows are open"
+    assert not any(looks), f"bare in {sum(looks)} of {len(looks)} looks"
+
+
+@case
+def wayland_is_as_good(scene):
+    scene.stage.start_compositor()
+    program = scene.start()
+    game = ReadersGame(program, players=2)
+    game.choose(scene.list)
+    game.play(wrong=[2])
+    program.press("Playlist editor")
+    program.press("Edit Title/Artist")
+    program.answer("No songs in list")
+    program.press("Load PlayList")
+    program.choose_file("Load Playlist", scene.list)
+    program.press("Für Elise", "table cell")
+    program.ready("Song Title", "text")
+    hand.key("F11")
+    program.wait("the full screen", lambda: program.find("Songs", "table").get_extents(
+        Atspi.CoordType.SCREEN).width > 1200)
+    hand.key("Escape")
+    program.gone("Song Title", "text")
     hand.key("Escape")
     program.ended()
 

@@ -109,9 +109,9 @@ class Reader:
     def gone(self, name, role="push button"):
         self.wait(f"the end of the {role} {name!r}", lambda: not self.seen(name, role))
 
-    def press(self, name):
+    def press(self, name, role="push button"):
         """As a screen reader does."""
-        button = self.find(name)
+        button = self.find(name, role)
         actions = [button.get_action_name(i) for i in range(button.get_n_actions())]
         assert button.do_action(actions.index("Press")), f"{name} cannot be pressed"
 

@@ -4,6 +4,7 @@ import os
 import signal
 import subprocess
 import sys
+import time
 from contextlib import ExitStack
 from pathlib import Path
 from tempfile import TemporaryDirectory
@@ -52,3 +53,22 @@ class Stage(ExitStack):
         self.callback(server.terminate)
         with open(reader, encoding="ascii") as ready:
             return ready.readline().strip()
+
+    def start_compositor(self):
+        """Programs that start later run under Wayland, in a window that fills the display."""
+        socket = self.folder / "runtime/wayland-test"
+        compositor = subprocess.Popen(
+            ["weston", "--backend=x11-backend.so", f"--socket={socket.name}", "--no-config",
+             "--idle-time=0", f"--width={self.screen.box.width}",
+             f"--height={self.screen.box.height}"],
+            stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        self.callback(compositor.wait)
+        self.callback(compositor.terminate)
+        end = time.monotonic() + 30
+        while not socket.exists():
+            assert time.monotonic() < end and compositor.poll() is None, "no compositor comes up"
+            time.sleep(0.02)
+        # What the libraries of Wayland leave behind cannot be told from leaks of the program, since
+        # they are unloaded before the end; it is looked for under X11.
+        os.environ.update(WAYLAND_DISPLAY=socket.name, QT_QPA_PLATFORM="wayland",
+                          ASAN_OPTIONS="detect_leaks=0")
