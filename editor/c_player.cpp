@@ -6,7 +6,6 @@
 #include "platform/Wait.h"
 #include "toolkit/Mous.h"
 
-#include <QKeyEvent>
 #include <QMouseEvent>
 
 using namespace toolkit;
@@ -14,12 +13,6 @@ using namespace toolkit;
 namespace {
 
 constexpr double kLeap = 5; // seconds
-
-bool IsPressKey(const QEvent& event) {
-    const auto& key = static_cast<const QKeyEvent&>(event);
-    return !key.isAutoRepeat() && (key.key() == Qt::Key_Space || key.key() == Qt::Key_Return ||
-                                   key.key() == Qt::Key_Enter);
-}
 
 } // namespace
 
@@ -40,6 +33,8 @@ c_player::c_player() {
             HoldFF(Hold::Mouse);
     });
     connect(mForm.pFF, &PictureBox::MouseUp, this, [this] { HoldFF(Hold::None); });
+    connect(mForm.pFF, &PictureBox::KeyDown, this, [this] { HoldFF(Hold::Key); });
+    connect(mForm.pFF, &PictureBox::KeyUp, this, [this] { HoldFF(Hold::None); });
     // A screen reader cannot hold a button down.
     connect(&bFF, &c_SurfButton::Clicked, this, [this] {
         if (mHold == Hold::None)
@@ -102,14 +97,6 @@ void c_player::bX_Clicked() {
 
 bool c_player::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
-    case QEvent::KeyPress:
-        if (IsPressKey(*event))
-            HoldFF(Hold::Key);
-        break;
-    case QEvent::KeyRelease:
-        if (IsPressKey(*event))
-            HoldFF(Hold::None);
-        break;
     case QEvent::MouseMove: // the release may have gone to another program
         if (mHold == Hold::Mouse && static_cast<QMouseEvent*>(event)->buttons() == Qt::NoButton)
             HoldFF(Hold::None);

@@ -223,7 +223,14 @@ void c_gMulti::bPlay_Clicked() {
     Audio().Play();
 }
 
+void c_gMulti::Answer(int choice) {
+    if (mAnswer == 0)
+        mAnswer = choice;
+}
+
 void c_gMulti::bHint_Clicked() {
+    if (mAnswer != 0)
+        return;
     platform::Randomize(platform::SecondsSinceMidnight());
     Board().pHint->hide();
     for (const int slot : game::DrawHint(mCorrectSlot))

@@ -47,10 +47,10 @@ public:
     /// Read after `Run`: whether the player wants to leave the program.
     bool ExitProgram() const { return mQuit; }
 
-    void bChoice1_Clicked() { mAnswer = 1; }
-    void bChoice2_Clicked() { mAnswer = 2; }
-    void bChoice3_Clicked() { mAnswer = 3; }
-    void bChoice4_Clicked() { mAnswer = 4; }
+    void bChoice1_Clicked() { Answer(1); }
+    void bChoice2_Clicked() { Answer(2); }
+    void bChoice3_Clicked() { Answer(3); }
+    void bChoice4_Clicked() { Answer(4); }
     void bCont_Clicked() { mAnswer = kContinue; }
     void bPlay_Clicked();
     void bHint_Clicked();
@@ -86,6 +86,8 @@ private:
     static constexpr int kContinue = 99;
 
     void CreateButtons();
+    /// Takes the answer to a question; the first one counts.
+    void Answer(int choice);
     bool LoadPlaylist();
     bool PlayRounds();
     bool FirstQuestion() const { return mRound == 1 && mPlayer == 1; }

@@ -2,10 +2,10 @@
 
 #include "audio/Output.h"
 #include "audio/c_XAudio.h"
+#include "platform/Keyboard.h"
 #include "platform/Time.h"
 #include "toolkit/Drawing.h"
 #include "toolkit/FittedText.h"
-#include "toolkit/LastInput.h"
 
 #include <QKeyEvent>
 #include <cmath>
@@ -17,6 +17,14 @@ namespace {
 constexpr int kCenter = 400;
 constexpr int kMargin = 10;
 const QString kTime = QStringLiteral("TIME:");
+
+/// 0 for a key without a digit.
+int DigitOf(const QKeyEvent& event) {
+    if (event.key() >= Qt::Key_0 && event.key() <= Qt::Key_9)
+        return event.key() - Qt::Key_0;
+    const bool command = event.modifiers().testAnyFlags(Qt::ControlModifier | Qt::AltModifier);
+    return command ? 0 : platform::DigitOnKey(event.nativeScanCode());
+}
 
 QString ClockText(float seconds) {
     return QString::asprintf("%s%05.2f", seconds < 0 ? "-" : "",
@@ -167,10 +175,9 @@ void f_Multi::AnnounceChoices() {
 }
 
 void f_Multi::keyPressEvent(QKeyEvent* event) {
-    if (IsRepeat(*event))
-        return;
-    if (event->key() >= Qt::Key_1 && event->key() <= Qt::Key_4)
-        ChoiceBoxes()[static_cast<std::size_t>(event->key() - Qt::Key_1)]->Activate();
+    const int digit = DigitOf(*event);
+    if (digit >= 1 && digit <= 4)
+        ChoiceBoxes()[static_cast<std::size_t>(digit - 1)]->Activate();
     else if (event->key() == Qt::Key_H)
         pHint->Activate();
     else

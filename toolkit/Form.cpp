@@ -2,8 +2,8 @@
 
 #include "toolkit/Drawing.h"
 #include "toolkit/FittedText.h"
-#include "toolkit/LastInput.h"
 #include "toolkit/Mous.h"
+#include "toolkit/Presses.h"
 #include "toolkit/Stage.h"
 
 #include <QAccessible>
@@ -79,7 +79,7 @@ Form::Form(const QString& name, const QSize& size)
     setMouseTracking(true);
     hide(); // until it is wanted, though the stage may be shown
     mAnnouncer = new Announcer(this);
-    WatchInput();
+    WatchPresses();
 }
 
 Form::~Form() { Stage::Get().Forms().Leave(*this); }
@@ -157,10 +157,7 @@ void Form::HandFocusOn() {
     // Players who use the mouse are left alone.
     if (!nowhere || LastInput() == Input::Mouse)
         return;
-    QWidget* first = FirstControl();
-    if (auto* box = qobject_cast<PictureBox*>(first))
-        box->TakeFocusOver();
-    else if (first != nullptr)
+    if (QWidget* first = FirstControl())
         first->setFocus();
 }
 

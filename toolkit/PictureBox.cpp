@@ -1,12 +1,11 @@
 #include "toolkit/PictureBox.h"
 
-#include "toolkit/LastInput.h"
 #include "toolkit/Palette.h"
+#include "toolkit/Presses.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -16,8 +15,6 @@
 namespace toolkit {
 
 namespace {
-
-QElapsedTimer gSincePress; // by a key, of any box
 
 /// Presents a box to screen readers as a button that they can press, or else as what it shows.
 class AccessibleBox : public QAccessibleWidget {
@@ -96,8 +93,7 @@ bool PictureBox::TakesInput() const {
 }
 
 void PictureBox::setVisible(bool visible) {
-    // Otherwise Qt would move the focus to the next button, which a second press of the key that
-    // hid this one would then press.
+    // Otherwise Qt would move the focus to the next button; who has it next is the form's choice.
     if (!visible && hasFocus())
         parentWidget()->setFocus();
     QWidget::setVisible(visible);
@@ -166,18 +162,10 @@ void PictureBox::TellPointer() {
 void PictureBox::keyPressEvent(QKeyEvent* event) {
     const bool presses = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter ||
                          event->key() == Qt::Key_Space;
-    const bool repeats = IsRepeat(*event);
-    if (repeats)
-        mLettingGo.stop();
-    if (!mButton || !presses || repeats) {
+    if (!mButton || !presses) {
         event->ignore();
         return;
     }
-    constexpr qint64 kDoublePress = 300; // milliseconds
-    const bool second = gSincePress.isValid() && gSincePress.elapsed() < kDoublePress;
-    if (mTakenOver && second)
-        return;
-    gSincePress.start();
     HoldKey(event->key());
     Activate();
 }
@@ -186,33 +174,22 @@ void PictureBox::HoldKey(int key) {
     if (!TakesInput())
         return;
     mHeldKey = key;
-    mLettingGo.stop();
     Q_EMIT KeyDown();
     repaint(); // now, because what `Activated` does may take a while
 }
 
 void PictureBox::keyReleaseEvent(QKeyEvent* event) {
-    constexpr int kRepeatsWithin =
-        30; // milliseconds; the release and press of a repeat arrive together
-    if (event->key() == mHeldKey && !event->isAutoRepeat())
-        mLettingGo.start(kRepeatsWithin, this);
+    if (event->key() == mHeldKey)
+        LetKeyGo();
     else
         event->ignore();
 }
 
-void PictureBox::timerEvent(QTimerEvent*) { LetKeyGo(); }
-
 void PictureBox::LetKeyGo() {
-    mLettingGo.stop();
     if (std::exchange(mHeldKey, 0) == 0)
         return;
     Q_EMIT KeyUp();
     TellPointer();
-}
-
-void PictureBox::TakeFocusOver() {
-    mTakenOver = true;
-    setFocus();
 }
 
 bool PictureBox::ShowFocus() {
@@ -230,7 +207,7 @@ void PictureBox::focusInEvent(QFocusEvent*) {
 }
 
 void PictureBox::focusOutEvent(QFocusEvent*) {
-    mFocusShown = mTakenOver = false;
+    mFocusShown = false;
     LetKeyGo();
     update();
 }

@@ -4,7 +4,6 @@
 #include "toolkit/Canvas.h"
 #include "toolkit/Place.h"
 
-#include <QBasicTimer>
 #include <QPointF>
 #include <QWidget>
 #include <functional>
@@ -52,10 +51,6 @@ public:
     void SetInterface(std::function<QAccessibleInterface*()> make) { mInterface = std::move(make); }
     QAccessibleInterface* NewInterface() override;
 
-    /// Takes the keyboard focus of a box that was hidden. The second press of a double press then
-    /// does not count for this one.
-    void TakeFocusOver();
-
     /// Frames the box if it has the focus but no frame yet; true if it did.
     bool ShowFocus();
 
@@ -93,7 +88,6 @@ protected:
     void keyReleaseEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
-    void timerEvent(QTimerEvent* event) override;
 
 private:
     QRectF FocusFrame() const;
@@ -105,9 +99,7 @@ private:
     bool mButton = false;
     double mFocusRadius = 0;
     bool mFocusShown = false;
-    bool mTakenOver = false;
     int mHeldKey = 0;
-    QBasicTimer mLettingGo;          // of that key, unless a repeat follows
     std::optional<QPointF> mPointer; // while it is in the box
     QString mText;
     std::function<QAccessibleInterface*()> mInterface;

@@ -1,6 +1,5 @@
 // Mouse and keyboard input of a picture list.
 
-#include "toolkit/LastInput.h"
 #include "toolkit/c_PicListState.h"
 
 #include <QGuiApplication>
@@ -76,12 +75,11 @@ bool c_PicList::Key(const QKeyEvent& event) {
     }
     switch (event.key()) {
     case Qt::Key_Delete:
-        if (!IsRepeat(event))
-            Q_EMIT RemoveWanted();
+        Q_EMIT RemoveWanted();
         return true;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        if (mState->selected >= 0 && !IsRepeat(event))
+        if (mState->selected >= 0)
             Q_EMIT LineDoubleClicked(mState->selected);
         return true;
     case Qt::Key_Left:

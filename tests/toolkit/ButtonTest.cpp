@@ -1,11 +1,10 @@
-#include "tests/OnStage.h"
+#include "tests/Fingers.h"
 #include "tests/toolkit/Pictures.h"
 #include "toolkit/Form.h"
 #include "toolkit/c_PicButton.h"
 #include "toolkit/c_SurfButton.h"
 
 #include <QApplication>
-#include <QKeyEvent>
 #include <QMap>
 #include <QPainter>
 #include <QSignalSpy>
@@ -75,22 +74,19 @@ protected:
 
     void DoWithKeys(const QString& step) {
         if (step == "key") {
-            mBox.clearFocus(); // forgets that it took the keys over when it was shown again
             mBox.setFocus();
+            mFingers.mTime += 1000;
         }
         if (step == "again") // as a repeat comes on some systems
-            SendKey(QEvent::KeyRelease);
-        SendKey(step == "up" ? QEvent::KeyRelease : QEvent::KeyPress, step == "repeat");
-        mTime += 40;
+            mFingers.Up(mKey);
+        if (step == "up")
+            mFingers.Up(mKey);
+        else
+            mFingers.Down(mKey, step == "repeat");
+        mFingers.mTime += 40;
         if (step == "again")
             QTest::qWait(40); // longer than a repeat is waited for
         EXPECT_TRUE(step != "up" || QTest::qWaitFor([this] { return Look() != u'2'; }));
-    }
-
-    void SendKey(QEvent::Type type, bool repeats = false) {
-        QKeyEvent event(type, mKey, Qt::NoModifier, QString(), repeats);
-        event.setTimestamp(mTime);
-        QApplication::sendEvent(mForm.focusWidget() ? mForm.focusWidget() : &mForm, &event);
     }
 
     /// The button by each of the keys that press it.
@@ -110,7 +106,7 @@ protected:
     Qt::MouseButton mMouse = Qt::LeftButton;
     QPoint mPointer;
     int mKey = 0;
-    quint64 mTime = 1;
+    Fingers mFingers;
     AtRatio mRatio{GetParam()};
     Form mForm{QStringLiteral("f_Test"), QSize(200, 100)};
     PictureBox mBox{&mForm, QStringLiteral("pTest"), kFrame};

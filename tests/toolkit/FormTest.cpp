@@ -9,7 +9,6 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QCursor>
-#include <QKeyEvent>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
@@ -81,8 +80,6 @@ TEST_F(Forms, PressTheFocusedButtonOnceAKeyUntilItHides) {
     mBoxes[1]->setFocus();
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space, Qt::Key_A})
         Key(key);
-    QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QString(), true);
-    QApplication::sendEvent(mBoxes[1], &repeated);
     EXPECT_EQ(mClicks[1]->size(), 3);
     mBoxes[1]->hide();
     EXPECT_TRUE(mForm.hasFocus());

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QtGlobal>
+
+namespace platform {
+
+/// The digit 1 to 9 printed on the key with a native scan code, in the upper row or on the keypad,
+/// even where the layout gives a digit only with Shift or Num Lock. 0 if there is none, or where
+/// the system does not tell.
+int DigitOnKey(quint32 nativeScanCode);
+
+} // namespace platform

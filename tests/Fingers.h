@@ -1,0 +1,37 @@
+#pragma once
+
+#include "tests/OnStage.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+/// Presses keys and buttons of the mouse on the stage's window, at times that a test chooses.
+struct Fingers {
+    void Down(int key, bool repeats = false) { Key(QEvent::KeyPress, key, repeats); }
+    void Up(int key) { Key(QEvent::KeyRelease, key, false); }
+    void Press(Qt::MouseButton button) { Mouse(QEvent::MouseButtonPress, button, button); }
+    void Release(Qt::MouseButton button) {
+        Mouse(QEvent::MouseButtonRelease, button, Qt::NoButton);
+    }
+
+    static inline quint64 mTime = 1'000'000; // milliseconds
+    QPoint mAt;                              // of the window
+    Qt::KeyboardModifiers mWith;
+    quint32 mScanCode = 0;
+
+private:
+    void Key(QEvent::Type type, int key, bool repeats) {
+        const QString text = key < Qt::Key_Escape ? QString(QChar(key)) : QString();
+        QKeyEvent event(type, key, mWith, mScanCode, 0, 0, text, repeats);
+        Send(event);
+    }
+    void Mouse(QEvent::Type type, Qt::MouseButton button, Qt::MouseButtons held) {
+        QMouseEvent event(type, mAt, StageWindow()->mapToGlobal(mAt), button, held, mWith);
+        Send(event);
+    }
+    void Send(QInputEvent& event) {
+        event.setTimestamp(mTime);
+        QCoreApplication::sendEvent(StageWindow(), &event);
+    }
+};

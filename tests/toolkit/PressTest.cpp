@@ -1,0 +1,157 @@
+#include "tests/Fingers.h"
+#include "toolkit/Form.h"
+#include "toolkit/c_PicButton.h"
+
+#include <QLineEdit>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace toolkit;
+
+/// A form with a button "Go" in whose place, once it was pressed, "Next" stands; another one that
+/// stays; and a prompt that comes up when "Next" is pressed.
+class Presses : public testing::Test {
+protected:
+    Presses() {
+        for (auto& [button, box, name, left] : mButtons) {
+            box = new PictureBox(&mForm, name, QSize(50, 20));
+            box->MoveTo(left, 10);
+            button.Create(box, name);
+            QObject::connect(&button, &c_PicButton::Clicked, &mForm, [this, name = name] {
+                mPressed << name;
+                if (name == "Go")
+                    Advance();
+                if (name == "Next")
+                    mPrompt.ShowInPlace();
+            });
+        }
+        Put(mText, QRect(10, 10, 80, 20));
+        QObject::connect(&mText, &QLineEdit::returnPressed, &mForm, [this] { mPressed << "Name"; });
+    }
+
+    void Advance() {
+        mButtons[0].box->hide();
+        mButtons[1].box->show();
+        mButtons[1].box->setFocus();
+    }
+
+    void Begin() {
+        mPrompt.hide();
+        mForm.ShowInPlace();
+        mButtons[1].box->hide();
+        mButtons[0].box->show();
+        mButtons[0].box->setFocus();
+        mText.clear();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&Stage::Get()));
+        mFingers.mAt = OnStage(mForm, QPoint(20, 20));
+        mFingers.mTime += 10000;
+        mPressed.clear();
+    }
+
+    /// Does the steps, as in "+L 90 -L": a time in milliseconds passes, "+" presses and "-"
+    /// releases what follows, "*" repeats it as the system may tell; "x" is the change itself, and
+    /// ">" takes the pointer to the button that stays.
+    void Do(const QString& steps) {
+        for (const QString& step : steps.split(u' ')) {
+            const QChar act = step.front();
+            const QString what = step.mid(1);
+            if (act.isDigit())
+                mFingers.mTime += step.toULongLong();
+            else if (act == u'x')
+                Advance();
+            else if (act == u'>')
+                mFingers.mAt = OnStage(mForm, QPoint(120, 20));
+            else if (what == "L" || what == "R")
+                Button(act, what == "L" ? Qt::LeftButton : Qt::RightButton);
+            else
+                Key(act, what);
+            QCoreApplication::processEvents();
+        }
+    }
+
+    void Button(QChar act, Qt::MouseButton button) {
+        act == u'+' ? mFingers.Press(button) : mFingers.Release(button);
+    }
+
+    void Key(QChar act, const QString& name) {
+        const QKeyCombination keys = QKeySequence(name)[0];
+        mFingers.mWith = keys.keyboardModifiers();
+        act == u'-' ? mFingers.Up(keys.key()) : mFingers.Down(keys.key(), act == u'*');
+    }
+
+    struct Named {
+        c_PicButton button;
+        PictureBox* box;
+        QString name;
+        int left;
+    };
+
+    Form mForm{QStringLiteral("f_Test"), QSize(200, 100)};
+    Form mPrompt{QStringLiteral("f_Prompt"), QSize(100, 50)};
+    QLineEdit mText{&mPrompt};
+    Named mButtons[3] = {{{}, {}, "Go", 10}, {{}, {}, "Next", 10}, {{}, {}, "Stay", 100}};
+    QStringList mPressed;
+    Fingers mFingers;
+};
+
+TEST_F(Presses, CountForWhatWasShownWhenTheyBegan) {
+    const struct {
+        const char* steps;
+        const char* pressed;
+    } cases[] = {
+        {"+L 5 -L 100 +L 5 -L", "Go"},
+        {"+R 5 -R 350 +R 5 -R", "Go"},
+        {"+L 5 -L 300 +L 5 -L 300 +L 5 -L", "Go"},
+        {"+L 5 -L 700 +L 5 -L", "Go Next"},
+        {"+L 5 -L 100 +R 5 -R", "Go Next"},
+        {"+L x 5 -L", ""},
+        {"+L > 5 -L", "Go"},
+        {"> +L 5 -L 100 +L 5 -L", "Stay Stay"},
+        {"+Return 5 -Return 100 +Return 5 -Return", "Go"},
+        {"+Space 5 -Space 350 +Space 5 -Space", "Go"},
+        {"+Return 5 -Return 700 +Return 5 -Return", "Go Next"},
+        {"+Return 5 -Return 700 +Return 5 -Return 100 +Return 5 -Return", "Go Next"},
+        {"+Return 5 -Return 700 +Return 5 -Return 700 +Return 5 -Return", "Go Next Name"},
+        // Held, as Qt tells it and as X does.
+        {"+Return 600 *Return 40 *Return 40 -Return", "Go"},
+        {"+Return 600 -Return +Return 40 -Return +Return 40 -Return", "Go"},
+        {"+Return 600 *Return 40 -Return 700 +Return 700 *Return", "Go Next"},
+        {"x +Return 5 -Return 700 +Return 700 *Return 40 *Return", "Next Name"},
+        {"+Alt+Return -Alt+Return", ""},
+        {"+Ctrl+Space -Ctrl+Space", ""},
+        {"+Meta+Return -Meta+Return", ""},
+    };
+    for (const auto& [steps, pressed] : cases) {
+        Begin();
+        Do(steps);
+        EXPECT_EQ(mPressed.join(u' ').toStdString(), pressed) << steps;
+    }
+}
+
+TEST_F(Presses, OfAHeldKeyMoveAndType) {
+    const struct {
+        const char* steps;
+        const char* text;
+    } cases[] = {
+        {"+A *A -A +A", "AAA"},
+        {"+A *A *A -A +Backspace *Backspace", "A"},
+        {"+A -A +B -B +Left *Left -Left +Del *Del -Del +C", "C"},
+        {"+A -A 5 +Ctrl+A -Ctrl+A +B", "B"},
+    };
+    for (const auto& [steps, text] : cases) {
+        Begin();
+        mPrompt.ShowInPlace();
+        Do(steps);
+        EXPECT_EQ(mText.text().toStdString(), text) << steps;
+    }
+    // But not what was pressed elsewhere.
+    Begin();
+    Do("+A 600");
+    mPrompt.ShowInPlace();
+    Do("*A -A +B");
+    EXPECT_EQ(mText.text(), "B");
+}
+
+} // namespace

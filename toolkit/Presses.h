@@ -1,0 +1,20 @@
+#pragma once
+
+namespace toolkit {
+
+/// What the player used last, in any window of the program.
+enum class Input { None, Mouse, Keys };
+
+Input LastInput();
+
+/// From now on, whatever control has the focus or lies under the pointer, and whatever the system
+/// sends:
+/// - The second of two presses of one key or button within the time of a double click is left out,
+///   with its release, when a form, a picture box or a dialog was shown or hidden in between.
+/// - A key that is held down moves and types as it repeats, but presses nothing more, and does
+///   nothing at all once what is shown has changed. It is released once.
+/// - A key presses nothing together with Ctrl, Alt or Meta, except as a shortcut.
+/// To be called before `LastInput`; further calls do nothing.
+void WatchPresses();
+
+} // namespace toolkit
