@@ -33,7 +33,10 @@ protected:
         EXPECT_TRUE(QTest::qWaitForWindowActive(&Stage::Get()));
     }
 
-    void Key(Qt::Key key) { QTest::keyClick(StageWindow(), key); }
+    void Key(Qt::Key key) {
+        QTest::qWait(2); // at the same millisecond it would be a repeat
+        QTest::keyClick(StageWindow(), key);
+    }
 
     Form mForm{QStringLiteral("f_Test"), QSize(200, 100)};
     PictureBox* mBoxes[3];
