@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QBasicTimer>
 #include <QDialog>
+#include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
@@ -22,9 +23,9 @@ namespace {
 
 Input gLast = Input::None;
 
-/// A key or a button of the mouse.
+/// A key or a button of the mouse. Each press of a key comes twice, for a shortcut first.
 struct Source {
-    QEvent::Type press; // tells keys from buttons
+    QEvent::Type press;
     quint64 number;
     auto operator<=>(const Source&) const = default;
 };
@@ -33,11 +34,16 @@ Source SourceOf(const QKeyEvent& event) {
     // With Shift, one key may be pressed as "1" and released as "!".
     const quint32 place = event.nativeScanCode();
     const auto key = static_cast<quint64>(event.key());
-    return {QEvent::KeyPress, place != 0 ? quint64{place} << 32 : key};
+    const bool release = event.type() == QEvent::KeyRelease;
+    return {release ? QEvent::KeyPress : event.type(), place != 0 ? quint64{place} << 32 : key};
 }
 
 Source SourceOf(const QMouseEvent& event) {
     return {QEvent::MouseButtonPress, static_cast<quint64>(event.button())};
+}
+
+bool SameKey(const QKeyEvent& one, const QKeyEvent& other) {
+    return SourceOf(one).number == SourceOf(other).number;
 }
 
 /// Whether what is typed there has its repeats: letters, and Backspace.
@@ -87,7 +93,7 @@ bool ChangesWhatIsShown(const QObject& object, const QEvent& event) {
 /// Sees every event before it reaches a window, and what is shown and hidden.
 class Watch : public QObject {
 public:
-    using QObject::QObject;
+    explicit Watch(QObject* parent) : QObject(parent) { mClock.start(); }
 
     bool eventFilter(QObject* object, QEvent* event) override {
         if (event->type() == QEvent::KeyPress)
@@ -102,9 +108,7 @@ public:
 
 private:
     struct Press {
-        bool held = false;
         bool counts = true;
-        bool repeats = false;
         quint64 time = 0; // milliseconds, by the system's clock
         int changes = 0;  // of what is shown, before it
     };
@@ -112,11 +116,11 @@ private:
     bool LeavesOut(QWindow& window, QEvent& event) {
         switch (event.type()) {
         case QEvent::MouseButtonPress:
+            return !Counts(static_cast<QMouseEvent&>(event), false);
         case QEvent::MouseButtonDblClick: // follows the press
-            return !Note(static_cast<QMouseEvent&>(event), false).counts;
         case QEvent::MouseButtonRelease:
-            return !Release(SourceOf(static_cast<QMouseEvent&>(event)));
-        case QEvent::ShortcutOverride: // precedes the press
+            return !mPresses[SourceOf(static_cast<QMouseEvent&>(event))].counts;
+        case QEvent::ShortcutOverride:
         case QEvent::KeyPress:
             return LeavesOutKey(static_cast<QKeyEvent&>(event));
         case QEvent::KeyRelease:
@@ -127,50 +131,39 @@ private:
     }
 
     bool LeavesOutKey(QKeyEvent& event) {
-        const Press& press = Note(event, Repeats(event));
         const bool shortcut = event.type() == QEvent::ShortcutOverride;
-        const bool idle = press.repeats || (IsCommand(event) && !shortcut);
-        if (press.counts && !(idle && IsPress(event)))
+        const bool repeats = event.isAutoRepeat() || IsReleased(event);
+        if (!shortcut && mRelease && SameKey(*mRelease, event))
+            repeats ? ForgetRelease() : PassRelease();
+        const bool idle = repeats || (IsCommand(event) && !shortcut);
+        if (Counts(event, repeats) && !(idle && IsPress(event)))
             return false;
         event.accept(); // so that no shortcut is looked for
         return true;
     }
 
-    /// What is to be known of a press; of one press there may be two events.
-    template <typename Event> const Press& Note(const Event& event, bool repeats) {
-        const auto [entry, isFirst] = mPresses.try_emplace(SourceOf(event));
-        Press& press = entry->second;
-        if (press.held && press.time == event.timestamp())
-            return press;
+    /// Whether the press belongs to what is shown, rather than to what was shown before.
+    template <typename Event> bool Counts(const Event& event, bool repeats) {
+        // Qt gives keys no time while a screen reader listens to them.
+        const quint64 time = event.timestamp() != 0 ? event.timestamp() : Now();
         const auto interval =
             static_cast<quint64>(QGuiApplication::styleHints()->mouseDoubleClickInterval());
-        const bool soon = repeats || (!isFirst && event.timestamp() - press.time < interval);
-        press.counts = press.changes == mChanges || !soon;
+        const auto [entry, isFirst] = mPresses.try_emplace(SourceOf(event));
+        Press& press = entry->second;
+        const bool goesOn = repeats || (!isFirst && time - press.time < interval);
+        press.counts = press.changes == mChanges || !goesOn;
         if (press.counts)
             press.changes = mChanges;
-        press.repeats = repeats;
-        press.held = true;
-        press.time = event.timestamp();
-        return press;
-    }
-
-    /// Whether the press counted.
-    bool Release(Source source) {
-        Press& press = mPresses[source];
-        press.held = false;
+        press.time = time;
         return press.counts;
     }
 
-    bool Repeats(const QKeyEvent& event) {
-        // X reports a repeating key as released and pressed at the same time, and Qt recognises
-        // that only if both events have arrived when it looks.
-        const bool sameKey = mRelease && SourceOf(*mRelease) == SourceOf(event);
-        const bool again = sameKey && mRelease->timestamp() == event.timestamp();
-        if (again)
-            ForgetRelease();
-        else if (sameKey)
-            PassRelease();
-        return again || event.isAutoRepeat();
+    quint64 Now() const { return static_cast<quint64>(mClock.elapsed()); }
+
+    /// Whether the key was released at the time of this press: so X tells that a key repeats. Qt
+    /// recognises that only if both events have arrived when it looks.
+    bool IsReleased(const QKeyEvent& press) const {
+        return mRelease && SameKey(*mRelease, press) && mRelease->timestamp() == press.timestamp();
     }
 
     /// Keeps a release until it is sure that the key does not just repeat.
@@ -190,7 +183,7 @@ private:
     void PassRelease() {
         mTimer.stop();
         const std::unique_ptr<QKeyEvent> release = std::move(mRelease);
-        if (!release || !Release(SourceOf(*release)) || !mWindow)
+        if (!release || !mPresses[SourceOf(*release)].counts || !mWindow)
             return;
         mReleasing = release.get();
         QCoreApplication::sendEvent(mWindow, release.get());
@@ -202,7 +195,8 @@ private:
         mRelease.reset();
     }
 
-    std::map<Source, Press> mPresses;
+    QElapsedTimer mClock;
+    std::map<Source, Press> mPresses;    // the last ones
     int mChanges = 0;                    // of what is shown
     std::unique_ptr<QKeyEvent> mRelease; // held back
     QPointer<QWindow> mWindow;           // that it is for
