@@ -15,7 +15,7 @@ struct Fingers {
         Mouse(QEvent::MouseButtonRelease, button, Qt::NoButton);
     }
 
-    static inline quint64 mTime = 1'000'000; // milliseconds
+    inline static quint64 mTime = 1'000'000; // milliseconds
     QPoint mAt;                              // of the window
     Qt::KeyboardModifiers mWith;
     quint32 mScanCode = 0;

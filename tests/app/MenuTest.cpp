@@ -1,9 +1,9 @@
 #include "app/c_Menu.h"
 #include "app/f_Menu.h"
 #include "platform/Wait.h"
+#include "tests/OnStage.h"
 #include "tests/Robot.h"
 #include "tests/SongFolder.h"
-#include "toolkit/Stage.h"
 
 #include <QComboBox>
 #include <QSignalSpy>
@@ -37,6 +37,17 @@ TEST_F(MenuTest, AWayBackLeadsToOnePlayer) {
     Choose({form.pMulti, form.pChoice3, form.pSingle, form.pChoice2});
     EXPECT_EQ(mMode, "Betting");
     EXPECT_EQ(mCode, 1);
+}
+
+TEST_F(MenuTest, ADoubleClickOnOnePlayerChoosesNoGame) {
+    Robot robot([this] {
+        if (form.pChoice3->isVisible())
+            ClickOn(form.pX);
+        else if (form.pSingle->isVisible())
+            QTest::mouseDClick(StageWindow(), Qt::LeftButton, {},
+                               OnStage(form, form.pSingle->Place().center()));
+    });
+    EXPECT_EQ(c_Menu(form).Choose(), "Exit");
 }
 
 TEST_F(MenuTest, OnlyListedNumbersOfPlayersCanBeChosen) {

@@ -6,6 +6,7 @@
 #include "game/f_Multi.h"
 #include "platform/Time.h"
 #include "platform/Wait.h"
+#include "tests/Fingers.h"
 #include "tests/Robot.h"
 #include "tests/SongFolder.h"
 
@@ -129,6 +130,110 @@ TEST_F(GameTest, AnswersAreScoredByTheClockAndTheBestScoreIsKept) {
     EXPECT_EQ(Table("H1.dat").Score(0), QString::number(6 * 7500));
     game.reset();
     EXPECT_EQ(MarksInFile(), 6);
+}
+
+TEST_F(GameTest, PressesThatComeTwiceOrLastLeaveTheNextScreenAlone) {
+    StopTime();
+    auto game = NewGame<c_gBet>(1);
+    Fingers fingers;
+    const auto doubleClick = [this](toolkit::PictureBox* box) {
+        const QPoint at = OnStage(board, box->Place().center());
+        QTest::mouseDClick(StageWindow(), Qt::LeftButton, {}, at);
+    };
+    std::vector<std::function<void()>> steps; // each with a look of the program in between
+    const auto down = [&fingers](bool repeats) {
+        return [&fingers, repeats] { fingers.Down(Qt::Key_Return, repeats); };
+    };
+    const auto up = [&fingers] {
+        fingers.Up(Qt::Key_Return);
+        fingers.mTime += 100;
+    };
+    const auto hold = [&] {
+        fingers.mTime += 1000; // since the last one
+        steps = {up, down(false), up, down(true), down(true), down(false)};
+    };
+    QStringList seen;
+    Robot robot([&] {
+        if (!steps.empty()) {
+            const auto step = steps.back();
+            steps.pop_back();
+            return step();
+        }
+        const bool bets = BetsNow() && board.PChoice1->isVisible();
+        seen << (bets                       ? "bet"
+                 : board.pPlay->isVisible() ? "Play"
+                 : board.pCont->isVisible() ? "result"
+                 : Choice(true) != nullptr  ? "choice"
+                 : name.isVisible()         ? "name"
+                 : scores.isVisible()       ? "scores"
+                                            : "");
+        if (bets)
+            doubleClick(board.pChoice2);
+        else if (board.pPlay->isVisible())
+            doubleClick(board.pPlay);
+        else if (Choice(true) != nullptr)
+            Choice(true)->setFocus(), hold();
+        else if (board.pCont->isVisible() || scores.isVisible())
+            hold();
+        else if (name.isVisible())
+            QTest::keyClicks(name.Text1, "Ann"), hold();
+    });
+    game->Run();
+    seen.removeAll("");
+    QStringList expected;
+    for (int round = 0; round < 6; ++round)
+        expected << "bet"
+                 << "Play"
+                 << "choice"
+                 << "result";
+    EXPECT_EQ(seen, expected + QStringList({"scores", "name", "scores"}));
+    EXPECT_EQ(Table("H2.dat").Name(0), "Ann");
+}
+
+TEST_F(GameTest, TheFirstKeyAnswersAndNothingElseOfTheQuestionCounts) {
+    StopTime();
+    auto game = NewGame<c_gMulti>(1);
+    const struct {
+        const char* what;
+        Qt::KeyboardModifiers with;
+        std::array<int, 4> keys;
+        std::array<quint32, 4> scanCodes;
+    } keyboards[] = {
+        {"digits", {}, {'1', '2', '3', '4'}, {10, 11, 12, 13}},
+        {"no scan codes", {}, {'1', '2', '3', '4'}, {}},
+        {"French", {}, {'&', 0xc9, '"', '\''}, {10, 11, 12, 13}},
+        {"keypad", Qt::KeypadModifier, {'1', '2', '3', '4'}, {87, 88, 89, 83}},
+        {"keypad without Num Lock",
+         Qt::KeypadModifier,
+         {Qt::Key_End, Qt::Key_Down, Qt::Key_PageDown, Qt::Key_Left},
+         {87, 88, 89, 83}},
+        {"Programmer Dvorak", Qt::ShiftModifier, {'1', '2', '3', '4'}, {13, 14, 12, 15}},
+    };
+    const auto* keyboard = std::begin(keyboards);
+    Robot robot([&] {
+        if (GoOn() || Choice(true) == nullptr)
+            return;
+        const auto boxes = board.ChoiceBoxes();
+        const auto right =
+            static_cast<std::size_t>(std::ranges::find(boxes, Choice(true)) - boxes.begin());
+        Fingers fingers;
+        fingers.mTime += 1000;
+        for (const auto command : {Qt::ControlModifier, Qt::AltModifier, Qt::MetaModifier}) {
+            fingers.mWith = command;
+            fingers.Down(Qt::Key_H);
+            fingers.Down((right + 1) % 4 + '1');
+        }
+        fingers.mWith = keyboard->with;
+        fingers.mScanCode = keyboard->scanCodes[right];
+        fingers.Down(keyboard->keys[right]);
+        fingers.mScanCode = 0;
+        fingers.Down(Qt::Key_H);
+        fingers.Down((right + 1) % 4 + '1');
+        ++keyboard;
+    });
+    game->Run();
+    EXPECT_EQ(keyboard, std::end(keyboards));
+    EXPECT_EQ(Table("H1.dat").Score(0), QString::number(6 * 120000));
 }
 
 TEST_F(GameTest, TwelvePlayersTakeTurnsSeeAllScoresAndAreAskedForNamesByTheirRank) {
