@@ -90,6 +90,15 @@ bool ChangesWhatIsShown(const QObject& object, const QEvent& event) {
             qobject_cast<const QDialog*>(&object));
 }
 
+QPointF PlaceOfPress(const QMouseEvent& event) { return event.globalPosition(); }
+QPointF PlaceOfPress(const QKeyEvent&) { return {}; }
+
+/// Whether a press may be the second half of a double click, for all that its place tells.
+template <typename Event> bool IsNear(QPointF first, const Event& second) {
+    return (PlaceOfPress(second) - first).manhattanLength() <=
+           QGuiApplication::styleHints()->mouseDoubleClickDistance();
+}
+
 /// Sees every event before it reaches a window, and what is shown and hidden.
 class Watch : public QObject {
 public:
@@ -111,12 +120,13 @@ private:
         bool counts = true;
         quint64 time = 0; // milliseconds, by the system's clock
         int changes = 0;  // of what is shown, before it
+        QPointF at;       // on the screen; of a button of the mouse
     };
 
     bool LeavesOut(QWindow& window, QEvent& event) {
         switch (event.type()) {
         case QEvent::MouseButtonPress:
-            return !Counts(static_cast<QMouseEvent&>(event), false);
+            return !Counts(static_cast<QMouseEvent&>(event), true, false);
         case QEvent::MouseButtonDblClick: // follows the press
         case QEvent::MouseButtonRelease:
             return !mPresses[SourceOf(static_cast<QMouseEvent&>(event))].counts;
@@ -136,25 +146,29 @@ private:
         if (!shortcut && mRelease && SameKey(*mRelease, event))
             repeats ? ForgetRelease() : PassRelease();
         const bool idle = repeats || (IsCommand(event) && !shortcut);
-        if (Counts(event, repeats) && !(idle && IsPress(event)))
+        const bool presses = IsPress(event);
+        if (Counts(event, presses, repeats) && !(idle && presses))
             return false;
         event.accept(); // so that no shortcut is looked for
         return true;
     }
 
     /// Whether the press belongs to what is shown, rather than to what was shown before.
-    template <typename Event> bool Counts(const Event& event, bool repeats) {
+    template <typename Event> bool Counts(const Event& event, bool presses, bool repeats) {
         // Qt gives keys no time while a screen reader listens to them.
         const quint64 time = event.timestamp() != 0 ? event.timestamp() : Now();
         const auto interval =
             static_cast<quint64>(QGuiApplication::styleHints()->mouseDoubleClickInterval());
         const auto [entry, isFirst] = mPresses.try_emplace(SourceOf(event));
         Press& press = entry->second;
-        const bool goesOn = repeats || (!isFirst && time - press.time < interval);
+        const bool again =
+            presses && !isFirst && time - press.time < interval && IsNear(press.at, event);
+        const bool goesOn = repeats || again;
         press.counts = press.changes == mChanges || !goesOn;
         if (press.counts)
             press.changes = mChanges;
         press.time = time;
+        press.at = PlaceOfPress(event);
         return press.counts;
     }
 

@@ -1,7 +1,6 @@
 """A game, played moment by moment; what is announced must be what is due."""
 
 import re
-import time
 
 import hand
 from files import has_title, table_of
@@ -190,9 +189,6 @@ class ReadersGame(Game):
 class KeysGame(Game):
     """Played by keys alone: in odd turns by digits, else with the focus on the choice."""
 
-    DOUBLE_PRESS = 0.35  # seconds; the program takes what comes sooner for a part of one press
-    pressed = 0
-
     def choose_kind(self):
         hand.key("Tab")  # shows where the focus is
         super().choose_kind()
@@ -205,6 +201,4 @@ class KeysGame(Game):
         elif not key or self.turn % 2 == 0:
             self.program.tab_to(name)
             key = "space" if name == "Play" else "Return"
-        time.sleep(max(self.pressed + self.DOUBLE_PRESS - time.monotonic(), 0))
         hand.key(key)
-        self.pressed = time.monotonic()

@@ -1,6 +1,7 @@
 """The player's hand: real mouse buttons and keys, and the window manager's close button."""
 
 import subprocess
+import time
 from contextlib import contextmanager
 
 from Xlib import X
@@ -8,8 +9,18 @@ from Xlib.display import Display
 from Xlib.protocol.event import ClientMessage
 
 
+DOUBLE_PRESS = 0.45  # seconds; two presses within them may be taken for one
+pressed = {}  # when each key or place was
+
+
 def xdotool(*words):
     subprocess.run(["xdotool", *map(str, words)], check=True)
+
+
+def apart(what):
+    """Waits as long as a press would be taken for the second half of a double one."""
+    time.sleep(max(pressed.get(what, 0) + DOUBLE_PRESS - time.monotonic(), 0))
+    pressed[what] = time.monotonic()
 
 
 def move_to(x, y):
@@ -23,6 +34,7 @@ def move_away():
 
 def click(place, times=1):
     move_to(*place.middle)
+    apart(place.middle)
     xdotool("click", "--repeat", times, "--delay", 20, 1)
 
 
@@ -45,7 +57,9 @@ def held(name):
 
 
 def key(*names):
-    xdotool("key", *names)
+    for name in names:
+        apart(name)
+        xdotool("key", name)
 
 
 def write(text):
