@@ -8,6 +8,8 @@
 
 /// Presses keys and buttons of the mouse on the stage's window, at times that a test chooses.
 struct Fingers {
+    Fingers() { mTime += 10000; } // since the last test
+
     void Down(int key, bool repeats = false) { Key(QEvent::KeyPress, key, repeats); }
     void Up(int key) { Key(QEvent::KeyRelease, key, false); }
     void Press(Qt::MouseButton button) { Mouse(QEvent::MouseButtonPress, button, button); }

@@ -84,10 +84,10 @@ bool IsCommand(const QKeyEvent& event) {
     return event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
 }
 
-bool ChangesWhatIsShown(const QObject& object, const QEvent& event) {
-    return !event.spontaneous() &&
-           (qobject_cast<const Form*>(&object) || qobject_cast<const PictureBox*>(&object) ||
-            qobject_cast<const QDialog*>(&object));
+/// Whether what is shown changes when it comes or goes.
+bool IsShown(const QObject& object) {
+    return qobject_cast<const Form*>(&object) || qobject_cast<const PictureBox*>(&object) ||
+           qobject_cast<const QDialog*>(&object);
 }
 
 QPointF PlaceOfPress(const QMouseEvent& event) { return event.globalPosition(); }
@@ -110,7 +110,7 @@ public:
         else if (event->type() == QEvent::MouseButtonPress)
             gLast = Input::Mouse;
         else if (event->type() == QEvent::Show || event->type() == QEvent::Hide)
-            mChanges += ChangesWhatIsShown(*object, *event);
+            mChanges += IsShown(*object);
         return object->isWindowType() && event != mReleasing &&
                LeavesOut(static_cast<QWindow&>(*object), *event);
     }

@@ -217,7 +217,6 @@ TEST_F(GameTest, TheFirstKeyAnswersAndNothingElseOfTheQuestionCounts) {
         const auto right =
             static_cast<std::size_t>(std::ranges::find(boxes, Choice(true)) - boxes.begin());
         Fingers fingers;
-        fingers.mTime += 1000;
         for (const auto command : {Qt::ControlModifier, Qt::AltModifier, Qt::MetaModifier}) {
             fingers.mWith = command;
             fingers.Down(Qt::Key_H);

@@ -1,6 +1,6 @@
 #include "platform/Text.h"
 #include "platform/Time.h"
-#include "tests/OnStage.h"
+#include "tests/Fingers.h"
 #include "tests/toolkit/Pictures.h"
 #include "toolkit/Form.h"
 #include "toolkit/HumanOrder.h"
@@ -197,6 +197,17 @@ TEST_P(PicList, MovesBySeveralKeys) {
     EXPECT_TRUE(InSight(page) && !InSight(page - 2)) << page;
     QTest::keyClick(&mBox, Qt::Key_PageUp);
     EXPECT_EQ(mList.LineSelectedNum(), page);
+}
+
+TEST_P(PicList, MovesAsAKeyRepeatsButRemovesOnce) {
+    Fill(60);
+    QSignalSpy removals(&mList, &c_PicList::RemoveWanted);
+    Fingers fingers;
+    for (const int key : {int{Qt::Key_Down}, int{'F'}, int{Qt::Key_Delete}})
+        for (const bool repeats : {false, true, true})
+            fingers.Down(key, repeats);
+    EXPECT_EQ(Selections(), "0 key, 1 key, 2 key, 3 key, 4 key, 5 key");
+    EXPECT_EQ(removals.size(), 1);
 }
 
 TEST_P(PicList, LeavesOnlyTabAndEscapeToTheForm) {

@@ -3,6 +3,8 @@
 #include "toolkit/c_PicButton.h"
 
 #include <QLineEdit>
+#include <QShortcut>
+#include <QSignalSpy>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -108,6 +110,7 @@ TEST_F(Presses, CountForWhatWasShownWhenTheyBegan) {
         {"+L 5 -L 100 +R 5 -R", "Go Next"},
         {"+L x 5 -L", ""},
         {"+L > 5 -L", "Go"},
+        {"+R 5 -R 100 > +L +R 5 -R", "Go"},
         {"> +L 5 -L 100 +L 5 -L", "Stay Stay"},
         {"+Return 5 -Return 100 +Return 5 -Return", "Go"},
         {"+Space 5 -Space 350 +Space 5 -Space", "Go"},
@@ -128,6 +131,26 @@ TEST_F(Presses, CountForWhatWasShownWhenTheyBegan) {
         Do(steps);
         EXPECT_EQ(mPressed.join(u' ').toStdString(), pressed) << steps;
     }
+}
+
+TEST_F(Presses, OfTheSecondHalfReachNoControl) {
+    Begin();
+    QSignalSpy downs(mButtons[1].box, &PictureBox::MouseDown);
+    QTest::mouseDClick(StageWindow(), Qt::LeftButton, {}, mFingers.mAt);
+    EXPECT_EQ(mPressed.join(u' '), "Go");
+    EXPECT_EQ(downs.size(), 0);
+}
+
+TEST_F(Presses, WorkAsShortcutsUnderTheSameRule) {
+    Begin();
+    QShortcut shortcut(Qt::CTRL | Qt::Key_J, &mForm);
+    QObject::connect(&shortcut, &QShortcut::activated, &mForm, [this] {
+        mPressed << "Ctrl+J";
+        Advance();
+    });
+    for (int i = 0; i < 2; ++i)
+        QTest::keyClick(StageWindow(), Qt::Key_J, Qt::ControlModifier);
+    EXPECT_EQ(mPressed.join(u' '), "Ctrl+J");
 }
 
 TEST_F(Presses, OfAHeldKeyMoveAndType) {
