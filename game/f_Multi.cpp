@@ -22,7 +22,9 @@ const QString kTime = QStringLiteral("TIME:");
 int DigitOf(const QKeyEvent& event) {
     if (event.key() >= Qt::Key_0 && event.key() <= Qt::Key_9)
         return event.key() - Qt::Key_0;
-    const bool command = event.modifiers().testAnyFlags(Qt::ControlModifier | Qt::AltModifier);
+    // Without Num Lock the keypad moves, and so comes here also with these keys.
+    const bool command =
+        event.modifiers().testAnyFlags(Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
     return command ? 0 : platform::DigitOnKey(event.nativeScanCode());
 }
 

@@ -23,10 +23,12 @@ namespace {
 
 Input gLast = Input::None;
 
-/// A key or a button of the mouse. Each press of a key comes twice, for a shortcut first.
+/// A key or a button of the mouse. Each press of a key comes twice, for a shortcut first. While a
+/// screen reader listens, Qt may send a copy as well, which lacks the time.
 struct Source {
     QEvent::Type press;
     quint64 number;
+    bool timed;
     auto operator<=>(const Source&) const = default;
 };
 
@@ -35,11 +37,12 @@ Source SourceOf(const QKeyEvent& event) {
     const quint32 place = event.nativeScanCode();
     const auto key = static_cast<quint64>(event.key());
     const bool release = event.type() == QEvent::KeyRelease;
-    return {release ? QEvent::KeyPress : event.type(), place != 0 ? quint64{place} << 32 : key};
+    return {release ? QEvent::KeyPress : event.type(), place != 0 ? quint64{place} << 32 : key,
+            event.timestamp() != 0};
 }
 
 Source SourceOf(const QMouseEvent& event) {
-    return {QEvent::MouseButtonPress, static_cast<quint64>(event.button())};
+    return {QEvent::MouseButtonPress, static_cast<quint64>(event.button()), true};
 }
 
 bool SameKey(const QKeyEvent& one, const QKeyEvent& other) {
@@ -155,7 +158,6 @@ private:
 
     /// Whether the press belongs to what is shown, rather than to what was shown before.
     template <typename Event> bool Counts(const Event& event, bool presses, bool repeats) {
-        // Qt gives keys no time while a screen reader listens to them.
         const quint64 time = event.timestamp() != 0 ? event.timestamp() : Now();
         const auto interval =
             static_cast<quint64>(QGuiApplication::styleHints()->mouseDoubleClickInterval());
