@@ -132,7 +132,8 @@ std::vector<QWidget*> Form::FocusControls() {
     for (QWidget* next = nextInFocusChain(); next != this; next = next->nextInFocusChain())
         if (isAncestorOf(next) && TakesFocus(*next, *this))
             controls.push_back(next);
-    std::ranges::stable_partition(controls, [this](QWidget* each) { return !IsOfFrame(each); });
+    std::stable_partition(controls.begin(), controls.end(),
+                          [this](QWidget* each) { return !IsOfFrame(each); });
     return controls;
 }
 

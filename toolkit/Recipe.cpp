@@ -35,10 +35,11 @@ void Recipe::Add(const QRect& area, bool covers, Canvas::Paint paint) {
     if (covers)
         std::erase_if(steps, [&area](const auto& step) { return area.contains(step->area); });
     if (steps.size() == kMostSteps)
-        steps = {std::make_shared<const Step>(QRect(QPoint(0, 0), size), PaintPicture(image))};
+        steps = {
+            std::make_shared<const Step>(Step{QRect(QPoint(0, 0), size), PaintPicture(image)})};
     const QRect changed = area & QRect(QPoint(0, 0), size);
     if (!changed.isEmpty())
-        steps.push_back(std::make_shared<const Step>(changed, std::move(paint)));
+        steps.push_back(std::make_shared<const Step>(Step{changed, std::move(paint)}));
 }
 
 } // namespace toolkit

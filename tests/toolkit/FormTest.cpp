@@ -54,7 +54,7 @@ TEST_F(Forms, HandARequestToCloseToTheScreen) {
     EXPECT_EQ(mCloseRequests.size(), 2);
 
     const platform::QuitWatch watch;
-    QTimer::singleShot(0, &mForm, [this] {
+    QTimer::singleShot(0, &mForm, [] {
         platform::RequestQuit();
         EXPECT_TRUE(Stage::Get().close());
     });

@@ -1,0 +1,143 @@
+#include "toolkit/Stage.h"
+#include "tests/OnStage.h"
+#include "tests/toolkit/Pictures.h"
+#include "toolkit/Form.h"
+#include "toolkit/MessagePanel.h"
+#include "toolkit/Mous.h"
+
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace toolkit;
+
+const QRect kScreen(0, 30, 1920, 1050);
+const QRect kSecond(1920, 0, 1280, 1024);
+
+TEST(StageSize, TheWindowComesUpWhereItWasOnTheScreensThatThereAre) {
+    const struct {
+        const char* rule;
+        std::optional<QRect> last;
+        std::vector<QRect> screens;
+        QRect place;
+    } cases[] = {
+        {"first start", {}, {kScreen}, {460, 180, 1000, 750}},
+        {"first start, large screen", {}, {{0, 0, 3840, 2160}}, {720, 180, 2400, 1800}},
+        {"first start, small screen", {}, {{0, 0, 640, 480}}, {0, 0, 640, 480}},
+        {"first start, low screen", {}, {{0, 0, 1024, 600}}, {112, 0, 800, 600}},
+        {"as it was", QRect(2000, 100, 1000, 750), {kScreen, kSecond}, {2000, 100, 1000, 750}},
+        {"its screen is gone", QRect(2000, 100, 1000, 750), {kScreen}, {460, 180, 1000, 750}},
+        {"partly outside", QRect(-80, 5, 800, 600), {kScreen}, {0, 30, 800, 600}},
+        {"its screen is smaller", QRect(0, 0, 1600, 1200), {{0, 0, 1024, 768}}, {0, 0, 1024, 768}},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(StartPlace(c.last, c.screens), c.place) << c.rule;
+}
+
+/// The stage with a form on it.
+class Stages : public testing::Test {
+protected:
+    Stages() {
+        Put(mText, QRect(100, 20, 200, 30));
+        SetFontPoints(mText, 12);
+        mForm.Dc()->Fill(QRect(0, 0, 800, 600), Rgb(9, 90, 9));
+        mForm.Dc()->Fill(QRect(400, 300, 40, 20), kWhite);
+        mBox.MoveTo(400, 300);
+        mForm.ShowInPlace();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&mStage));
+    }
+    ~Stages() override {
+        mStage.SetFullScreen(false);
+        mStage.resize(kStageSize);
+        QCoreApplication::processEvents();
+    }
+
+    void Resize(const QSize& size) {
+        mStage.resize(size);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return mStage.size() == size; }));
+    }
+
+    Stage& mStage = Stage::Get();
+    Form mForm{QStringLiteral("f_Test")};
+    QLineEdit mText{&mForm};
+    PictureBox mBox{&mForm, QStringLiteral("pTest"), QSize(40, 20)};
+};
+
+TEST_F(Stages, ShowEverythingAsLargeAsTheWindowIs) {
+    const struct {
+        QSize window;
+        QRect form;
+        QRect box; // on the form
+    } cases[] = {{{1200, 900}, {0, 0, 1200, 900}, {600, 450, 60, 30}},
+                 {{1000, 600}, {100, 0, 800, 600}, {400, 300, 40, 20}},
+                 {{800, 900}, {0, 150, 800, 600}, {400, 300, 40, 20}},
+                 {{500, 375}, {0, 0, 500, 375}, {250, 188, 25, 12}},
+                 {{800, 600}, {0, 0, 800, 600}, {400, 300, 40, 20}}};
+    constexpr int kFontAtFullSize = 16;
+    for (const auto& [window, form, box] : cases) {
+        Resize(window);
+        EXPECT_EQ(QRect(mForm.mapTo(&mStage, QPoint(0, 0)), mForm.size()), form);
+        EXPECT_EQ(mBox.geometry(), box);
+        EXPECT_EQ(mText.font().pixelSize(), qRound(kFontAtFullSize * form.width() / 800.0));
+        const QImage shown = mForm.grab().toImage();
+        EXPECT_EQ(shown.pixelColor(box.center() + QPoint(-box.width(), 0)), QColor(9, 90, 9));
+        EXPECT_EQ(mBox.Place(), QRect(400, 300, 40, 20));
+    }
+}
+
+TEST_F(Stages, KeepTheWindowsShapeWhenItsEdgeIsLetGo) {
+    const QPoint corner(mStage.width() - 2, mStage.height() - 2);
+    const auto move = [this](QPoint to) {
+        QCursor::setPos(mStage.mapToGlobal(to));
+        QTest::mouseMove(StageWindow(), to);
+    };
+    move(corner);
+    QTest::mousePress(StageWindow(), Qt::LeftButton, {}, corner);
+    move(corner - QPoint(0, 150));
+    EXPECT_EQ(mStage.size(), QSize(800, 450)) << "letterboxed meanwhile";
+    QTest::mouseRelease(StageWindow(), Qt::LeftButton, {}, corner - QPoint(0, 150));
+    EXPECT_EQ(mStage.size(), QSize(600, 450));
+}
+
+TEST_F(Stages, ObeyTheirKeysOnEveryScreen) {
+    const QSize full = mStage.screen()->size();
+    const auto key = [this](Qt::Key which, Qt::KeyboardModifiers modifiers, QSize size) {
+        QTest::keyClick(StageWindow(), which, modifiers);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return mStage.size() == size; }))
+            << mStage.width() << " x " << mStage.height();
+        QTest::qWait(500); // beyond a double press
+    };
+    mText.setFocus();
+    key(Qt::Key_F11, {}, full);
+    key(Qt::Key_Return, Qt::AltModifier, kStageSize);
+    Resize(QSize(400, 300));
+    key(Qt::Key_Plus, Qt::ControlModifier, kStageSize);
+    Resize(QSize(400, 300));
+    key(Qt::Key_0, Qt::ControlModifier, kStageSize);
+    EXPECT_EQ(mText.text(), QString());
+}
+
+TEST_F(Stages, ShowMessagesInFrontAndAnswerThemByKeys) {
+    const platform::Message question{QStringLiteral("Go on?"), platform::Icon::Warning,
+                                     QStringLiteral("Songrush"), true};
+    const struct {
+        Qt::Key key;
+        bool yes;
+    } cases[] = {
+        {Qt::Key_Return, true}, {Qt::Key_Y, true}, {Qt::Key_N, false}, {Qt::Key_Escape, false}};
+    mText.setFocus();
+    for (const auto& [key, yes] : cases) {
+        QTimer::singleShot(0, &mStage, [this, which = key] {
+            EXPECT_FALSE(mBox.TakesInput());
+            QTest::keyClick(StageWindow(), which);
+        });
+        EXPECT_EQ(MessagePanel(question).Ask(), yes) << key;
+        EXPECT_TRUE(mText.hasFocus());
+        QTest::qWait(500); // beyond a double press
+    }
+}
+
+} // namespace
