@@ -37,6 +37,8 @@ void Fill(const QRect& area, ColorRef color) { gState.dc->Fill(Clipped(area), co
 void Paint(const QRect& area, const std::function<void(QPainter&)>& paint) {
     gState.dc->Draw(Clipped(area), false, [paint, clip = gState.clip](QImage& image) {
         QPainter painter(&image);
+        const double shrink = Canvas::Ratio() / image.devicePixelRatio();
+        painter.scale(shrink, shrink);
         if (clip)
             painter.setClipRect(*clip);
         paint(painter);

@@ -35,15 +35,16 @@ public:
     int Width() const;
     int Height() const;
 
-    /// The canvas as an image of screen pixels; its device pixel ratio is `Ratio()`.
+    /// The canvas as an image of screen pixels; its device pixel ratio is `Ratio()`, or 1 if that is
+    /// less.
     const QImage& Image() const;
 
     /// Shows the canvas at a widget's top left corner, a pixel of the image on a pixel of the
     /// screen.
     void Show(QPainter& painter) const;
 
-    /// Draws on an image of screen pixels; painters draw on it in logical pixels. Holds copies of
-    /// all it needs, because it is called again when the ratio has changed.
+    /// Draws on an image of screen pixels. Holds copies of all it needs, because it is called again
+    /// when the ratio has changed.
     using Paint = std::function<void(QImage&)>;
 
     /// Draws. `paint` changes nothing outside `area` (logical pixels); with `covers` it leaves

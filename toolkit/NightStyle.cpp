@@ -77,7 +77,7 @@ void DrawDialogFrame(QPainter& painter, const QRect& area) {
 }
 
 QIcon MessageIcon(platform::Icon icon) {
-    const double ratio = Canvas::Ratio();
+    const double ratio = std::max(Canvas::Ratio(), 1.0);
     QPixmap picture(QSize(kMessageSign, kMessageSign) * ratio);
     picture.setDevicePixelRatio(ratio);
     picture.fill(Qt::transparent);

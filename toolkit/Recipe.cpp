@@ -1,6 +1,7 @@
 #include "toolkit/Recipe.h"
 
 #include <QPainter>
+#include <algorithm>
 
 namespace toolkit {
 
@@ -25,7 +26,7 @@ QImage& Recipe::Pixels() {
     ratio = Canvas::Ratio();
     image = QImage(Canvas::ScreenPixels(QRect(QPoint(0, 0), size)).size(), QImage::Format_RGB32);
     image.fill(Qt::black);
-    image.setDevicePixelRatio(ratio);
+    image.setDevicePixelRatio(std::max(ratio, 1.0)); // Qt's painters ignore smaller ones
     for (const auto& step : steps)
         step->paint(image);
     return image;

@@ -17,6 +17,11 @@ protected:
 
 INSTANTIATE_TEST_SUITE_P(Canvas, AtAnyRatio, testing::Values(1, 1.25, 1.5, 2, 3));
 
+/// Even where a screen pixel covers more than a logical one.
+class AtAnyScale : public AtAnyRatio {};
+
+INSTANTIATE_TEST_SUITE_P(Canvas, AtAnyScale, testing::Values(0.6, 1, 1.5, 2));
+
 TEST_P(AtAnyRatio, FilledNeighboursNeitherOverlapNorGapeNorLeaveTheCanvas) {
     Canvas canvas(7, 5);
     for (int x = 0; x < 7; ++x)
@@ -73,7 +78,7 @@ Canvas Drawn() {
     return drawn;
 }
 
-TEST_P(AtAnyRatio, ShowsWhatWasDrawnAtAnother) {
+TEST_P(AtAnyScale, ShowsWhatWasDrawnAtAnother) {
     const Canvas expected = Drawn();
     const QImage pixels = expected.Image();
     Canvas::SetRatio(1.75);
@@ -81,6 +86,29 @@ TEST_P(AtAnyRatio, ShowsWhatWasDrawnAtAnother) {
     EXPECT_NE(canvas.Image(), pixels);
     Canvas::SetRatio(GetParam());
     EXPECT_EQ(canvas.Image(), pixels);
+}
+
+TEST_P(AtAnyScale, WritesAndPaintsToItsScale) {
+    const auto inkOf = [](const Canvas& canvas) {
+        const QImage& image = canvas.Image();
+        QRect ink;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                if (qRed(image.pixel(x, y)) > 100)
+                    ink |= QRect(x, y, 1, 1);
+        return ink;
+    };
+    Canvas text(300, 60);
+    text.SetFont(ScreenFont(24));
+    Drawing(&text).Text(QStringLiteral("HHHHHH"), kWhite, 20, 10);
+    EXPECT_NEAR(inkOf(text).left(), 21 * GetParam(), 2);
+    EXPECT_NEAR(inkOf(text).width(), text.TextWidth(QStringLiteral("HHHHHH")) * GetParam(), 8);
+    Canvas shape(300, 60);
+    Drawing(&shape).Shapes(QRect(0, 0, 300, 60),
+                           [](QPainter& painter) { painter.fillRect(30, 20, 90, 30, Qt::white); });
+    const QRect expected = Canvas::ScreenPixels(QRect(30, 20, 90, 30));
+    EXPECT_TRUE(expected.adjusted(-1, -1, 1, 1).contains(inkOf(shape)));
+    EXPECT_TRUE(inkOf(shape).contains(expected.adjusted(1, 1, -1, -1)));
 }
 
 TEST_P(AtAnyRatio, ForgetsNothingThatStillShows) {

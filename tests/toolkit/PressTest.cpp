@@ -111,6 +111,7 @@ TEST_F(Presses, CountForWhatWasShownWhenTheyBegan) {
         {"+L x 5 -L", ""},
         {"+L > 5 -L", "Go"},
         {"+L 5 -L 100 > +L 5 -L", "Go Stay"},
+        {"+R 5 -R 100 +R > +L 5 -R", "Go"},
         {"> +L 5 -L 100 +L 5 -L", "Stay Stay"},
         {"+Return 5 -Return 100 +Return 5 -Return", "Go"},
         {"+Space 5 -Space 350 +Space 5 -Space", "Go"},
