@@ -83,8 +83,10 @@ Canvas::Canvas(const Canvas& other)
     : mRecipe(std::make_shared<Recipe>(*other.mRecipe)), mFont(other.mFont) {}
 
 Canvas& Canvas::operator=(const Canvas& other) {
-    mRecipe = std::make_shared<Recipe>(*other.mRecipe);
-    mFont = other.mFont;
+    if (this != &other) {
+        mRecipe = std::make_shared<Recipe>(*other.mRecipe);
+        mFont = other.mFont;
+    }
     return *this;
 }
 
