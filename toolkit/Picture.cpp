@@ -65,8 +65,9 @@ private:
 QImage ReadBitmap(const QByteArray& bytes) {
     BitmapBytes device;
     device.setData(bytes);
-    // With the format named, Qt need not load all its plugins to recognise it.
-    const QImage picture = QImageReader(&device, "BMP").read();
+    QImageReader reader(&device, "BMP");
+    reader.setAutoDetectImageFormat(false); // otherwise Qt loads all its plugins first
+    const QImage picture = reader.read();
     return device.EndedEarly() ? QImage() : picture;
 }
 

@@ -4,6 +4,7 @@
 #include "toolkit/NightStyle.h"
 #include "toolkit/Palette.h"
 #include "toolkit/Picture.h"
+#include "toolkit/Place.h"
 
 #include <QApplication>
 #include <QFontMetricsF>
@@ -45,7 +46,7 @@ QPalette NightPalette() {
 void ApplyStyle() {
     QApplication::setStyle(new NightStyle);
     QApplication::setPalette(NightPalette());
-    QApplication::setFont(ScreenFont(12));
+    QApplication::setFont(ScreenFont(kControlFont * StageScale()));
 }
 
 void WriteNumbersInEnglish() {
