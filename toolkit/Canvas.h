@@ -35,8 +35,8 @@ public:
     int Width() const;
     int Height() const;
 
-    /// The canvas as an image of screen pixels; its device pixel ratio is `Ratio()`, or 1 if that is
-    /// less.
+    /// The canvas as an image of screen pixels; its device pixel ratio is `Ratio()`, or 1 if that
+    /// is less.
     const QImage& Image() const;
 
     /// Shows the canvas at a widget's top left corner, a pixel of the image on a pixel of the
