@@ -171,7 +171,7 @@ void Form::paintEvent(QPaintEvent* event) {
 void Form::mousePressEvent(QMouseEvent* event) {
     if (FillsStage())
         return event->ignore(); // the stage's window is meant
-    raise();
+    Stage::Get().Forms().Enter(*this); // in front
     if (event->button() == Qt::LeftButton)
         mGrip = event->globalPosition().toPoint();
 }

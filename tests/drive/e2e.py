@@ -246,6 +246,12 @@ def a_game_needs_no_mouse(scene):
     program.ended()
 
 
+def refuse_to_edit_nothing(program):
+    program.press("Playlist editor")
+    program.press("Edit Title/Artist")
+    program.answer("No songs in list")
+
+
 @case
 def the_desktop_never_shows_through(scene):
     """Of the one window, from the menu through a game and the editor and back."""
@@ -268,9 +274,7 @@ def the_desktop_never_shows_through(scene):
     game = ReadersGame(program)
     game.choose(scene.list)
     game.play(wrong=[2])
-    program.press("Playlist editor")
-    program.press("Edit Title/Artist")
-    program.answer("No songs in list")
+    refuse_to_edit_nothing(program)
     program.press("Exit Editor")
     program.ready("One player")
     over.set()
@@ -288,9 +292,7 @@ def wayland_is_as_good(scene):
     game = ReadersGame(program, players=2)
     game.choose(scene.list)
     game.play(wrong=[2])
-    program.press("Playlist editor")
-    program.press("Edit Title/Artist")
-    program.answer("No songs in list")
+    refuse_to_edit_nothing(program)
     program.press("Load PlayList")
     program.choose_file("Load Playlist", scene.list)
     program.press("Für Elise", "table cell")
