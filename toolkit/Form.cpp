@@ -163,6 +163,7 @@ void Form::HandFocusOn() {
 }
 
 void Form::paintEvent(QPaintEvent* event) {
+    Stage::Get().CheckDensity(); // the stage does not paint what a form covers
     QPainter painter(this);
     painter.setClipRegion(event->region());
     mCanvas.Show(painter);
@@ -170,7 +171,7 @@ void Form::paintEvent(QPaintEvent* event) {
 
 void Form::mousePressEvent(QMouseEvent* event) {
     if (FillsStage())
-        return event->ignore(); // the stage's window is meant
+        return event->ignore();        // the stage's window is meant
     Stage::Get().Forms().Enter(*this); // in front
     if (event->button() == Qt::LeftButton)
         mGrip = event->globalPosition().toPoint();

@@ -184,10 +184,17 @@ void Stage::LayOut() {
     Q_EMIT SizeChanged();
 }
 
+void Stage::CheckDensity() {
+    const double ratio = StageScale() * devicePixelRatioF();
+    if (Canvas::Ratio() == ratio)
+        return;
+    Canvas::SetRatio(ratio);
+    update();
+    mArea->update();
+}
+
 void Stage::paintEvent(QPaintEvent*) {
-    // A window that came to a screen of another density.
-    if (Canvas::Ratio() != StageScale() * devicePixelRatioF())
-        LayOut();
+    CheckDensity();
     QPainter painter(this);
     PaintGround(painter, rect(), mArea->geometry());
 }

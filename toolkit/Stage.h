@@ -40,6 +40,10 @@ public:
     /// The next larger size (1) or the next smaller one (-1), if there is one.
     void StepSize(int direction);
 
+    /// Has everything drawn anew if the window has come to a screen of another density. To be
+    /// called before anything of the stage is painted.
+    void CheckDensity();
+
     bool IsFullScreen() const { return isFullScreen(); }
     void SetFullScreen(bool full);
 
