@@ -13,7 +13,6 @@
 #include "platform/Wait.h"
 #include "toolkit/Picture.h"
 #include "toolkit/Stage.h"
-#include "toolkit/Style.h"
 
 namespace {
 
@@ -30,13 +29,11 @@ void PreloadMenu() {
 
 void Start::Run() {
     if (!platform::ClaimSingleInstance()) {
-        toolkit::ApplyStyle();
         platform::ShowMessage(QStringLiteral("Songrush is already running"));
         return;
     }
     toolkit::Stage& stage = toolkit::Stage::Get();
     PreloadMenu();
-    toolkit::ApplyStyle();
     app::PrepareProgramFolder();
     platform::WritePathSetting(QStringLiteral("Songrush"), QStringLiteral("Dirs"),
                                QStringLiteral("AppPath"), platform::ProgramFolder());

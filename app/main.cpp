@@ -9,6 +9,7 @@ int main(int argc, char* argv[]) {
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     toolkit::PreloadFont();
+    toolkit::ApplyStyle();
     toolkit::WriteNumbersInEnglish();
     const platform::QuitWatch quitWatch;
     // After the first screen, which need not wait for it.

@@ -143,7 +143,9 @@ Loaded LoadNow(const QString& name, Kind kind, double ratio) {
     return load(name, 1);
 }
 
-std::map<QString, std::future<Loaded>> gPreloaded; // by threads, for which they wait
+std::map<QString, std::future<Loaded>> gPreloaded;
+std::future<void> gPreloading; // its destructor waits for the thread
+
 Loaded Load(const QString& name, Kind kind) {
     if (auto preloaded = gPreloaded.extract(name))
         return preloaded.mapped().get();
@@ -212,12 +214,18 @@ std::filesystem::path ProgramFile(const QString& name) {
 }
 
 void PreloadPictures(const QString& ground, const QStringList& skins) {
-    const auto preload = [](const QString& name, Kind kind) {
-        gPreloaded[name] = std::async(std::launch::async, LoadNow, name, kind, Canvas::Ratio());
+    std::vector<std::packaged_task<Loaded()>> tasks;
+    const auto preload = [&tasks, ratio = Canvas::Ratio()](const QString& name, Kind kind) {
+        tasks.emplace_back([=] { return LoadNow(name, kind, ratio); });
+        gPreloaded[name] = tasks.back().get_future();
     };
     preload(ground, Kind::Ground);
     for (const QString& skin : skins)
         preload(skin, Kind::Skin);
+    gPreloading = std::async(std::launch::async, [tasks = std::move(tasks)]() mutable {
+        for (auto& task : tasks)
+            task();
+    });
 }
 
 QImage LoadGround(const QString& name, QSize size) {

@@ -31,7 +31,7 @@ struct Picture {
 /// None if it cannot be used, as when its first frame has no visible pixel.
 Picture LoadSkin(const QString& name);
 
-/// Starts loading pictures, each on a thread of its own. The first `LoadGround` or `LoadSkin`
+/// Starts loading pictures in this order on a separate thread. The first `LoadGround` or `LoadSkin`
 /// of each picture returns what was loaded, and waits for it if necessary.
 void PreloadPictures(const QString& ground, const QStringList& skins);
 
