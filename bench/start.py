@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """start.py <program folder> <folder of the benchmarks> [runs]
 The time from the program's start to its first picture on an otherwise empty display, beside that of
-an empty window. At most 1.5 times as long is wanted."""
+an empty window. At most 1.6 times as long is wanted."""
 
 import subprocess
 import sys
