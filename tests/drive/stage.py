@@ -1,13 +1,14 @@
 """Where the program runs: a display, a session bus, a home and settings that are gone at the end."""
 
 import os
+import shutil
 import signal
 import subprocess
 import sys
 import time
 from contextlib import ExitStack
 from pathlib import Path
-from tempfile import TemporaryDirectory
+from tempfile import mkdtemp
 
 from screen import Screen
 
@@ -18,8 +19,9 @@ class Stage(ExitStack):
     def __init__(self, width=1024, height=768):
         super().__init__()
         signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
-        self.folder = Path(self.enter_context(TemporaryDirectory(prefix="songrush-",
-                                                               ignore_cleanup_errors=True)))
+        self.folder = Path(mkdtemp(prefix="songrush-"))
+        # A portal of the desktop may have mounted something there, which cannot be removed.
+        self.callback(shutil.rmtree, self.folder, ignore_errors=True)
         self.settings = self.folder / "config/Songrush/Songrush.conf"
         self.set_environment()
         # The server keeps what is on the screen in a file, where it is quickly read. It would begin
