@@ -177,9 +177,9 @@ void Stage::LayOut() {
     QRect area(QPoint(0, 0), (QSizeF(kStageSize) * scale).toSize());
     area.moveTopLeft(QPoint((width() - area.width()) / 2, (height() - area.height()) / 2));
     mArea->setGeometry(area);
-    Canvas::SetRatio(scale * devicePixelRatioF());
     if (scale != StageScale())
         Rescale(*mArea, scale);
+    CheckDensity();
     update();
     Q_EMIT SizeChanged();
 }
