@@ -1,9 +1,12 @@
 #include "app/Start.h"
+#include "platform/Aside.h"
 #include "platform/Wait.h"
 #include "toolkit/Style.h"
 
 #include <QApplication>
 #include <QTimer>
+#include <chrono>
+#include <cstdlib>
 
 int main(int argc, char* argv[]) {
     QApplication application(argc, argv);
@@ -19,5 +22,9 @@ int main(int argc, char* argv[]) {
         Start::Run();
         QApplication::exit(0);
     });
-    return QApplication::exec();
+    const int status = QApplication::exec();
+    // A disk or a sound device that hangs must not keep the process: nothing is left to be done.
+    if (!platform::AsidesEnd(std::chrono::milliseconds(500)))
+        std::_Exit(status);
+    return status;
 }

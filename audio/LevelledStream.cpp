@@ -17,13 +17,13 @@ constexpr double kDecibelsASecond = 3; // by which the gain changes while there 
 
 } // namespace
 
-LevelledStream::LevelledStream(std::unique_ptr<Mp3Stream> stream,
-                               std::shared_ptr<const SongLevel> level)
+LevelledStream::LevelledStream(std::unique_ptr<Mp3Stream> stream, std::shared_ptr<SongLevel> level)
     : mStream(std::move(stream)), mLevel(std::move(level)) {}
 
 void LevelledStream::SeekTo(std::int64_t frame) {
     mStream->SeekTo(frame);
-    mStart = frame;
+    mNext = mDecoded = frame;
+    mAway = false;
     mLimiter.reset();
 }
 
@@ -34,10 +34,19 @@ std::size_t LevelledStream::Read(std::span<Frame> frames) {
     }
     for (;;) {
         const std::size_t got = mLimiter->Take(frames);
+        mNext += static_cast<std::int64_t>(got);
         if (got > 0 || mLimiter->Drained())
             return got;
         Continue();
     }
+}
+
+void LevelledStream::Listen(const std::function<bool()>& goOn) {
+    mLevel->Measure(*mStream, [&] {
+        mAway = true;
+        return goOn();
+    });
+    mAway = true;
 }
 
 float LevelledStream::FirstGain() {
@@ -53,14 +62,17 @@ float LevelledStream::FirstGain() {
         meter.Add(std::span<const Frame>(block).first(got));
         left -= static_cast<std::int64_t>(got);
     }
-    mStream->SeekTo(mStart);
+    mStream->SeekTo(mDecoded);
     return LevellingGain(meter.Loudness()).value_or(1.0F);
 }
 
 /// Hands the next frames of the song to the limiter.
 void LevelledStream::Continue() {
+    if (std::exchange(mAway, false))
+        mStream->SeekTo(mDecoded);
     std::array<Frame, 1152> block;
     const std::span read = std::span(block).first(mStream->Read(block));
+    mDecoded += static_cast<std::int64_t>(read.size());
     Amplify(read);
     if (read.empty())
         mLimiter->End();

@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -18,7 +19,7 @@ namespace audio {
 class LevelledStream {
 public:
     /// `level` may still be measured.
-    LevelledStream(std::unique_ptr<Mp3Stream> stream, std::shared_ptr<const SongLevel> level);
+    LevelledStream(std::unique_ptr<Mp3Stream> stream, std::shared_ptr<SongLevel> level);
 
     /// Frames a second.
     int Rate() const { return mStream->Rate(); }
@@ -34,15 +35,23 @@ public:
     /// listening to what follows for an instant; it changes slowly if more becomes known.
     std::size_t Read(std::span<Frame> frames);
 
+    /// The frame that is read next.
+    std::int64_t Next() const { return mNext; }
+
+    /// Measures the level; see `SongLevel::Measure`. `goOn` may read.
+    void Listen(const std::function<bool()>& goOn);
+
 private:
     float FirstGain();
     void Continue();
     void Amplify(std::span<Frame> frames);
 
     std::unique_ptr<Mp3Stream> mStream;
-    std::shared_ptr<const SongLevel> mLevel;
+    std::shared_ptr<SongLevel> mLevel;
     std::optional<Limiter> mLimiter; // none before the first sound
-    std::int64_t mStart = 0;
+    std::int64_t mNext = 0;
+    std::int64_t mDecoded = 0; // the frame that the limiter gets next
+    bool mAway = false;        // the stream stands somewhere else
     float mGain = 1;
 };
 

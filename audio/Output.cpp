@@ -1,86 +1,159 @@
 #include "audio/Output.h"
 
-#include "audio/AlsaMessages.h"
-#include "audio/Sdl.h"
+#include "audio/Device.h"
 #include "audio/Voice.h"
 
+#include <algorithm>
 #include <atomic>
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+#include <utility>
+#include <vector>
 
 namespace audio {
 
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+
 namespace {
 
-constexpr int kBuffersPerSecond = 100;
+/// For how long a device is kept open in silence: a waiting player presses Play soon, or much
+/// later; and the next song usually follows at once.
+constexpr auto kAhead = 10s;
+constexpr auto kLinger = 100ms;
+/// The device is opened while the voice, which has begun, may not yet have anything to say.
+constexpr auto kBeginning = 2s;
+/// A device that has not asked for frames for so long is not waited for.
+constexpr auto kPatience = 800ms;
+constexpr auto kPeriod = 20ms;
 
 std::atomic<bool> gNoDevice = false;
-
-void SDLCALL FillDevice(void* voice, Uint8* bytes, int length) {
-    auto* frames = reinterpret_cast<Frame*>(bytes);
-    const std::size_t count = static_cast<std::size_t>(length) / sizeof(Frame);
-    static_cast<Voice*>(voice)->Fill({frames, count});
-}
-
-bool StartSdl(const Sdl& sdl) {
-    sdl.SetMainReady();
-    sdl.SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
-    sdl.SetHint(SDL_HINT_APP_NAME, "Songrush");
-    if (sdl.InitSubSystem(SDL_INIT_AUDIO) != 0)
-        return false;
-    SilenceAlsaMessages();
-    return true;
-}
 
 } // namespace
 
 bool NoDevice() { return gNoDevice; }
 
-Output::Output(Voice& voice) : mSdl(LoadSdl()), mVoice(voice), mSilent(voice) {}
+/// What is needed of a device.
+struct Output::Need {
+    explicit Need(std::shared_ptr<Voice> of) : voice(std::move(of)) {}
 
-Output::~Output() {
-    Close();
-    if (mSdl == nullptr)
+    void KeepDevice(const std::stop_token& stop);
+    void StandIn(const std::stop_token& stop);
+
+    const std::shared_ptr<Voice> voice;
+    std::mutex mutex; // guards the rest
+    std::condition_variable_any changed;
+    int rate = 0;
+    int expected = 0; // how often a song was
+    Clock::time_point begun;
+    Clock::time_point until; // longer if the voice sounds
+
+private:
+    bool Now() const { return rate != 0 && (Clock::now() < until || voice->Sounding()); }
+    void AwaitFade() const;
+    void TakeFrames(std::uint64_t self, std::unique_lock<std::mutex>& lock,
+                    const std::stop_token& stop);
+};
+
+/// Has the device open whenever it is needed. Opening and closing may take any time, and are done
+/// without the lock, so that nobody waits for them.
+void Output::Need::KeepDevice(const std::stop_token& stop) {
+    Device device(voice);
+    std::unique_lock lock(mutex);
+    while (changed.wait(lock, stop, [this] { return Now(); }) && !stop.stop_requested()) {
+        const int openRate = rate;
+        const int openFor = expected;
+        lock.unlock();
+        gNoDevice = !device.Open(openRate);
+        // Without a device the next song is the next occasion to look for one.
+        const auto good = [&] { return gNoDevice ? expected == openFor : device.Serves(); };
+        for (bool needed = true; needed && good();) {
+            lock.lock();
+            changed.wait_for(lock, stop, kPeriod, [&] { return !Now() || rate != openRate; });
+            needed = !stop.stop_requested() && Now() && rate == openRate;
+            lock.unlock();
+        }
+        AwaitFade();
+        device.Close();
+        lock.lock();
+    }
+}
+
+/// Closing cuts off what the device has not taken yet.
+void Output::Need::AwaitFade() const {
+    const auto limit = Clock::now() + 300ms;
+    while (voice->Fading() && Clock::now() < limit)
+        std::this_thread::sleep_for(1ms);
+}
+
+/// Takes the frames whenever no device does.
+void Output::Need::StandIn(const std::stop_token& stop) {
+    const std::uint64_t self = NewDeviceNumber();
+    std::unique_lock lock(mutex);
+    const auto sounding = [this] { return voice->Sounding(); };
+    while (changed.wait(lock, stop, sounding) && !stop.stop_requested()) {
+        TakeFrames(self, lock, stop);
+        voice->Disconnect(self);
+    }
+}
+
+void Output::Need::TakeFrames(std::uint64_t self, std::unique_lock<std::mutex>& lock,
+                              const std::stop_token& stop) {
+    std::vector<Frame> unheard;
+    int takenRate = 0;
+    auto due = Clock::now();
+    while (!stop.stop_requested() && voice->Sounding()) {
+        const Voice::Listener served = voice->Served();
+        const bool late = Clock::now() - std::max(served.asked, begun) > kPatience;
+        const bool taking = served.device == self;
+        if (taking && takenRate == rate) {
+            voice->Fill(self, unheard);
+        } else if (taking || late || (gNoDevice && served.device == 0)) {
+            gNoDevice = true;
+            takenRate = rate;
+            unheard.resize(static_cast<std::size_t>(rate * kPeriod / 1s));
+            voice->Connect(self, rate);
+        }
+        due = std::max(due + kPeriod, Clock::now() - kPeriod);
+        changed.wait_until(lock, stop, due, [] { return false; });
+    }
+}
+
+Output::Output(std::shared_ptr<Voice> voice) : mNeed(std::make_shared<Need>(std::move(voice))) {}
+
+void Output::Expect(int rate) {
+    {
+        const std::lock_guard lock(mNeed->mutex);
+        mNeed->rate = rate;
+        mNeed->until = Clock::now() + kAhead;
+        ++mNeed->expected;
+    }
+    Wake();
+}
+
+void Output::Begin(int rate) {
+    {
+        const std::lock_guard lock(mNeed->mutex);
+        mNeed->rate = rate;
+        mNeed->begun = Clock::now();
+        mNeed->until = mNeed->begun + kBeginning;
+    }
+    Wake();
+}
+
+void Output::End() {
+    const std::lock_guard lock(mNeed->mutex);
+    mNeed->until = Clock::now() + kLinger;
+}
+
+void Output::Wake() {
+    mNeed->changed.notify_all();
+    if (mDevice)
         return;
-    if (mStarted)
-        mSdl->QuitSubSystem(SDL_INIT_AUDIO);
-    mSdl->TLSCleanup(); // on a thread that SDL did not make nobody else does it
-}
-
-void Output::Open(int rate) {
-    if (mRate == rate)
-        return;
-    Close();
-    mRate = rate;
-    gNoDevice = !OpenDevice(rate);
-    if (gNoDevice)
-        mSilent.Open(rate);
-}
-
-bool Output::OpenDevice(int rate) {
-    if (mSdl == nullptr)
-        return false;
-    mStarted = mStarted || StartSdl(*mSdl);
-    if (!mStarted)
-        return false;
-    SDL_AudioSpec wanted = {};
-    wanted.freq = rate;
-    wanted.format = AUDIO_F32SYS;
-    wanted.channels = 2;
-    wanted.samples = static_cast<Uint16>(rate / kBuffersPerSecond);
-    wanted.callback = FillDevice;
-    wanted.userdata = &mVoice;
-    mDevice = mSdl->OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0);
-    if (mDevice == 0)
-        return false;
-    mSdl->PauseAudioDevice(mDevice, 0);
-    return true;
-}
-
-void Output::Close() {
-    if (mDevice != 0)
-        mSdl->CloseAudioDevice(mDevice);
-    mSilent.Close();
-    mDevice = 0;
-    mRate = 0;
+    mDevice.emplace([need = mNeed](const std::stop_token& stop) { need->KeepDevice(stop); });
+    mStandIn.emplace([need = mNeed](const std::stop_token& stop) { need->StandIn(stop); });
 }
 
 } // namespace audio

@@ -1,46 +1,44 @@
 #pragma once
 
-#include "audio/SilentDevice.h"
+#include "platform/Aside.h"
 
-#include <cstdint>
+#include <memory>
+#include <optional>
 
 namespace audio {
 
-struct Sdl;
 class Voice;
 
-/// Whether nothing is heard because no sound device could be had the last time that one was
-/// needed. Asked by any thread.
+/// Whether nothing is heard because no sound device could be had, or none that works, the last time
+/// that one was needed. Any thread may ask.
 bool NoDevice();
 
-/// Where the voice is heard: the system's default sound device or, if that cannot be had, a silent
-/// stand-in that keeps the song running. Made, used and destroyed by one thread, which has no other
-/// business with SDL; the device calls the voice on a thread of its own.
+/// Has a voice heard: keeps the sound device open while it is needed and, while there is none that
+/// works, takes the frames at the pace at which they would be heard. Used by one thread, which
+/// never waits for the device.
 class Output {
 public:
-    explicit Output(Voice& voice);
-    ~Output();
+    explicit Output(std::shared_ptr<Voice> voice);
     Output(const Output&) = delete;
     Output& operator=(const Output&) = delete;
 
-    /// Begins to play the voice at `rate` frames a second. What is open at that rate stays open.
-    void Open(int rate);
+    /// The voice will probably begin within the next seconds, at `rate` frames a second.
+    void Expect(int rate);
 
-    /// Closes the device, after what it was handed has been heard. Blocks for about two of its
-    /// buffers; after that the voice is not called any more.
-    void Close();
+    /// It has begun.
+    void Begin(int rate);
 
-    bool IsOpen() const { return mRate != 0; }
+    /// It has ended, perhaps only for an instant.
+    void End();
 
 private:
-    bool OpenDevice(int rate);
+    struct Need;
 
-    const Sdl* mSdl;
-    Voice& mVoice;
-    SilentDevice mSilent;
-    bool mStarted = false;
-    std::uint32_t mDevice = 0;
-    int mRate = 0;
+    void Wake();
+
+    std::shared_ptr<Need> mNeed;
+    std::optional<platform::Aside> mDevice; // both from the first need on
+    std::optional<platform::Aside> mStandIn;
 };
 
 } // namespace audio

@@ -25,6 +25,7 @@ std::optional<Sdl> Load() {
                           Resolve(library, "SDL_TLSCleanup", sdl.TLSCleanup) &&
                           Resolve(library, "SDL_OpenAudioDevice", sdl.OpenAudioDevice) &&
                           Resolve(library, "SDL_PauseAudioDevice", sdl.PauseAudioDevice) &&
+                          Resolve(library, "SDL_GetAudioDeviceStatus", sdl.GetAudioDeviceStatus) &&
                           Resolve(library, "SDL_CloseAudioDevice", sdl.CloseAudioDevice);
     return complete ? std::optional(sdl) : std::nullopt;
 }

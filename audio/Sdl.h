@@ -14,6 +14,7 @@ struct Sdl {
     decltype(&SDL_TLSCleanup) TLSCleanup;
     decltype(&SDL_OpenAudioDevice) OpenAudioDevice;
     decltype(&SDL_PauseAudioDevice) PauseAudioDevice;
+    decltype(&SDL_GetAudioDeviceStatus) GetAudioDeviceStatus;
     decltype(&SDL_CloseAudioDevice) CloseAudioDevice;
 };
 

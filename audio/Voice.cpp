@@ -1,9 +1,9 @@
 #include "audio/Voice.h"
 
-#include "audio/PlayClock.h"
+#include "audio/Reel.h"
 
 #include <algorithm>
-#include <chrono>
+#include <utility>
 
 namespace audio {
 
@@ -11,48 +11,86 @@ namespace {
 constexpr double kFadeSeconds = 0.004;
 }
 
-void Voice::Load(int rate, std::int64_t at) {
-    mRing.Drop(mRing.Readable());
-    mComplete.store(false, std::memory_order_relaxed);
+void Voice::Play(std::shared_ptr<Reel> reel, std::uint64_t run) {
+    std::shared_ptr<Reel> old; // goes after the lock
+    const std::lock_guard lock(mMutex);
+    old = std::exchange(mOld, nullptr);
+    mWanted = std::move(reel);
+    mWantedRun = run;
+    if (mReel == mWanted || !mReel || mGain == 0)
+        ChangeOver();
+}
+
+void Voice::SetSpeed(double speed) {
+    const std::lock_guard lock(mMutex);
+    mSpeed = speed;
+}
+
+bool Voice::Sounding() const {
+    const std::lock_guard lock(mMutex);
+    return mReel != mWanted || (mReel && mEndedRun != mRun);
+}
+
+bool Voice::Fading() const {
+    const std::lock_guard lock(mMutex);
+    return mReel != mWanted;
+}
+
+bool Voice::Ended(std::uint64_t run) const {
+    const std::lock_guard lock(mMutex);
+    return mEndedRun == run;
+}
+
+void Voice::Connect(std::uint64_t device, int rate) {
+    const std::lock_guard lock(mMutex);
+    mListener = {device, std::chrono::steady_clock::now()};
     mRate = rate;
-    mNext = at;
-    mPhase = 0;
-}
-
-void Voice::Start(std::uint64_t run) {
-    mRun = run;
     mGain = 0;
-    mState.store(State::Sounding, std::memory_order_release);
+    ChangeOver();
 }
 
-void Voice::FadeOut() {
-    State expected = State::Sounding;
-    mState.compare_exchange_strong(expected, State::FadingOut);
+void Voice::Disconnect(std::uint64_t device) {
+    const std::lock_guard lock(mMutex);
+    if (mListener.device != device)
+        return;
+    mListener = {};
+    mGain = 0;
+    ChangeOver();
 }
 
-void Voice::Fill(std::span<Frame> out) noexcept {
-    const State state = mState.load(std::memory_order_acquire);
-    std::size_t done = 0;
-    if (state != State::Silent) {
-        const double speed = mSpeed.load(std::memory_order_relaxed);
-        const double first = Place();
-        done = Render(out, state == State::Sounding, speed);
-        mClock.Note({.run = mRun,
-                     .first = first,
-                     .end = Place(),
-                     .speed = speed,
-                     .delay = static_cast<double>(out.size()) / mRate,
-                     .when = std::chrono::steady_clock::now()});
-        if (state == State::FadingOut && done < out.size())
-            mState.store(State::Silent, std::memory_order_release);
-    }
-    std::fill(out.begin() + static_cast<std::ptrdiff_t>(done), out.end(), Frame{});
+Voice::Listener Voice::Served() const {
+    const std::lock_guard lock(mMutex);
+    return mListener;
+}
+
+void Voice::Fill(std::uint64_t device, std::span<Frame> out) noexcept {
+    std::fill(out.begin(), out.end(), Frame{});
+    const std::lock_guard lock(mMutex);
+    if (mListener.device != device)
+        return;
+    mListener.asked = std::chrono::steady_clock::now();
+    if (mReel != mWanted && (Render(out, false) < out.size() || mGain == 0))
+        ChangeOver();
+    else if (mReel == mWanted && mReel && mReel->rate == mRate)
+        Serve(out);
+}
+
+void Voice::Serve(std::span<Frame> out) {
+    const double first = Place();
+    if (Render(out, true) == 0 && mReel->complete && mReel->frames.Readable() == 0)
+        mEndedRun = mRun;
+    mClock.Note({.run = mRun,
+                 .first = first,
+                 .end = Place(),
+                 .speed = mSpeed,
+                 .delay = static_cast<double>(out.size()) / mRate,
+                 .when = mListener.asked});
 }
 
 /// Writes frames until `out` is full, the fade is over or the queue has run dry; returns how many.
-std::size_t Voice::Render(std::span<Frame> out, bool sounding, double speed) noexcept {
-    const bool complete = Complete(); // asked first: then what waits is all there is
-    const std::size_t waiting = mRing.Readable();
+std::size_t Voice::Render(std::span<Frame> out, bool sounding) {
+    const bool complete = mReel->complete; // asked first: then what waits is all there is
+    const std::size_t waiting = mReel->frames.Readable();
     const std::size_t needed = complete ? 1 : 2;
     const double fadeStep = 1 / (kFadeSeconds * mRate);
     std::size_t taken = 0;
@@ -61,28 +99,41 @@ std::size_t Voice::Render(std::span<Frame> out, bool sounding, double speed) noe
         const Frame frame = Interpolated(taken, waiting);
         const auto gain = static_cast<float>(mGain);
         out[done++] = {frame.left * gain, frame.right * gain};
-        // A file cut short ends in the middle of its sound, and a slow disk makes the feeder late:
+        // A file cut short ends in the middle of its sound, and a slow disk makes the decoder late:
         // whatever the queue runs dry of is faded too.
-        const double left = static_cast<double>(waiting - taken) / speed;
+        const double left = static_cast<double>(waiting - taken) / mSpeed;
         const bool ends = left * fadeStep <= mGain;
         mGain = std::clamp(mGain + (sounding && !ends ? fadeStep : -fadeStep), 0.0, 1.0);
-        mPhase += speed;
-        const auto whole = static_cast<std::size_t>(mPhase);
-        mPhase -= static_cast<double>(whole);
+        mReel->phase += mSpeed;
+        const auto whole = static_cast<std::size_t>(mReel->phase);
+        mReel->phase -= static_cast<double>(whole);
         taken += whole;
     }
     taken = std::min(taken, waiting);
-    mRing.Drop(taken);
-    mNext += static_cast<std::int64_t>(taken);
+    mReel->frames.Drop(taken);
+    mReel->next += static_cast<std::int64_t>(taken);
     return done;
 }
 
-Frame Voice::Interpolated(std::size_t index, std::size_t waiting) const noexcept {
-    const Frame& from = mRing[index];
-    const Frame& to = index + 1 < waiting ? mRing[index + 1] : from;
-    const auto share = static_cast<float>(mPhase);
+Frame Voice::Interpolated(std::size_t index, std::size_t waiting) const {
+    const Frame& from = mReel->frames[index];
+    const Frame& to = index + 1 < waiting ? mReel->frames[index + 1] : from;
+    const auto share = static_cast<float>(mReel->phase);
     return {from.left + (to.left - from.left) * share,
             from.right + (to.right - from.right) * share};
+}
+
+double Voice::Place() const {
+    return (static_cast<double>(mReel->next) + mReel->phase) / mReel->rate;
+}
+
+/// Begins with what is wanted, once nothing sounds any more.
+void Voice::ChangeOver() {
+    if (mReel != mWanted) {
+        mOld = std::exchange(mReel, mWanted);
+        mGain = 0;
+    }
+    mRun = mWantedRun;
 }
 
 } // namespace audio

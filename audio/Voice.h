@@ -1,83 +1,78 @@
 #pragma once
 
 #include "audio/Frame.h"
-#include "audio/FrameRing.h"
+#include "audio/PlayClock.h"
 
-#include <atomic>
 #include <cstdint>
+#include <memory>
+#include <mutex>
 #include <span>
 
 namespace audio {
 
-class PlayClock;
+struct Reel;
 
-/// The sound between decoder and device: queues decoded frames, hands them out at the wanted speed
-/// and fades over 4 ms where sound begins and ends. Two threads meet here: the feeder, and the
-/// device, which only calls `Fill`.
+/// The sound between reels and devices: hands frames out at the wanted speed and fades over 4 ms
+/// where sound begins and ends. Any thread may call anything, and none waits for long.
+///
+/// Of several devices, of which some may hang, only the one that was connected last is served.
 class Voice {
 public:
-    /// `clock` is told of everything handed out.
-    explicit Voice(PlayClock& clock) : mClock(clock) {}
+    /// Has `reel` heard from now on, after what sounds now was faded out; nothing for none. Noted
+    /// under `run` of the clock. A reel goes on where it was left.
+    void Play(std::shared_ptr<Reel> reel, std::uint64_t run);
 
-    /// Feeder, while silent: empties the queue; what is pushed next is frame `at` of a song with
-    /// `rate` frames a second.
-    void Load(int rate, std::int64_t at);
+    /// Speed factor above 0, at once; 1 is normal.
+    void SetSpeed(double speed);
 
-    /// Feeder: how many frames can be pushed.
-    std::size_t Space() const { return mRing.Space(); }
+    /// Whether there is anything to be handed out, now or as soon as it is decoded.
+    bool Sounding() const;
 
-    /// Feeder: how many frames are waiting, at most.
-    std::size_t Waiting() const { return mRing.Readable(); }
+    /// Whether what sounded before is still being faded out.
+    bool Fading() const;
 
-    /// Feeder: appends decoded frames, at most `Space()`.
-    void Push(std::span<const Frame> frames) { mRing.Write(frames); }
+    /// Whether all of what `run` plays was handed out.
+    bool Ended(std::uint64_t run) const;
 
-    /// Feeder: nothing more will be pushed until the next `Load`.
-    void Finish() { mComplete.store(true, std::memory_order_release); }
+    /// Serves the device of this number, above 0 and another one each time, which takes `rate`
+    /// frames a second; only a reel of that rate is heard.
+    void Connect(std::uint64_t device, int rate);
 
-    /// Feeder: whether `Finish` was called.
-    bool Complete() const { return mComplete.load(std::memory_order_acquire); }
+    /// Serves none until the next `Connect`, if it is this one that is served.
+    void Disconnect(std::uint64_t device);
 
-    /// Feeder: whether everything up to the song's end was handed out.
-    bool Drained() const { return Complete() && Waiting() == 0; }
+    /// The device that is served, 0 for none, and when it last asked for frames, or was connected.
+    struct Listener {
+        std::uint64_t device = 0;
+        PlayClock::Time asked;
+    };
+    Listener Served() const;
 
-    /// Feeder, while silent: lets sound begin, noted under `run` of the clock.
-    void Start(std::uint64_t run);
+    /// A device: its next `out.size()` frames, silence where there are none.
+    void Fill(std::uint64_t device, std::span<Frame> out) noexcept;
 
-    /// Feeder: lets sound end; the device goes on until `Silent`.
-    void FadeOut();
-
-    /// Feeder, with no device left to call `Fill`: ends the sound at once.
-    void Cut() { mState.store(State::Silent, std::memory_order_release); }
-
-    /// Feeder: whether the device has stopped taking frames out.
-    bool Silent() const { return mState.load(std::memory_order_acquire) == State::Silent; }
-
-    /// Any thread: speed factor, at once; 1 is normal.
-    void SetSpeed(double speed) { mSpeed.store(speed, std::memory_order_relaxed); }
-
-    /// Device: the next `out.size()` frames at the song's rate, silence where there are none.
-    void Fill(std::span<Frame> out) noexcept;
+    /// Tells what is heard.
+    PlayClock& Clock() { return mClock; }
 
 private:
-    // The feeder moves Silent to Sounding and Sounding to FadingOut, the device FadingOut to
-    // Silent. While Silent everything below belongs to the feeder, else to the device.
-    enum class State { Silent, Sounding, FadingOut };
+    void Serve(std::span<Frame> out);
+    std::size_t Render(std::span<Frame> out, bool sounding);
+    Frame Interpolated(std::size_t index, std::size_t waiting) const;
+    double Place() const;
+    void ChangeOver();
 
-    std::size_t Render(std::span<Frame> out, bool sounding, double speed) noexcept;
-    Frame Interpolated(std::size_t index, std::size_t waiting) const noexcept;
-    double Place() const noexcept { return (static_cast<double>(mNext) + mPhase) / mRate; }
+    PlayClock mClock;
 
-    PlayClock& mClock;
-    FrameRing mRing;
-    std::atomic<bool> mComplete = false;
-    std::atomic<double> mSpeed = 1;
-    std::atomic<State> mState = State::Silent;
-
-    int mRate = 44100;
+    mutable std::mutex mMutex; // guards all that follows
+    std::shared_ptr<Reel> mWanted;
+    std::uint64_t mWantedRun = 0;
+    std::shared_ptr<Reel> mReel; // sounds, or fades out if it is not the one wanted
+    std::shared_ptr<Reel> mOld;  // kept so that no device has to free it
     std::uint64_t mRun = 0;
-    std::int64_t mNext = 0; // frame of the song that leaves the queue next
-    double mPhase = 0;      // how far between it and its successor, below 1
+    std::uint64_t mEndedRun = 0;
+    Listener mListener;
+    int mRate = 44100; // of the listener
+    double mSpeed = 1;
     double mGain = 0;
 };
 

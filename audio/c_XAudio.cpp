@@ -1,10 +1,8 @@
 #include "audio/c_XAudio.h"
 
+#include "audio/Cue.h"
 #include "audio/Deck.h"
-#include "audio/LevelledStream.h"
-#include "audio/Mp3Stream.h"
-#include "audio/Sdl.h"
-#include "audio/SongMeter.h"
+#include "audio/Track.h"
 
 #include <algorithm>
 #include <utility>
@@ -17,43 +15,41 @@ c_XAudio& Audio() {
     return *gAudio;
 }
 
-c_XAudio::c_XAudio()
-    : mDeck(std::make_unique<audio::Deck>()), mMeter(std::make_unique<audio::SongMeter>()) {
-    audio::LoadSdl(); // now, so that the first song need not wait for it when it is to be heard
-}
+c_XAudio::c_XAudio() : mDeck(std::make_unique<audio::Deck>()) {}
 
 c_XAudio::~c_XAudio() = default;
 
 double c_XAudio::Length() const {
     if (!mEverOpened)
         return -1;
-    return mStream ? mStream->Length() : 0;
+    return mTrack ? mTrack->Length() : 0;
 }
 
-double c_XAudio::Position() const { return mStream ? mDeck->Position() : Length(); }
+double c_XAudio::Position() const { return mTrack ? mDeck->Position() : Length(); }
 
 std::int16_t c_XAudio::OpenFile(const std::filesystem::path& path) {
-    if (mStream)
-        mDeck->Load(nullptr); // silence first: looking through a long file takes a moment
-    mMeter->Abandon();
-    mStream.reset();
-    std::unique_ptr<audio::Mp3Stream> stream = audio::Mp3Stream::Open(path);
-    if (!stream)
+    mDeck->Load(nullptr);
+    mTrack = audio::Cue::Claim(path);
+    mTrack->AwaitOpen();
+    if (mTrack->Now() == audio::Track::State::Failed) {
+        mTrack.reset();
         return 0;
-    mStream = std::make_shared<audio::LevelledStream>(std::move(stream), mMeter->Measure(path));
-    mDeck->Load(mStream);
+    }
+    mDeck->Load(mTrack);
     mEverOpened = true;
     return 1;
 }
 
 std::int16_t c_XAudio::SeekTo(double position) {
-    if (mStream)
+    if (mTrack) {
         mDeck->Seek(position > 0 ? std::min(position, Length()) : 0);
+        mDeck->Expect();
+    }
     return 0;
 }
 
 std::int16_t c_XAudio::Play() {
-    if (mStream) {
+    if (mTrack) {
         mPaused = false;
         mDeck->Run();
     }
@@ -61,14 +57,14 @@ std::int16_t c_XAudio::Play() {
 }
 
 void c_XAudio::StopPlay() {
-    if (!mStream)
+    if (!mTrack)
         return;
     mDeck->Halt();
     mDeck->Seek(0);
 }
 
 void c_XAudio::PausePlay() {
-    if (!mStream)
+    if (!mTrack)
         return;
     if (mPaused)
         mDeck->Run();
@@ -78,6 +74,6 @@ void c_XAudio::PausePlay() {
 }
 
 void c_XAudio::SetRate(double rate) {
-    if (mStream && rate >= 0.125 && rate <= 8)
+    if (mTrack && rate >= 0.125 && rate <= 8)
         mDeck->SetSpeed(rate);
 }

@@ -6,18 +6,18 @@
 
 namespace audio {
 class Deck;
-class LevelledStream;
-class SongMeter;
+class Track;
 } // namespace audio
 
 /// Plays one MP3 file at a time, from any point, on the system's default sound device. Without a
-/// device everything runs the same in silence. Nothing here shows a message, throws or waits for
-/// sound: decoding, measuring and the device's affairs happen on threads of its own, the first of
-/// which starts with the first `OpenFile`.
+/// device everything runs the same in silence. Nothing here shows a message or throws, and nothing
+/// waits: decoding, measuring and the device's affairs happen on threads of its own. Only
+/// `OpenFile` waits for the disk, unless an `audio::Cue` has got the song ready before.
 ///
 /// All songs are heard at one loudness, that of the song as a whole being brought to -16 LUFS, and
-/// none beyond full scale; the files stay as they are. The loudness is measured from `OpenFile` on
-/// and usually known when `Play` is called.
+/// none beyond full scale; the files stay as they are. The loudness is measured from the opening on
+/// and usually known when `Play` is called. The sound device is open from `OpenFile` or `SeekTo` on
+/// for some seconds, and while something is heard.
 ///
 /// All functions are called from one thread, that of the user interface. Times are in seconds.
 /// Without an open file all but `OpenFile` do nothing.
@@ -56,8 +56,7 @@ public:
 
 private:
     std::unique_ptr<audio::Deck> mDeck;
-    std::unique_ptr<audio::SongMeter> mMeter;
-    std::shared_ptr<audio::LevelledStream> mStream; // none without an open file
+    std::shared_ptr<audio::Track> mTrack; // none without an open file
     bool mEverOpened = false;
     bool mPaused = false;
 };

@@ -4,6 +4,8 @@
 
 namespace platform {
 
+// Any thread may call these.
+
 /// Reseeds the generator; the games pass the seconds since midnight.
 void Randomize(double seed);
 

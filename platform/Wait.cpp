@@ -102,6 +102,15 @@ void WaitWhile(const std::function<bool()>& condition) {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
+void WakeUp() {
+    QCoreApplication* application = QCoreApplication::instance();
+    QAbstractEventDispatcher* dispatcher =
+        application != nullptr ? QAbstractEventDispatcher::instance(application->thread())
+                               : nullptr;
+    if (dispatcher != nullptr)
+        dispatcher->wakeUp();
+}
+
 void WaitFor(int milliseconds) {
     QTimer timer;
     timer.setSingleShot(true);
@@ -116,9 +125,7 @@ void RequestQuit() {
     gQuitting = true;
     // Ends the loops of open dialogs too; `quit` leaves them alone outside the main loop.
     QCoreApplication::exit();
-    // A wait that is asleep right now must look at its condition again.
-    if (auto* dispatcher = QAbstractEventDispatcher::instance())
-        dispatcher->wakeUp();
+    WakeUp();
 }
 
 QuitWatch::QuitWatch() {

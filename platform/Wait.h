@@ -15,6 +15,9 @@ void PumpEventsNowAndThen();
 /// asked to quit, so every caller must be able to go on with the condition still true.
 void WaitWhile(const std::function<bool()>& condition);
 
+/// Has a `WaitWhile` that sleeps look at its condition again. Any thread may call it.
+void WakeUp();
+
 /// Sleeps for `milliseconds`, letting events run meanwhile; shorter when asked to quit.
 void WaitFor(int milliseconds);
 

@@ -1,3 +1,5 @@
+#include "platform/Aside.h"
+
 #include <QApplication>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -14,5 +16,7 @@ int main(int argc, char* argv[]) {
     testing::InitGoogleTest(&argc, argv);
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    return RUN_ALL_TESTS();
+    const int failed = RUN_ALL_TESTS();
+    platform::AsidesEnd(std::chrono::seconds(20));
+    return failed;
 }

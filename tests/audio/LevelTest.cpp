@@ -1,6 +1,6 @@
 #include "audio/LevelledStream.h"
 #include "audio/Meter.h"
-#include "audio/SongMeter.h"
+#include "audio/SongLevel.h"
 #include "tests/audio/RecordedPlayer.h"
 
 namespace {
@@ -103,12 +103,12 @@ TEST_F(RecordedPlayer, TheSameMusicIsHeardAtOneLoudnessBelowFullScale) {
     for (const auto& copy : copies) {
         SCOPED_TRACE(copy.name);
         const auto path = mFolder.Write(copy.name, tonefile::Encode(20, copy.encoding));
+        Rewind();
         ASSERT_EQ(mPlayer.OpenFile(path), 1);
         if (!copy.atOnce)
             std::this_thread::sleep_for(std::chrono::milliseconds(300));
         const double start = 11.3;
         mPlayer.SeekTo(start);
-        Rewind();
         mPlayer.Play();
         ASSERT_TRUE(Passes(start + 4));
         mPlayer.StopPlay();

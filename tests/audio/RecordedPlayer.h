@@ -1,6 +1,7 @@
 #pragma once
 
 #include "audio/c_XAudio.h"
+#include "platform/Aside.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/audio/Sound.h"
 #include "tests/audio/ToneFile.h"
@@ -37,6 +38,10 @@ protected:
     }
 
     const TemporaryFolder mFolder;
+    /// The player's threads go on a little after it.
+    struct End {
+        ~End() { EXPECT_TRUE(platform::AsidesEnd(std::chrono::seconds(20))); }
+    } mEnd;
     c_XAudio mPlayer;
 };
 

@@ -1,10 +1,12 @@
 #include "audio/Voice.h"
 
-#include "audio/PlayClock.h"
+#include "audio/Reel.h"
 #include "tests/audio/Sound.h"
 
+#include <algorithm>
 #include <chrono>
 #include <gtest/gtest.h>
+#include <memory>
 #include <vector>
 
 namespace {
@@ -15,57 +17,84 @@ using audio::PlayClock;
 
 constexpr float kNoClick = 1.01f / 176; // a fade over 4 ms has 176 steps
 
+constexpr std::uint64_t kDevice = 1;
+
 class Voice : public testing::Test {
 protected:
-    void Begin(const std::vector<Frame>& frames, double speed = 1) {
-        mVoice.Cut();
-        mVoice.Load(44100, 0);
-        mVoice.Push(frames);
-        mVoice.SetSpeed(speed);
-        mVoice.Start(1);
+    Voice() { mVoice.Connect(kDevice, 44100); }
+    static std::shared_ptr<audio::Reel> ReelOf(const std::vector<Frame>& frames) {
+        auto reel = std::make_shared<audio::Reel>(44100, 0);
+        reel->frames.Write(frames);
+        return reel;
     }
     /// The next frames; they are appended to `mHeard`.
     std::vector<Frame> Take(std::size_t count) {
         std::vector<Frame> frames(count);
-        mVoice.Fill(frames);
+        mVoice.Fill(kDevice, frames);
         mHeard.insert(mHeard.end(), frames.begin(), frames.end());
         return frames;
     }
-    PlayClock mClock;
-    audio::Voice mVoice{mClock};
+    audio::Voice mVoice;
     std::vector<Frame> mHeard = {Frame{}};
 };
 
 TEST_F(Voice, FadesWhereItStartsStopsAndGoesOn) {
-    Begin(std::vector<Frame>(3000, Frame{1, 1}));
+    const auto reel = ReelOf(std::vector<Frame>(3000, Frame{1, 1}));
+    mVoice.Play(reel, 1);
     EXPECT_EQ(Take(1000).back().left, 1);
-    mVoice.FadeOut();
-    EXPECT_FALSE(mVoice.Silent());
-    EXPECT_EQ(Take(882).back().left, 0);
-    EXPECT_TRUE(mVoice.Silent());
-    mVoice.Start(2);
+    mVoice.Play(nullptr, 2);
+    EXPECT_TRUE(mVoice.Sounding());
+    EXPECT_EQ(Take(441).back().left, 0);
+    EXPECT_FALSE(mVoice.Sounding());
+    mVoice.Play(reel, 3);
     EXPECT_EQ(Take(441).back().left, 1);
-    EXPECT_LE(sound::Difference(std::span(mHeard).subspan(1), mHeard), kNoClick);
-    Take(3000);
-    mVoice.FadeOut();
+    mVoice.Play(ReelOf(std::vector<Frame>(700, Frame{-1, -1})), 4);
     Take(441);
-    EXPECT_TRUE(mVoice.Silent()) << "waits in the fade for frames that do not come";
+    Take(500);
+    EXPECT_EQ(std::ranges::min(mHeard, {}, &Frame::left).left, -1);
+    EXPECT_LE(sound::Difference(std::span(mHeard).subspan(1), mHeard), kNoClick);
+    mVoice.Play(nullptr, 5);
+    Take(441);
+    EXPECT_FALSE(mVoice.Sounding()) << "waits in the fade for frames that do not come";
 }
 
 TEST_F(Voice, RunsAtTheSpeedAskedForAndStopsAtTheEndWithoutAClick) {
     std::vector<Frame> ramp(10000);
     for (std::size_t i = 0; i < ramp.size(); ++i)
         ramp[i].left = static_cast<float>(i + 1);
+    std::uint64_t run = 0;
     for (const double speed : {0.5, 1.0, 1.5, 2.0, 7.7}) {
-        Begin(ramp, speed);
+        const auto reel = ReelOf(ramp);
+        mVoice.SetSpeed(speed);
+        mVoice.Play(nullptr, ++run);
+        Take(441);
+        mVoice.Play(reel, ++run);
         EXPECT_NEAR(Take(1001).back().left, 1 + 1000 * speed, 0.01);
-        mVoice.Finish();
+        reel->complete = true;
         std::vector<Frame> rest = Take(30000);
-        EXPECT_TRUE(mVoice.Drained());
+        EXPECT_FALSE(mVoice.Ended(run)) << "before the device has come back for more";
+        Take(1);
+        EXPECT_TRUE(mVoice.Ended(run));
         std::erase_if(rest, [](const Frame& frame) { return frame.left <= 0; });
         EXPECT_NEAR(static_cast<double>(rest.size()), 10000 / speed - 1001, 2 / speed + 1);
         EXPECT_LT(rest.back().left, 10000 * 0.02);
     }
+}
+
+TEST_F(Voice, ServesTheDeviceThatWasConnectedLast) {
+    const auto reel = ReelOf(std::vector<Frame>(3000, Frame{1, 1}));
+    mVoice.Play(reel, 1);
+    Take(1000);
+    mVoice.Connect(kDevice + 1, 22050);
+    EXPECT_EQ(Take(100).back().left, 0) << "heard on a device that was replaced";
+    std::vector<Frame> frames(1000);
+    mVoice.Fill(kDevice + 1, frames);
+    EXPECT_EQ(frames.back().left, 0) << "heard at another rate";
+    mVoice.Connect(kDevice + 2, 44100);
+    mVoice.Disconnect(kDevice + 1);
+    mVoice.Fill(kDevice + 2, frames);
+    EXPECT_EQ(frames.back().left, 1);
+    EXPECT_EQ(reel->next, 2000);
 }
 
 PlayClock::Time At(std::chrono::milliseconds time) { return PlayClock::Time(time); }

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QTimer>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace audio {
+
+class Track;
+
+/// Gets a song ready to be heard: opens it, goes to a place in it and decodes its first seconds,
+/// on other threads. While the cue lives, `c_XAudio::OpenFile` of that song, and `SeekTo` that
+/// place, take over what is ready. Ends at once, whatever the disk does. Used by the thread of the
+/// user interface.
+class Cue {
+public:
+    /// The place to begin at, in seconds, of a song of that length, in seconds. It is called on
+    /// another thread.
+    using Start = std::function<double(double length)>;
+
+    /// Gets the first of `songs` ready that can be opened and answers within 10 s. The end of the
+    /// work wakes `platform::WaitWhile`.
+    Cue(std::vector<std::filesystem::path> songs, Start start);
+    ~Cue();
+    Cue(const Cue&) = delete;
+    Cue& operator=(const Cue&) = delete;
+
+    /// Whether a song is ready.
+    bool Ready() const;
+
+    /// How many of the songs, the first ones, were found not to be playable.
+    std::size_t Failed() const;
+
+    /// Whether the work goes on: no song is ready and not all have failed.
+    bool Working() const { return !Ready() && Failed() < mSongs.size(); }
+
+    /// The track of a song that is ready, or one that begins to be opened now.
+    static std::shared_ptr<Track> Claim(const std::filesystem::path& song);
+
+private:
+    void Try(std::size_t first);
+    void PassOverSlowSong();
+
+    const std::vector<std::filesystem::path> mSongs;
+    const Start mStart;
+    std::size_t mFirst = 0;        // of the songs, that the track was given
+    std::shared_ptr<Track> mTrack; // never none
+    QTimer mLook;
+};
+
+} // namespace audio

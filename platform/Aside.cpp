@@ -1,0 +1,48 @@
+#include "platform/Aside.h"
+
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+#include <utility>
+
+namespace platform {
+
+namespace {
+
+struct Count {
+    std::mutex mutex;
+    std::condition_variable changed;
+    int running = 0;
+};
+
+/// Never destroyed: work that was left behind may end at any time.
+Count& Running() {
+    static auto* count = new Count;
+    return *count;
+}
+
+void Change(int by) {
+    Count& count = Running();
+    const std::lock_guard lock(count.mutex);
+    count.running += by;
+    count.changed.notify_all();
+}
+
+} // namespace
+
+Aside::Aside(std::function<void(const std::stop_token& stop)> work) {
+    Change(1);
+    std::thread([work = std::move(work), stop = mStop.get_token()]() mutable {
+        work(stop);
+        work = nullptr; // what it owns goes before it counts as ended
+        Change(-1);
+    }).detach();
+}
+
+bool AsidesEnd(std::chrono::milliseconds patience) {
+    Count& count = Running();
+    std::unique_lock lock(count.mutex);
+    return count.changed.wait_for(lock, patience, [&count] { return count.running == 0; });
+}
+
+} // namespace platform
