@@ -2,6 +2,7 @@
 // walk of the system's calls, a playlist next to splitting its file into lines.
 
 #include "bench/MusicTree.h"
+#include "library/AnyList.h"
 #include "library/SongScan.h"
 #include "library/c_ID3.h"
 #include "library/c_M3U.h"
@@ -116,6 +117,23 @@ void PlaylistFloor(benchmark::State& state) {
         benchmark::DoNotOptimize(ReadAndSplit(file));
 }
 BENCHMARK(PlaylistFloor)->Unit(benchmark::kMillisecond);
+
+/// Another program's list, of songs that are all gone.
+void ForeignListOfTheDead(benchmark::State& state) {
+    const TemporaryFolder folder;
+    const fs::path file = folder.Path() / "list.m3u8";
+    std::ofstream stream(file);
+    for (int song = 0; song < kSongs; ++song)
+        stream << "Some Artist\\Album " << song / 10 << "\\" << song << " - Title.mp3\n";
+    stream.close();
+    for (auto _ : state) {
+        c_M3U list;
+        library::ReadAnyList(file, list);
+        if (list.Count() != kSongs)
+            state.SkipWithError("the playlist missed songs");
+    }
+}
+BENCHMARK(ForeignListOfTheDead)->Unit(benchmark::kMillisecond);
 
 /// A list without a file to write back to when it goes.
 void FillUnbound(c_M3U& list) {

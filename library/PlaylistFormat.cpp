@@ -5,6 +5,7 @@
 #include "platform/Text.h"
 
 #include <algorithm>
+#include <cctype>
 #include <charconv>
 #include <iterator>
 #include <limits>
@@ -14,6 +15,7 @@ namespace library {
 namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
+constexpr std::string_view kHeaderLine = "#EXTM3U";
 constexpr std::string_view kHeader = "#EXTM3U\r\n";
 constexpr std::string_view kMarkTag = "#Songrush:";
 constexpr std::string_view kLengthTag = " bytes=";
@@ -53,8 +55,12 @@ template <typename Number> void AppendNumber(std::string& file, Number number) {
 
 std::optional<PlaylistEntry> PlaylistReader::Next() {
     std::int16_t played = 0;
+    bool marked = false; // by the line before
     while (!mRest.empty()) {
         const std::string_view line = TakeLine();
+        if (mWatches)
+            Watch(line, marked);
+        marked = line.starts_with(kMarkTag);
         if (line.size() < 2)
             continue;
         if (line.front() != '#') {
@@ -63,17 +69,33 @@ std::optional<PlaylistEntry> PlaylistReader::Next() {
                 return PlaylistEntry{path, played};
             continue;
         }
-        const bool tagFirst = line.starts_with(kMarkTag);
-        if (!tagFirst && line.find(kMarkTag) == std::string_view::npos)
+        if (!marked && line.find(kMarkTag) == std::string_view::npos)
             continue;
         // The format has the mark at this place of the line even when the tag stands further on.
         const std::string_view markText = line.substr(kMarkTag.size());
         played = MarkFromText(markText);
-        const auto path = tagFirst ? TakeMeasuredPath(markText) : std::nullopt;
+        const auto path = marked ? TakeMeasuredPath(markText) : std::nullopt;
         if (path)
             return PlaylistEntry{*path, played};
     }
     return std::nullopt;
+}
+
+bool PlaylistReader::FindsForeign(std::string_view bytes) {
+    PlaylistReader reader(bytes);
+    reader.mWatches = true;
+    while (!reader.mSawForeign && reader.Next()) {
+    }
+    return reader.mSawForeign;
+}
+
+/// The line of a path that the program has written follows its mark and may hold other line ends.
+void PlaylistReader::Watch(std::string_view line, bool marked) {
+    const bool comment = line.starts_with('#');
+    const bool otherEnds = line.find('\n') != line.npos || line.find('\r') != line.npos;
+    const bool otherComment = comment && line != kHeaderLine && line.find(kMarkTag) == line.npos;
+    if ((otherEnds && (comment || !marked)) || otherComment || IsAddress(line))
+        mSawForeign = true;
 }
 
 std::string_view PlaylistReader::TakeLine() {
@@ -96,6 +118,17 @@ std::optional<std::string_view> PlaylistReader::TakeMeasuredPath(std::string_vie
         return std::nullopt;
     mRest = after.substr(std::min(kLineEnd.size(), after.size()));
     return path;
+}
+
+bool IsAddress(std::string_view line) {
+    const std::size_t scheme = line.find("://");
+    const auto isOfScheme = [](unsigned char c) {
+        return std::isalnum(c) != 0 || c == '+' || c == '-' || c == '.';
+    };
+    // A single letter is a drive.
+    return scheme != line.npos && scheme > 1 &&
+           std::all_of(line.begin(), line.begin() + static_cast<std::ptrdiff_t>(scheme),
+                       isOfScheme);
 }
 
 bool IsPlaylistText(std::string_view bytes) {

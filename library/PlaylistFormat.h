@@ -25,12 +25,22 @@ public:
     /// The next entry; nothing at the end.
     std::optional<PlaylistEntry> Next();
 
+    /// Whether `bytes` hold anything but paths and the program's own comments, in lines that end
+    /// with CR LF.
+    static bool FindsForeign(std::string_view bytes);
+
 private:
+    void Watch(std::string_view line, bool marked);
     std::string_view TakeLine();
     std::optional<std::string_view> TakeMeasuredPath(std::string_view markText);
 
     std::string_view mRest;
+    bool mWatches = false;
+    bool mSawForeign = false;
 };
+
+/// Whether a line of a playlist is the address (URL) of something, which no path is.
+bool IsAddress(std::string_view line);
 
 /// Whether the bytes of a file are text that may be a playlist.
 bool IsPlaylistText(std::string_view bytes);
