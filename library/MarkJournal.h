@@ -9,8 +9,8 @@
 namespace library {
 
 /// Keeps the marks that songs of one playlist got since the playlist was written, so that a crash
-/// takes none along. It is a file in the program's folder, itself a playlist, and goes when the
-/// marks stand in the list.
+/// takes none along; of a list that is never written, all of them. It is a file in the program's
+/// folder, itself a playlist, and goes when the marks stand in the list.
 class MarkJournal {
 public:
     /// Of the playlist at the absolute path `list`, whether or not there is something to keep.

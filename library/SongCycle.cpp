@@ -5,12 +5,12 @@ namespace library {
 namespace fs = std::filesystem;
 
 SongCycle::SongCycle(const fs::path& playlist)
-    : mError(mList.ReadFile(playlist)), mJournal(playlist) {}
+    : mRead(ReadAnyList(playlist, mList)), mJournal(playlist) {}
 
 SongCycle::~SongCycle() {
     for (const int song : mKeptUnplayed)
         mList.SetPlayed(song, 0);
-    if (mBegun && mList.WriteBack())
+    if (mBegun && !mRead.foreign && mList.WriteBack())
         mJournal.Discard();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "library/AnyList.h"
 #include "library/MarkJournal.h"
 #include "library/c_M3U.h"
 
@@ -15,7 +16,8 @@ namespace library {
 /// The songs of a playlist in the order of play, none twice before all were played. A song that
 /// cannot be opened is passed over for as long as the object lives and keeps its mark in the list.
 /// The marks go into the playlist file with the object, unless another program has changed the file
-/// meanwhile; then they wait in a journal, as after a crash.
+/// meanwhile; then they wait in a journal, as after a crash. Those of another program's list, which
+/// is never written, stay there.
 class SongCycle {
 public:
     /// Reads the playlist; see `Error`.
@@ -24,8 +26,8 @@ public:
     SongCycle(const SongCycle&) = delete;
     SongCycle& operator=(const SongCycle&) = delete;
 
-    /// Why the playlist could not be read; then there are no songs. See `c_M3U::ReadFile`.
-    std::error_code Error() const { return mError; }
+    /// Why the playlist could not be read; then there are no songs. See `c_M3U::ReadFailure`.
+    std::error_code Error() const { return mRead.error; }
 
     int Count() const { return mList.Count(); }
 
@@ -48,7 +50,7 @@ private:
     void NotePlayed(int song, bool newCycle);
 
     c_M3U mList;
-    std::error_code mError;
+    ListRead mRead;
     MarkJournal mJournal;
     bool mBegun = false;
     std::unordered_set<int> mFailed;       // by index, the songs that could not be opened

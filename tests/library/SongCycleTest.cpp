@@ -89,11 +89,19 @@ TEST_F(SongCycleTest, SongsThatCannotBeOpenedArePassedOverAndKeepTheirMarks) {
     }
 }
 
-TEST_F(SongCycleTest, AFileIsOnlyWrittenWithNewMarks) {
-    const std::string foreign = "#EXTM3U\r\n#EXTINF:1,x\r\n/a\r\n/b\r\n";
-    mFolder.Write(mList, foreign);
-    EXPECT_EQ(Play(2, "ab"), "");
-    EXPECT_EQ(BytesOf(mList), foreign);
+TEST_F(SongCycleTest, AnotherProgramsListIsNeverWrittenAndItsSongsComeBackWhenAllWerePlayed) {
+    const std::string list = "#EXTINF:1,x\n/a\n/b\n/c\n";
+    mFolder.Write(mList, list);
+    EXPECT_EQ(Play(2, "abc"), "");
+    std::string played = Play(2);
+    EXPECT_EQ(BytesOf(mList), list);
+    mFolder.Write(mList, list + "/d\n"); // one that comes in
+    played += Play(2);
+    std::sort(played.begin(), played.end());
+    EXPECT_EQ(played, "abcd");
+    const std::string goes = Play(1);            // of a new cycle
+    mFolder.Write(mList, "/x\n/" + goes + "\n"); // the others have gone
+    EXPECT_EQ(Play(1), "x");
 }
 
 TEST_F(SongCycleTest, AFileThatOthersReplacedStaysAndGetsTheMarksTheNextTime) {
