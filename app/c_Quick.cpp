@@ -3,6 +3,7 @@
 #include "app/f_Load.h"
 #include "app/f_Quick.h"
 #include "editor/c_Editor.h"
+#include "library/AnyList.h"
 #include "library/MarkJournal.h"
 #include "library/SongFolders.h"
 #include "library/SongScan.h"
@@ -163,7 +164,7 @@ void c_Quick::bUsePlaylist_Clicked() {
     ChangeToFolder(library::PlaylistFolder());
     const QString chosen =
         cDialog::GetOpenName(QStringLiteral("Load Playlist"), QStringLiteral("Playlist Files"),
-                             QStringLiteral("*.m3u"), QString(), false);
+                             library::ListPatterns(), QString(), false);
     mPath = chosen.trimmed().isEmpty() ? fs::path() : platform::PathFromText(chosen);
     if (mPath.empty()) {
         platform::ShowMessage(QStringLiteral("No Playlist was selected.\n"

@@ -32,11 +32,17 @@ public:
     }
 };
 
-/// "*.mp3 *.mp3 ...": every way to write a pattern, for dialogs that tell capitals from small
-/// letters.
-QString InAllCases(const QString& pattern) {
+/// "*.mp3 *.mp3 ...": every way to write one or more patterns, for dialogs that tell capitals from
+/// small letters.
+QString InAllCases(const QString& patterns) {
+    const QStringList several = patterns.split(u' ');
+    if (several.size() > 1) {
+        QStringList all;
+        std::transform(several.begin(), several.end(), std::back_inserter(all), InAllCases);
+        return all.join(u' ');
+    }
     QStringList ways{QString()};
-    for (const QChar sign : pattern) {
+    for (const QChar sign : patterns) {
         QStringList longer;
         for (const QString& way : ways) {
             longer << way + sign.toLower();
@@ -82,9 +88,9 @@ FileDialog::~FileDialog() {
         setViewMode(mViewMode);
 }
 
-void FileDialog::OfferFiles(const QString& description, const QString& pattern) {
+void FileDialog::OfferFiles(const QString& description, const QString& patterns) {
     setNameFilter(
-        QStringLiteral("%1 (%2)").arg(description, mIsQts ? pattern : InAllCases(pattern)));
+        QStringLiteral("%1 (%2)").arg(description, mIsQts ? patterns : InAllCases(patterns)));
 }
 
 void FileDialog::OfferFolders() {

@@ -13,8 +13,8 @@ public:
     FileDialog(QWidget* owner, const QString& title, const QString& folder);
     ~FileDialog() override;
 
-    /// Shows only the files that match `pattern` ("*.mp3"), without regard to case.
-    void OfferFiles(const QString& description, const QString& pattern);
+    /// Shows only the files that match one of `patterns` ("*.m3u *.pls"), without regard to case.
+    void OfferFiles(const QString& description, const QString& patterns);
 
     /// Shows only folders, one of which is chosen.
     void OfferFolders();
