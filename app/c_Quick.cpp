@@ -58,6 +58,8 @@ fs::path c_Quick::GetM3U() {
     return mPath;
 }
 
+bool c_Quick::Loading() const { return mLoadForm.isVisible(); }
+
 void c_Quick::LoadingDone() { mLoadForm.hide(); }
 
 void c_Quick::ShowChooser() {

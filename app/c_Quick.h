@@ -21,6 +21,7 @@ public:
 
     std::filesystem::path GetM3U() override;
     bool ExitProgram() const override { return mExitProgram; }
+    bool Loading() const override;
     void LoadingDone() override;
 
     void bUseDir_Clicked();

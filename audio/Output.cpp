@@ -66,14 +66,16 @@ void Output::Need::KeepDevice(const std::stop_token& stop) {
         const int openRate = rate;
         const int openFor = expected;
         lock.unlock();
-        gNoDevice = !device.Open(openRate);
-        // Without a device the next song is the next occasion to look for one.
-        const auto good = [&] { return gNoDevice ? expected == openFor : device.Serves(); };
-        for (bool needed = true; needed && good();) {
+        const bool none = !device.Open(openRate);
+        gNoDevice = none;
+        for (bool keep = true; keep;) {
             lock.lock();
             changed.wait_for(lock, stop, kPeriod, [&] { return !Now() || rate != openRate; });
-            needed = !stop.stop_requested() && Now() && rate == openRate;
+            keep = !stop.stop_requested() && Now() && rate == openRate;
+            // Without a device the next song is the next occasion to look for one.
+            keep = keep && !(none && expected != openFor);
             lock.unlock();
+            keep = keep && (none || device.Serves());
         }
         AwaitFade();
         device.Close();

@@ -9,7 +9,7 @@ namespace game {
 /// How many songs a game needs at least.
 constexpr int kFewestSongs = 10;
 
-/// Where a game's songs come from. Created for one game; released once the playlist is loaded.
+/// Where a game's songs come from. Created for one game; released once its first song is loaded.
 class SongSource {
 public:
     virtual ~SongSource() = default;
@@ -20,7 +20,11 @@ public:
     /// Read after `GetM3U`: whether the player wants to leave the program.
     virtual bool ExitProgram() const = 0;
 
-    /// Hides the waiting window, which `GetM3U` leaves open while the playlist is loaded.
+    /// Whether the waiting window, which `GetM3U` leaves open while the songs are loaded, is still
+    /// open; the player closes it to give up.
+    virtual bool Loading() const = 0;
+
+    /// Hides the waiting window.
     virtual void LoadingDone() = 0;
 };
 

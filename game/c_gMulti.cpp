@@ -6,7 +6,8 @@
 #include "game/c_hMulti.h"
 #include "game/f_Multi.h"
 #include "library/SongCycle.h"
-#include "library/SongTitle.h"
+#include "library/c_M3U.h"
+#include "platform/Aside.h"
 #include "platform/Chance.h"
 #include "platform/Message.h"
 #include "platform/Time.h"
@@ -20,6 +21,10 @@ c_gMulti::c_gMulti(const game::Forms& forms, game::SongSourceFactory newSongSour
     CreateButtons();
     Board().CopyBackground();
     Board().LayOut();
+    constexpr int kLookEvery = 5; // milliseconds
+    mTillHeard.setInterval(kLookEvery);
+    mTillHeard.setTimerType(Qt::PreciseTimer);
+    mTillHeard.callOnTimeout(this, &c_gMulti::BeginWhenHeard);
 }
 
 c_gMulti::~c_gMulti() { Board().hide(); }
@@ -50,7 +55,9 @@ void c_gMulti::CreateButtons() {
 
 void c_gMulti::Run() {
     mScores.assign(static_cast<std::size_t>(mPlayers), 0);
-    if (LoadPlaylist() && PlayRounds())
+    const bool played = LoadPlaylist() && PlayRounds();
+    SaveMarks();
+    if (played)
         ShowResults();
 }
 
@@ -58,29 +65,51 @@ bool c_gMulti::LoadPlaylist() {
     const std::unique_ptr<game::SongSource> source = mNewSongSource();
     const std::filesystem::path path = source->GetM3U();
     mQuit = source->ExitProgram() || platform::Quitting();
-    if (!mQuit && !path.empty())
-        mList = std::make_unique<library::SongCycle>(path);
+    const bool loaded = !mQuit && !path.empty() && LoadSongs(*source, path);
     source->LoadingDone();
     if (mQuit)
         return false;
-    if (path.empty()) {
+    if (path.empty())
         platform::ShowMessage(QStringLiteral("Songrush requires a playlist to play."));
-        return false;
-    }
-    if (mList->Error()) {
+    else if (mList && mList->Error())
         platform::ShowMessage(c_M3U::ReadFailure(path, mList->Error()));
-        return false;
-    }
-    if (mList->Count() < game::kFewestSongs) {
+    else if (mList && mList->Count() < game::kFewestSongs)
         platform::ShowMessage(QStringLiteral("Songrush Requires atleast 10 songs in a playlist."));
-        return false;
+    return loaded;
+}
+
+/// Reads the playlist and gets the first question ready, unless the player gives up meanwhile.
+bool c_gMulti::LoadSongs(const game::SongSource& source, const std::filesystem::path& path) {
+    const auto list = std::make_shared<std::shared_ptr<library::SongCycle>>();
+    const auto read = [list, path] {
+        *list = std::make_shared<library::SongCycle>(path);
+        if ((*list)->Count() >= game::kFewestSongs)
+            (*list)->Begin();
+    };
+    const auto wanted = [&source] { return source.Loading(); };
+    const bool isRead = platform::AwaitAside(read, wanted);
+    if (isRead)
+        mList = *list;
+    if (isRead && mList->Count() >= game::kFewestSongs) {
+        mNext.emplace(*mList);
+        mNext->Prepare();
+        platform::WaitWhile([&] { return wanted() && Preparing(); });
     }
-    return true;
+    mQuit = mQuit || platform::Quitting();
+    return !mQuit && mNext && wanted();
+}
+
+/// On a thread of its own: the disk may take its time.
+void c_gMulti::SaveMarks() {
+    mNext.reset();
+    if (mList)
+        platform::Aside([list = std::exchange(mList, nullptr)](const std::stop_token&) mutable {
+            list.reset();
+        });
 }
 
 /// Returns whether there are results to show.
 bool c_gMulti::PlayRounds() {
-    mList->Begin();
     for (mRound = 1; mRound <= kRounds; ++mRound) {
         for (mPlayer = 1; mPlayer <= mPlayers; ++mPlayer) {
             if (!PrepareSong()) {
@@ -115,7 +144,7 @@ bool c_gMulti::PlayQuestion() {
     ShowChoices(false);
     Board().pTimer->hide();
     Board().ClearBackground();
-    if (choice == mCorrectSlot + 1)
+    if (choice == mQuestion.correctSlot + 1)
         DrawRight();
     else
         DrawWrong();
@@ -125,31 +154,24 @@ bool c_gMulti::PlayQuestion() {
 bool c_gMulti::PrepareSong() {
     Board().ClearBackground();
     Board().SetFontSize(24);
-    if (!OpenNextSong())
+    AwaitSong();
+    if (mQuit || mNext->Advance() != game::NextQuestion::State::Ready)
         return false;
-    StartAtRandomPoint();
+    mQuestion = mNext->Take();
+    if (!LastQuestion())
+        mNext->Prepare();
     ShowChoices(false);
     return true;
 }
 
-bool c_gMulti::OpenNextSong() {
-    using Attempt = library::SongCycle::Attempt;
-    const auto song = mList->Next([this](const std::filesystem::path& path) {
-        if (Audio().OpenFile(path) == 1)
-            return Attempt::Opened;
-        platform::PumpEventsNowAndThen();
-        mQuit = mQuit || platform::Quitting();
-        return mQuit ? Attempt::GivenUp : Attempt::Failed;
-    });
-    mSong = song.value_or(std::filesystem::path());
-    return song.has_value();
-}
-
-void c_gMulti::StartAtRandomPoint() {
-    constexpr double kHeard = 25;
-    const double length = Audio().Length();
-    if (length >= kHeard)
-        Audio().SeekTo((length - kHeard) * platform::Rnd());
+void c_gMulti::AwaitSong() {
+    if (!Preparing())
+        return;
+    DrawStatus();
+    Board().AskQuestion(QStringLiteral("Loading..."));
+    ShowBoard();
+    WaitWhileShown([this] { return Preparing(); });
+    Board().ClearBackground();
 }
 
 void c_gMulti::AskTitle() {
@@ -157,7 +179,7 @@ void c_gMulti::AskTitle() {
     board.ClearBackground();
     board.SetFontSize(24);
     board.SetTimeLimit(ClipSeconds());
-    BuildChoices();
+    SetChoiceCaptions(mQuestion.titles);
     DrawStatus();
     board.AskQuestion(QStringLiteral("What is the Title of this Song?"));
     ShowBoard();
@@ -182,24 +204,6 @@ void c_gMulti::DrawStatus() {
         Board().DrawPlayer(mPlayer);
 }
 
-void c_gMulti::BuildChoices() {
-    platform::Randomize(platform::SecondsSinceMidnight());
-    const game::Choices drawn = game::DrawChoices(
-        mList->Count(), [this](int index) { return mList->FileName(index); }, mSong);
-    std::array<QString, 4> captions;
-    for (std::size_t i = 0; i < captions.size(); ++i)
-        captions[i] = TitleOf(mList->FileName(drawn.candidates[i]));
-    mCorrectSlot = drawn.correctSlot;
-    mTitle = TitleOf(mSong);
-    captions[static_cast<std::size_t>(mCorrectSlot)] = mTitle;
-    SetChoiceCaptions(captions);
-}
-
-QString c_gMulti::TitleOf(const std::filesystem::path& song) {
-    mTag.GetIdTag(song);
-    return library::SongTitle(mTag, song);
-}
-
 void c_gMulti::SetChoiceCaptions(const std::array<QString, 4>& captions) {
     for (std::size_t i = 0; i < captions.size(); ++i) {
         mChoices[i]->SetCaption(captions[i]);
@@ -216,11 +220,21 @@ void c_gMulti::ShowChoices(bool shown) {
 
 void c_gMulti::bPlay_Clicked() {
     Board().pPlay->hide();
+    Audio().Play();
+    mSincePlay.start();
+    mTillHeard.start();
+}
+
+/// A device that takes its time does not cost the player any; nor does one that never begins.
+void c_gMulti::BeginWhenHeard() {
+    constexpr int kLongest = 1000; // milliseconds
+    if (!Board().ClipBegun() && mSincePlay.elapsed() < kLongest)
+        return;
+    mTillHeard.stop();
     Board().pHint->show();
     ShowChoices(true);
     bHint.Refresh();
     Board().InitTimer();
-    Audio().Play();
 }
 
 void c_gMulti::Answer(int choice) {
@@ -233,7 +247,7 @@ void c_gMulti::bHint_Clicked() {
         return;
     platform::Randomize(platform::SecondsSinceMidnight());
     Board().pHint->hide();
-    for (const int slot : game::DrawHint(mCorrectSlot))
+    for (const int slot : game::DrawHint(mQuestion.correctSlot))
         Board().ChoiceBoxes()[static_cast<std::size_t>(slot)]->hide();
     Board().AnnounceChoices();
     Score() = game::ScoreAfterHint(Score());
@@ -253,7 +267,10 @@ int c_gMulti::WaitForChoice() {
 }
 
 void c_gMulti::WaitWhileShown(const std::function<bool()>& waiting) {
-    platform::WaitWhile([&] { return Board().isVisible() && waiting(); });
+    platform::WaitWhile([&] {
+        mNext->Advance(); // so that it goes on meanwhile
+        return Board().isVisible() && waiting();
+    });
     mQuit = mQuit || platform::Quitting();
 }
 
@@ -282,7 +299,7 @@ void c_gMulti::DrawWrong() {
         Addressed(QStringLiteral("You are Wrong!"), QStringLiteral("Player %1 is Wrong!")), 200,
         kWhite);
     Board().WriteCentered(QStringLiteral("The Correct Answer Is:"), 280, Rgb(250, 250, 250));
-    Board().WriteCentered(mTitle, 360, Rgb(60, 230, 60));
+    Board().WriteCentered(mQuestion.Title(), 360, Rgb(60, 230, 60));
 }
 
 void c_gMulti::DrawWrongStorm() {

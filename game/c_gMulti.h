@@ -1,13 +1,18 @@
 #pragma once
 
+#include "game/NextQuestion.h"
 #include "game/SongSource.h"
-#include "library/c_ID3.h"
 #include "toolkit/Screen.h"
 
+#include <QElapsedTimer>
 #include <QObject>
+#include <QTimer>
 #include <array>
 #include <cstdint>
+#include <filesystem>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace library {
@@ -89,15 +94,18 @@ private:
     /// Takes the answer to a question; the first one counts.
     void Answer(int choice);
     bool LoadPlaylist();
+    bool LoadSongs(const game::SongSource& source, const std::filesystem::path& path);
+    void SaveMarks();
     bool PlayRounds();
     bool FirstQuestion() const { return mRound == 1 && mPlayer == 1; }
+    bool LastQuestion() const { return mRound == kRounds && mPlayer == mPlayers; }
     void TellNoSongLeft();
     bool PlayQuestion();
     bool PrepareSong();
-    bool OpenNextSong();
-    void StartAtRandomPoint();
-    void BuildChoices();
+    bool Preparing() { return mNext->Advance() == game::NextQuestion::State::Working; }
+    void AwaitSong();
     void AskTitle();
+    void BeginWhenHeard();
     void DrawRight();
     void DrawWrong();
     void DrawWrongStorm();
@@ -105,7 +113,6 @@ private:
     void WaitWhileShown(const std::function<bool()>& waiting);
     void ShowResults();
 
-    QString TitleOf(const std::filesystem::path& song);
     QString Addressed(const QString& one, const QString& several) const;
     std::int32_t& Score() { return mScores[static_cast<std::size_t>(mPlayer - 1)]; }
 
@@ -115,11 +122,11 @@ private:
     int mRound = 0;
     int mPlayer = 0;
     std::vector<std::int32_t> mScores;
-    std::unique_ptr<library::SongCycle> mList;
-    c_ID3 mTag;
-    std::filesystem::path mSong;
-    QString mTitle; ///< of the song, as it stood among the choices
-    int mCorrectSlot = 0;
+    std::shared_ptr<library::SongCycle> mList;
+    std::optional<game::NextQuestion> mNext; ///< of the list
+    game::Question mQuestion;
+    QTimer mTillHeard;        ///< runs from the press on Play to the clip's first sample
+    QElapsedTimer mSincePlay; ///< since that press
     int mAnswer = 0;
     bool mQuit = false;
 

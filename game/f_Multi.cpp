@@ -8,6 +8,7 @@
 #include "toolkit/FittedText.h"
 
 #include <QKeyEvent>
+#include <algorithm>
 #include <cmath>
 
 using namespace toolkit;
@@ -93,15 +94,28 @@ void f_Multi::InitTimer() {
 
 void f_Multi::Timer1_Timer() {
     mElapsed = static_cast<float>(platform::TickCount() - mStart) / 1000.0F;
-    if (LimitReached())
-        StopClip();
+    if (mTimeLimit > 0) {
+        if (LimitReached())
+            StopClip();
+        else
+            mElapsed = std::min(mElapsed, static_cast<float>(mTimeLimit));
+    }
     DrawClock();
     if (!mSilenceTold && audio::NoDevice())
         TellOfSilence();
 }
 
+void f_Multi::SetTimeLimit(int seconds) {
+    mTimeLimit = seconds;
+    mClipStart = Audio().Position();
+}
+
+double f_Multi::SecondsHeard() const { return Audio().Position() - mClipStart; }
+
+/// A clip that falters is played on until all that was bet was heard, or the song ends.
 bool f_Multi::LimitReached() const {
-    return mTimeLimit > 0 && mElapsed >= static_cast<float>(mTimeLimit);
+    return mElapsed >= static_cast<float>(mTimeLimit) &&
+           (SecondsHeard() >= mTimeLimit || Audio().Position() >= Audio().Length());
 }
 
 void f_Multi::StopClip() {

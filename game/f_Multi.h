@@ -27,9 +27,13 @@ public:
     /// The time limit of a clip that was stopped at its limit.
     static constexpr int kClipStopped = -1;
 
-    /// The clock stops at `seconds`, and the clip with it; 0 for no limit.
-    void SetTimeLimit(int seconds) { mTimeLimit = seconds; }
+    /// The clip, which stands at its beginning, is stopped, and the clock with it, once `seconds`
+    /// of it were heard; 0 for no limit.
+    void SetTimeLimit(int seconds);
     int TimeLimit() const { return mTimeLimit; }
+
+    /// Whether anything was heard of the clip since then.
+    bool ClipBegun() const { return SecondsHeard() > 0; }
 
     void SetFontSize(double points);
 
@@ -64,6 +68,7 @@ protected:
 
 private:
     void Timer1_Timer();
+    double SecondsHeard() const;
     bool LimitReached() const;
     void StopClip();
     void DrawClock();
@@ -73,4 +78,5 @@ private:
     float mElapsed = 0;
     std::int64_t mStart = 0; // milliseconds
     int mTimeLimit = 0;
+    double mClipStart = 0; // seconds
 };

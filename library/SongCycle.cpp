@@ -1,56 +1,73 @@
 #include "library/SongCycle.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace library {
 
 namespace fs = std::filesystem;
 
 SongCycle::SongCycle(const fs::path& playlist)
-    : mRead(ReadAnyList(playlist, mList)), mJournal(playlist) {}
+    : mRead(ReadAnyList(playlist, *mList)), mJournal(playlist), mMarks(mList->Marks()) {}
 
 SongCycle::~SongCycle() {
-    for (const int song : mKeptUnplayed)
-        mList.SetPlayed(song, 0);
-    if (mBegun && !mRead.foreign && mList.WriteBack())
+    mList->SetMarks(mMarks);
+    if (mBegun && !mRead.foreign && mList->WriteBack())
         mJournal.Discard();
 }
 
 void SongCycle::Begin() {
     const MarkJournal::Marks kept = mJournal.Read();
     if (kept.newCycle)
-        mList.ClearAllPlayed();
+        mList->ClearAllPlayed();
     for (int song = 0; song < Count() && !kept.played.empty(); ++song)
-        if (kept.played.contains(FileName(song).string()))
-            mList.SetPlayed(song, 1);
-    mList.RandomizeList();
+        if (kept.played.contains(mList->FileName(song).string()))
+            mList->SetPlayed(song, 1);
+    mMarks = mList->Marks();
+    mUnplayed = std::count(mMarks.begin(), mMarks.end(), 0);
+    mList->RandomizeList();
     mBegun = true;
 }
 
-std::optional<fs::path> SongCycle::Next(const std::function<Attempt(const fs::path&)>& open) {
-    const std::vector<std::int16_t> before = mList.Marks();
-    std::vector<int> passedOver;
-    Attempt attempt = Attempt::Failed;
-    while (attempt == Attempt::Failed && AnyLeft()) {
-        const int song = mList.TakeUnplayed();
-        if (!mFailed.contains(song))
-            attempt = open(FileName(song));
-        if (attempt == Attempt::Opened) {
-            mKeptUnplayed.insert(passedOver.begin(), passedOver.end());
-            NotePlayed(song, before[static_cast<std::size_t>(song)] != 0);
-            return FileName(song);
-        }
-        passedOver.push_back(song);
-        if (attempt == Attempt::Failed)
-            mFailed.insert(song);
-    }
-    mList.SetMarks(before);
-    return std::nullopt;
+std::vector<fs::path> SongCycle::Upcoming(std::size_t most) {
+    while (mTurns.size() < most && AnyLeft() && (mTurns.empty() || mUnplayed > 0))
+        NextTurn();
+    std::vector<fs::path> songs;
+    for (std::size_t i = 0; i < std::min(most, mTurns.size()); ++i)
+        songs.push_back(mList->FileName(mTurns[i].song));
+    return songs;
 }
 
-/// Only a new cycle gives a song that was played before.
-void SongCycle::NotePlayed(int song, bool newCycle) {
-    if (newCycle)
+void SongCycle::NextTurn() {
+    const bool newCycle = mUnplayed == 0;
+    const int song = mList->TakeUnplayed();
+    mUnplayed = (newCycle ? Count() : mUnplayed) - 1;
+    mNewCycle = mNewCycle || newCycle;
+    if (!mFailed.contains(song))
+        mTurns.push_back({song, std::exchange(mNewCycle, false)});
+}
+
+void SongCycle::PassOver(std::size_t count) {
+    for (; count > 0; --count) {
+        const Turn turn = mTurns.front();
+        mTurns.pop_front();
+        mFailed.insert(turn.song);
+        bool& begins = mTurns.empty() ? mNewCycle : mTurns.front().newCycle;
+        begins = begins || turn.newCycle;
+    }
+}
+
+fs::path SongCycle::Take() {
+    const Turn turn = mTurns.front();
+    mTurns.pop_front();
+    if (turn.newCycle) {
+        std::fill(mMarks.begin(), mMarks.end(), std::int16_t{0});
         mJournal.NewCycle();
-    mJournal.Played(FileName(song));
+    }
+    mMarks[static_cast<std::size_t>(turn.song)] = 1;
+    fs::path song = mList->FileName(turn.song);
+    mJournal.Played(song);
+    return song;
 }
 
 } // namespace library

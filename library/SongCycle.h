@@ -4,20 +4,22 @@
 #include "library/MarkJournal.h"
 #include "library/c_M3U.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <filesystem>
-#include <functional>
-#include <optional>
+#include <memory>
 #include <system_error>
 #include <unordered_set>
+#include <vector>
 
 namespace library {
 
 /// The songs of a playlist in the order of play, none twice before all were played. A song that
-/// cannot be opened is passed over for as long as the object lives and keeps its mark in the list.
+/// cannot be played is passed over for as long as the object lives and keeps its mark in the list.
 /// The marks go into the playlist file with the object, unless another program has changed the file
 /// meanwhile; then they wait in a journal, as after a crash. Those of another program's list, which
-/// is never written, stay there.
+/// is never written, stay there. May be made and destroyed by any thread.
 class SongCycle {
 public:
     /// Reads the playlist; see `Error`.
@@ -29,32 +31,44 @@ public:
     /// Why the playlist could not be read; then there are no songs. See `c_M3U::ReadFailure`.
     std::error_code Error() const { return mRead.error; }
 
-    int Count() const { return mList.Count(); }
+    int Count() const { return mList->Count(); }
 
-    /// The song at `index`, 0-based, in list order; empty when there is none.
-    std::filesystem::path FileName(int index) const { return mList.FileName(index); }
+    /// The songs, for any thread that still needs them when this object has gone.
+    std::shared_ptr<const c_M3U> Songs() const { return mList; }
 
     /// Puts the songs into an order of play, with the marks that a crash has left in the journal.
-    /// Called once, before `Next`; a list that never begins is left alone.
+    /// Called once, before the functions below; a list that never begins is left alone.
     void Begin();
 
-    enum class Attempt { Opened, Failed, GivenUp };
+    /// The songs that come next, `most` of them if there are as many before a new cycle; none if
+    /// all of the list were passed over. Changes no mark.
+    std::vector<std::filesystem::path> Upcoming(std::size_t most);
 
-    /// Tries song after song until one is opened, which is thereby played. Nothing when none of the
-    /// list can be opened, or after `open` has given up; then all marks are as they were.
-    std::optional<std::filesystem::path>
-    Next(const std::function<Attempt(const std::filesystem::path&)>& open);
+    /// Passes over the first `count` of them, which cannot be played.
+    void PassOver(std::size_t count);
+
+    /// The first of them, which is thereby played.
+    std::filesystem::path Take();
 
 private:
-    bool AnyLeft() const { return static_cast<int>(mFailed.size()) < Count(); }
-    void NotePlayed(int song, bool newCycle);
+    /// A song that comes next.
+    struct Turn {
+        int song;
+        bool newCycle; ///< all marks are cleared before it
+    };
 
-    c_M3U mList;
+    bool AnyLeft() const { return static_cast<int>(mFailed.size()) < Count(); }
+    void NextTurn();
+
+    std::shared_ptr<c_M3U> mList = std::make_shared<c_M3U>(); // ahead of the play, as are its marks
     ListRead mRead;
     MarkJournal mJournal;
     bool mBegun = false;
-    std::unordered_set<int> mFailed;       // by index, the songs that could not be opened
-    std::unordered_set<int> mKeptUnplayed; // those of them that count as played meanwhile
+    std::vector<std::int16_t> mMarks; // as the play has made them
+    std::ptrdiff_t mUnplayed = 0;     // by the list's own marks
+    std::deque<Turn> mTurns;
+    bool mNewCycle = false;          // began since the last of these turns
+    std::unordered_set<int> mFailed; // by index, the songs that cannot be played
 };
 
 } // namespace library

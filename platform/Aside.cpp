@@ -1,6 +1,10 @@
 #include "platform/Aside.h"
 
+#include "platform/Wait.h"
+
+#include <atomic>
 #include <condition_variable>
+#include <memory>
 #include <mutex>
 #include <thread>
 #include <utility>
@@ -37,6 +41,17 @@ Aside::Aside(std::function<void(const std::stop_token& stop)> work) {
         work = nullptr; // what it owns goes before it counts as ended
         Change(-1);
     }).detach();
+}
+
+bool AwaitAside(std::function<void()> work, const std::function<bool()>& wanted) {
+    const auto done = std::make_shared<std::atomic<bool>>(false);
+    const Aside aside([work = std::move(work), done](const std::stop_token&) {
+        work();
+        *done = true;
+        WakeUp();
+    });
+    WaitWhile([&] { return !*done && wanted(); });
+    return *done && !Quitting();
 }
 
 bool AsidesEnd(std::chrono::milliseconds patience) {

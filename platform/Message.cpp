@@ -2,7 +2,9 @@
 
 #include "platform/Wait.h"
 
+#include <QCoreApplication>
 #include <QMessageBox>
+#include <QThread>
 #include <utility>
 
 namespace platform {
@@ -40,6 +42,12 @@ bool Show(const Message& message) { return !Quitting() && gBox(message); }
 void SetMessageBox(std::function<bool(const Message&)> box) { gBox = std::move(box); }
 
 void ShowMessage(const QString& text, Icon icon, const QString& title) {
+    QCoreApplication* application = QCoreApplication::instance();
+    if (QThread::currentThread() != application->thread()) {
+        QMetaObject::invokeMethod(
+            application, [=] { ShowMessage(text, icon, title); }, Qt::QueuedConnection);
+        return;
+    }
     Show({text, icon, title, false});
 }
 

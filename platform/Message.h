@@ -16,7 +16,8 @@ struct Message {
 
 // Once the program was asked to quit, no message is shown and every question is answered with No.
 
-/// Shows a message with one OK button and waits until it is closed.
+/// Shows a message with one OK button and waits until it is closed. From another thread than that
+/// of the user interface it is shown as soon as events run, and not waited for.
 void ShowMessage(const QString& text, Icon icon = Icon::Information,
                  const QString& title = QStringLiteral("Songrush"));
 

@@ -3,10 +3,12 @@
 #include "audio/c_XAudio.h"
 #include "library/c_ID3.h"
 #include "library/c_M3U.h"
+#include "platform/Aside.h"
 #include "platform/ProgramFolder.h"
 #include "tests/audio/ToneFile.h"
 #include "toolkit/c_Surface.h"
 
+#include <chrono>
 #include <cmath>
 #include <map>
 
@@ -39,6 +41,7 @@ SongFolder::SongFolder() {
 
 SongFolder::~SongFolder() {
     gAudio.reset();
+    platform::AsidesEnd(std::chrono::seconds(20));
     gBack.reset();
     platform::SetProgramFolder({});
 }

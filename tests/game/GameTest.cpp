@@ -25,6 +25,7 @@ struct FixedSource : game::SongSource {
     explicit FixedSource(fs::path path) : list(std::move(path)) {}
     fs::path GetM3U() override { return list; }
     bool ExitProgram() const override { return false; }
+    bool Loading() const override { return true; }
     void LoadingDone() override {}
     fs::path list;
 };
@@ -93,8 +94,11 @@ protected:
         return table;
     }
 
-    long MarksInFile() const {
-        return QByteArray::fromStdString(BytesOf(mPlaylist)).count("#Songrush:1");
+    /// Whether the playlist file has so many marks, or gets them from a thread that writes it.
+    bool FileGetsMarks(long count) const {
+        return QTest::qWaitFor([&] {
+            return QByteArray::fromStdString(BytesOf(mPlaylist)).count("#Songrush:1") == count;
+        });
     }
 
     platform::QuitWatch mQuitWatch;
@@ -129,7 +133,7 @@ TEST_F(GameTest, AnswersAreScoredByTheClockAndTheBestScoreIsKept) {
     EXPECT_EQ(Table("H1.dat").Name(0), "Ann1");
     EXPECT_EQ(Table("H1.dat").Score(0), QString::number(6 * 7500));
     game.reset();
-    EXPECT_EQ(MarksInFile(), 6);
+    EXPECT_TRUE(FileGetsMarks(6));
 }
 
 TEST_F(GameTest, PressesThatComeTwiceOrLastLeaveTheNextScreenAlone) {
@@ -331,8 +335,8 @@ TEST_F(GameTest, WhenTheSongsAreGoneTheGameGoesToItsScores) {
     auto game = NewGame<c_gMulti>(1);
     QStringList titles; // of the songs asked for
     Robot robot([&] {
-        if (board.pCont->isVisible() && titles.size() == 2) {
-            EXPECT_TRUE(Says(titles[1])) << "the song that vanished";
+        if (board.pCont->isVisible() && titles.size() >= 2) {
+            EXPECT_TRUE(Says(titles.back())) << "a song that vanished";
         }
         if (GoOn() || Choice(true) == nullptr)
             return;
@@ -346,8 +350,8 @@ TEST_F(GameTest, WhenTheSongsAreGoneTheGameGoesToItsScores) {
     EXPECT_EQ(robot.Messages(),
               QStringList("None of the songs in this playlist can be played any more."));
     EXPECT_EQ(Table("H1.dat").Score(0), "120000");
-    game.reset();
-    EXPECT_EQ(MarksInFile(), 2);
+    EXPECT_LE(titles.size(), 3) << "but for one that was ready by then";
+    EXPECT_TRUE(FileGetsMarks(titles.size()));
 }
 
 TEST_F(GameTest, AMissingSoundDeviceIsToldOnceAndTheGameGoesOn) {

@@ -1,0 +1,120 @@
+#include "game/NextQuestion.h"
+
+#include "audio/c_XAudio.h"
+#include "game/Choices.h"
+#include "library/SongCycle.h"
+#include "library/SongTitle.h"
+#include "library/c_ID3.h"
+#include "platform/Chance.h"
+#include "platform/Time.h"
+#include "platform/Wait.h"
+
+#include <chrono>
+#include <mutex>
+#include <utility>
+
+namespace game {
+
+namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr std::size_t kTriedAtATime = 256;
+constexpr double kHeard = 25; // seconds that a clip has at least, in a song that is so long
+/// A disk that holds back a title for longer is not asked again.
+constexpr auto kPatience = 10s;
+
+double StartOf(double length, double share) {
+    return length >= kHeard ? (length - kHeard) * share : 0;
+}
+
+Question Draw(const c_M3U& songs, const fs::path& song, bool readTitles) {
+    platform::Randomize(platform::SecondsSinceMidnight());
+    const Choices drawn = DrawChoices(
+        songs.Count(), [&songs](int index) { return songs.FileName(index); }, song);
+    c_ID3 tag;
+    const auto titleOf = [&](const fs::path& path) {
+        if (readTitles)
+            tag.GetIdTag(path);
+        return library::SongTitle(tag, path);
+    };
+    Question question{.song = song, .titles = {}, .correctSlot = drawn.correctSlot};
+    for (std::size_t i = 0; i < question.titles.size(); ++i)
+        question.titles[i] = titleOf(songs.FileName(drawn.candidates[i]));
+    question.titles[static_cast<std::size_t>(drawn.correctSlot)] = titleOf(song);
+    return question;
+}
+
+} // namespace
+
+/// What the drawing thread and this one share.
+struct NextQuestion::Drawing {
+    std::mutex mutex;
+    std::optional<Question> question;
+};
+
+NextQuestion::NextQuestion(library::SongCycle& songs) : mSongs(songs) {
+    mSlow.setSingleShot(true);
+    mSlow.callOnTimeout([this] { DrawChoices(false); });
+}
+
+void NextQuestion::Prepare() {
+    if (mCue)
+        return;
+    mStart = platform::Rnd();
+    TrySongs();
+}
+
+void NextQuestion::TrySongs() {
+    mCandidates = mSongs.Upcoming(kTriedAtATime);
+    mCue = std::make_unique<audio::Cue>(
+        mCandidates, [share = mStart](double length) { return StartOf(length, share); });
+}
+
+NextQuestion::State NextQuestion::Advance() {
+    if (!mCue || mCandidates.empty())
+        return mCue ? State::NoSongLeft : State::Working;
+    if (mCue->Working())
+        return State::Working;
+    if (!mDrawing) {
+        const std::size_t failed = mCue->Failed();
+        mSongs.PassOver(failed);
+        if (failed == mCandidates.size()) {
+            TrySongs();
+            return Advance();
+        }
+        mCandidates.erase(mCandidates.begin(),
+                          mCandidates.begin() + static_cast<std::ptrdiff_t>(failed));
+        DrawChoices(true);
+    }
+    const std::lock_guard lock(mDrawing->mutex);
+    return mDrawing->question ? State::Ready : State::Working;
+}
+
+void NextQuestion::DrawChoices(bool readTitles) {
+    mDrawing = std::make_shared<Drawing>();
+    mDrawer.emplace([songs = mSongs.Songs(), song = mCandidates.front(), drawing = mDrawing,
+                     readTitles](const std::stop_token&) {
+        Question question = Draw(*songs, song, readTitles);
+        {
+            const std::lock_guard lock(drawing->mutex);
+            drawing->question = std::move(question);
+        }
+        platform::WakeUp();
+    });
+    if (readTitles)
+        mSlow.start(kPatience);
+}
+
+Question NextQuestion::Take() {
+    mSlow.stop();
+    mSongs.Take();
+    Question question = std::move(*std::exchange(mDrawing, nullptr)->question);
+    Audio().OpenFile(question.song);
+    Audio().SeekTo(StartOf(Audio().Length(), mStart));
+    mCue.reset();
+    return question;
+}
+
+} // namespace game
