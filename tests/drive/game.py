@@ -115,7 +115,7 @@ class Game:
         self.read_choices(4)
         clock = re.compile(r"TIME: \d\d\.\d\d")
         assert self.program.seen(clock, "label"), "the clock cannot be read"
-        song = self.program.playing()
+        song = self.program.asked()
         self.right_title = next(c for c in self.choices.values() if has_title(song, c))
 
     def read_choices(self, count):

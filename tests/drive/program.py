@@ -22,6 +22,7 @@ class Program(Reader):
         self.stage = stage
         self.screen = stage.screen
         self.data = data or folder
+        self.song = None
         # From elsewhere, as nothing may depend on the current folder.
         super().__init__(lambda: subprocess.Popen([folder / "songrush"], cwd="/"))
         stage.callback(self.stop)
@@ -114,12 +115,24 @@ class Program(Reader):
         assert ended == status, f"the program ended with {ended}"
 
     def playing(self):
-        """The song that the program has open."""
+        """The song that the program has open, as the only one."""
         def songs():
             files = {Path(os.readlink(link)) for link in
                      Path(f"/proc/{self.process.pid}/fd").iterdir() if link.is_symlink()}
             return [file for file in files if file.suffix == ".mp3"]
         return self.wait("the song", lambda: songs() if len(songs()) == 1 else None)[0]
+
+    def asked(self):
+        """The song of another question than the one before: the last that was noted as played."""
+        def noted():
+            lists = self.data / "PlayList"
+            journals = list(lists.glob(".played-*"))
+            newest = max(journals, key=lambda journal: journal.stat().st_mtime, default=None)
+            lines = newest.read_bytes().split(b"\r\n") if newest else []
+            songs = [lists / os.fsdecode(line) for line in lines if line[:1] not in (b"", b"#")]
+            return songs[-1] if songs and songs[-1] != self.song else None
+        self.song = self.wait("the song that is asked", noted)
+        return self.song
 
 
 @contextmanager
