@@ -89,6 +89,7 @@ c_Editor::c_Editor()
     bSave.Create(mForm.pSave, QStringLiteral("Save PlayList"));
     bMenu.Create(mForm.pMenu, QStringLiteral("Exit Editor"));
     mList.Create(mForm.pList, QStringLiteral("File Name\\Song Title\\Artist"));
+    mList.SetMarks([this](int line) { return mMarks.Has(line); });
     Connect();
 }
 
@@ -287,6 +288,10 @@ void c_Editor::mList_HeaderSelClicked(int column) {
     mMarks.Reorder(mList.SortByHeader(column, mSortMode == 1 ? 2 : 0));
     mSortMode = mSortMode == 1 ? 0 : 1;
     ShowAll();
+    mForm.Announce(QStringLiteral("Sorted by %1, %2")
+                       .arg(mList.HeaderText(column), mList.IsSortedDownwards()
+                                                          ? QStringLiteral("descending")
+                                                          : QStringLiteral("ascending")));
 }
 
 void c_Editor::mList_LineDoubleClicked(int) { bEdit_Clicked(); }

@@ -50,10 +50,7 @@ public:
             return QString();
         if (kind == QAccessible::Name)
             return IsHeader() ? mList->HeaderText(mColumn) : mList->CellText(mLine, mColumn);
-        if (kind != QAccessible::Description)
-            return QString();
-        return IsHeader() ? mList->SubHeaderText(mColumn)
-                          : table()->tableInterface()->rowDescription(mLine);
+        return kind == QAccessible::Description && IsHeader() ? HeaderFacts() : QString();
     }
     void setText(QAccessible::Text, const QString&) override {}
 
@@ -69,7 +66,7 @@ public:
             return state;
         state.focusable = state.selectable = true;
         state.selected = isSelected();
-        state.focused = isSelected() && mColumn == 0 && mBox->hasFocus();
+        state.focused = mLine == mList->LineSelectedNum() && mColumn == 0 && mBox->hasFocus();
         state.offscreen = mList->CellRect(mLine, mColumn).isEmpty();
         return state;
     }
@@ -82,7 +79,7 @@ public:
         return nullptr;
     }
 
-    bool isSelected() const override { return isValid() && mList->LineSelectedNum() == mLine; }
+    bool isSelected() const override { return isValid() && mList->IsChosen(mLine); }
     QList<QAccessibleInterface*> columnHeaderCells() const override {
         return {table()->child(mColumn)};
     }
@@ -114,6 +111,15 @@ public:
 
 private:
     bool IsHeader() const { return mLine < 0; }
+
+    QString HeaderFacts() const {
+        QStringList facts = {mList->SubHeaderText(mColumn)};
+        if (mColumn == mList->SortedColumn())
+            facts << (mList->IsSortedDownwards() ? QStringLiteral("sorted descending")
+                                                 : QStringLiteral("sorted ascending"));
+        facts.removeAll(QString());
+        return facts.join(QStringLiteral(", "));
+    }
 
     /// Queued, because the screen reader waits for the call to return, and a dialog may open.
     void OpenLine() const {
@@ -178,8 +184,7 @@ public:
     }
 
     QAccessibleInterface* focusChild() const override {
-        return widget()->hasFocus() && selectedRowCount() > 0 ? cellAt(mList->LineSelectedNum(), 0)
-                                                              : nullptr;
+        return widget()->hasFocus() && mList ? cellAt(mList->LineSelectedNum(), 0) : nullptr;
     }
 
     QAccessibleInterface* caption() const override { return nullptr; }
@@ -204,11 +209,11 @@ public:
     }
 
     QList<int> selectedRows() const override {
-        const int line = mList ? mList->LineSelectedNum() : -1;
-        return line < 0 ? QList<int>() : QList<int>{line};
+        const std::vector<int> lines = mList ? mList->ChosenLines() : std::vector<int>();
+        return {lines.begin(), lines.end()};
     }
     int selectedRowCount() const override { return static_cast<int>(selectedRows().size()); }
-    bool isRowSelected(int row) const override { return selectedRows().contains(row); }
+    bool isRowSelected(int row) const override { return mList && mList->IsChosen(row); }
     QList<QAccessibleInterface*> selectedCells() const override {
         QList<QAccessibleInterface*> cells;
         for (const int row : selectedRows())
@@ -233,6 +238,17 @@ public:
     // A cell stands for its place and looks up its text, so no change makes one invalid.
     void modelChange(QAccessibleTableModelChangeEvent*) override {}
 
+    /// Tells that the cells which screen readers know have other texts.
+    void RenameCells() const {
+        for (const auto& [index, id] : mCells) {
+            QAccessibleInterface* cell = QAccessible::accessibleInterface(id);
+            if (!cell->isValid())
+                continue;
+            QAccessibleEvent event(cell, QAccessible::NameChanged);
+            QAccessible::updateAccessibility(&event);
+        }
+    }
+
 protected:
     ~AccessibleList() override {
         for (const auto& [index, id] : mCells)
@@ -255,7 +271,7 @@ void MakeListAccessible(PictureBox* box, c_PicList* list) {
 }
 
 void AnnounceSelection(PictureBox& box, const c_PicList& list) {
-    if (!QAccessible::isActive())
+    if (!QAccessible::isActive() || list.LineSelectedNum() < 0)
         return;
     const int cell = CellIndex(list.LineSelectedNum(), 0, list);
     for (const QAccessible::Event kind : {QAccessible::Selection, QAccessible::Focus}) {
@@ -272,6 +288,14 @@ void AnnounceLineCount(PictureBox& box) {
         return;
     QAccessibleTableModelChangeEvent event(&box, QAccessibleTableModelChangeEvent::ModelReset);
     QAccessible::updateAccessibility(&event);
+}
+
+void AnnounceLines(PictureBox& box) {
+    if (!QAccessible::isActive())
+        return;
+    if (const auto* list =
+            dynamic_cast<AccessibleList*>(QAccessible::queryAccessibleInterface(&box)))
+        list->RenameCells();
 }
 
 } // namespace toolkit

@@ -12,5 +12,7 @@ void MakeListAccessible(PictureBox* box, c_PicList* list);
 /// Tell screen readers, if there are any, what has changed.
 void AnnounceSelection(PictureBox& box, const c_PicList& list);
 void AnnounceLineCount(PictureBox& box);
+/// The lines have other texts, or other places.
+void AnnounceLines(PictureBox& box);
 
 } // namespace toolkit

@@ -58,6 +58,7 @@ void c_PicList::RemoveLine(int line) {
     if (selected > line)
         --selected;
     selected = std::min(selected, LineCount() - 1);
+    mState->linesChanged = true;
 }
 
 void c_PicList::Refresh() {
@@ -80,8 +81,10 @@ QString c_PicList::LineText(int line) const {
 }
 
 void c_PicList::SetLineText(int line, const QString& text) {
-    if (Exists(line) && std::exchange(mState->lines.Text(line), text) != text)
-        ForgetSorting();
+    if (!Exists(line) || std::exchange(mState->lines.Text(line), text) == text)
+        return;
+    ForgetSorting();
+    mState->linesChanged = true;
 }
 
 QString c_PicList::LineKey(int line) const {
@@ -103,13 +106,29 @@ void c_PicList::Choose(int line, Qt::KeyboardModifiers keys, bool byKeyboard) {
     mState->selected = line;
     BringIntoSight(line);
     Refresh();
-    if (mState->box)
-        AnnounceSelection(*mState->box, *this);
     mRangeKey = keys.testFlag(Qt::ShiftModifier);
     mAddKey = keys.testFlag(Qt::ControlModifier);
     mByKeyboard = byKeyboard;
     Q_EMIT LineSelChanged(line);
     mRangeKey = mAddKey = mByKeyboard = false;
+    if (mState->box)
+        AnnounceSelection(*mState->box, *this);
+}
+
+void c_PicList::SetMarks(std::function<bool(int)> isMarked) {
+    mState->isMarked = std::move(isMarked);
+}
+
+bool c_PicList::IsChosen(int line) const {
+    return Exists(line) && (line == mState->selected || mState->isMarked(line));
+}
+
+std::vector<int> c_PicList::ChosenLines() const {
+    std::vector<int> lines;
+    for (int line = 0; line < LineCount(); ++line)
+        if (IsChosen(line))
+            lines.push_back(line);
+    return lines;
 }
 
 std::vector<int> c_PicList::SortByHeader(int column, int mode) {
@@ -130,6 +149,7 @@ std::vector<int> c_PicList::SortByHeader(int column, int mode) {
         if (inSight)
             BringIntoSight(mState->selected);
     }
+    mState->linesChanged = true;
     Refresh();
     const bool changed = column != mState->sortedColumn || downwards != mState->downwards;
     mState->sortedColumn = column;
@@ -138,6 +158,10 @@ std::vector<int> c_PicList::SortByHeader(int column, int mode) {
         Q_EMIT HeaderSelChanged(column);
     return order;
 }
+
+int c_PicList::SortedColumn() const { return mState->sortedColumn; }
+
+bool c_PicList::IsSortedDownwards() const { return mState->downwards; }
 
 void c_PicList::ForgetSorting() { mState->sortedColumn = -1; }
 
@@ -213,8 +237,16 @@ void c_PicList::Draw() {
     mState->scroller.Draw(mState->box->Dc());
     DrawListFrame(mState->box->Dc());
     mState->sinceDrawn.start();
+    TellReaders();
+}
+
+void c_PicList::TellReaders() {
     if (std::exchange(mState->announcedCount, LineCount()) != LineCount())
         AnnounceLineCount(*mState->box);
+    if (!std::exchange(mState->linesChanged, false))
+        return;
+    AnnounceLines(*mState->box);
+    AnnounceSelection(*mState->box, *this);
 }
 
 void c_PicList::DrawLines() {

@@ -5,6 +5,7 @@
 #include <QObject>
 #include <QRect>
 #include <QString>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -67,11 +68,21 @@ public:
     /// raised. Nothing happens if there is no such line.
     void SelectLine(int line);
 
+    /// Lets the owner say which lines are marked: they are chosen as the selected one is.
+    void SetMarks(std::function<bool(int line)> isMarked);
+    /// Whether a line is selected or marked.
+    bool IsChosen(int line) const;
+    std::vector<int> ChosenLines() const;
+
     /// Sorts the lines by a column, upwards with mode 0, downwards with mode 2: numbers by their
     /// value, letters as the locale sorts them, ignoring case. Equal lines keep their order, and
     /// the selection stays on its line. Returns the number that each line had before. A column that
     /// does not exist sorts nothing.
     std::vector<int> SortByHeader(int column, int mode);
+
+    /// The column that the list counts as sorted by; -1 if there is none.
+    int SortedColumn() const;
+    bool IsSortedDownwards() const;
 
     /// Sets the text under the header, one piece for each column; the strip is hidden while it is
     /// empty.
@@ -131,6 +142,7 @@ private:
     void BringIntoSight(int line);
     void Choose(int line, Qt::KeyboardModifiers keys, bool byKeyboard);
     void ForgetSorting();
+    void TellReaders();
     void Draw();
     void DrawHeaders();
     void DrawLines();

@@ -20,6 +20,7 @@ struct c_PicList::State {
 
     toolkit::ListLines lines;
     int selected = -1;
+    std::function<bool(int)> isMarked = [](int) { return false; };
     int sortedColumn = -1;
     bool downwards = false;
 
@@ -30,7 +31,8 @@ struct c_PicList::State {
     double wheelRest = 0; // of a pixel
 
     bool dirty = false;
-    int announcedCount = 0; // of lines, to screen readers
+    int announcedCount = 0;    // of lines, to screen readers
+    bool linesChanged = false; // since screen readers were told
     QElapsedTimer sinceDrawn;
     QTimer drawTimer;
 };

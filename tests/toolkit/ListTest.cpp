@@ -301,12 +301,14 @@ TEST_P(PicList, PrintsEachVisibleCellOnce) {
 TEST_P(PicList, IsATableToScreenReaders) {
     QAccessible::setActive(true);
     mList.SetSubHeader(QStringLiteral("40 songs"));
+    mList.SetMarks([](int line) { return line == 35; });
     Fill(40);
     mList.SelectLine(30);
     auto* list = QAccessible::queryAccessibleInterface(&mBox);
     ASSERT_EQ(list->role(), QAccessible::Table);
     auto* table = list->tableInterface();
-    EXPECT_EQ(table->selectedRows(), QList<int>{30});
+    EXPECT_EQ(table->selectedRows(), (QList<int>{30, 35}));
+    EXPECT_TRUE(table->cellAt(35, 2)->state().selected);
     EXPECT_EQ(table->rowDescription(7), "File 7, Title, Artist");
     EXPECT_EQ(list->child(0)->text(QAccessible::Description), "40 songs");
 
@@ -317,6 +319,10 @@ TEST_P(PicList, IsATableToScreenReaders) {
     EXPECT_EQ(list->child(list->indexOfChild(cell)), cell);
     EXPECT_EQ(list->childAt(cell->rect().center().x(), cell->rect().center().y()), cell);
     EXPECT_EQ(list->focusChild(), table->cellAt(30, 0));
+    mList.SortByHeader(0, 2);
+    EXPECT_EQ(list->focusChild(), table->cellAt(9, 0));
+    EXPECT_EQ(list->child(0)->text(QAccessible::Description), "40 songs, sorted descending");
+    mList.SortByHeader(0, 0);
     EXPECT_EQ(cell->tableCellInterface()->columnHeaderCells().value(0), list->child(1));
 
     QSignalSpy headers(&mList, &c_PicList::HeaderSelClicked);
