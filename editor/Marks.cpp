@@ -10,24 +10,19 @@ void Marks::Begin(int lines, int selected) {
     mLastSel = mRangeStart = selected;
 }
 
-bool Marks::Select(int line, Keys keys) {
+int Marks::Select(int line, Keys keys) {
     // The keyboard extends one range step by step.
     if (keys.range && keys.byKeyboard && mRangeStart >= 0)
         mLastSel = mRangeStart;
     else
         mRangeStart = line;
-    bool changed = false;
     if (!keys.add)
-        changed = Clear(); // all may be marked before any line was selected
-    if (mLastSel >= 0) {
-        changed = changed || keys.range || keys.add;
-        if (keys.range)
-            MarkRange(mLastSel, line);
-        else if (keys.add)
-            MarkRange(line, line);
-    }
-    mLastSel = line;
-    return changed;
+        mMarks.assign(mMarks.size(), false);
+    if (keys.range && mLastSel >= 0)
+        MarkRange(mLastSel, line);
+    else if (keys.add && !keys.range)
+        Toggle(line);
+    return mLastSel = NearestMarked(line);
 }
 
 void Marks::Reorder(const std::vector<int>& before) {
@@ -48,10 +43,23 @@ void Marks::MarkRange(int from, int to) {
     std::fill(mMarks.begin() + first, mMarks.begin() + last + 1, true);
 }
 
-bool Marks::Clear() {
-    const bool any = std::find(mMarks.begin(), mMarks.end(), true) != mMarks.end();
-    mMarks.assign(mMarks.size(), false);
-    return any;
+void Marks::Toggle(int line) {
+    if (std::ranges::find(mMarks, true) == mMarks.end()) {
+        if (mLastSel < 0)
+            return;
+        mMarks[static_cast<std::size_t>(mLastSel)] = true;
+    }
+    mMarks[static_cast<std::size_t>(line)] = !Has(line);
+}
+
+/// The line itself if none is marked.
+int Marks::NearestMarked(int line) const {
+    const int count = static_cast<int>(mMarks.size());
+    for (int way = 0; way < count; ++way)
+        for (const int candidate : {line + way, line - way})
+            if (candidate >= 0 && candidate < count && Has(candidate))
+                return candidate;
+    return line;
 }
 
 } // namespace editor

@@ -4,8 +4,9 @@
 
 namespace editor {
 
-/// The marks of a list's lines, which are set by selecting lines with the range or the add key
-/// held. Lines are numbered from 0.
+/// The marks of a list's lines, which are set by selecting lines with the range key held, and set
+/// or taken away with the add key. Lines are numbered from 0. While there are marks, the selected
+/// line is one of the marked ones.
 class Marks {
 public:
     /// How a line came to be selected.
@@ -25,18 +26,20 @@ public:
 
     void MarkAll() { mMarks.assign(mMarks.size(), true); }
 
-    /// Follows the selection to `line`; true if the list must be redrawn.
-    bool Select(int line, Keys keys);
+    /// Follows the selection to `line`. Returns the line that is to be selected: another one if
+    /// that lost its mark.
+    int Select(int line, Keys keys);
 
     /// Follows the lines when they were sorted: line i was `before[i]`.
     void Reorder(const std::vector<int>& before);
 
 private:
     void MarkRange(int from, int to);
-    bool Clear();
+    void Toggle(int line);
+    int NearestMarked(int line) const;
 
     std::vector<bool> mMarks;
-    int mLastSel = -1;    // the line selected before the current one
+    int mLastSel = -1;    // the line selected so far
     int mRangeStart = -1; // where a range that is extended with the keyboard began
 };
 

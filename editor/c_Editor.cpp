@@ -305,8 +305,7 @@ void c_Editor::mList_LinePrint(ListCell& cell) {
 }
 
 void c_Editor::mList_LineSelChanged(int line) {
-    if (mMarks.Select(line, {mList.mRangeKey, mList.mAddKey, mList.mByKeyboard}))
-        mList.Refresh();
+    mList.MoveSelection(mMarks.Select(line, {mList.mRangeKey, mList.mAddKey, mList.mByKeyboard}));
 }
 
 void c_Editor::MarkAll() {

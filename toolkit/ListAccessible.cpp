@@ -66,7 +66,7 @@ public:
             return state;
         state.focusable = state.selectable = true;
         state.selected = isSelected();
-        state.focused = mLine == mList->LineSelectedNum() && mColumn == 0 && mBox->hasFocus();
+        state.focused = mLine == mList->CursorLine() && mColumn == 0 && mBox->hasFocus();
         state.offscreen = mList->CellRect(mLine, mColumn).isEmpty();
         return state;
     }
@@ -184,7 +184,7 @@ public:
     }
 
     QAccessibleInterface* focusChild() const override {
-        return widget()->hasFocus() && mList ? cellAt(mList->LineSelectedNum(), 0) : nullptr;
+        return widget()->hasFocus() && mList ? cellAt(mList->CursorLine(), 0) : nullptr;
     }
 
     QAccessibleInterface* caption() const override { return nullptr; }
@@ -270,14 +270,14 @@ void MakeListAccessible(PictureBox* box, c_PicList* list) {
     QObject::connect(list, &QObject::destroyed, box, [box] { box->SetInterface({}); });
 }
 
-void AnnounceSelection(PictureBox& box, const c_PicList& list) {
-    if (!QAccessible::isActive() || list.LineSelectedNum() < 0)
+void AnnounceCursor(PictureBox* box, const c_PicList& list) {
+    if (!QAccessible::isActive() || box == nullptr || list.CursorLine() < 0)
         return;
-    const int cell = CellIndex(list.LineSelectedNum(), 0, list);
-    for (const QAccessible::Event kind : {QAccessible::Selection, QAccessible::Focus}) {
-        if (kind == QAccessible::Focus && !box.hasFocus())
+    const int cell = CellIndex(list.CursorLine(), 0, list);
+    for (const QAccessible::Event kind : {QAccessible::Focus, QAccessible::Selection}) {
+        if (kind == QAccessible::Focus && !box->hasFocus())
             continue;
-        QAccessibleEvent event(&box, kind);
+        QAccessibleEvent event(box, kind);
         event.setChild(cell);
         QAccessible::updateAccessibility(&event);
     }

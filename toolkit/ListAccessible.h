@@ -10,7 +10,7 @@ class PictureBox;
 void MakeListAccessible(PictureBox* box, c_PicList* list);
 
 /// Tell screen readers, if there are any, what has changed.
-void AnnounceSelection(PictureBox& box, const c_PicList& list);
+void AnnounceCursor(PictureBox* box, const c_PicList& list);
 void AnnounceLineCount(PictureBox& box);
 /// The lines have other texts, or other places.
 void AnnounceLines(PictureBox& box);

@@ -79,6 +79,14 @@ void DrawLineGround(Hdc dc, const QRect& line, bool lighter, LineLook look) {
     dc->Fill(line.adjusted(3, 1, -1, -1), kSelected[focus]);
 }
 
+void DrawLineFrame(Hdc dc, const QRect& line) {
+    const QRect inside = line.adjusted(1, 1, -1, -1);
+    dc->Fill(QRect(inside.topLeft(), QSize(inside.width(), 1)), kGold);
+    dc->Fill(QRect(inside.bottomLeft(), QSize(inside.width(), 1)), kGold);
+    dc->Fill(QRect(inside.topLeft(), QSize(1, inside.height())), kGold);
+    dc->Fill(QRect(inside.topRight(), QSize(1, inside.height())), kGold);
+}
+
 void DrawCellTexts(Hdc dc, const QRect& area, const std::vector<PlacedText>& cells) {
     Drawing drawing(dc);
     for (const PlacedText& placed : cells) {

@@ -25,6 +25,9 @@ void DrawSubHeaderCell(Hdc dc, const QRect& cell, const QString& text, HeaderLoo
 /// The ground of a line; every other line is a little lighter.
 void DrawLineGround(Hdc dc, const QRect& line, bool lighter, LineLook look);
 
+/// The edge of a line that the keyboard is on, but that is not selected.
+void DrawLineFrame(Hdc dc, const QRect& line);
+
 /// Writes the texts vertically centred in their cells, clipped to the cells and to `area`.
 void DrawCellTexts(Hdc dc, const QRect& area, const std::vector<PlacedText>& cells);
 

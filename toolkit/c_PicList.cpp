@@ -45,7 +45,7 @@ void c_PicList::AddItem(const QString& text, const QString& key) {
 
 void c_PicList::ClearLines() {
     mState->lines.Clear();
-    mState->selected = -1;
+    mState->selected = mState->cursor = -1;
     mState->scroller.SetTop(0);
     ForgetSorting();
 }
@@ -54,10 +54,8 @@ void c_PicList::RemoveLine(int line) {
     if (!Exists(line))
         return;
     mState->lines.Remove(line);
-    int& selected = mState->selected;
-    if (selected > line)
-        --selected;
-    selected = std::min(selected, LineCount() - 1);
+    for (int* number : {&mState->selected, &mState->cursor})
+        *number = std::min(*number > line ? *number - 1 : *number, LineCount() - 1);
     mState->linesChanged = true;
 }
 
@@ -103,7 +101,7 @@ void c_PicList::SelectLine(int line) { Choose(line, Qt::NoModifier, false); }
 void c_PicList::Choose(int line, Qt::KeyboardModifiers keys, bool byKeyboard) {
     if (!Exists(line))
         return;
-    mState->selected = line;
+    mState->selected = mState->cursor = line;
     BringIntoSight(line);
     Refresh();
     mRangeKey = keys.testFlag(Qt::ShiftModifier);
@@ -111,8 +109,25 @@ void c_PicList::Choose(int line, Qt::KeyboardModifiers keys, bool byKeyboard) {
     mByKeyboard = byKeyboard;
     Q_EMIT LineSelChanged(line);
     mRangeKey = mAddKey = mByKeyboard = false;
-    if (mState->box)
-        AnnounceSelection(*mState->box, *this);
+    AnnounceCursor(mState->box, *this);
+}
+
+void c_PicList::MoveSelection(int line) {
+    if (!Exists(line))
+        return;
+    mState->selected = line;
+    Refresh();
+}
+
+int c_PicList::CursorLine() const { return mState->cursor; }
+
+void c_PicList::MoveCursor(int line) {
+    if (!Exists(line))
+        return;
+    mState->cursor = line;
+    BringIntoSight(line);
+    Refresh();
+    AnnounceCursor(mState->box, *this);
 }
 
 void c_PicList::SetMarks(std::function<bool(int)> isMarked) {
@@ -143,12 +158,11 @@ std::vector<int> c_PicList::SortByHeader(int column, int mode) {
 
     const bool inSight = !CellRect(mState->selected, 0).isEmpty();
     mState->lines.Reorder(order);
-    if (mState->selected >= 0) {
-        const auto now = std::find(order.begin(), order.end(), mState->selected);
-        mState->selected = static_cast<int>(now - order.begin());
-        if (inSight)
-            BringIntoSight(mState->selected);
-    }
+    for (int* number : {&mState->selected, &mState->cursor})
+        if (*number >= 0)
+            *number = static_cast<int>(std::ranges::find(order, *number) - order.begin());
+    if (inSight)
+        BringIntoSight(mState->selected);
     mState->linesChanged = true;
     Refresh();
     const bool changed = column != mState->sortedColumn || downwards != mState->downwards;
@@ -246,7 +260,7 @@ void c_PicList::TellReaders() {
     if (!std::exchange(mState->linesChanged, false))
         return;
     AnnounceLines(*mState->box);
-    AnnounceSelection(*mState->box, *this);
+    AnnounceCursor(mState->box, *this);
 }
 
 void c_PicList::DrawLines() {
@@ -261,8 +275,11 @@ void c_PicList::DrawLines() {
     const int end = std::min(layout.LineAt(area.bottom(), top) + 1, LineCount());
     for (int line = layout.LineAt(area.y(), top); line < end; ++line) {
         const QRect first = layout.LineCell(line, 0, top);
-        DrawLineGround(dc, QRect(area.x(), first.y(), area.width(), first.height()), line % 2 != 0,
+        const QRect whole(area.x(), first.y(), area.width(), first.height());
+        DrawLineGround(dc, whole, line % 2 != 0,
                        line == mState->selected ? selectedLook : LineLook::Plain);
+        if (line == mState->cursor && line != mState->selected && mState->box->hasFocus())
+            DrawLineFrame(dc, whole);
         for (int column = 0; column < mState->columns; ++column) {
             const QRect cell = layout.LineCell(line, column, top);
             const double width = cell.width() - 2 * ListLayout::kMargin;

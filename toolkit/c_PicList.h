@@ -67,6 +67,12 @@ public:
     /// Selects a line and scrolls to it, as a click does without modifier keys: `LineSelChanged` is
     /// raised. Nothing happens if there is no such line.
     void SelectLine(int line);
+    /// Selects a line and does nothing else: the list does not scroll, and the keyboard stays where
+    /// it is.
+    void MoveSelection(int line);
+    /// The line that the keyboard is on: the one selected last by the player, or another one that
+    /// Ctrl and the arrow keys lead to. -1 if there is none.
+    int CursorLine() const;
 
     /// Lets the owner say which lines are marked: they are chosen as the selected one is.
     void SetMarks(std::function<bool(int line)> isMarked);
@@ -116,7 +122,9 @@ Q_SIGNALS:
     void LineSelChanged(int line);
     /// A line was double-clicked, or Enter was pressed on it.
     void LineDoubleClicked(int line);
-    void LineRightClicked(int line);
+    /// A menu for a line is wanted, at a place in logical pixels of the stage: by the right button,
+    /// which selects the line and leaves the marks of a marked one, or by the keyboard.
+    void LineRightClicked(int line, QPoint place);
     /// The list was sorted by another column than before, or in the other direction. It counts as
     /// sorted until a line is appended or a line's text changes.
     void HeaderSelChanged(int column);
@@ -141,6 +149,8 @@ private:
     void AdjustScroller();
     void BringIntoSight(int line);
     void Choose(int line, Qt::KeyboardModifiers keys, bool byKeyboard);
+    void MoveCursor(int line);
+    void WantMenu(int line, QPointF place);
     void ForgetSorting();
     void TellReaders();
     void Draw();
@@ -150,7 +160,9 @@ private:
     bool Key(const QKeyEvent& event);
     bool MoveKey(const QKeyEvent& event);
     bool Type(const QKeyEvent& event);
+    bool MenuKey(const QKeyEvent& event);
     void Press(const QMouseEvent& event);
+    void PressRight(QPointF place);
     void DoublePress(const QMouseEvent& event);
     void Move(const QMouseEvent& event);
     void Release(const QMouseEvent& event);

@@ -1,5 +1,6 @@
 // Mouse and keyboard input of a picture list.
 
+#include "toolkit/Stage.h"
 #include "toolkit/c_PicListState.h"
 
 #include <QGuiApplication>
@@ -85,15 +86,36 @@ bool c_PicList::Key(const QKeyEvent& event) {
     case Qt::Key_Left:
     case Qt::Key_Right:
         return true; // otherwise the form would move the focus
+    case Qt::Key_Space:
+        if (!event.modifiers().testFlag(Qt::ControlModifier))
+            return Type(event);
+        Choose(mState->cursor, event.modifiers(), true);
+        return true;
     default:
-        return MoveKey(event) || Type(event);
+        return MenuKey(event) || MoveKey(event) || Type(event);
     }
+}
+
+bool c_PicList::MenuKey(const QKeyEvent& event) {
+    const bool shiftF10 = event.key() == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier;
+    if (event.key() != Qt::Key_Menu && !shiftF10)
+        return false;
+    if (mState->selected < 0)
+        return true;
+    BringIntoSight(mState->selected);
+    WantMenu(mState->selected, CellRect(mState->selected, 0).bottomLeft());
+    return true;
+}
+
+void c_PicList::WantMenu(int line, QPointF place) {
+    const QPointF corner = mState->box->mapTo(&Stage::Get().Area(), QPointF(0, 0));
+    Q_EMIT LineRightClicked(line, (ToLogical(corner) + place).toPoint());
 }
 
 bool c_PicList::MoveKey(const QKeyEvent& event) {
     const ListLayout layout = Layout();
     const int page = std::max(layout.Lines().height() / layout.LineHeight() - 1, 1);
-    const int from = mState->selected;
+    const int from = mState->cursor;
     const int last = LineCount() - 1;
     int to = 0;
     switch (event.key()) {
@@ -117,7 +139,12 @@ bool c_PicList::MoveKey(const QKeyEvent& event) {
     default:
         return false;
     }
-    Choose(std::min(std::max(to, 0), last), event.modifiers(), true);
+    to = std::min(std::max(to, 0), last);
+    if (event.modifiers().testFlag(Qt::ControlModifier) &&
+        !event.modifiers().testFlag(Qt::ShiftModifier))
+        MoveCursor(to);
+    else
+        Choose(to, event.modifiers(), true);
     return true;
 }
 
@@ -129,32 +156,41 @@ bool c_PicList::Type(const QKeyEvent& event) {
         return false;
     const int column = std::max(mState->sortedColumn, 0);
     // Shift here makes a capital letter, not a range.
-    Choose(mState->typeAhead.Find(event.text(), mState->selected, LineCount(),
+    Choose(mState->typeAhead.Find(event.text(), mState->cursor, LineCount(),
                                   [=, this](int line) { return CellText(line, column); }),
            Qt::NoModifier, true);
     return true;
 }
 
 void c_PicList::Press(const QMouseEvent& event) {
-    const bool right = event.button() == Qt::RightButton;
-    if (!right && event.button() != Qt::LeftButton)
+    const QPointF place = ToLogical(event.position());
+    if (event.button() == Qt::RightButton)
+        return PressRight(place);
+    if (event.button() != Qt::LeftButton)
         return;
     AdjustScroller();
-    PointAt(ToLogical(event.position()));
+    PointAt(place);
     if (mState->hover.part == Part::Lines) {
-        const int line = LineAt(ToLogical(event.position()));
-        Choose(line, event.modifiers(), false);
-        if (right && line >= 0)
-            Q_EMIT LineRightClicked(line);
-    } else if (!right) {
+        Choose(LineAt(place), event.modifiers(), false);
+    } else {
         mState->pressed = mState->hover;
         if (mState->pressed.part == Part::Scroller) {
             const ListLayout layout = Layout();
-            mState->scroller.Press(ToLogical(event.position()).y(),
-                                   layout.Lines().height() - layout.LineHeight());
+            mState->scroller.Press(place.y(), layout.Lines().height() - layout.LineHeight());
         }
         Refresh();
     }
+}
+
+void c_PicList::PressRight(QPointF place) {
+    const int line = LineAt(place);
+    if (line < 0)
+        return;
+    if (!IsChosen(line))
+        Choose(line, {}, false);
+    mState->selected = line;
+    MoveCursor(line);
+    WantMenu(line, place);
 }
 
 void c_PicList::DoublePress(const QMouseEvent& event) {

@@ -20,6 +20,7 @@ struct c_PicList::State {
 
     toolkit::ListLines lines;
     int selected = -1;
+    int cursor = -1;
     std::function<bool(int)> isMarked = [](int) { return false; };
     int sortedColumn = -1;
     bool downwards = false;

@@ -95,13 +95,19 @@ TEST_F(EditorTest, MarkedAndSelectedLinesAreRemovedAlsoAfterSorting) {
     mFolder.MakeSongs(9);
     const auto down = Key(Qt::Key_Down);
     const auto range = Key(Qt::Key_Down, Qt::ShiftModifier);
-    const auto add = Key(Qt::Key_End, Qt::ControlModifier);
-    // Marks 2 to 4, then 9; upside down they must be on the same songs.
-    Run({Add(), ClickHeader(), Key(Qt::Key_Home), down, range, range, add, ClickHeader(),
-         Key(Qt::Key_Delete)});
+    const auto to = [this](Qt::Key key) { return Key(key, Qt::ControlModifier); };
+    const auto toggle = Key(Qt::Key_Space, Qt::ControlModifier);
+    // Marks 2 to 4, then 9 and 8, but 8 not after all; upside down they must be on the same songs.
+    Run({Add(), ClickHeader(), Key(Qt::Key_Home), down, range, range, to(Qt::Key_End), toggle,
+         to(Qt::Key_Up), toggle, toggle, ClickHeader(), Key(Qt::Key_Delete)});
     EXPECT_EQ(Names(), "song8 song7 song6 song5 song1");
     Run({Key(Qt::Key_Home), down, Press(editor->Form().pRemove)});
     EXPECT_EQ(Names(), "song8 song6 song5 song1") << "without marks only the selected line";
+    Run({Key(Qt::Key_Home), to(Qt::Key_End), toggle, Key(Qt::Key_Delete)});
+    EXPECT_EQ(Names(), "song6 song5") << "the first mark is that of the line selected before";
+    Run({Key(Qt::Key_Home), to(Qt::Key_End), toggle, to(Qt::Key_Home), toggle,
+         Key(Qt::Key_Delete)});
+    EXPECT_EQ(Names(), "song6") << "what lost its mark stays";
     Run({Key(Qt::Key_A, Qt::ControlModifier), Press(editor->Form().pRemove)});
     EXPECT_EQ(Names(), "");
     Run({Add(), ClickHeader(), Key(Qt::Key_A, Qt::ControlModifier), Key(Qt::Key_Home),

@@ -156,13 +156,30 @@ TEST_P(PicList, SelectsTheLineUnderThePointer) {
     Click(secondLine, Qt::ControlModifier);
     Click(secondLine - QPoint(0, 1));
     EXPECT_EQ(mList.CellRect(0, 0).height(), height); // brought into sight
-    QSignalSpy menus(&mList, &c_PicList::LineRightClicked);
-    Click(CellAt(4, 2), {}, Qt::RightButton);
-    EXPECT_EQ(menus.size(), 1);
-    EXPECT_EQ(Selections(), "1 range, 1 add, 0, 4");
+    EXPECT_EQ(Selections(), "1 range, 1 add, 0");
     QSignalSpy doubles(&mList, &c_PicList::LineDoubleClicked);
     DoubleClick(CellAt(2, 1));
     EXPECT_EQ(Numbers(doubles), (std::vector<int>{2}));
+}
+
+TEST_P(PicList, WantsAMenuForALineAndLeavesTheMarksOfMarkedOnes) {
+    Fill(100);
+    mList.SetMarks([](int line) { return line == 2 || line == 3; });
+    std::vector<int> lines;
+    QPoint at;
+    QObject::connect(&mList, &c_PicList::LineRightClicked, [&](int line, QPoint place) {
+        lines.push_back(line);
+        at = place - PlaceOf(mForm).topLeft() - kBoxPlace;
+    });
+    QTest::keyClick(&mBox, Qt::Key_Menu);
+    Click(CellAt(4, 2), {}, Qt::RightButton);
+    Click(CellAt(3, 0), {}, Qt::RightButton);
+    EXPECT_LE((at - CellAt(3, 0)).manhattanLength(), 1);
+    EXPECT_EQ(Selections(), "4");
+    Wheel(QPoint(), QPoint(0, -1200));
+    QTest::keyClick(&mBox, Qt::Key_F10, Qt::ShiftModifier);
+    EXPECT_EQ(lines, (std::vector<int>{4, 3, 3}));
+    EXPECT_TRUE(mList.CellRect(3, 0).contains(at)) << "brought into sight";
 }
 
 TEST_P(PicList, ClicksHeadersWhereTheyWerePressed) {
@@ -180,9 +197,14 @@ TEST_P(PicList, MovesBySeveralKeys) {
     Fill(60);
     for (const Qt::KeyboardModifiers keys : {Qt::NoModifier, Qt::ShiftModifier})
         QTest::keyClick(&mBox, Qt::Key_Down, keys);
-    QTest::keyClick(&mBox, Qt::Key_Up, Qt::ControlModifier);
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_Up, Qt::Key_Space})
+        QTest::keyClick(&mBox, key, Qt::ControlModifier);
+    EXPECT_EQ(mList.CursorLine(), 0);
+    QTest::keyClick(&mBox, Qt::Key_Down);
+    EXPECT_EQ(Selections(), "0 key, 1 range key, 0 add key, 1 key");
+    mList.MoveSelection(5);
     QTest::keyClick(&mBox, Qt::Key_Up);
-    EXPECT_EQ(Selections(), "0 key, 1 range key, 0 add key, 0 key");
+    EXPECT_EQ(Selections(), "0 key");
     QTest::keyClick(&mBox, Qt::Key_End);
     EXPECT_TRUE(InSight(59));
     QTest::keyClick(&mBox, Qt::Key_Down);
