@@ -8,7 +8,6 @@
 
 #include <QAccessible>
 #include <QAccessibleWidget>
-#include <QApplication>
 #include <QKeyEvent>
 #include <QPainter>
 #include <algorithm>
@@ -148,7 +147,7 @@ bool Form::event(QEvent* event) {
 }
 
 void Form::hideEvent(QHideEvent* event) {
-    mGrip.reset();
+    mDragStart.Release();
     if (!event->spontaneous())
         Stage::Get().Forms().Leave(*this);
 }
@@ -174,19 +173,14 @@ void Form::mousePressEvent(QMouseEvent* event) {
         return event->ignore();        // the stage's window is meant
     Stage::Get().Forms().Enter(*this); // in front
     if (event->button() == Qt::LeftButton)
-        mGrip = event->globalPosition().toPoint();
+        mDragStart.Press(event->globalPosition());
 }
 
 void Form::mouseMoveEvent(QMouseEvent* event) {
     if (FillsStage())
         return event->ignore();
-    if (!mGrip || !event->buttons().testFlag(Qt::LeftButton))
-        return;
-    const QPoint way = event->globalPosition().toPoint() - *mGrip;
-    if (way.manhattanLength() < QApplication::startDragDistance())
-        return;
-    mGrip.reset();
-    DragForm(this);
+    if (event->buttons().testFlag(Qt::LeftButton) && mDragStart.Begins(event->globalPosition()))
+        DragForm(this);
 }
 
 void Form::keyPressEvent(QKeyEvent* event) {

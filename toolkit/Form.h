@@ -3,13 +3,13 @@
 #include "toolkit/Accessible.h"
 #include "toolkit/Announcer.h"
 #include "toolkit/Canvas.h"
+#include "toolkit/DragStart.h"
 #include "toolkit/PictureBox.h"
 #include "toolkit/Place.h"
 #include "toolkit/StageSize.h"
 
 #include <QPointer>
 #include <QWidget>
-#include <optional>
 #include <vector>
 
 namespace toolkit {
@@ -103,7 +103,7 @@ private:
     Announcer* mAnnouncer;
     Layer mLayer = Layer::Screens;
     bool mModal = false;
-    std::optional<QPoint> mGrip; // where the left button was pressed on the form's ground
+    DragStart mDragStart; // by the left button on the form's ground
     QPointer<QWidget> mBlockedFocus;
 };
 

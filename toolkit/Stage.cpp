@@ -235,7 +235,7 @@ void Stage::mousePressEvent(QMouseEvent* event) {
         mResized = true;
         DragWindow(*this, edges);
     } else {
-        mGrip = event->globalPosition().toPoint();
+        mDragStart.Press(event->globalPosition());
     }
 }
 
@@ -252,14 +252,13 @@ void Stage::mouseMoveEvent(QMouseEvent* event) {
                   : sideways          ? Qt::SizeHorCursor
                   : upright           ? Qt::SizeVerCursor
                                       : Qt::ArrowCursor);
-    } else if (mGrip && (at - *mGrip).manhattanLength() >= QApplication::startDragDistance()) {
-        mGrip.reset();
+    } else if (mDragStart.Begins(event->globalPosition())) {
         DragWindow(*this);
     }
 }
 
 void Stage::mouseReleaseEvent(QMouseEvent*) {
-    mGrip.reset();
+    mDragStart.Release();
     FitAfterResize();
 }
 

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "toolkit/Accessible.h"
+#include "toolkit/DragStart.h"
 #include "toolkit/FormStack.h"
 #include "toolkit/StageSize.h"
 
 #include <QWidget>
-#include <optional>
 #include <vector>
 
 namespace toolkit {
@@ -78,9 +78,9 @@ private:
 
     QWidget* mArea;
     FormStack mForms;
-    QRect mWindowed;             // where the window is when it does not fill the screen
-    std::optional<QPoint> mGrip; // where the left button was pressed on the ground
-    bool mResized = false;       // by an edge; to be fitted
+    QRect mWindowed;       // where the window is when it does not fill the screen
+    DragStart mDragStart;  // by the left button on the ground
+    bool mResized = false; // by an edge; to be fitted
 };
 
 } // namespace toolkit
