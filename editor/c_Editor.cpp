@@ -1,5 +1,6 @@
 #include "editor/c_Editor.h"
 
+#include "editor/ColumnSettings.h"
 #include "library/MarkJournal.h"
 #include "library/SongFolders.h"
 #include "library/SongTitle.h"
@@ -89,6 +90,7 @@ c_Editor::c_Editor()
     bSave.Create(mForm.pSave, QStringLiteral("Save PlayList"));
     bMenu.Create(mForm.pMenu, QStringLiteral("Exit Editor"));
     mList.Create(mForm.pList, QStringLiteral("File Name\\Song Title\\Artist"));
+    editor::RememberColumns(mList);
     mList.SetMarks([this](int line) { return mMarks.Has(line); });
     Connect();
 }

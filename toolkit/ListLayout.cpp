@@ -8,20 +8,12 @@ namespace toolkit {
 namespace {
 
 constexpr int kFrame = 1;
-
-/// The first column is a third wider than each of the others.
-std::vector<int> ColumnEdges(int left, int width, int columns) {
-    std::vector<int> edges = {left};
-    const int shares = 4 + 3 * (columns - 1);
-    for (int column = 1; column <= columns; ++column)
-        edges.push_back(left + width * (4 + 3 * (column - 1)) / shares);
-    return edges;
-}
+constexpr int kGrip = 4; // to the left and right of a border
 
 } // namespace
 
-ListLayout::ListLayout(const QSize& box, double textHeight, int columns, bool hasSubHeader,
-                       int scrollerWidth)
+ListLayout::ListLayout(const QSize& box, double textHeight, const ListColumns& columns,
+                       bool hasSubHeader, int scrollerWidth)
     : mLineHeight(static_cast<int>(std::ceil(textHeight)) + 4) {
     const QRect inside = QRect(QPoint(0, 0), box).adjusted(kFrame, kFrame, -kFrame, -kFrame);
     const int width = inside.width() - scrollerWidth;
@@ -30,7 +22,9 @@ ListLayout::ListLayout(const QSize& box, double textHeight, int columns, bool ha
     const int top = mSubHeader.y() + mSubHeader.height();
     mLines = QRect(inside.x(), top, width, inside.bottom() + 1 - top);
     mScroller = QRect(inside.x() + width, inside.y(), scrollerWidth, inside.height());
-    mEdges = ColumnEdges(inside.x(), width, columns);
+    mEdges = columns.Edges(width);
+    for (int& edge : mEdges)
+        edge += inside.x();
 }
 
 QRect ListLayout::Cell(int column, const QRect& row) const {
@@ -39,7 +33,7 @@ QRect ListLayout::Cell(int column, const QRect& row) const {
 }
 
 QRect ListLayout::LineCell(int line, int column, int top) const {
-    return Cell(column, QRect(0, mLines.y() + line * mLineHeight - top, 0, mLineHeight));
+    return Cell(column, QRect(0, LineTop(line, top), 0, mLineHeight));
 }
 
 ListLayout::Spot ListLayout::At(const QPointF& point) const {
@@ -50,8 +44,12 @@ ListLayout::Spot ListLayout::At(const QPointF& point) const {
         return {};
     const auto edge = std::upper_bound(mEdges.begin() + 1, mEdges.end() - 1, point.x());
     const auto column = static_cast<int>(edge - mEdges.begin()) - 1;
-    if (point.y() < mHeader.bottom() + 1)
+    if (point.y() < mHeader.bottom() + 1) {
+        for (const int border : {column - 1, column})
+            if (IsBorder(border) && std::abs(point.x() - BorderAt(border)) <= kGrip)
+                return {Part::Border, border};
         return {Part::Header, column};
+    }
     return {point.y() < mLines.y() ? Part::SubHeader : Part::Lines, column};
 }
 

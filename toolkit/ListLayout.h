@@ -1,5 +1,7 @@
 #pragma once
 
+#include "toolkit/ListColumns.h"
+
 #include <QPointF>
 #include <QRect>
 #include <QSize>
@@ -10,9 +12,9 @@ namespace toolkit {
 /// Where the parts of a list lie in its box, in logical pixels.
 class ListLayout {
 public:
-    enum class Part { None, Header, SubHeader, Lines, Scroller };
+    enum class Part { None, Header, Border, SubHeader, Lines, Scroller };
 
-    /// A part, and its column if it has columns.
+    /// A part, and its column if it has columns. A border is the end of a column in the header.
     struct Spot {
         Part part = Part::None;
         int column = -1;
@@ -20,16 +22,20 @@ public:
     };
 
     /// `hasSubHeader`: whether there is a strip under the header.
-    ListLayout(const QSize& box, double textHeight, int columns, bool hasSubHeader,
+    ListLayout(const QSize& box, double textHeight, const ListColumns& columns, bool hasSubHeader,
                int scrollerWidth);
 
     int LineHeight() const { return mLineHeight; }
     QRect Lines() const { return mLines; }
     QRect Scroller() const { return mScroller; }
     QRect HeaderCell(int column) const { return Cell(column, mHeader); }
+    int BorderAt(int column) const { return mEdges[static_cast<std::size_t>(column) + 1]; }
     QRect SubHeaderCell(int column) const { return Cell(column, mSubHeader); }
     /// A line's whole cell, even if it is out of sight, in lines scrolled by `top`.
     QRect LineCell(int line, int column, int top) const;
+
+    /// Where the top of a line is, or the end of the last one.
+    int LineTop(int line, int top) const { return mLines.y() + line * mLineHeight - top; }
 
     Spot At(const QPointF& point) const;
     /// The line at `y`, perhaps one after the last, in lines scrolled by `top`.
@@ -39,6 +45,9 @@ public:
     static constexpr int kMargin = 7;
 
 private:
+    bool IsBorder(int column) const {
+        return column >= 0 && static_cast<std::size_t>(column) + 2 < mEdges.size();
+    }
     QRect Cell(int column, const QRect& row) const;
 
     int mLineHeight;

@@ -7,6 +7,7 @@
 #include "toolkit/c_PicListState.h"
 
 #include <algorithm>
+#include <cmath>
 
 using namespace toolkit;
 
@@ -30,7 +31,7 @@ c_PicList::~c_PicList() = default;
 void c_PicList::Create(PictureBox* box, const QString& headers) {
     mState->box = box;
     mState->headers = headers;
-    mState->columns = static_cast<int>(headers.count(u'\\')) + 1;
+    mState->columns = ListColumns(static_cast<int>(headers.count(u'\\')) + 1);
     mState->scroller.LoadSkin();
     box->setFocusPolicy(Qt::StrongFocus);
     box->installEventFilter(this);
@@ -147,7 +148,7 @@ std::vector<int> c_PicList::ChosenLines() const {
 }
 
 std::vector<int> c_PicList::SortByHeader(int column, int mode) {
-    const bool exists = column >= 0 && column < mState->columns;
+    const bool exists = column >= 0 && column < ColumnCount();
     const bool downwards = mode == 2;
     std::vector<QString> texts(static_cast<std::size_t>(LineCount()));
     for (int line = 0; exists && line < LineCount(); ++line)
@@ -190,7 +191,33 @@ double c_PicList::TextWidth(const QString& text) const {
     return mState->box ? mState->box->Picture().TextWidth(text) : 0;
 }
 
-int c_PicList::ColumnCount() const { return mState->columns; }
+int c_PicList::ColumnCount() const { return mState->columns.Count(); }
+
+std::vector<int> c_PicList::ColumnWidths() const {
+    return mState->columns.Widths(Layout().Lines().width());
+}
+
+void c_PicList::SetColumnWidths(const std::vector<int>& widths) {
+    mState->columns.SetWidths(widths);
+    Refresh();
+}
+
+void c_PicList::MoveBorder(int column, double x) {
+    const QRect lines = Layout().Lines();
+    mState->columns.MoveBorder(column, static_cast<int>(std::lround(x - lines.x())), lines.width());
+    Refresh();
+}
+
+void c_PicList::FitColumn(int column) {
+    const ListLayout layout = Layout();
+    const int end =
+        std::min(layout.LineAt(layout.Lines().bottom(), mState->scroller.Top()) + 1, LineCount());
+    double widest = 0;
+    for (int line = layout.LineAt(layout.Lines().y(), mState->scroller.Top()); line < end; ++line)
+        widest = std::max(widest, mState->box->Picture().TextWidth(CellText(line, column)));
+    MoveBorder(column, layout.HeaderCell(column).x() + std::ceil(widest) + 2 * ListLayout::kMargin);
+    Q_EMIT ColumnsResized();
+}
 
 QString c_PicList::HeaderText(int column) const { return ShownColumn(mState->headers, column); }
 
@@ -208,7 +235,7 @@ ListLayout c_PicList::Layout() const {
 }
 
 QRect c_PicList::CellRect(int line, int column) const {
-    if (!mState->box || line >= LineCount() || column < 0 || column >= mState->columns)
+    if (!mState->box || line >= LineCount() || column < 0 || column >= ColumnCount())
         return QRect();
     const ListLayout layout = Layout();
     if (line < 0)
@@ -280,7 +307,7 @@ void c_PicList::DrawLines() {
                        line == mState->selected ? selectedLook : LineLook::Plain);
         if (line == mState->cursor && line != mState->selected && mState->box->hasFocus())
             DrawLineFrame(dc, whole);
-        for (int column = 0; column < mState->columns; ++column) {
+        for (int column = 0; column < ColumnCount(); ++column) {
             const QRect cell = layout.LineCell(line, column, top);
             const double width = cell.width() - 2 * ListLayout::kMargin;
             ListCell printed{line, column, width, CellText(line, column), kNightText};
@@ -301,7 +328,7 @@ void c_PicList::DrawHeaders() {
     };
     using Part = ListLayout::Part;
     const SortArrow arrow = mState->downwards ? SortArrow::Downwards : SortArrow::Upwards;
-    for (int column = 0; column < mState->columns; ++column) {
+    for (int column = 0; column < ColumnCount(); ++column) {
         DrawHeaderCell(dc, layout.HeaderCell(column), HeaderText(column),
                        look({Part::Header, column}),
                        column == mState->sortedColumn ? arrow : SortArrow::None);

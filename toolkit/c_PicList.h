@@ -98,6 +98,9 @@ public:
     double TextWidth(const QString& text) const;
 
     int ColumnCount() const;
+    /// In logical pixels. Widths of another number of columns, or too narrow ones, change nothing.
+    std::vector<int> ColumnWidths() const;
+    void SetColumnWidths(const std::vector<int>& widths);
     /// The texts as they are shown, unescaped; empty if there are none.
     QString HeaderText(int column) const;
     QString SubHeaderText(int column) const;
@@ -131,6 +134,8 @@ Q_SIGNALS:
     void HeaderSelClicked(int column);
     void HeaderDoubleClicked(int column);
     void SubHeaderClicked(int column);
+    /// The player has given columns other widths.
+    void ColumnsResized();
     void SubHeaderChanged();
     /// A visible cell is about to be drawn. The handler must not change the lines.
     void LinePrint(toolkit::ListCell& cell);
@@ -147,6 +152,8 @@ private:
     bool Exists(int line) const;
     toolkit::ListLayout Layout() const;
     void AdjustScroller();
+    void MoveBorder(int column, double x);
+    void FitColumn(int column);
     void BringIntoSight(int line);
     void Choose(int line, Qt::KeyboardModifiers keys, bool byKeyboard);
     void MoveCursor(int line);
@@ -169,6 +176,7 @@ private:
     void Wheel(const QWheelEvent& event);
     void PointAt(const QPointF& point);
     void ForgetPointer();
+    void ShowCursor();
 
     std::unique_ptr<State> mState;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "toolkit/ListColumns.h"
 #include "toolkit/ListLayout.h"
 #include "toolkit/ListLines.h"
 #include "toolkit/PictureBox.h"
@@ -16,7 +17,7 @@ struct c_PicList::State {
     QPointer<toolkit::PictureBox> box;
     QString headers;
     QString subHeader;
-    int columns = 0;
+    toolkit::ListColumns columns;
 
     toolkit::ListLines lines;
     int selected = -1;
@@ -29,7 +30,9 @@ struct c_PicList::State {
     toolkit::TypeAhead typeAhead;
     toolkit::ListLayout::Spot hover;
     toolkit::ListLayout::Spot pressed;
-    double wheelRest = 0; // of a pixel
+    toolkit::ListColumns columnsBefore; // a border is dragged
+    double borderGrip = 0;              // beside it
+    double wheelRest = 0;               // of a pixel
 
     bool dirty = false;
     int announcedCount = 0;    // of lines, to screen readers

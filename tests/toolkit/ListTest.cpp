@@ -193,6 +193,38 @@ TEST_P(PicList, ClicksHeadersWhereTheyWerePressed) {
     EXPECT_EQ(Selections(), "");
 }
 
+TEST_P(PicList, ResizesColumnsByTheirBorders) {
+    Fill(3);
+    QSignalSpy sorted(&mList, &c_PicList::HeaderSelClicked);
+    const auto border = [this](int column) {
+        return QPoint(mList.CellRect(-1, column + 1).left(), CellAt(-1, column).y());
+    };
+    const auto drag = [&](QPoint from, int way) {
+        Press(from);
+        MoveTo(from + QPoint(way, 0));
+        Release(from + QPoint(way, 0));
+    };
+    const std::vector<int> first = mList.ColumnWidths();
+    drag(border(0), 30);
+    const std::vector<int> second = mList.ColumnWidths();
+    EXPECT_EQ(second, (std::vector<int>{first[0] + 30, first[1] - 30, first[2]}));
+    MoveTo(border(1));
+    EXPECT_EQ(mBox.cursor().shape(), Qt::SplitHCursor);
+    drag(border(0), 300);
+    const std::vector<int> narrow = mList.ColumnWidths();
+    EXPECT_EQ(narrow[1], narrow[2]);
+    EXPECT_GT(narrow[1], 30);
+
+    QSignalSpy resized(&mList, &c_PicList::ColumnsResized);
+    DoubleClick(border(0));
+    EXPECT_EQ(resized.size(), 1);
+    EXPECT_NEAR(mList.ColumnWidths()[0], mList.TextWidth("File 0") + 14, 1);
+    for (const std::vector<int>& widths : {second, {5, 200, 145}, {}})
+        mList.SetColumnWidths(widths);
+    EXPECT_EQ(mList.ColumnWidths(), second);
+    EXPECT_EQ(sorted.size(), 0);
+}
+
 TEST_P(PicList, MovesBySeveralKeys) {
     Fill(60);
     for (const Qt::KeyboardModifiers keys : {Qt::NoModifier, Qt::ShiftModifier})
