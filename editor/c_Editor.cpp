@@ -112,6 +112,7 @@ void c_Editor::Connect() {
     connect(&mList, &c_PicList::LineDoubleClicked, this, &c_Editor::mList_LineDoubleClicked);
     connect(&mList, &c_PicList::LinePrint, this, &c_Editor::mList_LinePrint);
     connect(&mList, &c_PicList::LineSelChanged, this, &c_Editor::mList_LineSelChanged);
+    connect(&mList, &c_PicList::LinesMoveWanted, this, &c_Editor::mList_LinesMoveWanted);
     connect(&mList, &c_PicList::RemoveWanted, this, &c_Editor::bRemove_Clicked);
     connect(&mList, &c_PicList::SelectAllWanted, this, &c_Editor::MarkAll);
 }
@@ -308,6 +309,10 @@ void c_Editor::mList_LinePrint(ListCell& cell) {
 
 void c_Editor::mList_LineSelChanged(int line) {
     mList.MoveSelection(mMarks.Select(line, {mList.mRangeKey, mList.mAddKey, mList.mByKeyboard}));
+}
+
+void c_Editor::mList_LinesMoveWanted(const std::vector<int>& lines, int before) {
+    mMarks.Reorder(mList.MoveLines(lines, before));
 }
 
 void c_Editor::MarkAll() {

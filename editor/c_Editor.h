@@ -54,6 +54,7 @@ public:
     void mList_LineDoubleClicked(int line);
     void mList_LinePrint(toolkit::ListCell& cell);
     void mList_LineSelChanged(int line);
+    void mList_LinesMoveWanted(const std::vector<int>& lines, int before);
 
 private:
     void Connect();

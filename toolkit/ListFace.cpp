@@ -6,6 +6,7 @@
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QPolygonF>
+#include <algorithm>
 #include <cmath>
 
 namespace toolkit {
@@ -85,6 +86,12 @@ void DrawLineFrame(Hdc dc, const QRect& line) {
     dc->Fill(QRect(inside.bottomLeft(), QSize(inside.width(), 1)), kGold);
     dc->Fill(QRect(inside.topLeft(), QSize(1, inside.height())), kGold);
     dc->Fill(QRect(inside.topRight(), QSize(1, inside.height())), kGold);
+}
+
+void DrawInsertion(Hdc dc, const QRect& area, int y) {
+    constexpr int kThick = 2;
+    const int top = std::clamp(y - kThick / 2, area.y(), area.y() + area.height() - kThick);
+    dc->Fill(QRect(area.x(), top, area.width(), kThick), kGold);
 }
 
 void DrawCellTexts(Hdc dc, const QRect& area, const std::vector<PlacedText>& cells) {

@@ -28,6 +28,9 @@ void DrawLineGround(Hdc dc, const QRect& line, bool lighter, LineLook look);
 /// The edge of a line that the keyboard is on, but that is not selected.
 void DrawLineFrame(Hdc dc, const QRect& line);
 
+/// Where dragged lines would go: between two lines, at `y`, in or at the edge of `area`.
+void DrawInsertion(Hdc dc, const QRect& area, int y);
+
 /// Writes the texts vertically centred in their cells, clipped to the cells and to `area`.
 void DrawCellTexts(Hdc dc, const QRect& area, const std::vector<PlacedText>& cells);
 

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 using namespace toolkit;
 
@@ -24,6 +25,9 @@ c_PicList::c_PicList() : mState(std::make_unique<State>()) {
         if (mState->box)
             mState->box->Refresh();
     });
+    constexpr int kScrollTime = 50; // milliseconds
+    mState->dragScroll.setInterval(kScrollTime);
+    connect(&mState->dragScroll, &QTimer::timeout, this, &c_PicList::ScrollDrag);
 }
 
 c_PicList::~c_PicList() = default;
@@ -45,6 +49,7 @@ void c_PicList::AddItem(const QString& text, const QString& key) {
 }
 
 void c_PicList::ClearLines() {
+    EndLineDrag();
     mState->lines.Clear();
     mState->selected = mState->cursor = -1;
     mState->scroller.SetTop(0);
@@ -54,6 +59,7 @@ void c_PicList::ClearLines() {
 void c_PicList::RemoveLine(int line) {
     if (!Exists(line))
         return;
+    EndLineDrag();
     mState->lines.Remove(line);
     for (int* number : {&mState->selected, &mState->cursor})
         *number = std::min(*number > line ? *number - 1 : *number, LineCount() - 1);
@@ -157,6 +163,31 @@ std::vector<int> c_PicList::SortByHeader(int column, int mode) {
     if (!exists)
         return order;
 
+    Reorder(order);
+    const bool changed = column != mState->sortedColumn || downwards != mState->downwards;
+    mState->sortedColumn = column;
+    mState->downwards = downwards;
+    if (changed)
+        Q_EMIT HeaderSelChanged(column);
+    return order;
+}
+
+std::vector<int> c_PicList::MoveLines(const std::vector<int>& lines, int before) {
+    std::vector<int> order(static_cast<std::size_t>(LineCount()));
+    std::iota(order.begin(), order.end(), 0);
+    const auto rest = std::stable_partition(order.begin(), order.end(), [&](int line) {
+        return !std::ranges::binary_search(lines, line);
+    });
+    const auto place = std::ranges::lower_bound(order.begin(), rest, before);
+    std::rotate(place, rest, order.end());
+    Reorder(order);
+    ForgetSorting();
+    return order;
+}
+
+/// Puts line `order[n]` at n.
+void c_PicList::Reorder(const std::vector<int>& order) {
+    EndLineDrag();
     const bool inSight = !CellRect(mState->selected, 0).isEmpty();
     mState->lines.Reorder(order);
     for (int* number : {&mState->selected, &mState->cursor})
@@ -166,12 +197,6 @@ std::vector<int> c_PicList::SortByHeader(int column, int mode) {
         BringIntoSight(mState->selected);
     mState->linesChanged = true;
     Refresh();
-    const bool changed = column != mState->sortedColumn || downwards != mState->downwards;
-    mState->sortedColumn = column;
-    mState->downwards = downwards;
-    if (changed)
-        Q_EMIT HeaderSelChanged(column);
-    return order;
 }
 
 int c_PicList::SortedColumn() const { return mState->sortedColumn; }
@@ -316,6 +341,8 @@ void c_PicList::DrawLines() {
         }
     }
     DrawCellTexts(dc, area, texts);
+    if (!mState->dragged.empty())
+        DrawInsertion(dc, area, layout.LineTop(mState->dropBefore, top));
 }
 
 void c_PicList::DrawHeaders() {

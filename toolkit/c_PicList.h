@@ -86,6 +86,11 @@ public:
     /// does not exist sorts nothing.
     std::vector<int> SortByHeader(int column, int mode);
 
+    /// Moves lines, in the order that they have, to before the line `before`, or to the end if that
+    /// is the number of lines. `lines` ascend and exist. The selection stays on its line. Returns
+    /// the number that each line had before.
+    std::vector<int> MoveLines(const std::vector<int>& lines, int before);
+
     /// The column that the list counts as sorted by; -1 if there is none.
     int SortedColumn() const;
     bool IsSortedDownwards() const;
@@ -139,6 +144,9 @@ Q_SIGNALS:
     void SubHeaderChanged();
     /// A visible cell is about to be drawn. The handler must not change the lines.
     void LinePrint(toolkit::ListCell& cell);
+    /// The chosen lines were dragged, or Alt was pressed with an arrow key: they are to be moved as
+    /// by `MoveLines`.
+    void LinesMoveWanted(const std::vector<int>& lines, int before);
     /// Delete or Ctrl+A was pressed.
     void RemoveWanted();
     void SelectAllWanted();
@@ -151,6 +159,7 @@ private:
 
     bool Exists(int line) const;
     toolkit::ListLayout Layout() const;
+    void Reorder(const std::vector<int>& order);
     void AdjustScroller();
     void MoveBorder(int column, double x);
     void FitColumn(int column);
@@ -166,12 +175,18 @@ private:
 
     bool Key(const QKeyEvent& event);
     bool MoveKey(const QKeyEvent& event);
+    bool MoveLinesKey(const QKeyEvent& event);
     bool Type(const QKeyEvent& event);
     bool MenuKey(const QKeyEvent& event);
     void Press(const QMouseEvent& event);
     void PressRight(QPointF place);
     void DoublePress(const QMouseEvent& event);
+    void PressLine(int line, const QMouseEvent& event);
     void Move(const QMouseEvent& event);
+    void DragLinesTo(QPointF place);
+    void ScrollDrag();
+    std::vector<int> EndLineDrag();
+    void WantLinesMoved(const std::vector<int>& lines, int before);
     void Release(const QMouseEvent& event);
     void Wheel(const QWheelEvent& event);
     void PointAt(const QPointF& point);

@@ -18,8 +18,11 @@ bool c_PicList::eventFilter(QObject* box, QEvent* event) {
         if (mState->dirty)
             Draw();
         return false;
-    case QEvent::FocusIn:
     case QEvent::FocusOut:
+        EndLineDrag();
+        Refresh();
+        return false;
+    case QEvent::FocusIn:
     case QEvent::Resize:
         Refresh();
         return false;
@@ -52,6 +55,11 @@ bool c_PicList::eventFilter(QObject* box, QEvent* event) {
 }
 
 bool c_PicList::Key(const QKeyEvent& event) {
+    if (!mState->dragged.empty()) {
+        if (event.key() == Qt::Key_Escape)
+            EndLineDrag();
+        return true; // another one might change the lines
+    }
     if (event.matches(QKeySequence::SelectAll)) {
         Q_EMIT SelectAllWanted();
         return true;
@@ -74,7 +82,7 @@ bool c_PicList::Key(const QKeyEvent& event) {
         Choose(mState->cursor, event.modifiers(), true);
         return true;
     default:
-        return MenuKey(event) || MoveKey(event) || Type(event);
+        return MenuKey(event) || MoveLinesKey(event) || MoveKey(event) || Type(event);
     }
 }
 
@@ -92,6 +100,17 @@ bool c_PicList::MenuKey(const QKeyEvent& event) {
 void c_PicList::WantMenu(int line, QPointF place) {
     const QPointF corner = mState->box->mapTo(&Stage::Get().Area(), QPointF(0, 0));
     Q_EMIT LineRightClicked(line, (ToLogical(corner) + place).toPoint());
+}
+
+bool c_PicList::MoveLinesKey(const QKeyEvent& event) {
+    const bool up = event.key() == Qt::Key_Up;
+    if (!event.modifiers().testFlag(Qt::AltModifier) || (!up && event.key() != Qt::Key_Down))
+        return false;
+    const std::vector<int> lines = ChosenLines();
+    if (!lines.empty())
+        WantLinesMoved(lines, up ? std::max(lines.front() - 1, 0)
+                                 : std::min(lines.back() + 2, LineCount()));
+    return true;
 }
 
 bool c_PicList::MoveKey(const QKeyEvent& event) {

@@ -24,6 +24,17 @@ double WheelWay(const QWheelEvent& event, int lineHeight) {
     return -static_cast<double>(event.angleDelta().y()) * kLinesPerNotch * lineHeight / kNotch;
 }
 
+/// How many lines at a time the list scrolls down while lines are dragged to `y`: none in the
+/// middle of the list, more the farther out.
+int ScrollAt(const ListLayout& layout, double y) {
+    const int height = layout.LineHeight();
+    const double upper = layout.Lines().y() + height / 2.0 - y;
+    const double lower = y - (layout.Lines().bottom() + 1 - height / 2.0);
+    if (upper > 0)
+        return -1 - static_cast<int>(upper / height);
+    return lower > 0 ? 1 + static_cast<int>(lower / height) : 0;
+}
+
 } // namespace
 
 void c_PicList::Press(const QMouseEvent& event) {
@@ -35,7 +46,7 @@ void c_PicList::Press(const QMouseEvent& event) {
     AdjustScroller();
     PointAt(place);
     if (mState->hover.part == Part::Lines) {
-        Choose(LineAt(place), event.modifiers(), false);
+        PressLine(LineAt(place), event);
     } else {
         mState->pressed = mState->hover;
         if (mState->pressed.part == Part::Border) {
@@ -48,6 +59,17 @@ void c_PicList::Press(const QMouseEvent& event) {
         }
         Refresh();
     }
+}
+
+/// Marked lines may be dragged together, so that a click only counts when it is over.
+void c_PicList::PressLine(int line, const QMouseEvent& event) {
+    const bool plain = !(event.modifiers() & (Qt::ShiftModifier | Qt::ControlModifier));
+    if (plain && Exists(line) && mState->isMarked(line))
+        mState->waiting = line;
+    else
+        Choose(line, event.modifiers(), false);
+    if (plain && Exists(line))
+        mState->dragStart.Press(event.globalPosition());
 }
 
 void c_PicList::PressRight(QPointF place) {
@@ -84,14 +106,66 @@ void c_PicList::Move(const QMouseEvent& event) {
     } else if (mState->pressed.part == Part::Border) {
         mState->columns = mState->columnsBefore;
         MoveBorder(mState->pressed.column, place.x() - mState->borderGrip);
+    } else if (!mState->dragged.empty()) {
+        DragLinesTo(place);
+    } else if (mState->dragStart.Begins(event.globalPosition())) {
+        mState->dragged = ChosenLines();
+        DragLinesTo(place);
+        ShowCursor();
     } else {
         PointAt(place);
     }
 }
 
+void c_PicList::DragLinesTo(QPointF place) {
+    AdjustScroller();
+    const ListLayout layout = Layout();
+    const double below = place.y() - layout.LineTop(0, mState->scroller.Top());
+    mState->dropBefore = static_cast<int>(std::lround(below / layout.LineHeight()));
+    mState->dropBefore = std::clamp(mState->dropBefore, 0, LineCount());
+    mState->dragPlace = place;
+    if (ScrollAt(layout, place.y()) == 0)
+        mState->dragScroll.stop();
+    else if (!mState->dragScroll.isActive())
+        mState->dragScroll.start();
+    Refresh();
+}
+
+void c_PicList::ScrollDrag() {
+    const ListLayout layout = Layout();
+    const int way = ScrollAt(layout, mState->dragPlace.y()) * layout.LineHeight();
+    ScrollBar& scroller = mState->scroller;
+    scroller.SetTop(std::clamp(scroller.Top() + way, 0, scroller.MaxTop()));
+    DragLinesTo(mState->dragPlace);
+}
+
+/// Returns the lines that were dragged, if any.
+std::vector<int> c_PicList::EndLineDrag() {
+    mState->dragStart.Release();
+    mState->waiting = -1;
+    if (mState->dragged.empty())
+        return {};
+    mState->dragScroll.stop();
+    const std::vector<int> lines = std::exchange(mState->dragged, {});
+    ShowCursor();
+    Refresh();
+    return lines;
+}
+
+void c_PicList::WantLinesMoved(const std::vector<int>& lines, int before) {
+    const bool together = lines.back() - lines.front() + 1 == static_cast<int>(lines.size());
+    if (!together || before < lines.front() || before > lines.back() + 1)
+        Q_EMIT LinesMoveWanted(lines, before);
+}
+
 void c_PicList::Release(const QMouseEvent& event) {
     if (event.button() != Qt::LeftButton)
         return;
+    const int clicked = mState->waiting;
+    if (const std::vector<int> dragged = EndLineDrag(); !dragged.empty())
+        WantLinesMoved(dragged, mState->dropBefore);
+    else if (clicked >= 0)
+        Choose(clicked, event.modifiers(), false);
     mState->scroller.Release();
     const ListLayout::Spot pressed = std::exchange(mState->pressed, {});
     PointAt(ToLogical(event.position()));
@@ -113,6 +187,8 @@ void c_PicList::Wheel(const QWheelEvent& event) {
     const double whole = std::trunc(way);
     mState->wheelRest = way - whole;
     scroller.SetTop(std::clamp(scroller.Top() + static_cast<int>(whole), 0, scroller.MaxTop()));
+    if (!mState->dragged.empty())
+        DragLinesTo(mState->dragPlace);
     Refresh();
 }
 
@@ -129,11 +205,15 @@ void c_PicList::PointAt(const QPointF& point) {
 
 void c_PicList::ShowCursor() {
     const bool border = mState->hover.part == Part::Border || mState->pressed.part == Part::Border;
-    mState->box->setCursor(border ? Qt::SplitHCursor : Qt::ArrowCursor);
+    const bool lines = !mState->dragged.empty();
+    mState->box->setCursor(border  ? Qt::SplitHCursor
+                           : lines ? Qt::DragMoveCursor
+                                   : Qt::ArrowCursor);
 }
 
 void c_PicList::ForgetPointer() {
     PointAt(QPointF(-1, -1));
     mState->pressed = {};
     mState->scroller.Release();
+    EndLineDrag();
 }

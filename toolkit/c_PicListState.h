@@ -1,5 +1,6 @@
 #pragma once
 
+#include "toolkit/DragStart.h"
 #include "toolkit/ListColumns.h"
 #include "toolkit/ListLayout.h"
 #include "toolkit/ListLines.h"
@@ -32,7 +33,14 @@ struct c_PicList::State {
     toolkit::ListLayout::Spot pressed;
     toolkit::ListColumns columnsBefore; // a border is dragged
     double borderGrip = 0;              // beside it
-    double wheelRest = 0;               // of a pixel
+
+    toolkit::DragStart dragStart; // of lines
+    int waiting = -1;             // a marked line that was pressed; selected at the release
+    std::vector<int> dragged;
+    int dropBefore = 0; // this line, or the end
+    QPointF dragPlace;
+    QTimer dragScroll;    // while the pointer is at an edge
+    double wheelRest = 0; // of a pixel
 
     bool dirty = false;
     int announcedCount = 0;    // of lines, to screen readers

@@ -14,6 +14,7 @@
 #include <QWheelEvent>
 #include <QWindow>
 #include <gtest/gtest.h>
+#include <set>
 #include <vector>
 
 namespace {
@@ -191,6 +192,64 @@ TEST_P(PicList, ClicksHeadersWhereTheyWerePressed) {
     DoubleClick(CellAt(-1, 2));
     EXPECT_EQ(Numbers(headers), (std::vector<int>{1, 2, 2}));
     EXPECT_EQ(Selections(), "");
+}
+
+TEST_P(PicList, MovesChosenLinesByDraggingAndByKeys) {
+    Fill(30);
+    std::set<int> marks;
+    mList.SetMarks([&marks](int line) { return marks.contains(line); });
+    std::vector<std::pair<std::vector<int>, int>> moves;
+    QObject::connect(&mList, &c_PicList::LinesMoveWanted,
+                     [&](const std::vector<int>& lines, int before) {
+                         moves.emplace_back(lines, before);
+                         mList.MoveLines(lines, before);
+                     });
+    const auto drag = [this](int line, QPoint to) {
+        Press(CellAt(line, 0));
+        MoveTo(CellAt(line, 0) + QPoint(0, 2));
+        MoveTo(to);
+    };
+    const auto keys = [this](int count) {
+        QStringList lines;
+        for (int line = 0; line < count; ++line)
+            lines << mList.LineKey(line);
+        return lines.join(u' ').toStdString();
+    };
+    const QPoint upper(0, mList.CellRect(1, 0).height() / 3); // of a line
+    drag(1, CellAt(4, 1) - upper);
+    Release(CellAt(4, 1) - upper);
+    EXPECT_EQ(keys(6), "0 2 3 1 4 5");
+    EXPECT_EQ(mList.LineSelectedNum(), 3);
+    marks = {0, 3};
+    Click(CellAt(3, 0)); // a click on a marked line
+    EXPECT_EQ(Selections(), "1, 3");
+    drag(0, CellAt(1, 1) + upper);
+    Release(CellAt(1, 1) + upper);
+    EXPECT_EQ(keys(6), "2 0 1 3 4 5") << "marked lines together";
+    EXPECT_EQ(Selections(), "");
+
+    marks.clear();
+    moves.clear();
+    mList.SelectLine(1);
+    for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Up, Qt::Key_Down, Qt::Key_Down})
+        QTest::keyClick(&mBox, key, Qt::AltModifier);
+    EXPECT_EQ(moves.size(), 3U) << "no further than to the top";
+    EXPECT_EQ(keys(6), "2 1 0 3 4 5");
+    EXPECT_EQ(SelectedKey(), "0");
+
+    moves.clear();
+    drag(0, CellAt(3, 0));
+    QTest::keyClick(&mBox, Qt::Key_Delete);
+    QTest::keyClick(&mBox, Qt::Key_Escape);
+    Release(CellAt(3, 0));
+    drag(0, CellAt(3, 0));
+    MoveTo(CellAt(0, 0));
+    Release(CellAt(0, 0));
+    EXPECT_TRUE(moves.empty()) << "given up, or back in its place";
+    drag(0, QPoint(20, kBoxSize.height() + 5));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return InSight(29); }));
+    Release(QPoint(20, kBoxSize.height() + 5));
+    EXPECT_EQ(mList.LineKey(29), "2");
 }
 
 TEST_P(PicList, ResizesColumnsByTheirBorders) {
