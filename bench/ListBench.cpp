@@ -30,10 +30,6 @@ public:
         platform::SetProgramFolder(folder.path().toStdString());
         mList.Create(&mBox, QStringLiteral("File Name\\Song Title\\Artist"));
         platform::SetProgramFolder({});
-        QObject::connect(&mList, &c_PicList::LinePrint, [this](ListCell& cell) {
-            if (mList.TextWidth(cell.text) > cell.width)
-                cell.text.chop(1);
-        });
         mForm.show();
     }
 

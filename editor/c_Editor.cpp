@@ -301,8 +301,6 @@ void c_Editor::mList_LineDoubleClicked(int) { bEdit_Clicked(); }
 
 void c_Editor::mList_LinePrint(ListCell& cell) {
     constexpr ColorRef kMarked = Rgb(255, 50, 50);
-    while (!cell.text.isEmpty() && mList.TextWidth(cell.text) > cell.width)
-        cell.text.chop(1);
     if (mMarks.Has(cell.line))
         cell.color = kMarked;
 }

@@ -7,6 +7,7 @@
 #include "platform/Text.h"
 #include "platform/Wait.h"
 #include "toolkit/Drawing.h"
+#include "toolkit/ToolTip.h"
 
 #include <QDir>
 #include <QFontMetrics>
@@ -167,7 +168,7 @@ void f_Edit::ShowFolder(const fs::path& folder) {
     const QFontMetrics metrics(ScreenFont(kControlFont));
     lPath->setText(metrics.elidedText(text, Qt::ElideMiddle, kWidth - 20));
     lPath->setAccessibleName(text);
-    lPath->setToolTip(Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text);
+    lPath->setToolTip(toolkit::ToolTipOf(text));
 }
 
 /// True if the dialog was applied. It then stays open but disabled, so that the editor cannot be

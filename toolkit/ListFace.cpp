@@ -94,11 +94,21 @@ void DrawInsertion(Hdc dc, const QRect& area, int y) {
     dc->Fill(QRect(area.x(), top, area.width(), kThick), kGold);
 }
 
+bool FitsCell(const Canvas& canvas, const QString& text, int width) {
+    return canvas.TextWidth(text) <= width - 2 * ListLayout::kMargin;
+}
+
 void DrawCellTexts(Hdc dc, const QRect& area, const std::vector<PlacedText>& cells) {
     Drawing drawing(dc);
+    const QFontMetricsF metrics(dc->Font());
     for (const PlacedText& placed : cells) {
+        const int width = placed.cell.width();
+        const QString shown =
+            FitsCell(*dc, placed.text, width)
+                ? placed.text
+                : metrics.elidedText(placed.text, Qt::ElideRight, width - 2 * ListLayout::kMargin);
         drawing.SetClip(placed.cell & area);
-        drawing.Text(placed.text, placed.color, placed.cell.x() + ListLayout::kMargin,
+        drawing.Text(shown, placed.color, placed.cell.x() + ListLayout::kMargin,
                      TextTop(*dc, placed.cell));
     }
 }

@@ -31,7 +31,11 @@ void DrawLineFrame(Hdc dc, const QRect& line);
 /// Where dragged lines would go: between two lines, at `y`, in or at the edge of `area`.
 void DrawInsertion(Hdc dc, const QRect& area, int y);
 
-/// Writes the texts vertically centred in their cells, clipped to the cells and to `area`.
+/// Whether a text can be shown as a whole in a cell of that width.
+bool FitsCell(const Canvas& canvas, const QString& text, int width);
+
+/// Writes the texts vertically centred in their cells, clipped to `area`; what does not fit ends in
+/// an ellipsis.
 void DrawCellTexts(Hdc dc, const QRect& area, const std::vector<PlacedText>& cells);
 
 /// The ground below the last line.

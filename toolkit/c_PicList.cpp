@@ -212,10 +212,6 @@ void c_PicList::SetSubHeader(const QString& text) {
     Q_EMIT SubHeaderChanged();
 }
 
-double c_PicList::TextWidth(const QString& text) const {
-    return mState->box ? mState->box->Picture().TextWidth(text) : 0;
-}
-
 int c_PicList::ColumnCount() const { return mState->columns.Count(); }
 
 std::vector<int> c_PicList::ColumnWidths() const {
@@ -334,8 +330,7 @@ void c_PicList::DrawLines() {
             DrawLineFrame(dc, whole);
         for (int column = 0; column < ColumnCount(); ++column) {
             const QRect cell = layout.LineCell(line, column, top);
-            const double width = cell.width() - 2 * ListLayout::kMargin;
-            ListCell printed{line, column, width, CellText(line, column), kNightText};
+            ListCell printed{line, column, CellText(line, column), kNightText};
             Q_EMIT LinePrint(printed);
             texts.push_back({cell, printed.text, printed.color});
         }

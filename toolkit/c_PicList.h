@@ -9,6 +9,7 @@
 #include <memory>
 #include <vector>
 
+class QHelpEvent;
 class QKeyEvent;
 class QMouseEvent;
 class QPointF;
@@ -23,8 +24,7 @@ class PictureBox;
 struct ListCell {
     int line;       ///< 0-based
     int column;     ///< 0-based
-    double width;   ///< room for the text, in logical pixels; see `c_PicList::TextWidth`
-    QString text;   ///< as shown, unescaped; shortened by the handler to fit `width`
+    QString text;   ///< as shown, unescaped; the list shortens what does not fit
     ColorRef color; ///< of the text
 };
 
@@ -98,9 +98,6 @@ public:
     /// Sets the text under the header, one piece for each column; the strip is hidden while it is
     /// empty.
     void SetSubHeader(const QString& text);
-
-    /// Width of `text` in the list's font, in logical pixels.
-    double TextWidth(const QString& text) const;
 
     int ColumnCount() const;
     /// In logical pixels. Widths of another number of columns, or too narrow ones, change nothing.
@@ -180,6 +177,7 @@ private:
     bool MenuKey(const QKeyEvent& event);
     void Press(const QMouseEvent& event);
     void PressRight(QPointF place);
+    void ShowWhole(const QHelpEvent& event);
     void DoublePress(const QMouseEvent& event);
     void PressLine(int line, const QMouseEvent& event);
     void Move(const QMouseEvent& event);

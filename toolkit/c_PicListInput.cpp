@@ -3,6 +3,7 @@
 #include "toolkit/Stage.h"
 #include "toolkit/c_PicListState.h"
 
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QWheelEvent>
@@ -32,6 +33,9 @@ bool c_PicList::eventFilter(QObject* box, QEvent* event) {
     case QEvent::Hide:
         ForgetPointer();
         return false;
+    case QEvent::ToolTip:
+        ShowWhole(*static_cast<QHelpEvent*>(event));
+        return true;
     case QEvent::KeyPress:
         return Key(*static_cast<QKeyEvent*>(event));
     case QEvent::MouseButtonPress:

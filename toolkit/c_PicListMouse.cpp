@@ -1,9 +1,13 @@
 // Mouse input of a picture list.
 
+#include "toolkit/ListFace.h"
+#include "toolkit/ToolTip.h"
 #include "toolkit/c_PicListState.h"
 
 #include <QGuiApplication>
+#include <QHelpEvent>
 #include <QMouseEvent>
+#include <QToolTip>
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
@@ -209,6 +213,20 @@ void c_PicList::ShowCursor() {
     mState->box->setCursor(border  ? Qt::SplitHCursor
                            : lines ? Qt::DragMoveCursor
                                    : Qt::ArrowCursor);
+}
+
+/// The text of a cell that does not fit it.
+void c_PicList::ShowWhole(const QHelpEvent& event) {
+    const QPointF place = ToLogical(event.pos());
+    const int line = LineAt(place);
+    const int column = ColumnAt(place);
+    const QString text = CellText(line, column);
+    const QRect cell = CellRect(line, column);
+    const bool whole = line < 0 || FitsCell(mState->box->Picture(), text, cell.width());
+    if (whole || !mState->dragged.empty())
+        QToolTip::hideText();
+    else
+        QToolTip::showText(event.globalPos(), ToolTipOf(text), mState->box, FromLogical(cell));
 }
 
 void c_PicList::ForgetPointer() {

@@ -8,9 +8,11 @@
 #include "toolkit/c_PicList.h"
 
 #include <QAccessible>
+#include <QHelpEvent>
 #include <QLocale>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolTip>
 #include <QWheelEvent>
 #include <QWindow>
 #include <gtest/gtest.h>
@@ -277,7 +279,7 @@ TEST_P(PicList, ResizesColumnsByTheirBorders) {
     QSignalSpy resized(&mList, &c_PicList::ColumnsResized);
     DoubleClick(border(0));
     EXPECT_EQ(resized.size(), 1);
-    EXPECT_NEAR(mList.ColumnWidths()[0], mList.TextWidth("File 0") + 14, 1);
+    EXPECT_NEAR(mList.ColumnWidths()[0], mBox.Picture().TextWidth("File 0") + 14, 1);
     for (const std::vector<int>& widths : {second, {5, 200, 145}, {}})
         mList.SetColumnWidths(widths);
     EXPECT_EQ(mList.ColumnWidths(), second);
@@ -389,7 +391,7 @@ TEST_P(PicList, PrintsEachVisibleCellOnce) {
     QObject::connect(&mList, &c_PicList::LinePrint, [&](ListCell& cell) {
         printed.emplace_back(cell.line, cell.column);
         EXPECT_EQ(cell.text, mList.CellText(cell.line, cell.column));
-        cell.text = QStringLiteral("\u2588\u2588\u2588\u2588");
+        cell.text = QString(40, QChar(0x2588));
         cell.color = Rgb(255, 50, 50);
     });
     mList.AddItem(platform::EscapeSeparators("AC\\DC?") + "\\two\nlines", QString());
@@ -409,6 +411,19 @@ TEST_P(PicList, PrintsEachVisibleCellOnce) {
     EXPECT_EQ(printed, visible);
     const QPoint text(mList.CellRect(500, 1).left() + 12, CellAt(500, 1).y());
     EXPECT_EQ(mBox.Picture().Pixel(text.x(), text.y()), Rgb(255, 50, 50));
+    const int edge = mList.CellRect(500, 1).right() - 3;
+    EXPECT_NE(mBox.Picture().Pixel(edge, text.y()), Rgb(255, 50, 50)) << "ends in an ellipsis";
+}
+
+TEST_P(PicList, ShowsCellsThatDoNotFitOnHovering) {
+    const QString name = QStringLiteral("A title of <b>some</b> length");
+    mList.AddItem(name + "\\Title", QString());
+    for (const auto& [column, shown] : {std::pair(0, name.toHtmlEscaped()), {1, QString()}}) {
+        const QPoint at = FromLogical(QRect(CellAt(0, column), QSize(1, 1))).topLeft();
+        QHelpEvent hover(QEvent::ToolTip, at, mBox.mapToGlobal(at));
+        QApplication::sendEvent(&mBox, &hover);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return QToolTip::text() == shown; })) << column;
+    }
 }
 
 TEST_P(PicList, IsATableToScreenReaders) {
