@@ -1,5 +1,5 @@
-// A list of 100,000 songs: filling, sorting, removing half of them, and what is done between two
-// pictures.
+// A list of 100,000 songs: filling, sorting, finding, removing half of them, and what is done
+// between two pictures.
 
 #include "platform/ProgramFolder.h"
 #include "toolkit/Form.h"
@@ -30,7 +30,7 @@ public:
         platform::SetProgramFolder(folder.path().toStdString());
         mList.Create(&mBox, QStringLiteral("File Name\\Song Title\\Artist"));
         platform::SetProgramFolder({});
-        mForm.show();
+        mForm.ShowInPlace();
     }
 
     void Fill() {
@@ -81,6 +81,16 @@ void Sort(benchmark::State& state) {
     }
 }
 BENCHMARK(Sort)->DenseRange(0, 2)->Unit(benchmark::kMillisecond);
+
+/// What is found nowhere: every line is looked at.
+void FindInVain(benchmark::State& state) {
+    SongList songs;
+    songs.Fill();
+    const QString text = QStringLiteral("xylophone").left(static_cast<int>(state.range(0)));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(songs.List().FindText(text, 0, true));
+}
+BENCHMARK(FindInVain)->Arg(1)->Arg(9)->Unit(benchmark::kMillisecond);
 
 void RemoveEverySecondLine(benchmark::State& state) {
     for (auto _ : state) {

@@ -2,6 +2,8 @@
 
 #include "platform/Text.h"
 
+#include <algorithm>
+
 namespace toolkit {
 
 namespace {
@@ -21,13 +23,23 @@ QString Piece(const QString& text, int number) {
 } // namespace
 
 QString ShownColumn(const QString& text, int column) {
-    QString shown = platform::UnescapeSeparators(Piece(text, column));
+    const QString piece = Piece(text, column);
+    if (ShownAsItIs(piece))
+        return piece;
+    QString shown = platform::UnescapeSeparators(piece);
     if (!shown.isValidUtf16())
         shown = platform::ShownText(platform::PathFromText(shown));
     for (QChar& c : shown)
         if (c.category() == QChar::Other_Control)
             c = u' ';
     return shown;
+}
+
+bool ShownAsItIs(const QString& text) {
+    // No control character, and none that may be an escape or a part of another character.
+    return std::ranges::all_of(text, [](QChar c) {
+        return c >= QChar(0xA0) ? c < QChar(0xD800) : c >= QChar(0x20) && c < QChar(0x7F);
+    });
 }
 
 void ListLines::Add(const QString& text, const QString& key) {

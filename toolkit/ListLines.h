@@ -9,6 +9,9 @@ namespace toolkit {
 /// One of the "\"-separated columns of a line's text, ready to be shown; empty if there is none.
 QString ShownColumn(const QString& text, int column);
 
+/// Whether there is nothing in the text that is shown in another way than it is written.
+bool ShownAsItIs(const QString& text);
+
 /// The lines of a list, each a text and a key. Line numbers must exist.
 class ListLines {
 public:

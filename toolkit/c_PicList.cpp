@@ -4,6 +4,7 @@
 #include "toolkit/ListAccessible.h"
 #include "toolkit/ListFace.h"
 #include "toolkit/Palette.h"
+#include "toolkit/TextSearch.h"
 #include "toolkit/c_PicListState.h"
 
 #include <algorithm>
@@ -202,6 +203,18 @@ void c_PicList::Reorder(const std::vector<int>& order) {
 int c_PicList::SortedColumn() const { return mState->sortedColumn; }
 
 bool c_PicList::IsSortedDownwards() const { return mState->downwards; }
+
+int c_PicList::FindText(const QString& text, int from, bool forward) const {
+    const TextSearch search(text);
+    const int count = LineCount();
+    const int start = std::clamp(from, 0, std::max(count - 1, 0));
+    for (int i = 0; i < count; ++i) {
+        const int line = (forward ? start + i : start + count - i) % count;
+        if (search.FindsIn(mState->lines.Text(line)))
+            return line;
+    }
+    return -1;
+}
 
 void c_PicList::ForgetSorting() { mState->sortedColumn = -1; }
 

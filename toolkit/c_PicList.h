@@ -95,6 +95,10 @@ public:
     int SortedColumn() const;
     bool IsSortedDownwards() const;
 
+    /// The first line from `from` on (forward: downwards) that holds `text` in one of its columns,
+    /// ignoring case; the last line and the first follow each other. -1 if there is none.
+    int FindText(const QString& text, int from, bool forward) const;
+
     /// Sets the text under the header, one piece for each column; the strip is hidden while it is
     /// empty.
     void SetSubHeader(const QString& text);

@@ -57,6 +57,23 @@ TEST(HumanOrder, SortsAsPeopleExpect) {
     }
 }
 
+/// Several threads share the work.
+TEST(HumanOrder, SortsManyAndKeepsEqualOnesInOrder) {
+    constexpr int kTexts = 20001;
+    std::vector<QString> texts;
+    for (int i = 0; i < kTexts; ++i)
+        texts.push_back(QString::number(i * 7919 % 5000));
+    for (const bool downwards : {false, true}) {
+        const std::vector<int> order = HumanOrder(texts, downwards);
+        ASSERT_EQ(order.size(), texts.size());
+        for (std::size_t i = 1; i < order.size(); ++i) {
+            const int a = texts[static_cast<std::size_t>(order[i - 1])].toInt();
+            const int b = texts[static_cast<std::size_t>(order[i])].toInt();
+            ASSERT_TRUE(a == b ? order[i - 1] < order[i] : (a < b) != downwards) << i;
+        }
+    }
+}
+
 /// A list in a form, used with a real pointer and real keys.
 class PicList : public testing::TestWithParam<double> {
 protected:
@@ -370,6 +387,23 @@ TEST_P(PicList, FindsTheLineThatBeginsAsTyped) {
     QTest::keyClick(&mBox, 'y');
     EXPECT_EQ(mList.CellText(mList.LineSelectedNum(), 1), "y");
     platform::ReplaceTimeSource(real);
+}
+
+TEST_P(PicList, FindsATextInAnyColumn) {
+    for (const char* text : {"Abba\\Été", "x?y\\Zoe", "tabby\\a\nb", "AC\\DC"})
+        mList.AddItem(QString::fromUtf8(text), QString());
+    mList.AddItem(platform::EscapeSeparators("AC\\DC?") + "\\what", QString());
+    const struct {
+        const char* text;
+        int from;
+        bool forward;
+        int found;
+    } cases[] = {{"bb", 0, true, 0},   {"BB", 1, true, 2},      {"bb", 4, true, 0},
+                 {"bb", 4, false, 2},  {"bb", 1, false, 0},     {"ÉTÉ", 3, true, 0},
+                 {"c\\d", 0, true, 4}, {"C?W", 0, true, -1},    {"dc?", 0, true, 4},
+                 {"a b", 0, true, 2},  {"nothing", 2, true, -1}};
+    for (const auto& c : cases)
+        EXPECT_EQ(mList.FindText(QString::fromUtf8(c.text), c.from, c.forward), c.found) << c.text;
 }
 
 TEST_P(PicList, ScrollsWithTheThumbAndBesideIt) {
