@@ -19,14 +19,15 @@ QLocale SortingLocale(const QLocale& locale) {
     return collation.language() == QLocale::C ? QLocale(QLocale::English) : collation;
 }
 
-SortKeys KeysOf(std::span<const QString> texts, const QLocale& locale) {
+SortKeys KeysOf(std::span<const int> texts, const std::function<QString(int)>& text,
+                const QLocale& locale) {
     QCollator collator(locale);
     collator.setNumericMode(true);
     collator.setCaseSensitivity(Qt::CaseInsensitive);
     SortKeys keys;
     keys.reserve(texts.size());
-    for (const QString& text : texts)
-        keys.push_back(collator.sortKey(text));
+    for (const int number : texts)
+        keys.push_back(collator.sortKey(text(number)));
     return keys;
 }
 
@@ -39,38 +40,41 @@ std::size_t PartSize(std::size_t texts) {
 
 } // namespace
 
-std::vector<int> HumanOrder(const std::vector<QString>& texts, bool downwards,
+std::vector<int> HumanOrder(int count, const std::function<QString(int)>& text, bool downwards,
                             const QLocale& locale) {
     const QLocale sorting = SortingLocale(locale);
-    const std::size_t size = PartSize(texts.size());
-    std::vector<SortKeys> keys((texts.size() + size - 1) / size);
-    const auto key = [&](int text) -> const QCollatorSortKey& {
-        const auto number = static_cast<std::size_t>(text);
-        return keys[number / size][number % size];
+    std::vector<int> order(static_cast<std::size_t>(count));
+    std::iota(order.begin(), order.end(), 0);
+    const std::size_t size = PartSize(order.size());
+    const std::size_t parts = (order.size() + size - 1) / size;
+    const auto part = [&](std::size_t number) {
+        return std::span(order).subspan(number * size,
+                                        std::min(size, order.size() - number * size));
+    };
+
+    std::vector<SortKeys> keys(parts);
+    const auto key = [&](int number) -> const QCollatorSortKey& {
+        const auto index = static_cast<std::size_t>(number);
+        return keys[index / size][index % size];
     };
     const auto before = [&](int a, int b) {
         return downwards ? key(b).compare(key(a)) < 0 : key(a).compare(key(b)) < 0;
     };
-    std::vector<int> order(texts.size());
-    std::iota(order.begin(), order.end(), 0);
-    const auto begin = [&](std::size_t part) {
-        return order.begin() + static_cast<std::ptrdiff_t>(std::min(part * size, texts.size()));
+    const auto sort = [&](std::size_t number) {
+        keys[number] = KeysOf(part(number), text, sorting);
+        std::ranges::stable_sort(part(number), before);
     };
-    const auto sort = [&](std::size_t part) {
-        keys[part] = KeysOf(std::span(texts)
-                                .subspan(part * size)
-                                .first(static_cast<std::size_t>(begin(part + 1) - begin(part))),
-                            sorting);
-        std::stable_sort(begin(part), begin(part + 1), before);
-    };
+
     std::vector<std::future<void>> others;
-    for (std::size_t part = 1; part < keys.size(); ++part)
-        others.push_back(std::async(std::launch::async, sort, part));
-    if (!texts.empty())
+    for (std::size_t number = 1; number < parts; ++number)
+        others.push_back(std::async(std::launch::async, sort, number));
+    if (parts > 0)
         sort(0);
-    for (std::size_t part = 1; part < keys.size(); ++part) {
-        others[part - 1].get();
-        std::inplace_merge(order.begin(), begin(part), begin(part + 1), before);
+    for (std::size_t number = 1; number < parts; ++number) {
+        others[number - 1].get();
+        const auto middle = order.begin() + static_cast<std::ptrdiff_t>(number * size);
+        const auto end = middle + static_cast<std::ptrdiff_t>(part(number).size());
+        std::inplace_merge(order.begin(), middle, end, before);
     }
     return order;
 }

@@ -45,11 +45,11 @@ bool ShownAsItIs(const QString& text) {
 void ListLines::Add(const QString& text, const QString& key) {
     if (mFree.empty()) {
         mOrder.push_back(static_cast<std::uint32_t>(mPool.size()));
-        mPool.push_back({text, key});
+        mPool.push_back({PackedText(text), PackedText(key)});
         return;
     }
     mOrder.push_back(mFree.back());
-    mPool[mFree.back()] = {text, key};
+    mPool[mFree.back()] = {PackedText(text), PackedText(key)};
     mFree.pop_back();
 }
 

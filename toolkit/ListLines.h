@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QString>
+#include "toolkit/PackedText.h"
+
 #include <cstdint>
 #include <vector>
 
@@ -23,15 +24,15 @@ public:
     /// Puts line `order[n]` at n.
     void Reorder(const std::vector<int>& order);
 
-    QString& Text(int line) { return mPool[Place(line)].text; }
-    const QString& Text(int line) const { return mPool[Place(line)].text; }
-    QString& Key(int line) { return mPool[Place(line)].key; }
-    const QString& Key(int line) const { return mPool[Place(line)].key; }
+    QString Text(int line) const { return mPool[Place(line)].text.Unpacked(); }
+    void SetText(int line, const QString& text) { mPool[Place(line)].text = PackedText(text); }
+    QString Key(int line) const { return mPool[Place(line)].key.Unpacked(); }
+    void SetKey(int line, const QString& key) { mPool[Place(line)].key = PackedText(key); }
 
 private:
     struct Line {
-        QString text;
-        QString key;
+        PackedText text;
+        PackedText key;
     };
 
     std::uint32_t Place(int line) const { return mOrder[static_cast<std::size_t>(line)]; }

@@ -87,8 +87,9 @@ QString c_PicList::LineText(int line) const {
 }
 
 void c_PicList::SetLineText(int line, const QString& text) {
-    if (!Exists(line) || std::exchange(mState->lines.Text(line), text) == text)
+    if (!Exists(line) || LineText(line) == text)
         return;
+    mState->lines.SetText(line, text);
     ForgetSorting();
     mState->linesChanged = true;
 }
@@ -99,7 +100,7 @@ QString c_PicList::LineKey(int line) const {
 
 void c_PicList::SetLineKey(int line, const QString& key) {
     if (Exists(line))
-        mState->lines.Key(line) = key;
+        mState->lines.SetKey(line, key);
 }
 
 int c_PicList::LineSelectedNum() const { return mState->selected; }
@@ -157,10 +158,8 @@ std::vector<int> c_PicList::ChosenLines() const {
 std::vector<int> c_PicList::SortByHeader(int column, int mode) {
     const bool exists = column >= 0 && column < ColumnCount();
     const bool downwards = mode == 2;
-    std::vector<QString> texts(static_cast<std::size_t>(LineCount()));
-    for (int line = 0; exists && line < LineCount(); ++line)
-        texts[static_cast<std::size_t>(line)] = CellText(line, column);
-    std::vector<int> order = HumanOrder(texts, downwards);
+    const auto text = [this, column](int line) { return CellText(line, column); };
+    const std::vector<int> order = HumanOrder(LineCount(), text, downwards);
     if (!exists)
         return order;
 
