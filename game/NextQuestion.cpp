@@ -33,11 +33,8 @@ Question Draw(const c_M3U& songs, const fs::path& song, bool readTitles) {
     platform::Randomize(platform::SecondsSinceMidnight());
     const Choices drawn = DrawChoices(
         songs.Count(), [&songs](int index) { return songs.FileName(index); }, song);
-    c_ID3 tag;
-    const auto titleOf = [&](const fs::path& path) {
-        if (readTitles)
-            tag.GetIdTag(path);
-        return library::SongTitle(tag, path);
+    const auto titleOf = [readTitles](const fs::path& path) {
+        return readTitles ? library::SongTitle(path) : library::SongTitle(c_ID3(), path);
     };
     Question question{.song = song, .titles = {}, .correctSlot = drawn.correctSlot};
     for (std::size_t i = 0; i < question.titles.size(); ++i)

@@ -1,6 +1,6 @@
 #include "library/SongTitle.h"
 
-#include "library/c_ID3.h"
+#include "library/SongTag.h"
 #include "platform/Text.h"
 
 #include <QList>
@@ -27,6 +27,12 @@ QString SongTitle(const c_ID3& tag, const std::filesystem::path& song) {
             return title;
     }
     return path;
+}
+
+QString SongTitle(const std::filesystem::path& song) {
+    SongTag tag;
+    tag.Read(song);
+    return SongTitle(tag, song);
 }
 
 } // namespace library

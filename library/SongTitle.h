@@ -14,4 +14,7 @@ bool HasVisible(const QString& text);
 /// a visible character.
 QString SongTitle(const c_ID3& tag, const std::filesystem::path& song);
 
+/// The same by the song's `SongTag`, which is read.
+QString SongTitle(const std::filesystem::path& song);
+
 } // namespace library

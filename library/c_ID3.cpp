@@ -1,6 +1,7 @@
 #include "library/c_ID3.h"
 
 #include "platform/File.h"
+#include "platform/RegularFile.h"
 #include "platform/Text.h"
 
 #include <QLatin1String>
@@ -92,10 +93,15 @@ bool IsCrap(QChar c) { return c == u'\n' || c == u'\r' || c == u'\0' || c == u'\
 } // namespace
 
 void c_ID3::GetIdTag(const std::filesystem::path& fileName) {
+    platform::RegularFile file(fileName);
+    GetIdTag(file);
+}
+
+void c_ID3::GetIdTag(platform::RegularFile& file) {
     for (QString* field : {&mTitle, &mArtist, &mAlbum, &mYear, &mComment})
         field->clear();
     std::array<char, kTagSize> tail{};
-    if (!platform::ReadTail(fileName, tail))
+    if (file.Error() || !platform::ReadTail(file, tail))
         return;
     const std::string_view tag(tail.data(), tail.size());
     if (IsTag(tag)) {

@@ -4,6 +4,10 @@
 #include <QString>
 #include <filesystem>
 
+namespace platform {
+class RegularFile;
+}
+
 /// The ID3v1 tag of an MP3 file: its last 128 bytes, Windows-1252. A title of more than 30
 /// characters goes on in the comment. What cannot be read or written is passed over silently.
 class c_ID3 {
@@ -27,6 +31,9 @@ public:
 
     /// Reads the file's tag. Without one the fields are empty but for `Genre`, which stays.
     void GetIdTag(const std::filesystem::path& fileName);
+
+    /// The same of a file that is open already, if it could be opened.
+    void GetIdTag(platform::RegularFile& file);
 
     /// Writes the fields over the file's tag, or adds one, which replaces the file's last byte. A
     /// `Genre` without a number is written as Blues. A file that cannot be written, is read-only or

@@ -27,11 +27,6 @@ using Access = RegularFile::Access;
 
 namespace {
 
-bool ReadTail(RegularFile& file, std::span<char> tail) {
-    const auto length = static_cast<std::int64_t>(tail.size());
-    return file.Size() >= length && file.ReadAt(file.Size() - length, tail) == length;
-}
-
 /// Leads `file` along symbolic links to where they end; there need be nothing.
 std::error_code FollowLinks(fs::path& file) {
     constexpr int kMostLinks = 40; // as the Linux kernel does
@@ -155,6 +150,11 @@ std::error_code ReadWholeFile(const fs::path& file, QByteArray& bytes) {
 bool ReadTail(const fs::path& file, std::span<char> tail) {
     RegularFile opened(file);
     return !opened.Error() && ReadTail(opened, tail);
+}
+
+bool ReadTail(RegularFile& file, std::span<char> tail) {
+    const auto length = static_cast<std::int64_t>(tail.size());
+    return file.Size() >= length && file.ReadAt(file.Size() - length, tail) == length;
 }
 
 std::error_code ReplaceTail(const fs::path& file, std::size_t replaced, QByteArrayView bytes) {

@@ -9,6 +9,8 @@
 
 namespace platform {
 
+class RegularFile;
+
 // Only regular files, and links to them, are read or written; anything else that has the name (a
 // folder, a pipe, a device) is an error and is never waited for.
 
@@ -17,6 +19,7 @@ std::error_code ReadWholeFile(const std::filesystem::path& file, QByteArray& byt
 
 /// Fills `tail` with the file's last bytes; false when it has fewer or cannot be read.
 bool ReadTail(const std::filesystem::path& file, std::span<char> tail);
+bool ReadTail(RegularFile& file, std::span<char> tail);
 
 /// Writes `bytes` over the file's last `replaced` bytes, in one write; the file grows by the rest
 /// of `bytes`. On error the file is as it was. A read-only file is an error.

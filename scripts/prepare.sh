@@ -3,7 +3,7 @@
 # what is missing. `prepare <group>...` with the groups below.
 
 PACKAGES_BUILD=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libgl-dev libmpg123-dev
-    libebur128-dev libsdl2-dev fonts-liberation
+    libebur128-dev libsdl2-dev libtag1-dev fonts-liberation
     python3 abcmidi fluidsynth fluidr3mono-gm-soundfont lame)
 PACKAGES_RUN=(libqt6svg6 qt6-qpa-plugins qt6-wayland fonts-liberation)
 PACKAGES_PACKAGE=(dpkg-dev file gzip lintian)

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+
+namespace platform {
+class RegularFile;
+}
+
+namespace library {
+
+struct TitleAndArtist {
+    QString title;
+    QString artist;
+};
+
+/// Title and artist of a song by its ID3v2 tag (2.2 to 2.4) or, if that has no title, by its APE
+/// tag; empty when neither has one. Both are one line of at most 255 characters. Pictures are not
+/// read, however large; what is damaged counts as missing. Knows no tag but one at the very start
+/// and one at the end, before an ID3v1 tag.
+TitleAndArtist ReadNewerTags(platform::RegularFile& file);
+
+} // namespace library
