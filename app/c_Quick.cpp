@@ -6,14 +6,12 @@
 #include "library/AnyList.h"
 #include "library/MarkJournal.h"
 #include "library/SongFolders.h"
-#include "library/SongScan.h"
+#include "library/SongSearch.h"
 #include "library/SongTitle.h"
-#include "library/c_ID3.h"
 #include "library/c_M3U.h"
 #include "platform/Message.h"
 #include "platform/ProgramFolder.h"
 #include "platform/Text.h"
-#include "platform/Time.h"
 #include "platform/Wait.h"
 #include "toolkit/SelectFolder.h"
 #include "toolkit/cDialog.h"
@@ -43,6 +41,7 @@ c_Quick::c_Quick(f_Quick& form, f_Load& loadForm)
     connect(&bEditor, &c_PicButton::Clicked, this, &c_Quick::bEditor_Clicked);
     connect(&mWindowButtons.bMin, &c_SurfButton::Clicked, this, &c_Quick::bMin_Clicked);
     connect(&mWindowButtons.bX, &c_SurfButton::Clicked, this, &c_Quick::bX_Clicked);
+    library::LookForMp3Folder();
     connect(&mLoadForm, &Form::CloseRequested, this, &c_Quick::LoadingDone);
 }
 
@@ -123,41 +122,32 @@ bool c_Quick::WriteQuickList(const c_M3U& list) {
 }
 
 bool c_Quick::ScanFolder(const fs::path& folder, c_M3U& list) {
-    constexpr std::int64_t kTellEvery = 100;
-    std::int64_t told = platform::TickCount();
-    QString current = platform::ShownText(folder);
-    bool entered = false;
+    constexpr int kLook = 20; // milliseconds
     mNoTitles = false;
-    mLoadForm.ShowScan(0, current);
+    mLoadForm.ShowScan(0, platform::ShownText(folder));
     mLoadForm.Announce(QStringLiteral("Searching for MP3s"));
     mLoadForm.ShowInPlace();
-    platform::PumpEvents();
-    const auto goOn = [&] {
-        if (platform::TickCount() - told >= kTellEvery) {
-            told = platform::TickCount();
-            mLoadForm.ShowScan(list.Count(), current);
-        }
-        platform::PumpEventsNowAndThen();
+    library::SongSearch search(folder);
+    library::SongSearch::News news;
+    while (!news.ended) {
+        platform::WaitFor(kLook);
         // Closing the waiting window gives up the search.
-        return mLoadForm.isVisible() && !platform::Quitting();
-    };
-    library::ScanSongs(folder, {[&](const fs::path& path) {
-                                    entered = true;
-                                    current = platform::ShownText(path);
-                                    return goOn();
-                                },
-                                [&](const fs::path& song, const c_ID3& tag) {
-                                    mNoTitles = mNoTitles || !library::HasVisible(tag.Title());
-                                    list.Add(song);
-                                    return goOn();
-                                }});
-    if (!mLoadForm.isVisible() || platform::Quitting())
-        return false;
-    if (!entered) {
-        mLoadForm.hide();
-        platform::ShowMessage(QStringLiteral("The folder %1 cannot be read.").arg(current));
+        if (!mLoadForm.isVisible() || platform::Quitting())
+            return false;
+        news = search.Take();
+        for (const auto& [song, tag] : news.songs) {
+            mNoTitles = mNoTitles || !library::HasVisible(tag.Title());
+            list.Add(song);
+        }
+        mLoadForm.ShowScan(list.Count(),
+                           platform::ShownText(news.folder.empty() ? folder : news.folder));
     }
-    return entered;
+    if (!news.folder.empty())
+        return true;
+    mLoadForm.hide();
+    platform::ShowMessage(
+        QStringLiteral("The folder %1 cannot be read.").arg(platform::ShownText(folder)));
+    return false;
 }
 
 void c_Quick::bUsePlaylist_Clicked() {

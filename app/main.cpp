@@ -23,8 +23,8 @@ int main(int argc, char* argv[]) {
         QApplication::exit(0);
     });
     const int status = QApplication::exec();
-    // A disk or a sound device that hangs must not keep the process: nothing is left to be done.
-    if (!platform::AsidesEnd(std::chrono::milliseconds(500)))
+    // Marks may still be written. A disk or a sound device that hangs must not keep the process.
+    if (!platform::AsidesEnd(std::chrono::milliseconds(1500)))
         std::_Exit(status);
     return status;
 }

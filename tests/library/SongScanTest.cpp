@@ -1,6 +1,6 @@
 #include "library/SongScan.h"
 
-#include "library/c_ID3.h"
+#include "library/SongTag.h"
 #include "tests/TemporaryFolder.h"
 
 #include <algorithm>
@@ -22,7 +22,7 @@ struct SongScanTest : testing::Test {
             mFolders.push_back(folder);
             return true;
         };
-        const auto songFound = [this, wanted](const fs::path& song, const c_ID3& tag) {
+        const auto songFound = [this, wanted](const fs::path& song, const library::SongTag& tag) {
             EXPECT_EQ(tag.Title(), "Title") << song;
             mSongs.push_back(song);
             return mSongs.size() < wanted;
@@ -100,10 +100,10 @@ TEST_F(SongScanTest, TreesDeeperThanTheNumberOfHandlesAreReadToTheEnd) {
 
 TEST_F(SongScanTest, ASongIsSeenAnywhereInAFolderOfReasonableSize) {
     const fs::path tree = mTree.Path();
-    EXPECT_FALSE(library::SeemsToHoldSongs(tree / "none"));
-    EXPECT_FALSE(library::SeemsToHoldSongs(tree));
+    EXPECT_FALSE(library::HoldsSongs(tree / "none"));
+    EXPECT_FALSE(library::HoldsSongs(tree));
     AddSong("artist/album/song.MP3");
-    EXPECT_TRUE(library::SeemsToHoldSongs(tree));
+    EXPECT_TRUE(library::HoldsSongs(tree));
 }
 
 } // namespace
