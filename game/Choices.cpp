@@ -1,9 +1,11 @@
 #include "game/Choices.h"
 
+#include "game/LikeTitles.h"
 #include "platform/Chance.h"
 #include "platform/Text.h"
 
 #include <QString>
+#include <QStringList>
 #include <algorithm>
 #include <iterator>
 #include <optional>
@@ -15,19 +17,25 @@ namespace {
 
 constexpr int kSlots = 4;
 
+using FileName = std::function<std::filesystem::path(int)>;
+using TitleOf = std::function<QString(const std::filesystem::path&)>;
+
 /// The rules for a candidate in the order in which they are dropped.
 enum Rule { kFileNotDrawn, kNotFirstEntry, kEntryNotDrawn, kNotCurrentSong };
 
 class CandidateDraw {
 public:
-    CandidateDraw(int count, const std::function<std::filesystem::path(int)>& fileName,
-                  const std::filesystem::path& currentSong)
-        : mHighest(std::max(count - 1, 0)), mFileName(fileName),
-          mCurrentSong(platform::TextFromPath(currentSong)) {}
+    CandidateDraw(int count, const FileName& fileName, const std::filesystem::path& currentSong,
+                  const TitleOf& titleOf)
+        : mHighest(std::max(count - 1, 0)), mFileName(fileName), mTitleOf(titleOf),
+          mCurrentSong(platform::TextFromPath(currentSong)) {
+        if (mTitleOf)
+            mTitles.push_back(ComparedTitle(mTitleOf(currentSong)));
+    }
 
     /// The index of the next candidate.
     int Next() {
-        const int index = Draw();
+        const int index = mTitleOf ? DrawWithOtherTitle() : Draw();
         mDrawn.push_back({index, File(index)});
         return index;
     }
@@ -37,6 +45,19 @@ private:
         int index;
         QString file;
     };
+
+    /// The last candidate drawn is taken whatever its title: the list has nothing better.
+    int DrawWithOtherTitle() {
+        constexpr int kDrawsAnew = 50;
+        int index = Draw();
+        QString title = ComparedTitle(mTitleOf(mFileName(index)));
+        for (int i = 0; i < kDrawsAnew && mTitles.contains(title); ++i) {
+            index = Draw();
+            title = ComparedTitle(mTitleOf(mFileName(index)));
+        }
+        mTitles.push_back(title);
+        return index;
+    }
 
     int Draw() {
         // With ten different songs so many rejections happen once in 2^100 questions, so the whole
@@ -101,8 +122,10 @@ private:
     }
 
     int mHighest;
-    const std::function<std::filesystem::path(int)>& mFileName;
+    const FileName& mFileName;
+    const TitleOf& mTitleOf;
     QString mCurrentSong;
+    QStringList mTitles; // as they are compared, of the current song and the candidates drawn
     std::vector<Candidate> mDrawn;
     std::optional<std::vector<int>> mOthers; // kept so that the list is searched only once
     int mDropped = 0; // how many rules are dropped, for later candidates as well
@@ -110,10 +133,10 @@ private:
 
 } // namespace
 
-Choices DrawChoices(int count, const std::function<std::filesystem::path(int)>& fileName,
-                    const std::filesystem::path& currentSong) {
+Choices DrawChoices(int count, const FileName& fileName, const std::filesystem::path& currentSong,
+                    const TitleOf& titleOf) {
     Choices choices;
-    CandidateDraw draw(count, fileName, currentSong);
+    CandidateDraw draw(count, fileName, currentSong, titleOf);
     for (int& candidate : choices.candidates)
         candidate = draw.Next();
     choices.correctSlot = platform::RndRounded(kSlots - 1);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QString>
 #include <array>
 #include <filesystem>
 #include <functional>
@@ -20,8 +21,13 @@ struct Choices {
 /// file that was drawn before, and never the playlist's first entry. If a playlist has no such
 /// entry left, rules are dropped, least important first: then a file may come twice (as different
 /// entries), then the first entry may come, then an entry twice, then the current song.
+///
+/// With `titleOf`, which gives the title of a song, a candidate whose title reads like that of the
+/// current song or of another candidate is drawn anew, at most 50 times. No song is asked for its
+/// title before it is drawn.
 Choices DrawChoices(int count, const std::function<std::filesystem::path(int)>& fileName,
-                    const std::filesystem::path& currentSong);
+                    const std::filesystem::path& currentSong,
+                    const std::function<QString(const std::filesystem::path&)>& titleOf = {});
 
 /// Draws the two wrong 0-based slots that a hint takes away, in the order in which they disappear.
 std::array<int, 2> DrawHint(int correctSlot);

@@ -31,11 +31,11 @@ double StartOf(double length, double share) {
 
 Question Draw(const c_M3U& songs, const fs::path& song, bool readTitles) {
     platform::Randomize(platform::SecondsSinceMidnight());
-    const Choices drawn = DrawChoices(
-        songs.Count(), [&songs](int index) { return songs.FileName(index); }, song);
     const auto titleOf = [readTitles](const fs::path& path) {
         return readTitles ? library::SongTitle(path) : library::SongTitle(c_ID3(), path);
     };
+    const Choices drawn = DrawChoices(
+        songs.Count(), [&songs](int index) { return songs.FileName(index); }, song, titleOf);
     Question question{.song = song, .titles = {}, .correctSlot = drawn.correctSlot};
     for (std::size_t i = 0; i < question.titles.size(); ++i)
         question.titles[i] = titleOf(songs.FileName(drawn.candidates[i]));

@@ -1,10 +1,12 @@
 #include "game/Choices.h"
 
+#include "game/LikeTitles.h"
 #include "platform/Chance.h"
 
-#include <QString>
+#include <QStringList>
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -69,6 +71,37 @@ TEST(Choices, PoorPlaylistsGiveRulesUpLeastImportantFirst) {
 TEST(Choices, ARareSongIsFoundInALongList) {
     const auto rare = [](int index) { return NumberedFile(index == 777 ? 777 : 1); };
     EXPECT_EQ(game::DrawChoices(100000, rare, NumberedFile(1)).candidates[0], 777);
+}
+
+TEST(Choices, TitlesThatReadAlikeAreDrawnAnewWhileThereAreOthers) {
+    const QStringList titles = {"X", "The Song (Live)", "the song!", "A", "a [feat. B]",
+                                "B", "Now Asked",       "now asked"};
+    const auto titleOf = [&titles](const std::filesystem::path& song) {
+        return titles[QString::fromStdString(song.stem().string()).mid(4).toInt()];
+    };
+    for (int seed = 0; seed < 20; ++seed) {
+        platform::Randomize(seed);
+        const auto drawn = game::DrawChoices(8, NumberedFile, NumberedFile(6), titleOf).candidates;
+        // Three others are all there are; then one comes again that is like one of them.
+        std::set<QString> compared;
+        for (int i = 0; i < 3; ++i)
+            compared.insert(game::ComparedTitle(titles[drawn[static_cast<std::size_t>(i)]]));
+        EXPECT_EQ(compared, (std::set<QString>{"a", "b", "thesong"}));
+        EXPECT_NE(drawn[3], 0);
+    }
+}
+
+TEST(Choices, WhatTitlesHaveBesideTheirWordsIsNotCompared) {
+    const std::pair<const char*, const char*> titles[] = {
+        {"Don't Stop (Me [Now]) {Remastered 2009}", "dontstop"},
+        {"\u00C4U\u00DF \uFF11 - Live", "\u00E4u\u00DF1live"},
+        {"(Untitled)", "untitled"},
+        {"Song (unclosed", "songunclosed"},
+        {"???", "???"},
+        {"", ""},
+    };
+    for (const auto& [title, compared] : titles)
+        EXPECT_EQ(game::ComparedTitle(title), QString::fromUtf8(compared)) << title;
 }
 
 TEST(Choices, AHintTakesTwoDifferentWrongSlots) {
