@@ -1,5 +1,6 @@
 #include "editor/TitleRules.h"
 
+#include "library/c_ID3.h"
 #include "platform/Text.h"
 
 #include <QStringList>
@@ -26,6 +27,20 @@ std::optional<ArtistAndTitle> SplitInTwo(const QString& name, QChar separator) {
     if (parts.size() != 2)
         return std::nullopt;
     return ArtistAndTitle{parts[0], parts[1]};
+}
+
+/// As Windows-1252 has it; each character is then one byte of the tag.
+QString SingleBytes(const QString& text) {
+    const QByteArray bytes = platform::Windows1252FromText(text);
+    return platform::TextFromWindows1252(
+        {bytes.constData(), static_cast<std::size_t>(bytes.size())});
+}
+
+Fitting Fit(const QString& text, qsizetype room) {
+    const QString wanted = platform::TrimBlanks(text);
+    const QString held = SingleBytes(wanted);
+    return {c_ID3::CleanCrap(held.first(std::min(room, held.size()))), held.size() > room,
+            held != wanted};
 }
 
 } // namespace
@@ -62,6 +77,10 @@ std::optional<QString> Combine(const QString& artist, const QString& title) {
         return std::nullopt;
     return first + u'-' + second;
 }
+
+Fitting FitTitle(const QString& title) { return Fit(title, 59); }
+
+Fitting FitArtist(const QString& artist) { return Fit(artist, 30); }
 
 QString NameCharacters(const QString& text) {
     QString kept = text;

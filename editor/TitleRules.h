@@ -35,4 +35,16 @@ QString WithoutEnding(const QString& name);
 /// `name` with ".mp3" at its end, added if it is missing.
 QString WithEnding(const QString& name);
 
+/// How a text comes out of a tag.
+struct Fitting {
+    QString text;      ///< what can be read from the tag, if it is written
+    bool cut = false;  ///< it is too long
+    bool lost = false; ///< it has letters that Windows-1252 lacks, and "?" stands for them
+};
+
+/// Titles have room for 59 characters, the end of a long one in the comment; artists for 30. Blanks
+/// at the ends do not count.
+Fitting FitTitle(const QString& title);
+Fitting FitArtist(const QString& artist);
+
 } // namespace editor

@@ -13,7 +13,6 @@
 #include "toolkit/cDialog.h"
 
 #include <QApplication>
-#include <QLineEdit>
 #include <QLocale>
 #include <algorithm>
 #include <utility>
@@ -33,9 +32,10 @@ QString WithoutLastFour(const QString& name) {
     return name.left(std::max<qsizetype>(0, name.size() - kEnding));
 }
 
-QString LineOf(const QString& fileName, const QString& title, const QString& artist) {
-    return platform::EscapeSeparators(WithoutLastFour(fileName)) + u'\\' +
-           platform::EscapeSeparators(title) + u'\\' + platform::EscapeSeparators(artist);
+QString LineOf(const editor::SongFacts& song) {
+    const QString name = platform::AfterLastSeparator(platform::ShownText(song.path));
+    return platform::EscapeSeparators(WithoutLastFour(name)) + u'\\' +
+           platform::EscapeSeparators(song.title) + u'\\' + platform::EscapeSeparators(song.artist);
 }
 
 /// The files of a multiple selection: one path, or a folder and names in it, then blanks.
@@ -152,8 +152,7 @@ void c_Editor::bAddDir_Clicked() {
 }
 
 void c_Editor::AddSong(const fs::path& song, const c_ID3& tag) {
-    const QString name = platform::AfterLastSeparator(platform::ShownText(song));
-    mList.AddItem(LineOf(name, tag.Title(), tag.Artist()), platform::KeyFromPath(song));
+    mList.AddItem(LineOf({song, tag.Title(), tag.Artist(), {}}), platform::KeyFromPath(song));
     mMarks.SetLineCount(mList.LineCount());
 }
 
@@ -192,13 +191,24 @@ fs::path c_Editor::SelectedSong() const {
 void c_Editor::bEdit_Clicked() {
     if (mEdit.isVisible() || TellIfNoneSelected())
         return;
-    const int line = mList.LineSelectedNum();
-    const QString key = mEdit.Run(SelectedSong());
+    mEdit.Run(SelectedSong());
     if (mEdit.Cancelled)
         return;
-    mList.SetLineText(
-        line, LineOf(mEdit.tFileName->text(), mEdit.tSongTitle->text(), mEdit.tArtist->text()));
-    mList.SetLineKey(line, key);
+    ShowChange(mEdit.Change());
+    if (const QString problems = editor::ProblemsOf({mEdit.Change()}); !problems.isEmpty())
+        Tell(problems);
+}
+
+void c_Editor::ShowChange(const editor::SongChange& change) {
+    const QString before = platform::KeyFromPath(change.before.path);
+    const QString after = platform::KeyFromPath(change.after.path);
+    const QString text = LineOf(change.after);
+    for (int line = 0; line < mList.LineCount(); ++line) {
+        if (mList.LineKey(line) != before)
+            continue;
+        mList.SetLineText(line, text);
+        mList.SetLineKey(line, after);
+    }
     ShowAll();
 }
 

@@ -64,6 +64,8 @@ private:
 
     void AddSong(const std::filesystem::path& song, const c_ID3& tag);
     void AddSong(const std::filesystem::path& song);
+    /// Shows what a song has become, in all its lines.
+    void ShowChange(const editor::SongChange& change);
     void ShowAll();
 
     void MarkAll();

@@ -1,8 +1,7 @@
 #include "editor/f_Edit.h"
 
 #include "editor/TitleRules.h"
-#include "library/c_ID3.h"
-#include "platform/File.h"
+#include "platform/Aside.h"
 #include "platform/Message.h"
 #include "platform/Text.h"
 #include "platform/Wait.h"
@@ -15,6 +14,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 namespace fs = std::filesystem;
@@ -36,11 +36,6 @@ void EditText(QLineEdit& box, const QString& text) {
     const auto after = static_cast<int>(end - old.rbegin());
     box.setSelection(before, static_cast<int>(old.size()) - before - after);
     box.insert(text.mid(before, text.size() - before - after));
-}
-
-fs::path Renamed(const fs::path& song, const fs::path& name) {
-    const fs::path renamed = song.parent_path() / name;
-    return name != song.filename() && !platform::RenameNoReplace(song, renamed) ? renamed : song;
 }
 
 } // namespace
@@ -134,31 +129,33 @@ void f_Edit::LayOut() {
 }
 
 QString f_Edit::Run(const fs::path& song) {
-    c_ID3 tag;
-    tag.GetIdTag(song);
+    mChange = {};
+    mChange.after.path = song;
     ShowFolder(song.parent_path());
-    tArtist->setText(tag.Artist());
-    tSongTitle->setText(tag.Title());
-    tFileName->setText(editor::WithoutEnding(platform::ShownText(song.filename())));
-    const QString shownName = tFileName->text();
-
-    const bool apply = WaitForApply();
-    const fs::path name = NewName(song.filename(), shownName);
-    fs::path path = song;
-    if (apply) {
-        tag.SetTitle(platform::TrimBlanks(tSongTitle->text()));
-        tag.SetArtist(platform::TrimBlanks(tArtist->text()));
-        // Before the file is made writable, so that a read-only file keeps its tag.
-        tag.PutIdTag(song);
-        platform::PumpEvents();
-        std::error_code error;
-        if (fs::is_regular_file(song, error)) {
-            platform::ClearReadOnly(song);
-            path = Renamed(song, name);
-        }
-    }
+    ShowFacts({song, {}, {}, {}});
+    const auto facts = std::make_shared<editor::SongFacts>();
+    const QObject run;
+    platform::DoAside(
+        &run, [facts, song] { *facts = editor::FactsOf(song); },
+        [this, facts] { LetEdit(*facts); });
+    if (WaitForApply())
+        Write(Wanted(*facts));
     hide();
-    return platform::KeyFromPath(path);
+    return platform::KeyFromPath(mChange.after.path);
+}
+
+/// What is typed before the song was read would be lost.
+void f_Edit::LetEdit(const editor::SongFacts& facts) {
+    ShowFacts(facts);
+    for (QLineEdit* box : {tFileName, tSongTitle, tArtist})
+        box->setReadOnly(false);
+}
+
+void f_Edit::ShowFacts(const editor::SongFacts& facts) {
+    tArtist->setText(facts.artist);
+    tSongTitle->setText(facts.title);
+    tFileName->setText(editor::WithoutEnding(platform::ShownText(facts.path.filename())));
+    mShownName = tFileName->text();
 }
 
 void f_Edit::ShowFolder(const fs::path& folder) {
@@ -176,6 +173,8 @@ void f_Edit::ShowFolder(const fs::path& folder) {
 bool f_Edit::WaitForApply() {
     Cancelled = true;
     mWaiting = true;
+    for (QLineEdit* box : {tFileName, tSongTitle, tArtist})
+        box->setReadOnly(true);
     setEnabled(true);
     ShowInPlace();
     tFileName->setFocus();
@@ -185,15 +184,27 @@ bool f_Edit::WaitForApply() {
     return !Cancelled;
 }
 
-fs::path f_Edit::NewName(const fs::path& ownName, const QString& shownName) {
-    const bool touched = tFileName->text() != shownName;
+editor::SongFacts f_Edit::Wanted(const editor::SongFacts& before) const {
+    editor::SongFacts wanted = before;
+    wanted.path.replace_filename(NewName(before.path.filename()));
+    wanted.title = platform::TrimBlanks(tSongTitle->text());
+    wanted.artist = platform::TrimBlanks(tArtist->text());
+    return wanted;
+}
+
+fs::path f_Edit::NewName(const fs::path& ownName) const {
+    const bool touched = tFileName->text() != mShownName;
     const QString typed = editor::WithEnding(platform::TrimBlanks(tFileName->text()));
-    if (touched && !editor::WithoutEnding(typed).isEmpty()) {
-        tFileName->setText(typed);
-        return platform::PathFromText(typed);
-    }
-    tFileName->setText(editor::WithEnding(shownName));
-    return ownName;
+    const bool named = touched && !editor::WithoutEnding(typed).isEmpty();
+    return named ? platform::PathFromText(typed) : ownName;
+}
+
+void f_Edit::Write(const editor::SongFacts& wanted) {
+    const auto change = std::make_shared<editor::SongChange>(mChange);
+    if (platform::AwaitAside([change, song = mChange.after.path, wanted] {
+            *change = editor::ChangeSong(song, wanted);
+        }))
+        mChange = *change;
 }
 
 /// Removes what no file name may contain, and leaves the cursor where the user types.
@@ -238,7 +249,7 @@ void f_Edit::cmdRemove_Click() {
 }
 
 void f_Edit::cmdApply_Click() {
-    if (!mWaiting)
+    if (!mWaiting || tFileName->isReadOnly())
         return;
     Cancelled = false;
     mWaiting = false;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editor/SongChange.h"
 #include "toolkit/Form.h"
 
 #include <filesystem>
@@ -15,10 +16,13 @@ public:
     f_Edit();
 
     /// Shows the song's fields and waits until the dialog is closed. If it was applied, writes the
-    /// tag and renames the file, never over another one; failures are ignored. Returns the list key
-    /// (see `platform::KeyFromPath`) of the file's path after that. An empty file name, or one left
+    /// tag and renames the file, as `Change` then tells. Returns the list key (see
+    /// `platform::KeyFromPath`) of the file's path after that. An empty file name, or one left
     /// as it was, keeps the file's own name, which may contain what the box cannot show.
     QString Run(const std::filesystem::path& song);
+
+    /// What the last `Run` did, if it was applied.
+    const editor::SongChange& Change() const { return mChange; }
 
     /// Whether the last `Run` was left without applying.
     bool Cancelled = false;
@@ -42,9 +46,13 @@ private:
     void LayOut();
 
     void ShowFolder(const std::filesystem::path& folder);
+    void LetEdit(const editor::SongFacts& facts);
+    void ShowFacts(const editor::SongFacts& facts);
     bool WaitForApply();
-    /// The name typed for the file, or its own name.
-    std::filesystem::path NewName(const std::filesystem::path& ownName, const QString& shownName);
+    /// What is in the boxes.
+    editor::SongFacts Wanted(const editor::SongFacts& before) const;
+    std::filesystem::path NewName(const std::filesystem::path& ownName) const;
+    void Write(const editor::SongFacts& wanted);
 
     void tFileName_Change();
     void cmdCombine_Click();
@@ -55,4 +63,6 @@ private:
     void cmdCancel_Click();
 
     bool mWaiting = false;
+    QString mShownName; ///< of the file, in its box
+    editor::SongChange mChange;
 };

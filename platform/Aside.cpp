@@ -2,6 +2,8 @@
 
 #include "platform/Wait.h"
 
+#include <QCoreApplication>
+#include <QPointer>
 #include <atomic>
 #include <condition_variable>
 #include <memory>
@@ -41,6 +43,18 @@ Aside::Aside(std::function<void(const std::stop_token& stop)> work) {
         work = nullptr; // what it owns goes before it counts as ended
         Change(-1);
     }).detach();
+}
+
+void DoAside(const QObject* context, std::function<void()> work, std::function<void()> then) {
+    const Aside aside([work = std::move(work), then = std::move(then),
+                       context = QPointer(context)](const std::stop_token&) {
+        work();
+        const auto ifWanted = [then, context] {
+            if (context)
+                then();
+        };
+        QMetaObject::invokeMethod(QCoreApplication::instance(), ifWanted, Qt::QueuedConnection);
+    });
 }
 
 bool AwaitAside(std::function<void()> work, const std::function<bool()>& wanted) {

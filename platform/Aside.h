@@ -4,6 +4,8 @@
 #include <functional>
 #include <stop_token>
 
+class QObject;
+
 namespace platform {
 
 /// Work on a thread of its own that nobody ever waits for: what reads a disk or asks a device may
@@ -20,6 +22,10 @@ public:
 private:
     std::stop_source mStop;
 };
+
+/// Does `work` so and `then`, by the thread of the user interface, as soon as events run; not if
+/// `context` is gone by then.
+void DoAside(const QObject* context, std::function<void()> work, std::function<void()> then);
 
 /// Does `work` so, and waits for it letting events run, for as long as it is `wanted`. False if it
 /// was not in the end, or if the application was asked to quit; then `work` may still go on. Called

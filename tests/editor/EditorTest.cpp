@@ -7,6 +7,8 @@
 #include "tests/Robot.h"
 #include "tests/SongFolder.h"
 
+#include <QLineEdit>
+#include <QPushButton>
 #include <QTest>
 #include <algorithm>
 #include <deque>
@@ -24,7 +26,7 @@ protected:
     /// cancels) and leaves by the menu button.
     QStringList Run(Steps steps) {
         Robot robot([&] {
-            if (AnswerFileDialog(mChosen) || !editor->Form().isVisible())
+            if (AnswerFileDialog(mChosen) || !editor->Form().isVisible() || Writes())
                 return;
             if (steps.empty())
                 return ClickOn(editor->Form().pMenu);
@@ -36,6 +38,10 @@ protected:
         EXPECT_TRUE(steps.empty()) << "left too early";
         mFrames = robot.Frames();
         return robot.Messages();
+    }
+
+    bool Writes() const {
+        return editor->TitleDialog().isVisible() && !editor->TitleDialog().isEnabled();
     }
 
     std::function<void()> Press(toolkit::PictureBox* button, const QString& chosen = {}) {
@@ -69,6 +75,12 @@ protected:
         for (int line = 0; line < editor->List().LineCount(); ++line)
             names << editor->List().LineText(line).section(u'\\', 0, 0);
         return names.join(u' ');
+    }
+
+    QString ShownLine(int line) const {
+        const c_PicList& list = editor->List();
+        return list.CellText(line, 0) + u'\\' + list.CellText(line, 1) + u'\\' +
+               list.CellText(line, 2);
     }
 
     platform::QuitWatch mQuitWatch;
@@ -131,6 +143,29 @@ TEST_F(EditorTest, SongsWithoutTitlesAreWarnedAboutAndSavedAndLoadedAgain) {
     EXPECT_EQ(told[1], "song1.mp3 is not a playlist.");
     EXPECT_EQ(mFrames[0], "Songrush, Warning, OK");
     EXPECT_EQ(Names(), before) << "a list without songs leaves the old one";
+}
+
+TEST_F(EditorTest, AnEditedSongIsShownAsItIsOnDiskInAllItsLines) {
+    const fs::path song = mFolder.MakeSongs(2)[0];
+    const fs::path odd = song.parent_path() / "what?.mp3";
+    fs::rename(song, odd);
+    f_Edit& dialog = editor->TitleDialog();
+    const auto type = [&dialog](QLineEdit* box, const QString& text) {
+        return [&dialog, box, text] {
+            ASSERT_TRUE(QTest::qWaitFor([&] { return !dialog.tFileName->isReadOnly(); }));
+            box->setText(text);
+            ClickOn(dialog.cmdApply);
+        };
+    };
+    const QStringList told =
+        Run({Add(), Add(), ClickHeader(), ClickHeader(), Key(Qt::Key_Home), Key(Qt::Key_Return),
+             type(dialog.tSongTitle, "Schön"), Key(Qt::Key_Return),
+             type(dialog.tArtist, "Я, a band whose name fills a tag"), Key(Qt::Key_Return),
+             type(dialog.tFileName, "song2")});
+    EXPECT_EQ(told.size(), 2);
+    const QString after = "what?\\Schön\\?, a band whose name fills a t";
+    for (int line = 0; line < 2; ++line)
+        EXPECT_EQ(ShownLine(line), after);
 }
 
 TEST_F(EditorTest, AnEmptyListIsToldAndCancelledDialogsDoNothing) {

@@ -1,0 +1,111 @@
+#include "editor/SongChange.h"
+
+#include "editor/TitleRules.h"
+#include "library/c_ID3.h"
+#include "platform/File.h"
+#include "platform/Text.h"
+
+namespace editor {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+bool SameTag(const SongFacts& one, const SongFacts& other) {
+    return one.title == other.title && one.artist == other.artist && one.comment == other.comment;
+}
+
+void WriteTag(const fs::path& song, const SongFacts& wanted) {
+    c_ID3 tag;
+    tag.GetIdTag(song); // for what stays
+    tag.SetTitle(wanted.title);
+    tag.SetArtist(wanted.artist);
+    tag.SetComment(wanted.comment);
+    tag.PutIdTag(song);
+}
+
+QString WhyNotWritten(const fs::path& song) {
+    std::error_code error;
+    if ((fs::status(song, error).permissions() & fs::perms::owner_write) == fs::perms::none)
+        return QStringLiteral("Its tag stays as it was: the file is read-only.");
+    constexpr std::uintmax_t kTag = 128;
+    if (fs::file_size(song, error) < kTag)
+        return QStringLiteral("It cannot be tagged: the file is too short.");
+    return QStringLiteral("Its tag stays as it was: the file cannot be written.");
+}
+
+void CompareText(const char* what, const QString& wanted, const Fitting& fitting,
+                 QStringList& problems) {
+    const QString name = QLatin1String(what);
+    if (fitting.lost)
+        problems
+            << QStringLiteral("A tag cannot hold all letters of the %1 \"%2\".").arg(name, wanted);
+    if (fitting.cut)
+        problems << QStringLiteral("The %1 \"%2\" is too long; the tag has \"%3\".")
+                        .arg(name, wanted, fitting.text);
+}
+
+void ChangeTag(SongChange& change, const SongFacts& wanted) {
+    if (SameTag(wanted, change.before))
+        return;
+    WriteTag(wanted.path, wanted);
+    change.after = FactsOf(wanted.path);
+    const Fitting title = FitTitle(wanted.title);
+    const Fitting artist = FitArtist(wanted.artist);
+    const bool differs = title.text != change.before.title || artist.text != change.before.artist;
+    if (differs && SameTag(change.after, change.before)) {
+        change.problems << WhyNotWritten(wanted.path);
+        return;
+    }
+    CompareText("title", wanted.title, title, change.problems);
+    CompareText("artist", wanted.artist, artist, change.problems);
+}
+
+void Rename(SongChange& change, const fs::path& name) {
+    fs::path& path = change.after.path;
+    if (name == path.filename())
+        return;
+    platform::ClearReadOnly(path);
+    const fs::path renamed = path.parent_path() / name;
+    const std::error_code error = platform::RenameNoReplace(path, renamed);
+    if (!error)
+        path = renamed;
+    else if (error == std::errc::file_exists)
+        change.problems << QStringLiteral("It keeps its name: another file is called \"%1\".")
+                               .arg(platform::ShownText(name));
+    else
+        change.problems << QStringLiteral("It keeps its name: %1.")
+                               .arg(QString::fromLocal8Bit(error.message().c_str()));
+}
+
+} // namespace
+
+SongFacts FactsOf(const fs::path& song) {
+    c_ID3 tag;
+    tag.GetIdTag(song);
+    return {song, tag.Title(), tag.Artist(), tag.Comment()};
+}
+
+SongChange ChangeSong(const fs::path& song, const SongFacts& wanted) {
+    SongChange change{FactsOf(song), FactsOf(song), {}};
+    std::error_code error;
+    if (!fs::is_regular_file(song, error)) {
+        change.problems << QStringLiteral("The file is not there any more.");
+        return change;
+    }
+    SongFacts inPlace = wanted;
+    inPlace.path = song;
+    ChangeTag(change, inPlace);
+    Rename(change, wanted.path.filename());
+    return change;
+}
+
+QString ProblemsOf(const std::vector<SongChange>& changes) {
+    QStringList lines;
+    for (const SongChange& change : changes)
+        if (!change.problems.isEmpty())
+            lines << platform::ShownText(change.before.path.filename()) + u':' << change.problems;
+    return lines.join(u'\n');
+}
+
+} // namespace editor
