@@ -2,8 +2,11 @@
 
 #include "platform/Wait.h"
 
+#include <QAbstractButton>
 #include <QCoreApplication>
+#include <QList>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QThread>
 #include <utility>
 
@@ -25,21 +28,27 @@ QMessageBox::Icon ToQt(Icon icon) {
     return QMessageBox::NoIcon;
 }
 
-bool ShowInWindow(const Message& message) {
-    QMessageBox box(ToQt(message.icon), message.title, message.text,
-                    message.question ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok);
+int ShowInWindow(const Message& message) {
+    QMessageBox box(ToQt(message.icon), message.title, message.text);
     // The texts hold file names, which must not be taken for markup.
     box.setTextFormat(Qt::PlainText);
-    return box.exec() == QMessageBox::Yes;
+    QList<QAbstractButton*> buttons;
+    for (const QString& text : message.buttons)
+        buttons.push_back(box.addButton(text, QMessageBox::AcceptRole));
+    box.setEscapeButton(buttons.back());
+    box.exec();
+    return static_cast<int>(buttons.indexOf(box.clickedButton()));
 }
 
-std::function<bool(const Message&)> gBox = ShowInWindow;
+std::function<int(const Message&)> gBox = ShowInWindow;
 
-bool Show(const Message& message) { return !Quitting() && gBox(message); }
+int Show(const Message& message) {
+    return Quitting() ? static_cast<int>(message.buttons.size()) - 1 : gBox(message);
+}
 
 } // namespace
 
-void SetMessageBox(std::function<bool(const Message&)> box) { gBox = std::move(box); }
+void SetMessageBox(std::function<int(const Message&)> box) { gBox = std::move(box); }
 
 void ShowMessage(const QString& text, Icon icon, const QString& title) {
     QCoreApplication* application = QCoreApplication::instance();
@@ -48,11 +57,19 @@ void ShowMessage(const QString& text, Icon icon, const QString& title) {
             application, [=] { ShowMessage(text, icon, title); }, Qt::QueuedConnection);
         return;
     }
-    Show({text, icon, title, false});
+    Show({text, icon, title, {QStringLiteral("&OK")}});
 }
 
 bool AskYesNo(const QString& text, const QString& title) {
-    return Show({text, Icon::None, title, true});
+    return Show({text, Icon::None, title, {QStringLiteral("&Yes"), QStringLiteral("&No")}}) == 0;
+}
+
+SaveAnswer AskToSave(const QString& text, const QString& title) {
+    return static_cast<SaveAnswer>(Show(
+        {text,
+         Icon::None,
+         title,
+         {QStringLiteral("&Save"), QStringLiteral("&Don't save"), QStringLiteral("&Cancel")}}));
 }
 
 } // namespace platform

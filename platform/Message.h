@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <functional>
 
 namespace platform {
@@ -11,10 +12,10 @@ struct Message {
     QString text;
     Icon icon;
     QString title;
-    bool question; ///< with Yes and No instead of OK
+    QStringList buttons; ///< from left to right, "&" before the letter that presses one
 };
 
-// Once the program was asked to quit, no message is shown and every question is answered with No.
+// Once the program was asked to quit, no message is shown and every question has its last answer.
 
 /// Shows a message with one OK button and waits until it is closed. From another thread than that
 /// of the user interface it is shown as soon as events run, and not waited for.
@@ -24,7 +25,13 @@ void ShowMessage(const QString& text, Icon icon = Icon::Information,
 /// Asks a question with Yes and No and no icon; closing it means No.
 bool AskYesNo(const QString& text, const QString& title = QStringLiteral("Songrush"));
 
-/// Lets `box` show messages, instead of windows of their own, and return whether the answer is Yes.
-void SetMessageBox(std::function<bool(const Message&)> box);
+enum class SaveAnswer { Save, DontSave, Cancel };
+
+/// Asks whether something is to be saved before it is lost; closing the question means Cancel.
+SaveAnswer AskToSave(const QString& text, const QString& title = QStringLiteral("Songrush"));
+
+/// Lets `box` show messages, instead of windows of their own, and return the number of the button
+/// that was pressed, from 0; closing a message presses its last one.
+void SetMessageBox(std::function<int(const Message&)> box);
 
 } // namespace platform

@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <utility>
 
@@ -61,9 +62,16 @@ bool Robot::CloseMessage() {
     auto* panel = qobject_cast<MessagePanel*>(Stage::Get().Forms().Current());
     if (panel == nullptr)
         return false;
+    const auto& buttons = panel->Buttons();
+    if (buttons.size() == 3) {
+        ++mSaveQuestions;
+        const auto wanted = std::ranges::find(buttons, mSaving, &QPushButton::accessibleName);
+        ClickOn(wanted == buttons.end() ? buttons.back() : *wanted);
+        return true;
+    }
     mMessages << panel->What().text;
     mFrames << FrameOf(*panel);
-    ClickOn(mSaysYes ? panel->Buttons().front() : panel->Buttons().back());
+    ClickOn(mSaysYes ? buttons.front() : buttons.back());
     return true;
 }
 

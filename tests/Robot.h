@@ -23,6 +23,10 @@ public:
     /// How a question is answered.
     bool mSaysYes = true;
 
+    /// How a question with three answers is answered, which is counted instead of kept.
+    QString mSaving = QStringLiteral("Don't save");
+    int mSaveQuestions = 0;
+
 private:
     void Look();
     bool CloseMessage();

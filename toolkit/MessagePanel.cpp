@@ -52,10 +52,12 @@ Parts PartsOf(const platform::Message& message) {
     parts.text = Shortened(message.text);
     const bool hasSign = message.icon != platform::Icon::None;
     parts.sign = QRect(kMargin, kTitleBottom + 10, hasSign ? kMessageSign : 0, kMessageSign);
+    const auto buttons = static_cast<int>(message.buttons.size());
+    const int row = buttons * (kButton.width() + kButtonGap) - kButtonGap + 2 * kMargin;
     const int left = hasSign ? parts.sign.right() + 1 + kMargin : kMargin;
     const QSize words = SizeOf(parts.text).expandedTo(QSize(0, kMessageSign));
     parts.words = QRect(QPoint(left, parts.sign.y()), words);
-    parts.panel = QSize(std::max(parts.words.right() + 1 + kMargin, kNarrowest),
+    parts.panel = QSize(std::max({parts.words.right() + 1 + kMargin, kNarrowest, row}),
                         parts.words.bottom() + 1 + kMargin + kButton.height() + kMargin);
     return parts;
 }
@@ -86,30 +88,28 @@ MessagePanel::MessagePanel(const platform::Message& message)
     words->setTextFormat(Qt::PlainText); // file names must not be taken for markup
     words->setWordWrap(true);
     Put(*words, parts.words);
-    if (message.question) {
-        AddButton(QStringLiteral("&Yes"), true);
-        AddButton(QStringLiteral("&No"), false);
-    } else {
-        AddButton(QStringLiteral("&OK"), false);
-    }
+    for (const QString& text : message.buttons)
+        AddButton(text);
     const auto count = static_cast<int>(mButtons.size());
     int left = (Width() - count * kButton.width() - (count - 1) * kButtonGap) / 2;
     for (QPushButton* button : mButtons) {
         Put(*button, QRect(QPoint(left, Height() - kMargin - kButton.height()), kButton));
         left += kButton.width() + kButtonGap;
     }
-    connect(this, &Form::CloseRequested, this, [this] { Answer(false); });
+    mAnswer = count - 1;
+    connect(this, &Form::CloseRequested, this, [this, last = mAnswer] { Answer(last); });
 }
 
-void MessagePanel::AddButton(const QString& text, bool answer) {
+void MessagePanel::AddButton(const QString& text) {
     auto* button = new QPushButton(text, this);
     button->setAccessibleName(QString(text).remove(u'&'));
     button->setAutoDefault(true); // Enter presses the one that has the focus
-    connect(button, &QPushButton::clicked, this, [=, this] { Answer(answer); });
+    const auto number = static_cast<int>(mButtons.size());
+    connect(button, &QPushButton::clicked, this, [this, number] { Answer(number); });
     mButtons.push_back(button);
 }
 
-bool MessagePanel::Ask() {
+int MessagePanel::Ask() {
     mOpen = true;
     Announce(mMessage.text);
     ShowInPlace();
@@ -117,8 +117,8 @@ bool MessagePanel::Ask() {
     return mAnswer;
 }
 
-void MessagePanel::Answer(bool answer) {
-    mAnswer = answer;
+void MessagePanel::Answer(int button) {
+    mAnswer = button;
     mOpen = false;
     hide();
 }

@@ -13,9 +13,9 @@ class MessagePanel : public Form {
 public:
     explicit MessagePanel(const platform::Message& message);
 
-    /// Shows the panel until it is answered; true for Yes. Escape and a request to close are OK or
-    /// No, and so is the end of the program.
-    bool Ask();
+    /// Shows the panel until it is answered and returns the number of the button pressed, from 0.
+    /// Escape and a request to close press the last one, and so does the end of the program.
+    int Ask();
 
     const platform::Message& What() const { return mMessage; }
     /// From left to right.
@@ -25,13 +25,13 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    void AddButton(const QString& text, bool answer);
-    void Answer(bool answer);
+    void AddButton(const QString& text);
+    void Answer(int button);
 
     platform::Message mMessage;
     std::vector<QPushButton*> mButtons;
     bool mOpen = false;
-    bool mAnswer = false;
+    int mAnswer;
 };
 
 } // namespace toolkit

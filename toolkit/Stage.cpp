@@ -55,7 +55,7 @@ std::vector<QRect> AvailableScreens() {
     return screens;
 }
 
-bool ShowMessagePanel(const platform::Message& message) { return MessagePanel(message).Ask(); }
+int ShowMessagePanel(const platform::Message& message) { return MessagePanel(message).Ask(); }
 
 } // namespace
 

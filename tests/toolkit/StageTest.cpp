@@ -121,20 +121,21 @@ TEST_F(Stages, ObeyTheirKeysOnEveryScreen) {
 }
 
 TEST_F(Stages, ShowMessagesInFrontAndAnswerThemByKeys) {
-    const platform::Message question{QStringLiteral("Go on?"), platform::Icon::Warning,
-                                     QStringLiteral("Songrush"), true};
+    const platform::Message question{
+        QStringLiteral("Go on?"), platform::Icon::Warning, QStringLiteral("Songrush"),
+        QStringList{QStringLiteral("&Yes"), QStringLiteral("&No"), QStringLiteral("&Cancel")}};
     const struct {
         Qt::Key key;
-        bool yes;
-    } cases[] = {
-        {Qt::Key_Return, true}, {Qt::Key_Y, true}, {Qt::Key_N, false}, {Qt::Key_Escape, false}};
+        int button;
+    } cases[] = {{Qt::Key_Return, 0}, {Qt::Key_Y, 0},     {Qt::Key_N, 1},
+                 {Qt::Key_C, 2},      {Qt::Key_Escape, 2}};
     mText.setFocus();
-    for (const auto& [key, yes] : cases) {
+    for (const auto& [key, button] : cases) {
         QTimer::singleShot(0, &mStage, [this, which = key] {
             EXPECT_FALSE(mBox.TakesInput());
             QTest::keyClick(StageWindow(), which);
         });
-        EXPECT_EQ(MessagePanel(question).Ask(), yes) << key;
+        EXPECT_EQ(MessagePanel(question).Ask(), button) << key;
         EXPECT_TRUE(mText.hasFocus());
         QTest::qWait(500); // beyond a double press
     }
