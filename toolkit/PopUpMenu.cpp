@@ -1,0 +1,28 @@
+#include "toolkit/PopUpMenu.h"
+
+#include <QMenu>
+
+namespace toolkit {
+
+void PopUpMenu(QWidget& owner, const QPoint& at, const std::vector<MenuEntry>& entries) {
+    auto* menu = new QMenu(&owner);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->setAccessibleName(owner.accessibleName());
+    for (const MenuEntry& entry : entries) {
+        if (entry.text.isEmpty()) {
+            menu->addSeparator();
+            continue;
+        }
+        // File names must not be taken for letters that are underlined.
+        QString text = QString(entry.text).replace(u'&', QStringLiteral("&&"));
+        if (!entry.keys.isEmpty())
+            text += u'\t' + entry.keys;
+        QAction* action = menu->addAction(text);
+        action->setEnabled(entry.usable);
+        // Once the menu is gone, as messages and dialogs may come.
+        QObject::connect(action, &QAction::triggered, &owner, entry.act, Qt::QueuedConnection);
+    }
+    menu->popup(at);
+}
+
+} // namespace toolkit
