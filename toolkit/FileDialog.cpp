@@ -107,9 +107,10 @@ void FileDialog::OfferFolders() {
 QStringList FileDialog::Choose() {
     if (mIsQts && acceptMode() == AcceptOpen)
         mOddNames = new OddNames(*this);
-    // GTK would offer to replace the first file of the folder.
-    if (!mIsQts && !IsPortals() && acceptMode() == AcceptSave)
-        selectFile(directory().path() + u'/');
+    // Without a name GTK would offer to replace the first file of the folder.
+    const bool isGtks = !mIsQts && !IsPortals();
+    if (acceptMode() == AcceptSave && (isGtks || !mName.isEmpty()))
+        selectFile(directory().path() + u'/' + mName);
     for (;;) {
         Wait();
         const QStringList paths = result() == Accepted ? Answer() : QStringList();

@@ -16,6 +16,9 @@ public:
     /// Shows only the files that match one of `patterns` ("*.m3u *.pls"), without regard to case.
     void OfferFiles(const QString& description, const QString& patterns);
 
+    /// Offers a name for the file that is saved.
+    void OfferName(const QString& name) { mName = name; }
+
     /// Shows only folders, one of which is chosen.
     void OfferFolders();
 
@@ -40,6 +43,7 @@ private:
     QStringList Answer() const;
     void Wait();
 
+    QString mName;                 ///< see `OfferName`
     bool mIsQts;                   ///< rather than the desktop's
     OddNames* mOddNames = nullptr; ///< in Qt's dialogs that open something, from `Choose` on
     QList<QUrl> mSideBar;          ///< as other programs have it

@@ -93,8 +93,9 @@ void SaveCustomColors() {
 } // namespace
 
 QString cDialog::GetSaveName(const QString& title, const QString& description,
-                             const QString& pattern) {
+                             const QString& pattern, const QString& initialName) {
     SaveDialog dialog(title, pattern);
+    dialog.OfferName(initialName);
     dialog.OfferFiles(description, pattern);
     return ChooseInFolder(dialog).value(0);
 }

@@ -8,11 +8,11 @@
 /// with blanks between them) without regard to case, and make the folder of the chosen file the current one.
 class cDialog {
 public:
-    /// Asks for a file to save to, as it was typed: the caller adds the pattern's ending where it
-    /// is missing. If a file of that whole name exists, asks whether to replace it. "" if
-    /// cancelled.
+    /// Asks for a file to save to, as it was typed, or `initialName`: the caller adds the pattern's
+    /// ending where it is missing. If a file of that whole name exists, asks whether to replace
+    /// it. "" if cancelled.
     static QString GetSaveName(const QString& title, const QString& description,
-                               const QString& pattern);
+                               const QString& pattern, const QString& initialName = QString());
 
     /// Asks for an existing file, with `initialName` preselected. If cancelled, the result is
     /// `initialName` followed by 1024 blanks, so it must be trimmed before it is tested.
