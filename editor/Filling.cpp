@@ -1,78 +1,68 @@
 #include "editor/Filling.h"
 
-#include "library/SongScan.h"
-#include "library/c_ID3.h"
-#include "platform/Text.h"
-#include "platform/Wait.h"
-
+#include <thread>
 #include <utility>
 
 namespace editor {
 
-namespace fs = std::filesystem;
-
-void Filling::AddFolder(const fs::path& folder) {
-    mJobs.push_back([this, folder] { ReadFolder(folder); });
-    Work();
+Filling::Filling(std::function<void()> show) : mShow(std::move(show)) {
+    constexpr int kLookEvery = 20; // milliseconds
+    mLook.setInterval(kLookEvery);
+    QObject::connect(&mLook, &QTimer::timeout, &mLook, [this] { Look(); });
 }
 
-void Filling::Load(const QString& name, std::vector<fs::path> songs) {
-    mDropped = true;
-    mJobs.clear();
-    mJobs.push_back([this, name, songs = std::move(songs)] { ReadSongs(name, songs); });
-    Work();
+Filling::~Filling() {
+    if (Busy())
+        mStream->Stop();
 }
 
-void Filling::Work() {
-    if (std::exchange(mWorking, true))
+void Filling::Do(Job job) {
+    mJobs.push_back(std::move(job));
+    if (!Busy())
+        Next();
+    mShow();
+}
+
+void Filling::Stop() {
+    if (!Busy())
         return;
-    while (!mJobs.empty() && mList.wanted()) {
-        const std::function<void()> job = std::move(mJobs.front());
-        mJobs.pop_front();
-        mDropped = false;
-        job();
-    }
+    mStream->Stop();
+    mStream.reset();
     mJobs.clear();
-    mReading.clear();
-    mWorking = false;
-    mList.show();
+    mLook.stop();
+    mProgress.clear();
+    mShow();
 }
 
-void Filling::ReadFolder(const fs::path& folder) {
-    int added = 0;
-    library::ScanSongs(folder, {[&](const fs::path& entered) {
-                                    mReading = platform::ShownText(entered);
-                                    added = 0;
-                                    mList.show();
-                                    return GoOn();
-                                },
-                                [&](const fs::path& song, const c_ID3& tag) {
-                                    mList.add(song, tag);
-                                    ShowNowAndThen(++added);
-                                    return GoOn();
-                                }});
+void Filling::Next() {
+    mStream = std::make_shared<SongStream>();
+    mProgress = mJobs.front().name;
+    // A disk that stalls keeps nobody: the thread holds all that it needs.
+    std::thread([stream = mStream, read = mJobs.front().read] {
+        read(*stream);
+        stream->End();
+    }).detach();
+    mLook.start();
 }
 
-void Filling::ReadSongs(const QString& name, const std::vector<fs::path>& songs) {
-    mReading = name;
-    c_ID3 tag;
-    int added = 0;
-    for (auto song = songs.begin(); song != songs.end() && GoOn(); ++song) {
-        tag.GetIdTag(*song);
-        mList.add(*song, tag);
-        ShowNowAndThen(++added);
+void Filling::Look() {
+    const std::shared_ptr<SongStream> stream = mStream;
+    const SongStream::News news = stream->Take();
+    if (!news.progress.isEmpty())
+        mProgress = news.progress;
+    const Job job = mJobs.front();
+    if (!news.lines.empty())
+        job.take(news);
+    if (stream == mStream && news.ended) {
+        mJobs.pop_front();
+        mStream.reset();
+        mProgress.clear();
+        mLook.stop();
+        if (!mJobs.empty())
+            Next();
+        job.end(news);
     }
-}
-
-bool Filling::GoOn() {
-    platform::PumpEventsNowAndThen();
-    return !mDropped && mList.wanted();
-}
-
-void Filling::ShowNowAndThen(int added) const {
-    constexpr int kEvery = 10;
-    if (added % kEvery == 0)
-        mList.show();
+    mShow();
 }
 
 } // namespace editor

@@ -1,52 +1,52 @@
 #pragma once
 
-#include <QString>
-#include <deque>
-#include <filesystem>
-#include <functional>
-#include <vector>
+#include "editor/SongReading.h"
 
-class c_ID3;
+#include <QTimer>
+#include <deque>
+#include <functional>
+#include <memory>
 
 namespace editor {
 
-/// Fills the editor's list from folders and playlists, one after the other, letting events run
-/// meanwhile. What is asked for during that is only noted and comes in its turn.
+/// Reads songs for the editor, one job after the other, each on a thread of its own, and hands what
+/// they give over between events. What is asked for during that is only noted and comes in its
+/// turn.
 class Filling {
 public:
-    /// The list that is filled.
-    struct List {
-        /// Appends a song.
-        std::function<void(const std::filesystem::path& song, const c_ID3& tag)> add;
-        /// Shows what was added so far, and `Reading`.
-        std::function<void()> show;
-        /// A false answer gives everything up.
-        std::function<bool()> wanted;
+    struct Job {
+        QString name; ///< what is done, to be shown while nothing better is known
+        Reading read;
+        /// Lines were read since the last call.
+        std::function<void(const SongStream::News& news)> take;
+        /// There are no more. Not called when stopped.
+        std::function<void(const SongStream::News& news)> end = [](const auto&) {};
     };
 
-    explicit Filling(List list) : mList(std::move(list)) {}
+    /// `show` is called when there is something new to be seen.
+    explicit Filling(std::function<void()> show);
+    ~Filling();
 
-    /// Adds a folder's songs and those of its subfolders, after all that was asked for before.
-    void AddFolder(const std::filesystem::path& folder);
+    /// Does a job after all that was asked for before.
+    void Do(Job job);
 
-    /// Adds these songs, of the playlist `name`, in place of all that was asked for before.
-    void Load(const QString& name, std::vector<std::filesystem::path> songs);
+    /// Gives up the job under way and all others. Their threads are left alone.
+    void Stop();
+
+    bool Busy() const { return mStream != nullptr; }
 
     /// What is being read, to be shown; empty when nothing is.
-    const QString& Reading() const { return mReading; }
+    const QString& Progress() const { return mProgress; }
 
 private:
-    void Work();
-    void ReadFolder(const std::filesystem::path& folder);
-    void ReadSongs(const QString& name, const std::vector<std::filesystem::path>& songs);
-    bool GoOn();
-    void ShowNowAndThen(int added) const;
+    void Next();
+    void Look();
 
-    List mList;
-    std::deque<std::function<void()>> mJobs;
-    bool mWorking = false;
-    bool mDropped = false; // the job under way is not wanted any more
-    QString mReading;
+    std::function<void()> mShow;
+    std::deque<Job> mJobs;               // the first one is under way
+    std::shared_ptr<SongStream> mStream; // of that one
+    QString mProgress;
+    QTimer mLook;
 };
 
 } // namespace editor

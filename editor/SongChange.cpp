@@ -2,8 +2,11 @@
 
 #include "editor/TitleRules.h"
 #include "library/c_ID3.h"
+#include "platform/Aside.h"
 #include "platform/File.h"
 #include "platform/Text.h"
+
+#include <memory>
 
 namespace editor {
 
@@ -48,13 +51,14 @@ void CompareText(const char* what, const QString& wanted, const Fitting& fitting
 void ChangeTag(SongChange& change, const SongFacts& wanted) {
     if (SameTag(wanted, change.before))
         return;
-    WriteTag(wanted.path, wanted);
-    change.after = FactsOf(wanted.path);
+    const fs::path& song = change.before.path;
+    WriteTag(song, wanted);
+    change.after = FactsOf(song);
     const Fitting title = FitTitle(wanted.title);
     const Fitting artist = FitArtist(wanted.artist);
     const bool differs = title.text != change.before.title || artist.text != change.before.artist;
     if (differs && SameTag(change.after, change.before)) {
-        change.problems << WhyNotWritten(wanted.path);
+        change.problems << WhyNotWritten(song);
         return;
     }
     CompareText("title", wanted.title, title, change.problems);
@@ -86,18 +90,29 @@ SongFacts FactsOf(const fs::path& song) {
     return {song, tag.Title(), tag.Artist(), tag.Comment()};
 }
 
-SongChange ChangeSong(const fs::path& song, const SongFacts& wanted) {
-    SongChange change{FactsOf(song), FactsOf(song), {}};
+SongChange ChangeSong(const SongWish& wish) {
+    const SongFacts before = FactsOf(wish.song);
+    SongChange change{before, before, {}};
     std::error_code error;
-    if (!fs::is_regular_file(song, error)) {
+    if (!fs::is_regular_file(wish.song, error)) {
         change.problems << QStringLiteral("The file is not there any more.");
         return change;
     }
-    SongFacts inPlace = wanted;
-    inPlace.path = song;
-    ChangeTag(change, inPlace);
+    SongFacts wanted = before;
+    wish.edit(wanted);
+    ChangeTag(change, wanted);
     Rename(change, wanted.path.filename());
     return change;
+}
+
+std::vector<SongChange> ChangeAside(const std::vector<SongWish>& wishes,
+                                    const std::function<bool()>& wanted) {
+    const auto changes = std::make_shared<std::vector<SongChange>>();
+    const auto change = [changes, wishes] {
+        for (const SongWish& wish : wishes)
+            changes->push_back(ChangeSong(wish));
+    };
+    return platform::AwaitAside(change, wanted) ? *changes : std::vector<SongChange>();
 }
 
 QString ProblemsOf(const std::vector<SongChange>& changes) {

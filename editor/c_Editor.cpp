@@ -4,17 +4,27 @@
 #include "library/MarkJournal.h"
 #include "library/SongFolders.h"
 #include "library/SongTitle.h"
-#include "library/c_ID3.h"
 #include "library/c_M3U.h"
+#include "platform/Aside.h"
 #include "platform/Message.h"
+#include "platform/ShowInFolder.h"
 #include "platform/Text.h"
 #include "platform/Wait.h"
+#include "toolkit/PopUpMenu.h"
 #include "toolkit/SelectFolder.h"
 #include "toolkit/cDialog.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
+#include <QDropEvent>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <QLocale>
+#include <QMimeData>
+#include <QShortcut>
+#include <QUrl>
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 using namespace toolkit;
@@ -25,17 +35,9 @@ namespace {
 
 const QString kTitle = QStringLiteral("Mp3 Editor");
 
-void Tell(const QString& text) { platform::ShowMessage(text, platform::Icon::Information, kTitle); }
-
-QString WithoutLastFour(const QString& name) {
-    constexpr qsizetype kEnding = 4; // ".mp3"
-    return name.left(std::max<qsizetype>(0, name.size() - kEnding));
-}
-
-QString LineOf(const editor::SongFacts& song) {
-    const QString name = platform::AfterLastSeparator(platform::ShownText(song.path));
-    return platform::EscapeSeparators(WithoutLastFour(name)) + u'\\' +
-           platform::EscapeSeparators(song.title) + u'\\' + platform::EscapeSeparators(song.artist);
+void Tell(const QString& text) {
+    if (!text.isEmpty())
+        platform::ShowMessage(text, platform::Icon::Information, kTitle);
 }
 
 /// The files of a multiple selection: one path, or a folder and names in it, then blanks.
@@ -54,32 +56,32 @@ std::vector<fs::path> ChosenFiles(QString answer) {
     return files;
 }
 
-/// The songs of a playlist; what cannot be read is told and has none. Relative paths are made
-/// absolute, for the current folder changes with every dialog.
-std::vector<fs::path> SongsOf(const fs::path& file) {
-    c_M3U playlist;
-    if (const std::error_code error = playlist.ReadFile(file))
-        Tell(c_M3U::ReadFailure(file, error));
-    std::vector<fs::path> songs;
-    songs.reserve(static_cast<std::size_t>(playlist.Count()));
-    std::error_code ignored;
-    for (int song = 0; song < playlist.Count(); ++song)
-        songs.push_back(fs::absolute(playlist.FileName(song), ignored));
-    return songs;
-}
-
 QString WithPlaylistEnding(const QString& name) {
     const QString ending = QStringLiteral(".m3u");
     return name.endsWith(ending, Qt::CaseInsensitive) ? name : name + ending;
+}
+
+std::vector<fs::path> LocalFiles(const QDropEvent& event) {
+    std::vector<fs::path> files;
+    for (const QUrl& url : event.mimeData()->urls())
+        if (url.isLocalFile())
+            files.push_back(platform::PathFromText(url.toLocalFile()));
+    return files;
 }
 
 } // namespace
 
 c_Editor::c_Editor()
     : mWindowButtons(mForm),
-      mFilling({[this](const fs::path& song, const c_ID3& tag) { AddSong(song, tag); },
-                [this] { ShowAll(); },
-                [this] { return mForm.isVisible() && !platform::Quitting(); }}) {
+      mSongs(mList,
+             [this](const std::vector<editor::SongWish>& wishes) {
+                 mForm.SetBlocked(true);
+                 auto changes = editor::ChangeAside(wishes, [this] { return mForm.isVisible(); });
+                 mForm.SetBlocked(false);
+                 mForm.ResumeFocus();
+                 return changes;
+             }),
+      mFilling([this] { ShowAll(); }) {
     mForm.CopyBackground();
     bAddFile.Create(mForm.pAddFile, QStringLiteral("Add File"));
     bAddDir.Create(mForm.pAddDir, QStringLiteral("Add Directory"));
@@ -92,10 +94,19 @@ c_Editor::c_Editor()
     mList.Create(mForm.pList, QStringLiteral("File Name\\Song Title\\Artist"));
     editor::RememberColumns(mList);
     mList.SetMarks([this](int line) { return mMarks.Has(line); });
+    constexpr int kKeepAfter = 2000; // milliseconds
+    mKeepSoon.setSingleShot(true);
+    mKeepSoon.setInterval(kKeepAfter);
     Connect();
+    AddKeys();
 }
 
-c_Editor::~c_Editor() { mForm.hide(); }
+c_Editor::~c_Editor() {
+    mForm.hide();
+    for (QWidget* watched : {static_cast<QWidget*>(&mForm), static_cast<QWidget*>(mForm.pList),
+                             static_cast<QWidget*>(mForm.tFind)})
+        watched->removeEventFilter(this);
+}
 
 void c_Editor::Connect() {
     connect(&bAddFile, &c_PicButton::Clicked, this, &c_Editor::bAddFile_Clicked);
@@ -115,6 +126,33 @@ void c_Editor::Connect() {
     connect(&mList, &c_PicList::LinesMoveWanted, this, &c_Editor::mList_LinesMoveWanted);
     connect(&mList, &c_PicList::RemoveWanted, this, &c_Editor::bRemove_Clicked);
     connect(&mList, &c_PicList::SelectAllWanted, this, &c_Editor::MarkAll);
+    connect(mForm.tFind, &QLineEdit::textChanged, this, [this] { FindNext(1, true); });
+    connect(&mKeepSoon, &QTimer::timeout, this, &c_Editor::KeepCopy);
+    mForm.installEventFilter(this);
+    mForm.pList->installEventFilter(this); // before the list, which takes Space for a letter
+    mForm.tFind->installEventFilter(this);
+}
+
+void c_Editor::AddKeys() {
+    const auto add = [this](QKeyCombination keys, auto act) {
+        auto* shortcut = new QShortcut(keys, &mForm);
+        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+        shortcut->setAutoRepeat(false);
+        connect(shortcut, &QShortcut::activated, this, act);
+    };
+    add(Qt::CTRL | Qt::Key_O, &c_Editor::bLoad_Clicked);
+    add(Qt::CTRL | Qt::Key_S, [this] { SaveList(false); });
+    add(Qt::CTRL | Qt::SHIFT | Qt::Key_S, &c_Editor::bSave_Clicked);
+    add(Qt::CTRL | Qt::Key_Z, &c_Editor::Undo);
+    add(Qt::CTRL | Qt::SHIFT | Qt::Key_Z, &c_Editor::Redo);
+    add(Qt::CTRL | Qt::Key_Y, &c_Editor::Redo);
+    add(Qt::Key_F2, &c_Editor::bEdit_Clicked);
+    add(Qt::Key_F3, [this] { FindNext(1); });
+    add(Qt::SHIFT | Qt::Key_F3, [this] { FindNext(-1); });
+    add(Qt::CTRL | Qt::Key_F, [this] {
+        mForm.tFind->setFocus();
+        mForm.tFind->selectAll();
+    });
 }
 
 void c_Editor::SetExitToPlay() { bMenu.SetCaption(QStringLiteral("Play Game")); }
@@ -125,8 +163,92 @@ void c_Editor::Run() {
     mWindowButtons.Refresh();
     ShowAll();
     mForm.pList->setFocus();
+    OfferKept();
     platform::WaitWhile([this] { return mForm.isVisible(); });
+    mKeepSoon.stop();
+    if (platform::Quitting())
+        KeepCopy();
+    else if (!mCopied.empty())
+        mCopy.Discard();
+    StopReading();
 }
+
+// Leaving
+
+bool c_Editor::MayGo() {
+    if (!mSongs.Unsaved())
+        return true;
+    const QString question =
+        mSongs.File().empty()
+            ? QStringLiteral("The new list is not saved.\nDo you want to save it?")
+            : QStringLiteral("The list \"%1\" has changes that are not saved.\n"
+                             "Do you want to save them?")
+                  .arg(mSongs.Name());
+    switch (platform::AskToSave(question, kTitle)) {
+    case platform::SaveAnswer::Save:
+        return SaveList(false);
+    case platform::SaveAnswer::DontSave:
+        return true;
+    case platform::SaveAnswer::Cancel:
+        break;
+    }
+    return false;
+}
+
+void c_Editor::bMenu_Clicked() {
+    if (!MayGo())
+        return;
+    ExitProgram = false;
+    mForm.hide();
+}
+
+void c_Editor::bX_Clicked() {
+    if (MayGo())
+        mForm.hide();
+}
+
+void c_Editor::bMin_Clicked() { mForm.Minimise(); }
+
+/// Offers what was being edited when the program ended without being left.
+void c_Editor::OfferKept() {
+    const auto kept = std::make_shared<std::optional<editor::UnsavedCopy::Kept>>();
+    platform::DoAside(
+        &mForm, [kept] { *kept = editor::UnsavedCopy::Read(); },
+        [this, kept] {
+            if (!*kept || !mForm.isVisible() || mList.LineCount() > 0)
+                return;
+            const auto& [list, foreign, songs] = **kept;
+            const QString name =
+                list.empty()
+                    ? QStringLiteral("A new list")
+                    : QStringLiteral("The list \"%1\"").arg(platform::ShownText(list.stem()));
+            if (!platform::AskYesNo(QStringLiteral("%1 was not saved when the program ended.\n"
+                                                   "Do you want to go on with it?")
+                                        .arg(name),
+                                    kTitle)) {
+                if (!platform::Quitting())
+                    mCopy.Discard();
+                return;
+            }
+            for (const fs::path& song : songs)
+                mCopied.push_back(platform::KeyFromPath(song));
+            mSongs.Begin(list, foreign);
+            ReadInto(name, editor::ReadFiles(songs));
+        });
+}
+
+void c_Editor::KeepCopy() {
+    std::vector<QString> keys = mSongs.Unsaved() ? mSongs.Keys() : std::vector<QString>();
+    if (keys == mCopied)
+        return;
+    mCopied = std::move(keys);
+    if (mCopied.empty())
+        mCopy.Discard();
+    else
+        mCopy.Keep(mSongs.File(), !mSongs.OwnsFile(), mCopied);
+}
+
+// Filling the list
 
 void c_Editor::bAddFile_Clicked() {
     std::error_code ignored;
@@ -137,9 +259,7 @@ void c_Editor::bAddFile_Clicked() {
     if (answer.trimmed().isEmpty())
         return;
     library::SetLastMp3Folder(fs::current_path(ignored));
-    for (const fs::path& song : ChosenFiles(answer))
-        AddSong(song);
-    ShowAll();
+    ReadInto(QStringLiteral("files"), editor::ReadFiles(ChosenFiles(answer)));
 }
 
 void c_Editor::bAddDir_Clicked() {
@@ -151,30 +271,118 @@ void c_Editor::bAddDir_Clicked() {
     AddFolder(folder);
 }
 
-void c_Editor::AddSong(const fs::path& song, const c_ID3& tag) {
-    mList.AddItem(LineOf({song, tag.Title(), tag.Artist(), {}}), platform::KeyFromPath(song));
-    mMarks.SetLineCount(mList.LineCount());
+void c_Editor::AddFolder(const fs::path& folder) {
+    ReadInto(platform::ShownText(folder), editor::ReadFolder(folder));
 }
 
-void c_Editor::AddSong(const fs::path& song) {
-    c_ID3 tag;
-    tag.GetIdTag(song);
-    AddSong(song, tag);
+void c_Editor::ReadInto(const QString& name, editor::Reading reading) {
+    mFilling.Do({name, std::move(reading),
+                 [this](const auto& news) {
+                     mSongs.Add(news.lines);
+                     mMarks.SetLineCount(mList.LineCount());
+                 },
+                 [this](const auto& news) {
+                     mSongs.EndAdding();
+                     Tell(news.failure);
+                 }});
 }
 
-void c_Editor::ShowAll() {
-    const int count = mList.LineCount();
-    QString songs = count == 1 ? QStringLiteral("1 song")
-                               : QStringLiteral("%1 songs").arg(QLocale().toString(count));
-    const QString& source = mFilling.Reading();
-    if (count == 0 && source.isEmpty())
-        songs = QStringLiteral("Add files or a directory");
-    const QString reading = source.isEmpty() ? QString() : QStringLiteral("Adding ") + source;
-    mList.SetSubHeader(songs + u'\\' + platform::EscapeSeparators(reading) + u'\\');
-    if (source.isEmpty() && std::exchange(mAnnounced, songs) != songs)
-        mForm.Announce(songs);
-    mList.Refresh();
+void c_Editor::bLoad_Clicked() {
+    if (!MayGo())
+        return;
+    ChangeToFolder(library::PlaylistFolder());
+    const QString answer =
+        cDialog::GetOpenName(QStringLiteral("Load Playlist"), QStringLiteral("Playlist Files"),
+                             QStringLiteral("*.m3u"), QString(), false);
+    if (!answer.trimmed().isEmpty())
+        Load(platform::PathFromText(answer));
 }
+
+/// Puts a playlist in the place of the list, and of all that was to be added to it. One without
+/// songs leaves it as it is.
+void c_Editor::Load(const fs::path& file) {
+    StopReading();
+    mFilling.Do({platform::ShownText(file.filename()), editor::ReadPlaylist(file),
+                 [this, file](const auto& news) {
+                     if (!std::exchange(mLoading, true)) {
+                         mSongs.Begin(file, news.foreign);
+                         mMarks.Begin(0, -1);
+                     }
+                     mSongs.AddSaved(news.lines);
+                     mMarks.SetLineCount(mList.LineCount());
+                 },
+                 [this](const auto& news) {
+                     mLoading = false;
+                     Tell(news.failure);
+                 }});
+}
+
+void c_Editor::StopReading() {
+    mFilling.Stop();
+    if (std::exchange(mLoading, false))
+        mSongs.ForgetFile(); // which would otherwise be replaced by a part of it
+    ShowAll();
+}
+
+void c_Editor::Drop(const QDropEvent& event) {
+    std::vector<fs::path> files = LocalFiles(event);
+    if (files.size() == 1 && mList.LineCount() == 0 && editor::IsPlaylist(files.front()))
+        Load(files.front());
+    else if (!files.empty())
+        ReadInto(QStringLiteral("files"), editor::ReadDropped(std::move(files)));
+}
+
+// Saving it
+
+void c_Editor::bSave_Clicked() { SaveList(true); }
+
+bool c_Editor::SaveList(bool askName) {
+    if (mList.LineCount() == 0) {
+        Tell(QStringLiteral("Nothing to save."));
+        return false;
+    }
+    fs::path file = mSongs.File();
+    if (askName || !mSongs.OwnsFile()) {
+        std::error_code ignored;
+        fs::create_directories(library::PlaylistFolder(), ignored);
+        ChangeToFolder(file.empty() ? library::PlaylistFolder() : file.parent_path());
+        const QString answer = cDialog::GetSaveName(
+            QStringLiteral("Save Playlist"), QStringLiteral("PlayList Files"),
+            QStringLiteral("*.m3u"),
+            file.empty() ? QString()
+                         : platform::TextFromPath(file.stem()) + QStringLiteral(".m3u"));
+        if (answer.isEmpty())
+            return false;
+        file = platform::PathFromText(WithPlaylistEnding(answer));
+    }
+    if (UntitledSongs())
+        platform::ShowMessage(
+            QStringLiteral("Warning, This playlist contains MP3s that do not have song titles "
+                           "set.\n"
+                           "If used for a game, the filename will be used for the song title."),
+            platform::Icon::Warning);
+    c_M3U playlist;
+    for (const QString& key : mSongs.Keys())
+        playlist.Add(platform::PathFromKey(key));
+    const bool written = playlist.WriteFile(file);
+    if (written) {
+        library::MarkJournal::Forget(file);
+        mLoading = false; // what is still read of the old file comes to this one
+        mSongs.Saved(file);
+    }
+    ShowAll();
+    platform::PumpEvents();
+    return written;
+}
+
+bool c_Editor::UntitledSongs() const {
+    for (int line = 0; line < mList.LineCount(); ++line)
+        if (!library::HasVisible(mList.CellText(line, 1)))
+            return true;
+    return false;
+}
+
+// What is done with songs
 
 bool c_Editor::TellIfNoneSelected() const {
     if (mList.LineSelectedNum() >= 0)
@@ -188,28 +396,24 @@ fs::path c_Editor::SelectedSong() const {
     return platform::PathFromKey(mList.LineKey(mList.LineSelectedNum()));
 }
 
+/// Those that are marked, and the selected one.
+std::vector<int> c_Editor::MarkedLines() const {
+    std::vector<int> lines;
+    for (int line = 0; line < mList.LineCount(); ++line)
+        if (line == mList.LineSelectedNum() || mMarks.Has(line))
+            lines.push_back(line);
+    return lines;
+}
+
 void c_Editor::bEdit_Clicked() {
     if (mEdit.isVisible() || TellIfNoneSelected())
         return;
     mEdit.Run(SelectedSong());
     if (mEdit.Cancelled)
         return;
-    ShowChange(mEdit.Change());
-    if (const QString problems = editor::ProblemsOf({mEdit.Change()}); !problems.isEmpty())
-        Tell(problems);
-}
-
-void c_Editor::ShowChange(const editor::SongChange& change) {
-    const QString before = platform::KeyFromPath(change.before.path);
-    const QString after = platform::KeyFromPath(change.after.path);
-    const QString text = LineOf(change.after);
-    for (int line = 0; line < mList.LineCount(); ++line) {
-        if (mList.LineKey(line) != before)
-            continue;
-        mList.SetLineText(line, text);
-        mList.SetLineKey(line, after);
-    }
+    mSongs.Changed(mEdit.Changes());
     ShowAll();
+    Tell(editor::ProblemsOf(mEdit.Changes()));
 }
 
 void c_Editor::bPlay_Clicked() {
@@ -220,85 +424,15 @@ void c_Editor::bPlay_Clicked() {
 }
 
 void c_Editor::bRemove_Clicked() {
-    if (mList.LineCount() == 0)
-        return;
-    const int selected = mList.LineSelectedNum();
-    // Downwards, so that the numbers of the lines still to be looked at stay right.
-    for (int line = mList.LineCount() - 1; line >= 0; --line)
-        if (line == selected || mMarks.Has(line))
-            mList.RemoveLine(line);
-    mMarks.Begin(mList.LineCount(), mList.LineSelectedNum());
-    ShowAll();
+    mSongs.Remove(MarkedLines());
+    LinesChanged();
 }
-
-void c_Editor::bSave_Clicked() {
-    if (mList.LineCount() == 0) {
-        Tell(QStringLiteral("Nothing to save."));
-        return;
-    }
-    if (!mFilling.Reading().isEmpty()) {
-        Tell(QStringLiteral("Songs are still being added."));
-        return;
-    }
-    std::error_code ignored;
-    fs::create_directories(library::PlaylistFolder(), ignored);
-    ChangeToFolder(library::PlaylistFolder());
-    const QString answer = cDialog::GetSaveName(
-        QStringLiteral("Save Playlist"), QStringLiteral("PlayList Files"), QStringLiteral("*.m3u"));
-    if (answer.isEmpty())
-        return;
-    if (UntitledSongs())
-        platform::ShowMessage(
-            QStringLiteral("Warning, This playlist contains MP3s that do not have song titles "
-                           "set.\n"
-                           "If used for a game, the filename will be used for the song title."),
-            platform::Icon::Warning);
-    c_M3U playlist;
-    for (int line = 0; line < mList.LineCount(); ++line)
-        playlist.Add(platform::PathFromKey(mList.LineKey(line)));
-    const fs::path file = platform::PathFromText(WithPlaylistEnding(answer));
-    if (playlist.WriteFile(file))
-        library::MarkJournal::Forget(file);
-    platform::PumpEvents();
-}
-
-bool c_Editor::UntitledSongs() const {
-    for (int line = 0; line < mList.LineCount(); ++line) {
-        const QStringList columns = mList.LineText(line).split(u'\\');
-        if (columns.size() > 1 && !library::HasVisible(platform::UnescapeSeparators(columns[1])))
-            return true;
-    }
-    return false;
-}
-
-void c_Editor::bLoad_Clicked() {
-    ChangeToFolder(library::PlaylistFolder());
-    const QString answer =
-        cDialog::GetOpenName(QStringLiteral("Load Playlist"), QStringLiteral("Playlist Files"),
-                             QStringLiteral("*.m3u"), QString(), false);
-    if (answer.trimmed().isEmpty())
-        return;
-    const fs::path file = platform::PathFromText(answer);
-    const std::vector<fs::path> songs = SongsOf(file);
-    if (songs.empty())
-        return;
-    mList.ClearLines();
-    mMarks.Begin(0, -1);
-    mFilling.Load(platform::ShownText(file.filename()), songs);
-}
-
-void c_Editor::bMenu_Clicked() {
-    ExitProgram = false;
-    mForm.hide();
-}
-
-void c_Editor::bX_Clicked() { mForm.hide(); }
-
-void c_Editor::bMin_Clicked() { mForm.Minimise(); }
 
 void c_Editor::mList_HeaderSelClicked(int column) {
     QApplication::beep();
-    mMarks.Reorder(mList.SortByHeader(column, mSortMode == 1 ? 2 : 0));
+    const std::vector<int> before = mList.SortByHeader(column, mSortMode == 1 ? 2 : 0);
+    mSongs.Reordered(QStringLiteral("Sort by ") + mList.HeaderText(column), before);
+    mMarks.Reorder(before);
     mSortMode = mSortMode == 1 ? 0 : 1;
     ShowAll();
     mForm.Announce(QStringLiteral("Sorted by %1, %2")
@@ -307,12 +441,87 @@ void c_Editor::mList_HeaderSelClicked(int column) {
                                                           : QStringLiteral("ascending")));
 }
 
+void c_Editor::Undo() {
+    StopReading(); // it would go on with what is taken back
+    const QString problems = mSongs.Undo();
+    LinesChanged();
+    Tell(problems);
+}
+
+void c_Editor::Redo() {
+    const QString problems = mSongs.Redo();
+    LinesChanged();
+    Tell(problems);
+}
+
+void c_Editor::FindMissing() {
+    const fs::path folder = platform::PathFromText(
+        BrowseForFolder(&mForm, QStringLiteral("Find missing songs in"), library::LastMp3Folder()));
+    if (folder.empty())
+        return;
+    const std::vector<QString> missing = mSongs.Missing();
+    const auto found = std::make_shared<std::vector<editor::Line>>();
+    mFilling.Do({platform::ShownText(folder), editor::FindByName(folder, missing),
+                 [found](const auto& news) {
+                     found->insert(found->end(), news.lines.begin(), news.lines.end());
+                 },
+                 [this, missing, found](const auto&) {
+                     const auto matches = editor::MatchByName(missing, *found);
+                     mSongs.Replace(QStringLiteral("Find"), matches);
+                     ShowAll();
+                     Tell(QStringLiteral("%1 of %2 missing songs were found.")
+                              .arg(matches.size())
+                              .arg(missing.size()));
+                 }});
+}
+
+void c_Editor::FindNext(int direction, bool fromHere) {
+    const int from = mList.LineSelectedNum() - (fromHere ? direction : 0);
+    const QString text = mForm.tFind->text();
+    const int line = mSongs.Find(text, from, direction);
+    mForm.ShowFound(line >= 0 || text.isEmpty());
+    if (line >= 0)
+        mList.SelectLine(line);
+}
+
+// What the list shows, and its keys
+
+/// After lines came or went.
+void c_Editor::LinesChanged() {
+    mMarks.Begin(mList.LineCount(), mList.LineSelectedNum());
+    ShowAll();
+}
+
+void c_Editor::ShowAll() {
+    const int count = mList.LineCount();
+    QString songs = count == 1 ? QStringLiteral("1 song")
+                               : QStringLiteral("%1 songs").arg(QLocale().toString(count));
+    const QString& progress = mFilling.Progress();
+    if (count == 0 && progress.isEmpty())
+        songs = QStringLiteral("Add files or a directory");
+    mList.SetSubHeader(songs + u'\\' +
+                       (progress.isEmpty()
+                            ? QString(u'\\')
+                            : platform::EscapeSeparators(QStringLiteral("Reading ") + progress) +
+                                  QStringLiteral("\\Escape stops")));
+    if (progress.isEmpty() && std::exchange(mAnnounced, songs) != songs)
+        mForm.Announce(songs);
+    const bool unsaved = mSongs.Unsaved();
+    mForm.ShowName(unsaved || !mSongs.File().empty() ? mSongs.Name() : QString(), unsaved);
+    if (!mKeepSoon.isActive() && mForm.isVisible())
+        mKeepSoon.start();
+    mList.Refresh();
+}
+
 void c_Editor::mList_LineDoubleClicked(int) { bEdit_Clicked(); }
 
 void c_Editor::mList_LinePrint(ListCell& cell) {
     constexpr ColorRef kMarked = Rgb(255, 50, 50);
+    constexpr ColorRef kMissing = Rgb(125, 125, 150);
     if (mMarks.Has(cell.line))
         cell.color = kMarked;
+    else if (mSongs.IsMissing(mList.LineKey(cell.line)))
+        cell.color = kMissing;
 }
 
 void c_Editor::mList_LineSelChanged(int line) {
@@ -320,10 +529,101 @@ void c_Editor::mList_LineSelChanged(int line) {
 }
 
 void c_Editor::mList_LinesMoveWanted(const std::vector<int>& lines, int before) {
-    mMarks.Reorder(mList.MoveLines(lines, before));
+    const std::vector<int> order = mList.MoveLines(lines, before);
+    mSongs.Reordered(lines.size() == 1 ? QStringLiteral("Move a song")
+                                       : QStringLiteral("Move %1 songs").arg(lines.size()),
+                     order);
+    mMarks.Reorder(order);
+    ShowAll();
 }
 
 void c_Editor::MarkAll() {
     mMarks.MarkAll();
     mList.Refresh();
+}
+
+void c_Editor::ShowMenu(const QPoint& at) {
+    const bool selected = mList.LineSelectedNum() >= 0;
+    const auto named = [](const char* what, const QString& step) {
+        return QLatin1String(what) + (step.isEmpty() ? QString() : u' ' + step);
+    };
+    const auto call = [this](void (c_Editor::*act)()) { return [this, act] { (this->*act)(); }; };
+    PopUpMenu(
+        *mForm.pList, at,
+        {{QStringLiteral("Play"), QStringLiteral("Space"), call(&c_Editor::bPlay_Clicked),
+          selected},
+         {QStringLiteral("Edit"), QStringLiteral("F2"), call(&c_Editor::bEdit_Clicked), selected},
+         {QStringLiteral("Remove"), QStringLiteral("Del"), call(&c_Editor::bRemove_Clicked),
+          selected},
+         {QStringLiteral("Show in folder"),
+          {},
+          [this] { platform::ShowInFolder(SelectedSong()); },
+          selected},
+         {QStringLiteral("Find missing"),
+          {},
+          call(&c_Editor::FindMissing),
+          !mSongs.Missing().empty()},
+         {},
+         {named("Undo", mSongs.UndoName()), QStringLiteral("Ctrl+Z"), call(&c_Editor::Undo),
+          !mSongs.UndoName().isEmpty()},
+         {named("Redo", mSongs.RedoName()), QStringLiteral("Ctrl+Y"), call(&c_Editor::Redo),
+          !mSongs.RedoName().isEmpty()}});
+}
+
+/// Stops what is being read, or leaves the box that finds songs; false if there is neither.
+bool c_Editor::Escape() {
+    if (mFilling.Busy()) {
+        StopReading();
+        return true;
+    }
+    if (!mForm.tFind->hasFocus())
+        return false;
+    mForm.tFind->clear();
+    mForm.pList->setFocus();
+    return true;
+}
+
+bool c_Editor::eventFilter(QObject* watched, QEvent* event) {
+    const bool isList = watched == mForm.pList;
+    switch (event->type()) {
+    case QEvent::KeyPress: {
+        const auto& key = *static_cast<QKeyEvent*>(event);
+        if (watched == &mForm && key.key() == Qt::Key_Escape)
+            return Escape();
+        const bool plain = (key.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+        if (isList && key.key() == Qt::Key_Space && plain && !key.isAutoRepeat()) {
+            bPlay_Clicked();
+            return true;
+        }
+        if (watched == mForm.tFind && (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter)) {
+            FindNext(key.modifiers().testFlag(Qt::ShiftModifier) ? -1 : 1);
+            return true;
+        }
+        return false;
+    }
+    case QEvent::ContextMenu: {
+        if (!isList)
+            return false;
+        const auto& menu = *static_cast<QContextMenuEvent*>(event);
+        const QRect cell = FromLogical(mList.CellRect(mList.LineSelectedNum(), 0));
+        ShowMenu(menu.reason() == QContextMenuEvent::Mouse
+                     ? menu.globalPos()
+                     : mForm.pList->mapToGlobal(cell.bottomLeft()));
+        return true;
+    }
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::Drop: {
+        auto& drop = *static_cast<QDropEvent*>(event);
+        if (watched != &mForm || !mForm.isEnabled() || !drop.mimeData()->hasUrls())
+            return false;
+        drop.setDropAction(Qt::CopyAction);
+        drop.accept();
+        if (event->type() == QEvent::Drop)
+            Drop(drop);
+        return true;
+    }
+    default:
+        return false;
+    }
 }

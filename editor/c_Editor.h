@@ -2,6 +2,8 @@
 
 #include "editor/Filling.h"
 #include "editor/Marks.h"
+#include "editor/SongList.h"
+#include "editor/UnsavedCopy.h"
 #include "editor/c_player.h"
 #include "editor/f_Edit.h"
 #include "editor/f_Editor.h"
@@ -10,9 +12,10 @@
 #include "toolkit/c_PicList.h"
 
 #include <QObject>
+#include <QTimer>
 #include <filesystem>
 
-class c_ID3;
+class QDropEvent;
 
 /// The playlist editor: fills a list with songs, corrects their titles, previews them, saves and
 /// loads playlists.
@@ -31,13 +34,17 @@ public:
     /// Whether it was left by its close button.
     bool ExitProgram = true;
 
-    /// Adds a folder's songs and those of its subfolders; see `editor::Filling`.
-    void AddFolder(const std::filesystem::path& folder) { mFilling.AddFolder(folder); }
+    /// Adds a folder's songs and those of its subfolders, after all that was asked for before;
+    /// returns at once.
+    void AddFolder(const std::filesystem::path& folder);
+    /// Whether songs are still being read.
+    bool Reading() const { return mFilling.Busy(); }
 
     f_Editor& Form() { return mForm; }
     f_Edit& TitleDialog() { return mEdit; }
     c_player& Player() { return mPlayer; }
     const c_PicList& List() const { return mList; }
+    const editor::SongList& Songs() const { return mSongs; }
 
     void bAddDir_Clicked();
     void bAddFile_Clicked();
@@ -56,19 +63,38 @@ public:
     void mList_LineSelChanged(int line);
     void mList_LinesMoveWanted(const std::vector<int>& lines, int before);
 
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void Connect();
+    void AddKeys();
+
     /// Shows a message when no song is selected, and returns whether it did.
     bool TellIfNoneSelected() const;
     std::filesystem::path SelectedSong() const;
+    std::vector<int> MarkedLines() const;
 
-    void AddSong(const std::filesystem::path& song, const c_ID3& tag);
-    void AddSong(const std::filesystem::path& song);
-    /// Shows what a song has become, in all its lines.
-    void ShowChange(const editor::SongChange& change);
-    void ShowAll();
+    void ReadInto(const QString& name, editor::Reading reading);
+    void Load(const std::filesystem::path& file);
+    void StopReading();
+    void Drop(const QDropEvent& event);
 
+    bool SaveList(bool askName);
+    /// Whether the list may go: if it is not saved the player is asked, and may save it.
+    bool MayGo();
+    void OfferKept();
+    void KeepCopy();
+
+    void Undo();
+    void Redo();
     void MarkAll();
+    void FindMissing();
+    void FindNext(int direction, bool fromHere = false);
+    bool Escape();
+    void ShowMenu(const QPoint& at);
+
+    void LinesChanged();
+    void ShowAll();
     bool UntitledSongs() const;
 
     f_Editor mForm;
@@ -85,9 +111,14 @@ private:
     c_PicButton bMenu;
 
     c_PicList mList;
+    editor::SongList mSongs;
     editor::Marks mMarks;
     std::int16_t mSortMode = 0;
 
+    QString mAnnounced;    ///< the number of songs that screen readers know
+    bool mLoading = false; ///< the list's own file is still being read
+    editor::UnsavedCopy mCopy;
+    std::vector<QString> mCopied; ///< the keys in that copy
+    QTimer mKeepSoon;
     editor::Filling mFilling;
-    QString mAnnounced; ///< the number of songs that screen readers know
 };

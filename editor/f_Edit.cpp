@@ -129,8 +129,7 @@ void f_Edit::LayOut() {
 }
 
 QString f_Edit::Run(const fs::path& song) {
-    mChange = {};
-    mChange.after.path = song;
+    mChanges.clear();
     ShowFolder(song.parent_path());
     ShowFacts({song, {}, {}, {}});
     const auto facts = std::make_shared<editor::SongFacts>();
@@ -139,9 +138,9 @@ QString f_Edit::Run(const fs::path& song) {
         &run, [facts, song] { *facts = editor::FactsOf(song); },
         [this, facts] { LetEdit(*facts); });
     if (WaitForApply())
-        Write(Wanted(*facts));
+        Write({{song, [wanted = Wanted(*facts)](editor::SongFacts& now) { now = wanted; }}});
     hide();
-    return platform::KeyFromPath(mChange.after.path);
+    return platform::KeyFromPath(mChanges.empty() ? song : mChanges.front().after.path);
 }
 
 /// What is typed before the song was read would be lost.
@@ -199,12 +198,8 @@ fs::path f_Edit::NewName(const fs::path& ownName) const {
     return named ? platform::PathFromText(typed) : ownName;
 }
 
-void f_Edit::Write(const editor::SongFacts& wanted) {
-    const auto change = std::make_shared<editor::SongChange>(mChange);
-    if (platform::AwaitAside([change, song = mChange.after.path, wanted] {
-            *change = editor::ChangeSong(song, wanted);
-        }))
-        mChange = *change;
+void f_Edit::Write(const std::vector<editor::SongWish>& wishes) {
+    mChanges = editor::ChangeAside(wishes, [this] { return isVisible(); });
 }
 
 /// Removes what no file name may contain, and leaves the cursor where the user types.
@@ -255,4 +250,7 @@ void f_Edit::cmdApply_Click() {
     mWaiting = false;
 }
 
-void f_Edit::cmdCancel_Click() { mWaiting = false; }
+void f_Edit::cmdCancel_Click() {
+    if (!std::exchange(mWaiting, false))
+        hide(); // the disk keeps nobody
+}

@@ -16,13 +16,13 @@ public:
     f_Edit();
 
     /// Shows the song's fields and waits until the dialog is closed. If it was applied, writes the
-    /// tag and renames the file, as `Change` then tells. Returns the list key (see
+    /// tag and renames the file, as `Changes` then tells. Returns the list key (see
     /// `platform::KeyFromPath`) of the file's path after that. An empty file name, or one left
     /// as it was, keeps the file's own name, which may contain what the box cannot show.
     QString Run(const std::filesystem::path& song);
 
     /// What the last `Run` did, if it was applied.
-    const editor::SongChange& Change() const { return mChange; }
+    const std::vector<editor::SongChange>& Changes() const { return mChanges; }
 
     /// Whether the last `Run` was left without applying.
     bool Cancelled = false;
@@ -52,7 +52,7 @@ private:
     /// What is in the boxes.
     editor::SongFacts Wanted(const editor::SongFacts& before) const;
     std::filesystem::path NewName(const std::filesystem::path& ownName) const;
-    void Write(const editor::SongFacts& wanted);
+    void Write(const std::vector<editor::SongWish>& wishes);
 
     void tFileName_Change();
     void cmdCombine_Click();
@@ -64,5 +64,5 @@ private:
 
     bool mWaiting = false;
     QString mShownName; ///< of the file, in its box
-    editor::SongChange mChange;
+    std::vector<editor::SongChange> mChanges;
 };

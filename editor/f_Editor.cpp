@@ -1,5 +1,11 @@
 #include "editor/f_Editor.h"
 
+#include "toolkit/Palette.h"
+
+#include <QFontMetrics>
+#include <QLabel>
+#include <QLineEdit>
+
 using namespace toolkit;
 
 namespace {
@@ -8,6 +14,9 @@ constexpr int kMargin = 20;
 constexpr QRect kList(kMargin, 72, kStageSize.width() - 2 * kMargin, 432);
 constexpr int kGap = 8;
 constexpr int kInRow = 4;
+constexpr QRect kName(kMargin, 44, 200, 22);
+constexpr QRect kFind(kMargin + kList.width() - 200, 41, 200, 27);
+const QString kTitle = QStringLiteral("Mp3 Editor");
 constexpr QSize kButton((kList.width() - (kInRow - 1) * kGap) / kInRow, 36);
 
 } // namespace
@@ -22,8 +31,17 @@ f_Editor::f_Editor()
       pPlay(new PictureBox(this, QStringLiteral("pPlay"), kButton)),
       pLoad(new PictureBox(this, QStringLiteral("pLoad"), kButton)),
       pSave(new PictureBox(this, QStringLiteral("pSave"), kButton)),
-      pMenu(new PictureBox(this, QStringLiteral("pMenu"), kButton)) {
-    setWindowTitle(QStringLiteral("Mp3 Editor"));
+      pMenu(new PictureBox(this, QStringLiteral("pMenu"), kButton)), tFind(new QLineEdit(this)),
+      lName(new QLabel(this)) {
+    setWindowTitle(kTitle);
+    setAcceptDrops(true);
+    tFind->setObjectName(QStringLiteral("tFind"));
+    tFind->setAccessibleName(QStringLiteral("Find"));
+    tFind->setPlaceholderText(QStringLiteral("Find (Ctrl+F)"));
+    Put(*tFind, kFind);
+    lName->setObjectName(QStringLiteral("lName"));
+    lName->setTextFormat(Qt::PlainText);
+    Put(*lName, kName);
     pList->setAccessibleName(QStringLiteral("Songs"));
     pList->MoveTo(kList.x(), kList.y());
     pList->Dc()->SetFont(ScreenFont(12));
@@ -36,4 +54,22 @@ f_Editor::f_Editor()
         if (button == pEdit)
             place = QPoint(kMargin, place.y() + kButton.height() + kGap);
     }
+}
+
+void f_Editor::ShowName(const QString& name, bool unsaved) {
+    const QString state = unsaved ? QStringLiteral(", not saved") : QString();
+    setWindowTitle(name.isEmpty() ? kTitle : name + state + QStringLiteral(" - ") + kTitle);
+    // At some sizes of the stage letters are a little wider.
+    const QFontMetrics metrics(ScreenFont(kControlFont));
+    const int width = kName.width() * 9 / 10 - metrics.horizontalAdvance(state);
+    lName->setText(metrics.elidedText(name, Qt::ElideRight, width) + state);
+    lName->setAccessibleName(name + state);
+    lName->setToolTip(name.toHtmlEscaped());
+}
+
+void f_Editor::ShowFound(bool found) {
+    QPalette palette = tFind->palette();
+    palette.setColor(QPalette::Text, found ? ToQColor(kNightText) : QColor(255, 110, 110));
+    tFind->setPalette(palette);
+    tFind->setAccessibleDescription(found ? QString() : QStringLiteral("Not found"));
 }

@@ -2,11 +2,20 @@
 
 #include "toolkit/Screen.h"
 
+class QLabel;
+class QLineEdit;
+
 /// The window of the playlist editor.
 class f_Editor : public toolkit::Screen {
     Q_OBJECT
 public:
     f_Editor();
+
+    /// Shows what the list is called, if anything, and that it is not saved.
+    void ShowName(const QString& name, bool unsaved);
+
+    /// Shows whether there is what is looked for.
+    void ShowFound(bool found);
 
     toolkit::PictureBox* pList;
     toolkit::PictureBox* pAddFile;
@@ -17,4 +26,6 @@ public:
     toolkit::PictureBox* pLoad;
     toolkit::PictureBox* pSave;
     toolkit::PictureBox* pMenu;
+    QLineEdit* tFind;
+    QLabel* lName;
 };

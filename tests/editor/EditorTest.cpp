@@ -2,8 +2,10 @@
 #include "editor/c_Editor.h"
 #include "library/SongFolders.h"
 #include "library/c_ID3.h"
+#include "library/c_M3U.h"
 #include "platform/Text.h"
 #include "platform/Wait.h"
+#include "tests/Quit.h"
 #include "tests/Robot.h"
 #include "tests/SongFolder.h"
 
@@ -12,7 +14,7 @@
 #include <QTest>
 #include <algorithm>
 #include <deque>
-#include <map>
+#include <optional>
 
 namespace fs = std::filesystem;
 
@@ -23,25 +25,35 @@ using Steps = std::deque<std::function<void()>>;
 class EditorTest : public testing::Test {
 protected:
     /// Runs the editor, does one step after the other, answers file dialogs with `mChosen` (nothing
-    /// cancels) and leaves by the menu button.
+    /// cancels) and leaves by the menu button, without saving.
     QStringList Run(Steps steps) {
         Robot robot([&] {
-            if (AnswerFileDialog(mChosen) || !editor->Form().isVisible() || Writes())
+            if (AnswerFileDialog(mChosen) || !editor->Form().isVisible() || Works())
                 return;
-            if (steps.empty())
+            if (steps.empty()) {
+                mSaveQuestions = robot.mSaveQuestions;
+                robot.mSaving = QStringLiteral("Don't save");
                 return ClickOn(editor->Form().pMenu);
+            }
             const auto step = steps.front();
             steps.pop_front();
             step();
         });
+        robot.mSaving = mSaving;
         editor->Run();
         EXPECT_TRUE(steps.empty()) << "left too early";
+        if (robot.mSaving == mSaving)
+            mSaveQuestions = robot.mSaveQuestions;
         mFrames = robot.Frames();
         return robot.Messages();
     }
 
-    bool Writes() const {
-        return editor->TitleDialog().isVisible() && !editor->TitleDialog().isEnabled();
+    /// Whether it does something that the next step has to wait for.
+    bool Works() const {
+        const f_Edit& dialog = editor->TitleDialog();
+        if (dialog.isVisible())
+            return dialog.tFileName->isReadOnly() || !dialog.isEnabled();
+        return !editor->Form().isEnabled() || (editor->Reading() && !mMeanwhile);
     }
 
     std::function<void()> Press(toolkit::PictureBox* button, const QString& chosen = {}) {
@@ -83,11 +95,14 @@ protected:
                list.CellText(line, 2);
     }
 
-    platform::QuitWatch mQuitWatch;
+    std::optional<platform::QuitWatch> mQuitWatch{std::in_place};
     SongFolder mFolder;
-    const std::unique_ptr<c_Editor> editor = std::make_unique<c_Editor>();
+    std::unique_ptr<c_Editor> editor = std::make_unique<c_Editor>();
+    QString mSaving = "Don't save";
+    int mSaveQuestions = 0; // before it was left by the menu button
     QString mChosen;
-    QStringList mFrames; // of the messages
+    bool mMeanwhile = false; // the next step does not wait until all is read
+    QStringList mFrames;     // of the messages
 };
 
 TEST_F(EditorTest, AFolderIsListedAndSortedUpAndDownByItsHeaderAndASongIsHeard) {
@@ -152,7 +167,6 @@ TEST_F(EditorTest, AnEditedSongIsShownAsItIsOnDiskInAllItsLines) {
     f_Edit& dialog = editor->TitleDialog();
     const auto type = [&dialog](QLineEdit* box, const QString& text) {
         return [&dialog, box, text] {
-            ASSERT_TRUE(QTest::qWaitFor([&] { return !dialog.tFileName->isReadOnly(); }));
             box->setText(text);
             ClickOn(dialog.cmdApply);
         };
@@ -166,6 +180,61 @@ TEST_F(EditorTest, AnEditedSongIsShownAsItIsOnDiskInAllItsLines) {
     const QString after = "what?\\Schön\\?, a band whose name fills a t";
     for (int line = 0; line < 2; ++line)
         EXPECT_EQ(ShownLine(line), after);
+}
+
+TEST_F(EditorTest, AnUnsavedListIsAskedAboutBeforeItGoesAndNoOther) {
+    mFolder.MakeSongs(2);
+    f_Editor& form = editor->Form();
+    const QString file = PathText("PlayList/mine.m3u");
+    const auto ctrl = [this](Qt::Key key) { return Key(key, Qt::ControlModifier); };
+    QStringList titles;
+    const auto look = [&] { titles << form.windowTitle().section(" - ", 0, 0); };
+    mSaving = "Cancel";
+    Run({look, Press(form.pX)});
+    EXPECT_EQ(mSaveQuestions, 0);
+    Run({Add(), look, Press(form.pMenu), Press(form.pX), Key(Qt::Key_Escape), Press(form.pLoad),
+         ctrl(Qt::Key_O), look});
+    EXPECT_EQ(mSaveQuestions, 5);
+    mSaving = "Save";
+    Run({Press(form.pX), look, Press(form.pX, file)});
+    EXPECT_EQ(mSaveQuestions, 2) << "the dialog was cancelled, then it was left";
+    EXPECT_TRUE(editor->ExitProgram);
+    Run({look, ctrl(Qt::Key_A), Key(Qt::Key_Delete), Press(form.pLoad, file), look,
+         Key(Qt::Key_Home), Key(Qt::Key_Delete), look, ctrl(Qt::Key_Z), look, ctrl(Qt::Key_Y),
+         ctrl(Qt::Key_S), look, Press(form.pX)});
+    EXPECT_EQ(mSaveQuestions, 0);
+    EXPECT_EQ(titles, QStringList({"Mp3 Editor", "New list, not saved", "New list, not saved",
+                                   "New list, not saved", "mine", "mine", "mine, not saved", "mine",
+                                   "mine"}));
+    c_M3U saved;
+    saved.ReadFile(file.toStdString());
+    EXPECT_EQ(saved.Count(), 1);
+}
+
+TEST_F(EditorTest, WhatWasEditedWhenTheProgramEndedIsOfferedAgain) {
+    mFolder.MakeSongs(3);
+    const fs::path copy = mFolder.Path() / ".unsaved.m3u";
+    const QString file = PathText("PlayList/mine.m3u");
+    const auto quitAndStart = [this] {
+        Run({Key(Qt::Key_Home), Key(Qt::Key_Delete), [] { platform::RequestQuit(); }});
+        EXPECT_EQ(mSaveQuestions, 0);
+        ForgetQuit();
+        mQuitWatch.emplace();
+        editor = std::make_unique<c_Editor>();
+    };
+    const auto offered = [this] { return QTest::qWaitFor([&] { return !Names().isEmpty(); }); };
+    Run({Add(), Press(editor->Form().pSave, file)});
+    EXPECT_FALSE(fs::exists(copy));
+    quitAndStart();
+    EXPECT_TRUE(fs::exists(copy));
+    EXPECT_EQ(
+        Run({[&] { EXPECT_TRUE(offered()); },
+             [&] { EXPECT_EQ(editor->Form().windowTitle(), "mine, not saved - Mp3 Editor"); }}),
+        QStringList("The list \"mine\" was not saved when the program ended.\n"
+                    "Do you want to go on with it?"));
+    EXPECT_EQ(editor->List().LineCount(), 2);
+    editor = std::make_unique<c_Editor>();
+    EXPECT_FALSE(fs::exists(copy)) << "it was left with Don't save";
 }
 
 TEST_F(EditorTest, AnEmptyListIsToldAndCancelledDialogsDoNothing) {
@@ -199,46 +268,53 @@ TEST_F(EditorTest, AnyNameSurvivesListAndPlaylistAlsoOfSeveralFilesAtOnce) {
     EXPECT_EQ(editor->List().LineText(0).count(u'\\'), 2) << "three columns";
 }
 
-TEST_F(EditorTest, ClosingStopsAScan) {
+TEST_F(EditorTest, EscapeFirstStopsAScanAndThenLeaves) {
     fs::create_directory(mFolder.Path() / "many");
     for (int i = 0; i < 20000; ++i)
         std::ofstream(mFolder.Path() / "many" / (std::to_string(i) + ".mp3"));
-    QTimer meanwhile;
-    QObject::connect(&meanwhile, &QTimer::timeout, [&] {
-        if (editor->List().LineCount() > 0)
-            QTest::keyClick(&editor->Form(), Qt::Key_Escape);
-    });
-    meanwhile.start(1);
-    Run({Add("many")});
+    mMeanwhile = true;
+    const auto begun = [this] {
+        EXPECT_TRUE(QTest::qWaitFor([this] { return editor->List().LineCount() > 0; }));
+    };
+    const auto escape = [this] { QTest::keyClick(editor->Form().pList, Qt::Key_Escape); };
+    Run({Add("many"), begun, escape, [&] { EXPECT_FALSE(editor->Reading()); }, escape});
     EXPECT_TRUE(editor->ExitProgram);
+    EXPECT_GT(editor->List().LineCount(), 0);
     EXPECT_LT(editor->List().LineCount(), 20000);
 }
 
-TEST(FillingTest, WhatIsAskedForMeanwhileComesInItsTurnAndALoadReplacesAll) {
+TEST(FillingTest, WhatIsAskedForMeanwhileComesInItsTurnUntilAllIsStopped) {
     const TemporaryFolder folder;
     for (const char* name : {"one", "two"})
         for (int song = 0; song < 20; ++song)
             folder.Write(fs::path(name) / (std::to_string(song) + ".mp3"), "");
-    std::map<std::string, int> added;
-    bool wanted = true;
-    std::function<void()> meanwhile;
-    editor::Filling filling({[&](const fs::path& song, const c_ID3&) {
-                                 ++added[song.parent_path().filename().string()];
-                                 if (const auto act = std::exchange(meanwhile, nullptr))
-                                     act();
-                             },
-                             [] {}, [&wanted] { return wanted; }});
-    const std::vector<fs::path> list(30, folder.Path() / "list" / "song.mp3");
-    meanwhile = [&] {
-        filling.Load("List", list);
-        filling.AddFolder(folder.Path() / "two");
+    const std::vector<fs::path> gone(30, folder.Path() / "list" / "song.mp3");
+    QStringList seen;
+    editor::Filling filling([] {});
+    const auto add = [&](const QString& name, editor::Reading reading) {
+        filling.Do({name, std::move(reading),
+                    [&seen, name](const auto& news) {
+                        for (const editor::Line& line : news.lines)
+                            seen << name + (line.missing ? " missing" : "");
+                    },
+                    [&seen](const auto& news) { seen << news.failure; }});
     };
-    filling.AddFolder(folder.Path() / "one");
-    EXPECT_EQ(added, (std::map<std::string, int>{{"one", 1}, {"list", 30}, {"two", 20}}));
-    EXPECT_EQ(filling.Reading(), "");
-    meanwhile = [&wanted] { wanted = false; };
-    filling.AddFolder(folder.Path() / "two");
-    EXPECT_EQ(added["two"], 21);
+    const auto done = [&] { return QTest::qWaitFor([&] { return !filling.Busy(); }); };
+    add("one", editor::ReadFolder(folder.Path() / "one"));
+    add("files", editor::ReadFiles(gone));
+    add("list", editor::ReadPlaylist(folder.Path() / "none.m3u"));
+    ASSERT_TRUE(done());
+    EXPECT_EQ(seen.count("one"), 20);
+    EXPECT_EQ(seen.indexOf("files missing"), 21);
+    EXPECT_EQ(seen.count("files missing"), 30);
+    EXPECT_TRUE(seen.back().startsWith("none.m3u cannot be read"));
+    EXPECT_EQ(folder.Entries(), 2) << "a list was made by looking for it";
+    seen.clear();
+    add("two", editor::ReadFolder(folder.Path() / "two"));
+    filling.Stop();
+    ASSERT_TRUE(done());
+    QTest::qWait(50);
+    EXPECT_EQ(seen, QStringList());
 }
 
 } // namespace

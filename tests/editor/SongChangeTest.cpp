@@ -9,6 +9,10 @@ namespace {
 
 QString Repeated(const char* text, int count) { return QString(text).repeated(count); }
 
+editor::SongChange Change(const fs::path& song, const editor::SongFacts& wanted) {
+    return editor::ChangeSong({song, [&wanted](editor::SongFacts& facts) { facts = wanted; }});
+}
+
 TEST(SongChangeTest, WhatIsNotDoneToTheLetterIsToldAndWhatIsOnDiskIsShown) {
     const struct {
         QString title, artist;
@@ -36,10 +40,10 @@ TEST(SongChangeTest, WhatIsNotDoneToTheLetterIsToldAndWhatIsOnDiskIsShown) {
         const TemporaryFolder folder;
         const fs::path taken = folder.Write("taken.mp3", "another file");
         const fs::path song = folder.Write("song.mp3", std::string(300, 'x'));
-        editor::ChangeSong(song, {song, "Old", "Old Band", "Comment"});
+        Change(song, {song, "Old", "Old Band", "Comment"});
         c.spoil(song);
         const editor::SongChange change =
-            editor::ChangeSong(song, {folder.Path() / c.name, c.title, c.artist, "Comment"});
+            Change(song, {folder.Path() / c.name, c.title, c.artist, "Comment"});
         const editor::SongFacts now = editor::FactsOf(change.after.path);
         EXPECT_EQ(now.title + '|' + now.artist + '|' +
                       QString::fromStdString(now.path.filename().string()),
@@ -56,12 +60,12 @@ TEST(SongChangeTest, AChangeIsTakenBackWithALongTitlesComment) {
     const TemporaryFolder folder;
     const fs::path song = folder.Write("song.mp3", std::string(300, 'x'));
     const editor::SongFacts old{song, "Old", "Band", "A comment"};
-    editor::ChangeSong(song, old);
+    Change(song, old);
     const std::string bytes = BytesOf(song);
-    const editor::SongChange change = editor::ChangeSong(
+    const editor::SongChange change = Change(
         song, {folder.Path() / "new.mp3", Repeated("long title ", 4), "New Band", "A comment"});
     EXPECT_TRUE(fs::exists(folder.Path() / "new.mp3"));
-    editor::ChangeSong(change.after.path, change.before);
+    Change(change.after.path, change.before);
     EXPECT_EQ(BytesOf(song), bytes);
 }
 

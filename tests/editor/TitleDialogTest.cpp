@@ -136,7 +136,7 @@ TEST_F(TitleDialogTest, ANameLeftAsItWasShownOrEmptyKeepsTheFilesOwnName) {
             ClickOn(mDialog.cmdApply);
         };
         EXPECT_EQ(Run(song, act), song);
-        EXPECT_EQ(editor::ProblemsOf({mDialog.Change()}), "");
+        EXPECT_EQ(editor::ProblemsOf(mDialog.Changes()), "");
     }
     EXPECT_EQ(mFolder.Entries(), 6);
 }

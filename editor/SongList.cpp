@@ -1,0 +1,288 @@
+#include "editor/SongList.h"
+
+#include "platform/Text.h"
+#include "toolkit/c_PicList.h"
+
+#include <algorithm>
+#include <numeric>
+#include <utility>
+
+namespace editor {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+QString Songs(std::size_t count) {
+    return count == 1 ? QStringLiteral("1 song") : QStringLiteral("%1 songs").arg(count);
+}
+
+std::vector<int> Inverse(const std::vector<int>& order) {
+    std::vector<int> inverse(order.size());
+    for (std::size_t i = 0; i < order.size(); ++i)
+        inverse[static_cast<std::size_t>(order[i])] = static_cast<int>(i);
+    return inverse;
+}
+
+} // namespace
+
+/// A step that added lines at the list's end.
+struct SongList::Added {
+    int first;
+    int count;
+    Taken taken; // while it is undone
+};
+
+SongList::SongList(c_PicList& list, Change change) : mList(list), mChange(std::move(change)) {}
+
+void SongList::Begin(const fs::path& file, bool foreign) {
+    mList.ClearLines();
+    mHistory.Clear();
+    mMissing.clear();
+    mSavedKeys.clear();
+    mFile = file;
+    mForeign = foreign;
+    EndAdding();
+}
+
+void SongList::Append(const std::vector<Line>& lines) {
+    for (const Line& line : lines) {
+        mList.AddItem(line.text, line.key);
+        if (line.missing)
+            mMissing.insert(line.key);
+    }
+}
+
+void SongList::AddSaved(const std::vector<Line>& lines) {
+    Append(lines);
+    for (const Line& line : lines)
+        mSavedKeys.push_back(line.key);
+}
+
+void SongList::Add(const std::vector<Line>& lines) {
+    const int count = static_cast<int>(lines.size());
+    const int first = mList.LineCount();
+    Append(lines);
+    if (!mAdded || mHistory.Done() != mAddedStep || mAdded->first + mAdded->count != first) {
+        mAdded = std::make_shared<Added>(Added{first, 0, {}});
+        const auto undo = [this, added = mAdded] {
+            std::vector<int> places(static_cast<std::size_t>(added->count));
+            std::iota(places.begin(), places.end(), added->first);
+            added->taken = TakeOut(places);
+            return true;
+        };
+        const auto redo = [this, added = mAdded] {
+            PutBack(added->taken);
+            return true;
+        };
+        mHistory.Add({QString(), undo, redo});
+        mAddedStep = mHistory.Done();
+    }
+    mAdded->count += count;
+    mHistory.RenameLast(QStringLiteral("Add ") + Songs(static_cast<std::size_t>(mAdded->count)));
+}
+
+void SongList::Remove(const std::vector<int>& lines) {
+    if (lines.empty())
+        return;
+    const auto taken = std::make_shared<const Taken>(TakeOut(lines));
+    mHistory.Add({QStringLiteral("Remove ") + Songs(lines.size()),
+                  [this, taken] {
+                      PutBack(*taken);
+                      return true;
+                  },
+                  [this, taken] {
+                      TakeOut(taken->places);
+                      return true;
+                  }});
+}
+
+void SongList::Reordered(const QString& name, const std::vector<int>& before) {
+    if (std::is_sorted(before.begin(), before.end()))
+        return;
+    const auto undo = [this, before] {
+        Reorder(Inverse(before));
+        return true;
+    };
+    const auto redo = [this, before] {
+        Reorder(before);
+        return true;
+    };
+    mHistory.Add({name, undo, redo});
+}
+
+void SongList::Changed(const std::vector<SongChange>& changes) {
+    ShowChanges(changes);
+    const auto done = std::make_shared<std::vector<SongChange>>(changes);
+    std::erase_if(*done, [](const SongChange& change) { return !change.Any(); });
+    if (done->empty())
+        return;
+    const QString what = done->size() == 1
+                             ? platform::ShownText(done->front().before.path.filename())
+                             : Songs(done->size());
+    const auto back = [this, done] { return ChangeBack(*done); };
+    mHistory.Add({QStringLiteral("Edit ") + what, back, back});
+}
+
+/// Takes changes back on disk; they are then those that were made by that. False if none was.
+bool SongList::ChangeBack(std::vector<SongChange>& changes) {
+    // The last one first: songs may have passed on a name.
+    std::ranges::reverse(changes);
+    std::vector<SongWish> wishes;
+    for (const SongChange& change : changes)
+        wishes.push_back(
+            {change.after.path, [before = change.before](SongFacts& facts) { facts = before; }});
+    const std::vector<SongChange> made = mChange(wishes);
+    ShowChanges(made);
+    mProblems = ProblemsOf(made);
+    std::ranges::copy(made, changes.begin());
+    return std::ranges::any_of(made, &SongChange::Any);
+}
+
+void SongList::ShowChanges(const std::vector<SongChange>& changes) {
+    for (const SongChange& change : changes)
+        ShowSong(platform::KeyFromPath(change.before.path), LineOf(change.after));
+}
+
+void SongList::ShowSong(const QString& key, const Line& now) {
+    for (int line = 0; line < mList.LineCount(); ++line) {
+        if (mList.LineKey(line) == key)
+            SetLine(line, now);
+    }
+}
+
+void SongList::Replace(const QString& name, const std::vector<std::pair<QString, Line>>& songs) {
+    if (songs.empty())
+        return;
+    const auto before = std::make_shared<Taken>();
+    for (int line = 0; line < mList.LineCount(); ++line) {
+        const auto replaced = [this, line](const auto& song) {
+            return song.first == mList.LineKey(line);
+        };
+        if (!std::ranges::any_of(songs, replaced))
+            continue;
+        before->places.push_back(line);
+        before->lines.push_back(LineAt(line));
+    }
+    const auto replace = [this, songs] {
+        for (const auto& [key, now] : songs)
+            ShowSong(key, now);
+        return true;
+    };
+    const auto undo = [this, before] {
+        for (std::size_t i = 0; i < before->places.size(); ++i)
+            SetLine(before->places[i], before->lines[i]);
+        return true;
+    };
+    replace();
+    mHistory.Add({name + u' ' + Songs(songs.size()), undo, replace});
+}
+
+void SongList::SetLine(int line, const Line& now) {
+    mList.SetLineText(line, now.text);
+    mList.SetLineKey(line, now.key);
+}
+
+QString SongList::Undo() {
+    mProblems.clear();
+    mHistory.Undo();
+    return mProblems;
+}
+
+QString SongList::Redo() {
+    mProblems.clear();
+    mHistory.Redo();
+    return mProblems;
+}
+
+std::vector<QString> SongList::Missing() const {
+    QSet<QString> missing;
+    for (int line = 0; !mMissing.isEmpty() && line < mList.LineCount(); ++line)
+        if (IsMissing(mList.LineKey(line)))
+            missing.insert(mList.LineKey(line));
+    return {missing.begin(), missing.end()};
+}
+
+QString SongList::Name() const {
+    return mFile.empty() ? QStringLiteral("New list") : platform::ShownText(mFile.stem());
+}
+
+std::vector<QString> SongList::Keys() const {
+    std::vector<QString> keys(static_cast<std::size_t>(mList.LineCount()));
+    for (std::size_t line = 0; line < keys.size(); ++line)
+        keys[line] = mList.LineKey(static_cast<int>(line));
+    return keys;
+}
+
+bool SongList::Unsaved() const {
+    const auto count = static_cast<std::size_t>(mList.LineCount());
+    bool differs = count != mSavedKeys.size();
+    for (std::size_t line = 0; !differs && line < count; ++line)
+        differs = mList.LineKey(static_cast<int>(line)) != mSavedKeys[line];
+    return count > 0 && differs;
+}
+
+void SongList::Saved(const fs::path& file) {
+    mFile = file;
+    mForeign = false;
+    mSavedKeys = Keys();
+}
+
+int SongList::Find(const QString& text, int from, int direction) const {
+    const int count = mList.LineCount();
+    const QString wanted = platform::EscapeSeparators(text);
+    for (int i = 1; !text.isEmpty() && i <= count; ++i) {
+        const int line = ((from + i * direction) % count + count) % count;
+        if (mList.LineText(line).contains(wanted, Qt::CaseInsensitive))
+            return line;
+    }
+    return -1;
+}
+
+Line SongList::LineAt(int line) const { return {mList.LineText(line), mList.LineKey(line)}; }
+
+SongList::Taken SongList::TakeOut(const std::vector<int>& places) {
+    Taken taken{places, {}};
+    for (const int place : places)
+        taken.lines.push_back(LineAt(place));
+    if (static_cast<int>(places.size()) == mList.LineCount())
+        mList.ClearLines();
+    // Downwards, so that the numbers of the lines still to be taken stay right.
+    for (auto place = places.rbegin(); mList.LineCount() > 0 && place != places.rend(); ++place)
+        mList.RemoveLine(*place);
+    return taken;
+}
+
+void SongList::PutBack(const Taken& taken) {
+    const std::size_t count = taken.places.size() + static_cast<std::size_t>(mList.LineCount());
+    std::vector<Line> lines;
+    lines.reserve(count);
+    std::size_t next = 0; // of those that come back
+    for (int old = 0; lines.size() < count;) {
+        const auto place = static_cast<int>(lines.size());
+        const bool back = next < taken.places.size() && taken.places[next] == place;
+        lines.push_back(back ? taken.lines[next++] : LineAt(old++));
+    }
+    Fill(lines, taken.places.front());
+}
+
+void SongList::Reorder(const std::vector<int>& before) {
+    std::vector<Line> lines;
+    lines.reserve(before.size());
+    for (const int line : before)
+        lines.push_back(LineAt(line));
+    // Lines that were read from the list's file meanwhile.
+    for (auto line = static_cast<int>(before.size()); line < mList.LineCount(); ++line)
+        lines.push_back(LineAt(line));
+    const auto selected = std::ranges::find(before, mList.LineSelectedNum());
+    Fill(lines, selected == before.end() ? 0 : static_cast<int>(selected - before.begin()));
+}
+
+void SongList::Fill(const std::vector<Line>& lines, int selected) {
+    mList.ClearLines();
+    for (const Line& line : lines)
+        mList.AddItem(line.text, line.key);
+    mList.SelectLine(selected);
+}
+
+} // namespace editor
