@@ -43,7 +43,7 @@ void CompareText(const char* what, const QString& wanted, const Fitting& fitting
     if (fitting.lost)
         problems
             << QStringLiteral("A tag cannot hold all letters of the %1 \"%2\".").arg(name, wanted);
-    if (fitting.cut)
+    if (fitting.Cut())
         problems << QStringLiteral("The %1 \"%2\" is too long; the tag has \"%3\".")
                         .arg(name, wanted, fitting.text);
 }

@@ -36,11 +36,10 @@ QString SingleBytes(const QString& text) {
         {bytes.constData(), static_cast<std::size_t>(bytes.size())});
 }
 
-Fitting Fit(const QString& text, qsizetype room) {
+Fitting Fit(const QString& text, int room) {
     const QString wanted = platform::TrimBlanks(text);
     const QString held = SingleBytes(wanted);
-    return {c_ID3::CleanCrap(held.first(std::min(room, held.size()))), held.size() > room,
-            held != wanted};
+    return {c_ID3::CleanCrap(held.left(room)), held != wanted, static_cast<int>(held.size()), room};
 }
 
 } // namespace
@@ -76,6 +75,11 @@ std::optional<QString> Combine(const QString& artist, const QString& title) {
     if (first.isEmpty() && second.isEmpty())
         return std::nullopt;
     return first + u'-' + second;
+}
+
+QString Fitting::Hint() const {
+    const QString count = QStringLiteral("%1 of %2 characters").arg(length).arg(room);
+    return Cut() || lost ? count + QStringLiteral("; the tag will have \"%1\"").arg(text) : count;
 }
 
 Fitting FitTitle(const QString& title) { return Fit(title, 59); }

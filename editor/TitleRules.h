@@ -38,8 +38,13 @@ QString WithEnding(const QString& name);
 /// How a text comes out of a tag.
 struct Fitting {
     QString text;      ///< what can be read from the tag, if it is written
-    bool cut = false;  ///< it is too long
     bool lost = false; ///< it has letters that Windows-1252 lacks, and "?" stands for them
+    int length = 0;    ///< of the whole text
+    int room = 0;      ///< for so much of it
+
+    bool Cut() const { return length > room; }
+    /// In words, how much fits and what would become of the rest.
+    QString Hint() const;
 };
 
 /// Titles have room for 59 characters, the end of a long one in the comment; artists for 30. Blanks

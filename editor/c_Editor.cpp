@@ -21,6 +21,7 @@
 #include <QLineEdit>
 #include <QLocale>
 #include <QMimeData>
+#include <QSet>
 #include <QShortcut>
 #include <QUrl>
 #include <algorithm>
@@ -405,15 +406,33 @@ std::vector<int> c_Editor::MarkedLines() const {
     return lines;
 }
 
+/// Their songs, each once.
+std::vector<fs::path> c_Editor::MarkedSongs() const {
+    std::vector<fs::path> songs;
+    QSet<QString> known;
+    for (const int line : MarkedLines()) {
+        const QString key = mList.LineKey(line);
+        if (!known.contains(key))
+            songs.push_back(platform::PathFromKey(key));
+        known.insert(key);
+    }
+    return songs;
+}
+
 void c_Editor::bEdit_Clicked() {
     if (mEdit.isVisible() || TellIfNoneSelected())
         return;
-    mEdit.Run(SelectedSong());
-    if (mEdit.Cancelled)
-        return;
-    mSongs.Changed(mEdit.Changes());
-    ShowAll();
-    Tell(editor::ProblemsOf(mEdit.Changes()));
+    editor::Series series{MarkedSongs(), 0};
+    for (; series.place < series.songs.size(); ++series.place) {
+        mEdit.Run(series.songs[series.place], series);
+        if (mEdit.Cancelled)
+            return;
+        mSongs.Changed(mEdit.Changes());
+        ShowAll();
+        Tell(editor::ProblemsOf(mEdit.Changes()));
+        if (!mEdit.WantsNext())
+            return;
+    }
 }
 
 void c_Editor::bPlay_Clicked() {

@@ -73,6 +73,7 @@ private:
     bool TellIfNoneSelected() const;
     std::filesystem::path SelectedSong() const;
     std::vector<int> MarkedLines() const;
+    std::vector<std::filesystem::path> MarkedSongs() const;
 
     void ReadInto(const QString& name, editor::Reading reading);
     void Load(const std::filesystem::path& file);

@@ -6,8 +6,10 @@
 #include "platform/Text.h"
 #include "platform/Wait.h"
 #include "toolkit/Drawing.h"
+#include "toolkit/Palette.h"
 #include "toolkit/ToolTip.h"
 
+#include <QCheckBox>
 #include <QDir>
 #include <QFontMetrics>
 #include <QLabel>
@@ -22,7 +24,7 @@ using namespace toolkit;
 
 namespace {
 
-constexpr QSize kSize(600, 330);
+constexpr QSize kSize(600, 382);
 constexpr int kMargin = 24;
 
 /// Makes `text` the box's text by a single edit of the part that differs, which can be undone.
@@ -49,7 +51,9 @@ f_Edit::f_Edit()
       cmdCombine(new QPushButton(QStringLiteral("Artist - Title to &Name"), this)),
       cmdGet(new QPushButton(QStringLiteral("Name &to Artist - Title"), this)),
       cmdCapital(new QPushButton(QStringLiteral("&Capitalize"), this)),
-      cmdRemove(new QPushButton(QStringLiteral("&Remove Junk"), this)),
+      cmdRemove(new QPushButton(QStringLiteral("&Remove Junk"), this)), cAll(new QCheckBox(this)),
+      lTitleFits(new QLabel(this)), lArtistFits(new QLabel(this)),
+      cmdNext(new QPushButton(QStringLiteral("Apply and N&ext"), this)),
       cmdApply(new QPushButton(QStringLiteral("A&pply"), this)),
       cmdCancel(new QPushButton(QStringLiteral("Cance&l"), this)) {
     setWindowTitle(QStringLiteral("Mp3 Editor"));
@@ -65,6 +69,9 @@ f_Edit::f_Edit()
     connect(cmdGet, &QPushButton::clicked, this, &f_Edit::cmdGet_Click);
     connect(cmdCapital, &QPushButton::clicked, this, &f_Edit::cmdCapital_Click);
     connect(cmdRemove, &QPushButton::clicked, this, &f_Edit::cmdRemove_Click);
+    for (QLineEdit* box : {tSongTitle, tArtist})
+        connect(box, &QLineEdit::textChanged, this, &f_Edit::ShowFitting);
+    connect(cmdNext, &QPushButton::clicked, this, &f_Edit::cmdNext_Click);
     connect(cmdApply, &QPushButton::clicked, this, &f_Edit::cmdApply_Click);
     connect(cmdCancel, &QPushButton::clicked, this, &f_Edit::cmdCancel_Click);
     connect(this, &Form::CloseRequested, this, &f_Edit::cmdCancel_Click);
@@ -83,6 +90,10 @@ void f_Edit::Name() {
     cmdGet->setObjectName(QStringLiteral("cmdGet"));
     cmdCapital->setObjectName(QStringLiteral("cmdCapital"));
     cmdRemove->setObjectName(QStringLiteral("cmdRemove"));
+    cAll->setObjectName(QStringLiteral("cAll"));
+    lTitleFits->setObjectName(QStringLiteral("lTitleFits"));
+    lArtistFits->setObjectName(QStringLiteral("lArtistFits"));
+    cmdNext->setObjectName(QStringLiteral("cmdNext"));
     cmdApply->setObjectName(QStringLiteral("cmdApply"));
     cmdCancel->setObjectName(QStringLiteral("cmdCancel"));
 
@@ -92,7 +103,8 @@ void f_Edit::Name() {
     Label1->setBuddy(tFileName);
     Label2->setBuddy(tSongTitle);
     Label3->setBuddy(tArtist);
-    for (QPushButton* button : {cmdCombine, cmdGet, cmdCapital, cmdRemove, cmdApply, cmdCancel}) {
+    for (QPushButton* button :
+         {cmdCombine, cmdGet, cmdCapital, cmdRemove, cmdNext, cmdApply, cmdCancel}) {
         button->setAccessibleName(button->text().remove(u'&'));
         button->setAutoDefault(button != cmdApply); // Enter presses the one that has the focus
     }
@@ -105,12 +117,23 @@ void f_Edit::LayOut() {
     lPath->setTextFormat(Qt::PlainText);
     constexpr int kCaption = 80;
     constexpr int kBox = 30;
-    int top = 54;
-    for (QLabel* caption : {Label1, Label2, Label3}) {
+    constexpr int kHint = 20;
+    const std::pair<QLabel*, QLabel*> rows[] = {
+        {Label1, nullptr}, {Label2, lTitleFits}, {Label3, lArtistFits}};
+    int top = 50;
+    for (const auto& [caption, hint] : rows) {
         Put(*caption, QRect(kMargin, top, kCaption, kBox));
         Put(*caption->buddy(), QRect(kMargin + kCaption, top, kWidth - kCaption, kBox));
-        top += kBox + 12;
+        top += kBox + 8;
+        if (hint == nullptr)
+            continue;
+        Put(*hint, QRect(kMargin + kCaption + 8, top - 6, kWidth - kCaption - 8, kHint));
+        hint->setTextFormat(Qt::PlainText);
+        SetFontPoints(*hint, 10);
+        top += kHint;
     }
+    Put(*cAll, QRect(kMargin + kCaption, top, kWidth - kCaption, kHint + 4));
+    top += kHint + 8;
     constexpr int kButton = 34;
     const std::pair<QPushButton*, int> helpers[] = {
         {cmdCombine, 155}, {cmdGet, 155}, {cmdCapital, 94}, {cmdRemove, 124}};
@@ -120,17 +143,23 @@ void f_Edit::LayOut() {
         left += width + 8;
     }
     left = kSize.width() - kMargin;
-    for (QPushButton* button : {cmdCancel, cmdApply}) {
-        constexpr int kClosing = 120;
-        left -= kClosing;
-        Put(*button, QRect(left, kSize.height() - 22 - kButton, kClosing, kButton));
+    const std::pair<QPushButton*, int> closing[] = {
+        {cmdCancel, 120}, {cmdApply, 120}, {cmdNext, 150}};
+    for (const auto& [button, width] : closing) {
+        left -= width;
+        Put(*button, QRect(left, kSize.height() - 22 - kButton, width, kButton));
         left -= 12;
     }
 }
 
-QString f_Edit::Run(const fs::path& song) {
+QString f_Edit::Run(const fs::path& song, const editor::Series& series) {
     mChanges.clear();
-    ShowFolder(song.parent_path());
+    mNext = false;
+    ShowSeries(series);
+    const bool several = series.songs.size() > 1;
+    ShowFolder(song.parent_path(),
+               several ? QStringLiteral("%1 of %2: ").arg(series.place + 1).arg(series.songs.size())
+                       : QString());
     ShowFacts({song, {}, {}, {}});
     const auto facts = std::make_shared<editor::SongFacts>();
     const QObject run;
@@ -138,7 +167,7 @@ QString f_Edit::Run(const fs::path& song) {
         &run, [facts, song] { *facts = editor::FactsOf(song); },
         [this, facts] { LetEdit(*facts); });
     if (WaitForApply())
-        Write({{song, [wanted = Wanted(*facts)](editor::SongFacts& now) { now = wanted; }}});
+        Write(Wishes(song, *facts, series));
     hide();
     return platform::KeyFromPath(mChanges.empty() ? song : mChanges.front().after.path);
 }
@@ -157,8 +186,33 @@ void f_Edit::ShowFacts(const editor::SongFacts& facts) {
     mShownName = tFileName->text();
 }
 
-void f_Edit::ShowFolder(const fs::path& folder) {
-    const QString text = QDir::toNativeSeparators(platform::ShownText(folder / fs::path()));
+void f_Edit::ShowSeries(const editor::Series& series) {
+    const auto count = series.songs.size();
+    cAll->setVisible(count > 1);
+    cAll->setChecked(false);
+    cAll->setText(QStringLiteral("This artist for all %1 &marked songs").arg(count));
+    cAll->setAccessibleName(cAll->text().remove(u'&'));
+    cmdNext->setVisible(series.place + 1 < count);
+}
+
+void f_Edit::ShowFitting() {
+    const std::pair<QLineEdit*, QLabel*> hints[] = {{tSongTitle, lTitleFits},
+                                                    {tArtist, lArtistFits}};
+    for (const auto& [box, label] : hints) {
+        const editor::Fitting fitting =
+            box == tSongTitle ? editor::FitTitle(box->text()) : editor::FitArtist(box->text());
+        const bool fits = !fitting.Cut() && !fitting.lost;
+        QPalette palette = label->palette();
+        palette.setColor(QPalette::WindowText, fits ? QColor(150, 150, 210) : ToQColor(kGold));
+        label->setPalette(palette);
+        const int width = label->width() * 19 / 20;
+        label->setText(label->fontMetrics().elidedText(fitting.Hint(), Qt::ElideMiddle, width));
+        box->setAccessibleDescription(fitting.Hint());
+    }
+}
+
+void f_Edit::ShowFolder(const fs::path& folder, const QString& place) {
+    const QString text = place + QDir::toNativeSeparators(platform::ShownText(folder / fs::path()));
     constexpr int kWidth = kSize.width() - 2 * kMargin;
     // At some sizes of the stage letters are a little wider.
     const QFontMetrics metrics(ScreenFont(kControlFont));
@@ -196,6 +250,20 @@ fs::path f_Edit::NewName(const fs::path& ownName) const {
     const QString typed = editor::WithEnding(platform::TrimBlanks(tFileName->text()));
     const bool named = touched && !editor::WithoutEnding(typed).isEmpty();
     return named ? platform::PathFromText(typed) : ownName;
+}
+
+std::vector<editor::SongWish> f_Edit::Wishes(const fs::path& song, const editor::SongFacts& before,
+                                             const editor::Series& series) const {
+    const editor::SongFacts wanted = Wanted(before);
+    std::vector<editor::SongWish> wishes = {
+        {song, [wanted](editor::SongFacts& facts) { facts = wanted; }}};
+    if (!cAll->isChecked())
+        return wishes;
+    for (const fs::path& other : series.songs)
+        if (other != song)
+            wishes.push_back(
+                {other, [wanted](editor::SongFacts& facts) { facts.artist = wanted.artist; }});
+    return wishes;
 }
 
 void f_Edit::Write(const std::vector<editor::SongWish>& wishes) {
@@ -248,6 +316,11 @@ void f_Edit::cmdApply_Click() {
         return;
     Cancelled = false;
     mWaiting = false;
+}
+
+void f_Edit::cmdNext_Click() {
+    mNext = mWaiting && !tFileName->isReadOnly();
+    cmdApply_Click();
 }
 
 void f_Edit::cmdCancel_Click() {

@@ -9,6 +9,7 @@
 #include "tests/Robot.h"
 #include "tests/SongFolder.h"
 
+#include <QCheckBox>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -180,6 +181,31 @@ TEST_F(EditorTest, AnEditedSongIsShownAsItIsOnDiskInAllItsLines) {
     const QString after = "what?\\Schön\\?, a band whose name fills a t";
     for (int line = 0; line < 2; ++line)
         EXPECT_EQ(ShownLine(line), after);
+}
+
+TEST_F(EditorTest, MarkedSongsAreEditedOneAfterTheOtherOrGetTheSameArtist) {
+    mFolder.MakeSongs(3);
+    f_Edit& dialog = editor->TitleDialog();
+    const auto fill = [&dialog](const QString& title, QPushButton* button, bool all = false) {
+        return [&dialog, title, button, all] {
+            dialog.tSongTitle->setText(title);
+            dialog.tArtist->setText("Band");
+            dialog.cAll->setChecked(all);
+            ClickOn(button);
+        };
+    };
+    QString undo;
+    Run({Add(), ClickHeader(), Key(Qt::Key_A, Qt::ControlModifier), Key(Qt::Key_Home),
+         Key(Qt::Key_A, Qt::ControlModifier), Key(Qt::Key_F2), fill("One", dialog.cmdNext),
+         fill("Two", dialog.cmdApply), Key(Qt::Key_F2), fill("First", dialog.cmdNext, true),
+         [&dialog] { ClickOn(dialog.cmdCancel); }, [&] { undo = editor->Songs().UndoName(); },
+         [this] {
+             EXPECT_EQ(ShownLine(0) + ' ' + ShownLine(1) + ' ' + ShownLine(2),
+                       "song1\\First\\Band song2\\Two\\Band song3\\Title 3\\Band");
+         },
+         Key(Qt::Key_Z, Qt::ControlModifier)});
+    EXPECT_EQ(undo, "Edit 2 songs");
+    EXPECT_EQ(ShownLine(0) + ' ' + ShownLine(2), "song1\\One\\Band song3\\Title 3\\");
 }
 
 TEST_F(EditorTest, AnUnsavedListIsAskedAboutBeforeItGoesAndNoOther) {

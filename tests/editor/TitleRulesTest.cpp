@@ -65,4 +65,22 @@ TEST(TitleRulesTest, ArtistAndTitleAreGuessedFromTheNameAndCombinedToOne) {
     EXPECT_EQ(editor::Combine("", "The Song"), QString("-The Song"));
 }
 
+TEST(TitleRulesTest, ItIsToldHowMuchOfATextATagHolds) {
+    const QString alphabet = "abcdefghijklmnopqrstuvwxyz 0123456789";
+    const struct {
+        editor::Fitting fitting;
+        QString hint;
+    } cases[] = {
+        {editor::FitArtist(" Größe "), "5 of 30 characters"},
+        {editor::FitArtist(alphabet),
+         "37 of 30 characters; the tag will have \"" + alphabet.left(30) + "\""},
+        {editor::FitTitle(alphabet), "37 of 59 characters"},
+        {editor::FitTitle(alphabet + alphabet),
+         "74 of 59 characters; the tag will have \"" + (alphabet + alphabet).left(59) + "\""},
+        {editor::FitTitle("Д-1"), "3 of 59 characters; the tag will have \"?-1\""},
+    };
+    for (const auto& [fitting, hint] : cases)
+        EXPECT_EQ(fitting.Hint(), hint);
+}
+
 } // namespace
