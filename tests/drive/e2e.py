@@ -144,6 +144,35 @@ def what_is_typed_ahead_of_the_title_dialog_stays_out_of_the_list(scene):
 
 
 @case
+def the_song_list_is_a_table_to_a_screen_reader(scene):
+    def titles(rows):
+        cells = [table.get_accessible_at(row, 1) for row in rows]
+        return [cell.get_name() for cell in cells]
+    program = scene.go_to("editor")
+    program.click("Load PlayList")
+    program.choose_file("Load Playlist", scene.list)
+    count = song_count(scene.list)
+    program.announced(rf"{count} songs\.", skip=True)
+    table = program.find("Songs", "table")
+    assert (table.get_n_rows(), table.get_n_columns()) == (count, 3)
+    program.click("Canon in D", "table cell")
+    with hand.held("ctrl"):
+        program.click("Lullaby", "table cell")
+    program.wait("two chosen lines", lambda: titles(table.get_selected_rows()) ==
+                 ["Canon in D", "Lullaby"])
+    program.press("Song Title", "table column header")
+    program.announced("Sorted by Song Title, ascending\\.")
+    assert program.find("Song Title", "table column header").get_description() == "sorted ascending"
+    before = program.wait("sorted titles", lambda: titles(range(count)))
+    assert before == sorted(before, key=str.casefold)
+    hand.key("alt+Up")
+    at = before.index("Canon in D") - 1
+    program.wait("both moved", lambda: table.get_selected_rows() == [at, at + 1])
+    assert titles([at, at + 1]) == ["Canon in D", "Lullaby"]
+    assert not program.find("Song Title", "table column header").get_description()
+
+
+@case
 def a_second_copy_only_says_so(scene):
     def snapshot():
         return {file: (file.stat().st_size, file.stat().st_mtime_ns)
