@@ -80,10 +80,12 @@ void c_PicList::PressRight(QPointF place) {
     const int line = LineAt(place);
     if (line < 0)
         return;
-    if (!IsChosen(line))
+    if (IsChosen(line)) {
+        mState->selected = line;
+        MoveCursor(line);
+    } else {
         Choose(line, {}, false);
-    mState->selected = line;
-    MoveCursor(line);
+    }
     WantMenu(line, place);
 }
 
@@ -169,7 +171,7 @@ void c_PicList::Release(const QMouseEvent& event) {
     if (const std::vector<int> dragged = EndLineDrag(); !dragged.empty())
         WantLinesMoved(dragged, mState->dropBefore);
     else if (clicked >= 0)
-        Choose(clicked, event.modifiers(), false);
+        Choose(clicked, {}, false);
     mState->scroller.Release();
     const ListLayout::Spot pressed = std::exchange(mState->pressed, {});
     PointAt(ToLogical(event.position()));
