@@ -2,6 +2,7 @@
 
 #include "toolkit/Stage.h"
 
+#include <algorithm>
 #include <utility>
 
 using namespace toolkit;
@@ -28,7 +29,7 @@ SizeChoice::SizeChoice(Form& form)
 
 void SizeChoice::Show() {
     const std::vector<int> sizes = Stage::Get().Sizes();
-    if (mChoices.empty() || sizes != mSizes)
+    if (!Offers(sizes))
         MakeRow(sizes);
     Draw();
     mLabel->show();
@@ -44,16 +45,22 @@ void SizeChoice::Hide() {
 
 void SizeChoice::Draw() {
     const Stage& stage = Stage::Get();
-    const int now = stage.IsFullScreen() ? kFullScreen : stage.Size();
+    const int now = stage.isFullScreen() ? kFullScreen : stage.Size();
     WordButton::Write(*mLabel, mLabel->accessibleName(), WordButton::kQuiet);
     for (const Choice& choice : mChoices)
         choice.button->Refresh(choice.percent == now);
 }
 
+/// Whether the row offers these, and full screen.
+bool SizeChoice::Offers(const std::vector<int>& sizes) const {
+    return mChoices.size() == sizes.size() + 1 &&
+           std::equal(sizes.begin(), sizes.end(), mChoices.begin(),
+                      [](int size, const Choice& choice) { return size == choice.percent; });
+}
+
 void SizeChoice::MakeRow(const std::vector<int>& sizes) {
     for (const Choice& choice : std::exchange(mChoices, {}))
         choice.button->Box().deleteLater();
-    mSizes = sizes;
     mLeft = kMargin + kLabel;
     for (const int percent : sizes)
         AddChoice(percent, QStringLiteral("pSize%1").arg(percent),
@@ -66,7 +73,7 @@ void SizeChoice::AddChoice(int percent, const QString& name, const QString& word
     mChoices.push_back({percent, button});
     connect(button, &WordButton::Clicked, this, [percent] {
         Stage& stage = Stage::Get();
-        percent == kFullScreen ? stage.SetFullScreen(!stage.IsFullScreen())
+        percent == kFullScreen ? stage.SetFullScreen(!stage.isFullScreen())
                                : stage.SetSize(percent);
     });
 }

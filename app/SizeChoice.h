@@ -21,6 +21,7 @@ private:
         WordButton* button;
     };
 
+    bool Offers(const std::vector<int>& sizes) const;
     void MakeRow(const std::vector<int>& sizes);
     void AddChoice(int percent, const QString& name, const QString& words, int width);
     toolkit::PictureBox* MakeBox(const QString& name, int width);
@@ -29,6 +30,5 @@ private:
     toolkit::Form& mForm;
     int mLeft; // of the next box of the row
     toolkit::PictureBox* mLabel;
-    std::vector<int> mSizes;
     std::vector<Choice> mChoices;
 };

@@ -1,7 +1,7 @@
 #include "toolkit/FileDialog.h"
 
+#include "platform/GtkMessages.h"
 #include "platform/Wait.h"
-#include "toolkit/GtkMessages.h"
 #include "toolkit/OddNames.h"
 #include "toolkit/Place.h"
 #include "toolkit/SideBar.h"
@@ -127,7 +127,7 @@ void FileDialog::Wait() {
     QTimer watch; // it runs on while a message of GTK's waits
     connect(&watch, &QTimer::timeout, this, [] {
         if (platform::Quitting())
-            CloseGtkMessages();
+            platform::CloseGtkMessages();
     });
     if (!mIsQts)
         watch.start(500);

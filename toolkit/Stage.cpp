@@ -92,7 +92,7 @@ void Stage::AddKeys() {
     add(Qt::CTRL | Qt::Key_0, [this] { SetSize(0); });
     for (const QKeyCombination keys :
          {QKeyCombination(Qt::Key_F11), Qt::ALT | Qt::Key_Return, Qt::ALT | Qt::Key_Enter})
-        add(keys, [this] { SetFullScreen(!IsFullScreen()); });
+        add(keys, [this] { SetFullScreen(!isFullScreen()); });
 }
 
 void Stage::Appear() {

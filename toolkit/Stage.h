@@ -44,7 +44,6 @@ public:
     /// called before anything of the stage is painted.
     void CheckDensity();
 
-    bool IsFullScreen() const { return isFullScreen(); }
     void SetFullScreen(bool full);
 
     /// Keeps size and place for the next start.

@@ -1,9 +1,9 @@
 #pragma once
 
-namespace toolkit {
+namespace platform {
 
 /// Closes the messages that GTK shows in front of its dialogs, as the player would. Each of them
 /// waits in a loop of its own, which does not hear that the program is asked to quit.
 void CloseGtkMessages();
 
-} // namespace toolkit
+} // namespace platform

@@ -1,4 +1,4 @@
-#include "toolkit/GtkMessages.h"
+#include "platform/GtkMessages.h"
 
 #include "platform/System.h"
 
@@ -6,7 +6,7 @@
 #include <dlfcn.h>
 #endif
 
-namespace toolkit {
+namespace platform {
 
 #ifdef SONGRUSH_POSIX
 
@@ -49,4 +49,4 @@ void CloseGtkMessages() {}
 
 #endif
 
-} // namespace toolkit
+} // namespace platform
