@@ -76,6 +76,23 @@ void DrawDialogFrame(QPainter& painter, const QRect& area) {
     painter.drawLine(area.topRight(), area.bottomRight());
 }
 
+void DrawCheckBox(QPainter& painter, const QStyleOption& option) {
+    DrawRound(painter, option.rect, 4, option.palette.base(),
+              ShowsFocus(option) ? ToQColor(kGold) : ToQColor(kPeriwinkle), 1);
+    if (!option.state.testFlag(QStyle::State_On))
+        return;
+    const QRectF box = option.rect;
+    const auto at = [&box](double x, double y) {
+        return QPointF(box.x() + x * box.width(), box.y() + y * box.height());
+    };
+    const QPointF tick[] = {at(0.22, 0.52), at(0.42, 0.74), at(0.78, 0.26)};
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(ToQColor(kGold), 2 * StageScale()));
+    painter.drawPolyline(tick, 3);
+    painter.restore();
+}
+
 QIcon MessageIcon(platform::Icon icon) {
     const double ratio = std::max(Canvas::Ratio(), 1.0);
     QPixmap picture(QSize(kMessageSign, kMessageSign) * ratio);
@@ -98,12 +115,14 @@ void NightStyle::polish(QWidget* widget) {
 
 int NightStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
                             const QWidget* widget) const {
+    if (metric == PM_MenuPanelWidth)
+        return 1; // the frame's, which the base style does not draw
     return Scaled(QProxyStyle::pixelMetric(metric, option, widget));
 }
 
 int NightStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                           QStyleHintReturn* data) const {
-    if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons || hint == SH_EtchDisabledText)
         return 0;
     return QProxyStyle::styleHint(hint, option, widget, data);
 }
@@ -124,6 +143,11 @@ void NightStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
         return DrawButton(*painter, *option);
     case PE_PanelLineEdit:
         return DrawField(*painter, *option);
+    case PE_IndicatorCheckBox:
+        return DrawCheckBox(*painter, *option);
+    case PE_FrameMenu:
+        painter->setPen(ToQColor(kFrameLight));
+        return painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
     case PE_FrameFocusRect: // the rim shows it
         return;
     case PE_Widget: // drawn for dialogs only: see `polish`

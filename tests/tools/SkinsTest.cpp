@@ -16,7 +16,8 @@ constexpr Skin kSkins[] = {
     {"bMulti.bmp", 400, 88}, {"bEditor.bmp", 400, 88}, {"bPlayBig.bmp", 160, 160},
     {"bHint.bmp", 150, 54},  {"bCont.bmp", 220, 54},   {"BGeneric.bmp", 496, 66},
     {"bPlay.bmp", 34, 34},   {"bPause.bmp", 34, 34},   {"bStop.bmp", 34, 34},
-    {"BFF.BMP", 34, 34},     {"sBar.bmp", 16, 48},
+    {"BFF.BMP", 34, 34},     {"bPrev.bmp", 34, 34},    {"bNext.bmp", 34, 34},
+    {"sBar.bmp", 16, 48},
 };
 
 constexpr QRgb kHole = qRgb(0, 0, 0);
