@@ -128,6 +128,7 @@ void c_Editor::Connect() {
     connect(&mList, &c_PicList::RemoveWanted, this, &c_Editor::bRemove_Clicked);
     connect(&mList, &c_PicList::SelectAllWanted, this, &c_Editor::MarkAll);
     connect(mForm.tFind, &QLineEdit::textChanged, this, [this] { FindNext(1, true); });
+    connect(&mPlayer, &c_player::OtherWanted, this, &c_Editor::PlayOther);
     connect(&mKeepSoon, &QTimer::timeout, this, &c_Editor::KeepCopy);
     mForm.installEventFilter(this);
     mForm.pList->installEventFilter(this); // before the list, which takes Space for a letter
@@ -438,8 +439,28 @@ void c_Editor::bEdit_Clicked() {
 void c_Editor::bPlay_Clicked() {
     if (TellIfNoneSelected())
         return;
-    mPlayer.OpenFile(SelectedSong());
+    OpenInPlayer(mList.LineSelectedNum());
     mPlayer.Show();
+}
+
+void c_Editor::OpenInPlayer(int line) {
+    mPlayedLine = line;
+    mPlayedKey = mList.LineKey(line);
+    mPlayer.OpenFile(platform::PathFromKey(mPlayedKey));
+}
+
+/// Goes to a neighbour of the song in the small player, wherever its line is by now.
+void c_Editor::PlayOther(int direction) {
+    const std::vector<QString> keys = mSongs.Keys();
+    if (mList.LineKey(mPlayedLine) != mPlayedKey)
+        mPlayedLine = static_cast<int>(std::ranges::find(keys, mPlayedKey) - keys.begin());
+    const int line = mPlayedLine + direction;
+    if (line < 0 || line >= mList.LineCount())
+        return;
+    const bool playing = mPlayer.InUse();
+    OpenInPlayer(line);
+    if (playing)
+        mPlayer.bPlay_Clicked();
 }
 
 void c_Editor::bRemove_Clicked() {
@@ -536,7 +557,7 @@ void c_Editor::mList_LineDoubleClicked(int) { bEdit_Clicked(); }
 
 void c_Editor::mList_LinePrint(ListCell& cell) {
     constexpr ColorRef kMarked = Rgb(255, 50, 50);
-    constexpr ColorRef kMissing = Rgb(125, 125, 150);
+    constexpr ColorRef kMissing = Rgb(140, 140, 165);
     if (mMarks.Has(cell.line))
         cell.color = kMarked;
     else if (mSongs.IsMissing(mList.LineKey(cell.line)))
@@ -602,34 +623,42 @@ bool c_Editor::Escape() {
     return true;
 }
 
-bool c_Editor::eventFilter(QObject* watched, QEvent* event) {
-    const bool isList = watched == mForm.pList;
-    switch (event->type()) {
-    case QEvent::KeyPress: {
-        const auto& key = *static_cast<QKeyEvent*>(event);
-        if (watched == &mForm && key.key() == Qt::Key_Escape)
-            return Escape();
-        const bool plain = (key.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
-        if (isList && key.key() == Qt::Key_Space && plain && !key.isAutoRepeat()) {
-            bPlay_Clicked();
-            return true;
-        }
-        if (watched == mForm.tFind && (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter)) {
-            FindNext(key.modifiers().testFlag(Qt::ShiftModifier) ? -1 : 1);
-            return true;
-        }
-        return false;
+void c_Editor::ShowMenuAtLine() {
+    const QRect cell = FromLogical(mList.CellRect(mList.LineSelectedNum(), 0));
+    ShowMenu(mForm.pList->mapToGlobal(cell.bottomLeft()));
+}
+
+/// Keys that mean something else here than to the list, the box or the form; false for others.
+bool c_Editor::Key(const QObject* where, const QKeyEvent& event) {
+    const int key = event.key();
+    const bool shift = event.modifiers().testFlag(Qt::ShiftModifier);
+    if (where == &mForm)
+        return key == Qt::Key_Escape && Escape();
+    if (where == mForm.tFind) {
+        const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
+        if (enter)
+            FindNext(shift ? -1 : 1);
+        return enter;
     }
-    case QEvent::ContextMenu: {
-        if (!isList)
-            return false;
-        const auto& menu = *static_cast<QContextMenuEvent*>(event);
-        const QRect cell = FromLogical(mList.CellRect(mList.LineSelectedNum(), 0));
-        ShowMenu(menu.reason() == QContextMenuEvent::Mouse
-                     ? menu.globalPos()
-                     : mForm.pList->mapToGlobal(cell.bottomLeft()));
+    if (key == Qt::Key_Menu || (key == Qt::Key_F10 && shift)) {
+        ShowMenuAtLine();
         return true;
     }
+    const bool plays = key == Qt::Key_Space && event.modifiers() == Qt::NoModifier;
+    if (plays && !event.isAutoRepeat())
+        bPlay_Clicked();
+    return plays;
+}
+
+bool c_Editor::eventFilter(QObject* watched, QEvent* event) {
+    switch (event->type()) {
+    case QEvent::KeyPress:
+        return Key(watched, *static_cast<QKeyEvent*>(event));
+    case QEvent::ContextMenu:
+        if (watched != mForm.pList)
+            return false;
+        ShowMenu(static_cast<QContextMenuEvent*>(event)->globalPos());
+        return true;
     case QEvent::DragEnter:
     case QEvent::DragMove:
     case QEvent::Drop: {

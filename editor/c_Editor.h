@@ -16,6 +16,7 @@
 #include <filesystem>
 
 class QDropEvent;
+class QKeyEvent;
 
 /// The playlist editor: fills a list with songs, corrects their titles, previews them, saves and
 /// loads playlists.
@@ -86,13 +87,17 @@ private:
     void OfferKept();
     void KeepCopy();
 
+    void OpenInPlayer(int line);
+    void PlayOther(int direction);
     void Undo();
     void Redo();
     void MarkAll();
     void FindMissing();
     void FindNext(int direction, bool fromHere = false);
     bool Escape();
+    bool Key(const QObject* where, const QKeyEvent& event);
     void ShowMenu(const QPoint& at);
+    void ShowMenuAtLine();
 
     void LinesChanged();
     void ShowAll();
@@ -115,6 +120,8 @@ private:
     editor::SongList mSongs;
     editor::Marks mMarks;
     std::int16_t mSortMode = 0;
+    int mPlayedLine = -1;
+    QString mPlayedKey; ///< of the song in the small player
 
     QString mAnnounced;    ///< the number of songs that screen readers know
     bool mLoading = false; ///< the list's own file is still being read

@@ -21,12 +21,17 @@ c_player::c_player() {
     bPause.Create(mForm.pPause, QStringLiteral("Images\\bPause.bmp"), QString());
     bStop.Create(mForm.pStop, QStringLiteral("Images\\bStop.bmp"), QString());
     bFF.Create(mForm.pFF, QStringLiteral("Images\\BFF.BMP"), QString());
+    bPrev.Create(mForm.pPrev, QStringLiteral("Images\\bPrev.bmp"), QString());
+    bNext.Create(mForm.pNext, QStringLiteral("Images\\bNext.bmp"), QString());
     bX.Create(mForm.pX, QStringLiteral("Images\\X.bmp"), QString());
 
     connect(&bPlay, &c_SurfButton::Clicked, this, &c_player::bPlay_Clicked);
     connect(&bPause, &c_SurfButton::Clicked, this, &c_player::bPause_Clicked);
     connect(&bStop, &c_SurfButton::Clicked, this, &c_player::bStop_Clicked);
     connect(&bX, &c_SurfButton::Clicked, this, &c_player::bX_Clicked);
+    connect(&bPrev, &c_SurfButton::Clicked, this, [this] { Q_EMIT OtherWanted(-1); });
+    connect(&bNext, &c_SurfButton::Clicked, this, [this] { Q_EMIT OtherWanted(1); });
+    connect(&mForm, &f_Player::SeekWanted, this, &c_player::Seek);
     connect(&mForm, &f_Player::CloseRequested, &bX, &c_SurfButton::Click);
     connect(mForm.pFF, &PictureBox::MouseDown, this, [this](double x, double y) {
         if (bFF.IsTouching(x, y))
@@ -53,7 +58,7 @@ void c_player::Show() {
     if (mForm.isVisible())
         return;
     SetTopMost(&mForm, true);
-    for (c_SurfButton* button : {&bPlay, &bPause, &bStop, &bFF, &bX})
+    for (c_SurfButton* button : {&bPlay, &bPause, &bStop, &bFF, &bPrev, &bNext, &bX})
         button->Refresh();
     mForm.Appear();
     platform::PumpEvents();
@@ -64,9 +69,21 @@ void c_player::OpenFile(const std::filesystem::path& song) {
     tag.GetIdTag(song);
     mForm.StopTimer();
     mForm.SetTitle(tag.Title().isEmpty() ? platform::ShownText(song) : tag.Title());
-    Audio().OpenFile(song);
     mForm.SetPos(0);
+    if (Audio().OpenFile(song) != 0)
+        mForm.SetTimes(0, Audio().Length());
+    else
+        mForm.ShowUnplayable();
     mInUse = false;
+}
+
+void c_player::Seek(double part) {
+    const double length = Audio().Length();
+    if (length <= 0)
+        return;
+    Audio().SeekTo(part * length);
+    mForm.SetPos(static_cast<float>(part * 100));
+    mForm.SetTimes(part * length, length);
 }
 
 void c_player::bPlay_Clicked() {
@@ -86,7 +103,7 @@ void c_player::bPause_Clicked() {
 void c_player::bStop_Clicked() {
     Audio().StopPlay();
     mForm.StopTimer();
-    mForm.SetPos(0);
+    Seek(0);
     mInUse = false;
 }
 

@@ -18,8 +18,11 @@ public:
     /// shown.
     void Show();
 
-    /// Opens a song at its start, without playing it.
+    /// Opens a song at its start, without playing it. One that cannot be played says so.
     void OpenFile(const std::filesystem::path& song);
+
+    /// Whether a song is played, or paused, for this window.
+    bool InUse() const { return mInUse; }
 
     f_Player& Form() { return mForm; }
 
@@ -30,16 +33,23 @@ public:
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
+Q_SIGNALS:
+    /// The player wants to hear the next song (1) or the one before (-1).
+    void OtherWanted(int direction);
+
 private:
     enum class Hold { None, Mouse, Key };
 
     void HoldFF(Hold hold);
+    void Seek(double part);
 
     f_Player mForm;
     c_SurfButton bPlay;
     c_SurfButton bPause;
     c_SurfButton bStop;
     c_SurfButton bFF;
+    c_SurfButton bPrev;
+    c_SurfButton bNext;
     c_SurfButton bX;
     Hold mHold = Hold::None; // of the fast-forward button
     bool mInUse = false;     // the clip player may be playing for this window

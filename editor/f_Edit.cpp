@@ -24,7 +24,7 @@ using namespace toolkit;
 
 namespace {
 
-constexpr QSize kSize(600, 382);
+constexpr QSize kSize(600, 352);
 constexpr int kMargin = 24;
 
 /// Makes `text` the box's text by a single edit of the part that differs, which can be undone.

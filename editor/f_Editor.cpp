@@ -15,7 +15,7 @@ constexpr QRect kList(kMargin, 72, kStageSize.width() - 2 * kMargin, 432);
 constexpr int kGap = 8;
 constexpr int kInRow = 4;
 constexpr QRect kName(kMargin, 44, 200, 22);
-constexpr QRect kFind(kMargin + kList.width() - 200, 41, 200, 27);
+constexpr QRect kFind(kMargin + kList.width() - 140, 41, 140, 27);
 const QString kTitle = QStringLiteral("Mp3 Editor");
 constexpr QSize kButton((kList.width() - (kInRow - 1) * kGap) / kInRow, 36);
 

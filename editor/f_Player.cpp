@@ -3,18 +3,21 @@
 #include "audio/c_XAudio.h"
 #include "platform/Motion.h"
 #include "platform/Rounding.h"
+#include "toolkit/ButtonFace.h"
 #include "toolkit/Drawing.h"
 #include "toolkit/Picture.h"
 
+#include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 using namespace toolkit;
 
 namespace {
 
-constexpr QSize kSize(300, 80);
+constexpr QSize kSize(300, 120);
 constexpr QSize kButtonSize(34, 34);
 constexpr QRect kStrip(12, 10, 234, 22);
 constexpr int kInterval = 100; // milliseconds
@@ -32,6 +35,14 @@ constexpr int kLineStart = 176 - kMarker.width() / 2;
 constexpr int kLineEnd = 284 - kMarker.width() / 2;
 constexpr int kLineY = 57;
 constexpr QRect kBar(162, 43, 136, 28); // what the marker and its glow may cover
+
+constexpr QRect kTimes(172, 84, 116, 22);
+constexpr QRect kPressed(168, 44, 124, 26); // where the bar is pressed
+
+QString Clock(double seconds) {
+    const auto whole = static_cast<int>(std::max(seconds, 0.0));
+    return QStringLiteral("%1:%2").arg(whole / 60).arg(whole % 60, 2, 10, QLatin1Char('0'));
+}
 
 /// The line up to the marker, and the marker in its glow.
 void PaintBar(QPainter& painter, const QRectF& marker) {
@@ -64,22 +75,32 @@ f_Player::f_Player()
       pStop(new PictureBox(this, QStringLiteral("pStop"), kButtonSize)),
       pFF(new PictureBox(this, QStringLiteral("pFF"), kButtonSize)),
       pX(new PictureBox(this, QStringLiteral("pX"), QSize(44, 36))),
+      pPrev(new PictureBox(this, QStringLiteral("pPrev"), kButtonSize)),
+      pNext(new PictureBox(this, QStringLiteral("pNext"), kButtonSize)),
       pTitle(new PictureBox(this, QStringLiteral("pTitle"), kStrip.size())),
+      pTimes(new PictureBox(this, QStringLiteral("pTimes"), kTimes.size())),
       mGround(kSize.width(), kSize.height()), mMarkerLeft(kLineStart) {
-    constexpr int kButtonsTop = 40;
     constexpr int kButtonStep = 38;
-    int left = kStrip.x();
-    for (PictureBox* button : {pPlay, pPause, pStop, pFF}) {
-        button->MoveTo(left, kButtonsTop);
-        left += kButtonStep;
+    QPoint place(kStrip.x(), 40);
+    for (PictureBox* button : {pPlay, pPause, pStop, pFF, pPrev, pNext}) {
+        if (button == pPrev)
+            place = QPoint(kStrip.x(), 80);
+        button->MoveTo(place.x(), place.y());
+        place.rx() += kButtonStep;
     }
     pX->MoveTo(kSize.width() - pX->Width(), 0);
     pTitle->MoveTo(kStrip.x(), kStrip.y());
-    pTitle->setAttribute(Qt::WA_TransparentForMouseEvents); // the window is dragged by it, too
+    pTimes->MoveTo(kTimes.x(), kTimes.y());
+    for (PictureBox* text : {pTitle, pTimes})
+        text->setAttribute(Qt::WA_TransparentForMouseEvents); // the window is dragged by it, too
+    pTimes->Dc()->SetFont(ScreenFont(11));
+    pTimes->setAccessibleName(QStringLiteral("Time"));
     pTitle->Dc()->SetFont(ScreenFont(11));
     pPlay->setAccessibleName(QStringLiteral("Play"));
     pPause->setAccessibleName(QStringLiteral("Pause"));
     pStop->setAccessibleName(QStringLiteral("Stop"));
+    pPrev->setAccessibleName(QStringLiteral("Previous song"));
+    pNext->setAccessibleName(QStringLiteral("Next song"));
     pFF->setAccessibleName(QStringLiteral("Fast forward"));
     pX->setAccessibleName(QStringLiteral("Close"));
 
@@ -88,6 +109,7 @@ f_Player::f_Player()
     BitBlt(Dc(), 0, 0, kSize.width(), kSize.height(), &mGround, 0, 0, RasterOp::SrcCopy);
     DrawBar();
     DrawTitle();
+    SetTimes(0, 0);
     PosTimer.setInterval(kInterval);
     connect(&PosTimer, &QTimer::timeout, this, &f_Player::PosTimer_Timer);
 }
@@ -108,6 +130,45 @@ void f_Player::SetPos(float percentage) {
     DrawBar();
 }
 
+void f_Player::SetTimes(double elapsed, double whole) {
+    ShowTimes(Clock(elapsed) + QStringLiteral(" / ") + Clock(whole), kNightText);
+}
+
+void f_Player::ShowUnplayable() {
+    const QString text = QStringLiteral("Cannot be played");
+    ShowTimes(text, Rgb(255, 110, 110));
+    Announce(mTitle + QStringLiteral(": ") + text);
+}
+
+void f_Player::ShowTimes(const QString& text, ColorRef color) {
+    if (std::exchange(mTimes, text) == text)
+        return;
+    pTimes->SetText(text);
+    CopyFormBehind(*pTimes);
+    CenteredText(pTimes->Dc(), text, kTimes.width() / 2.0, 2, kTimes.width(), color, 1);
+    pTimes->Refresh();
+}
+
+void f_Player::mousePressEvent(QMouseEvent* event) {
+    if (!PressBar(*event))
+        Form::mousePressEvent(event);
+}
+
+void f_Player::mouseMoveEvent(QMouseEvent* event) {
+    if (!PressBar(*event))
+        Form::mouseMoveEvent(event);
+}
+
+/// Whether the bar is meant, which is pressed or along which the mouse is drawn.
+bool f_Player::PressBar(const QMouseEvent& event) {
+    const QPointF at = ToLogical(event.position());
+    if (!event.buttons().testFlag(Qt::LeftButton) || !QRectF(kPressed).contains(at))
+        return false;
+    const double way = at.x() - kLineStart - kMarker.width() / 2.0;
+    Q_EMIT SeekWanted(std::clamp(way / (kLineEnd - kLineStart), 0.0, 1.0));
+    return true;
+}
+
 void f_Player::StopTimer() {
     PosTimer.stop();
     ResetTitle();
@@ -117,6 +178,8 @@ void f_Player::PosTimer_Timer() {
     const double length = Audio().Length();
     const double position = Audio().Position();
     SetPos(length > 0 ? static_cast<float>(position / length * 100) : 0);
+    if (length > 0)
+        SetTimes(position, length);
     ScrollTitle();
     if (position >= length)
         StopTimer();

@@ -125,6 +125,24 @@ TEST_F(Player, PlaysPausesStopsAndRestsAtTheSongsEnd) {
     EXPECT_LT(Audio().Position(), 30);
 }
 
+TEST_F(Player, GoesWhereTheBarIsPressedAndTellsTheTimes) {
+    mPlayer->OpenFile(Song());
+    EXPECT_EQ(mForm.pTimes->Text(), "0:00 / 0:40");
+    const struct {
+        int x;
+        const char* times;
+        double seconds;
+    } cases[] = {{230, "0:20 / 0:40", 20}, {170, "0:00 / 0:40", 0}, {291, "0:40 / 0:40", 40}};
+    for (const auto& c : cases) {
+        QTest::mouseClick(StageWindow(), Qt::LeftButton, {}, OnStage(mForm, QPoint(c.x, 57)));
+        EXPECT_NEAR(Audio().Position(), c.seconds, 0.2);
+        EXPECT_EQ(mForm.pTimes->Text(), c.times);
+        EXPECT_EQ(PlaceOf(mForm).topLeft(), QPoint(0, 0)) << "dragged";
+    }
+    ClickOn(mForm.pStop);
+    EXPECT_EQ(mForm.pTimes->Text(), "0:00 / 0:40");
+}
+
 TEST_F(Player, IsFastOnlyWhileTheKeyIsHeld) {
     QWindow* window = StageWindow();
     mPlayer->OpenFile(Song());
@@ -214,8 +232,10 @@ TEST_F(Player, StaysAtTheStartWithAFileThatCannotBeOpened) {
     ClickOn(mForm.pPlay);
     EXPECT_TRUE(Passes(0.1));
     mPlayer->OpenFile(mFolder.Path() / "missing.mp3");
+    EXPECT_EQ(mForm.pTimes->Text(), "Cannot be played");
     for (PictureBox* key : {mForm.pPlay, mForm.pPause, mForm.pPause, mForm.pFF}) {
         ClickOn(key);
+        EXPECT_EQ(mForm.pTimes->Text(), "Cannot be played");
         EXPECT_TRUE(QTest::qWaitFor([this] { return !mForm.PosTimer.isActive(); }));
         EXPECT_EQ(MarkerLeft(), kMarkerStart);
     }
