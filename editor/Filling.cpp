@@ -1,6 +1,5 @@
 #include "editor/Filling.h"
 
-#include <thread>
 #include <utility>
 
 namespace editor {
@@ -37,11 +36,10 @@ void Filling::Stop() {
 void Filling::Next() {
     mStream = std::make_shared<SongStream>();
     mProgress = mJobs.front().name;
-    // A disk that stalls keeps nobody: the thread holds all that it needs.
-    std::thread([stream = mStream, read = mJobs.front().read] {
+    mReader.emplace([stream = mStream, read = mJobs.front().read](const std::stop_token&) {
         read(*stream);
         stream->End();
-    }).detach();
+    });
     mLook.start();
 }
 

@@ -1,11 +1,13 @@
 #pragma once
 
 #include "editor/SongReading.h"
+#include "platform/Aside.h"
 
 #include <QTimer>
 #include <deque>
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace editor {
 
@@ -45,6 +47,7 @@ private:
     std::function<void()> mShow;
     std::deque<Job> mJobs;               // the first one is under way
     std::shared_ptr<SongStream> mStream; // of that one
+    std::optional<platform::Aside> mReader;
     QString mProgress;
     QTimer mLook;
 };

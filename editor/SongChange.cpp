@@ -1,7 +1,7 @@
 #include "editor/SongChange.h"
 
 #include "editor/TitleRules.h"
-#include "library/c_ID3.h"
+#include "library/SongTag.h"
 #include "platform/Aside.h"
 #include "platform/File.h"
 #include "platform/Text.h"
@@ -87,7 +87,14 @@ void Rename(SongChange& change, const fs::path& name) {
 SongFacts FactsOf(const fs::path& song) {
     c_ID3 tag;
     tag.GetIdTag(song);
-    return {song, tag.Title(), tag.Artist(), tag.Comment()};
+    SongFacts facts{song, tag.Title(), tag.Artist(), tag.Comment(), {}, {}};
+    library::SongTag shown;
+    shown.Read(song);
+    if (shown.IsNewer()) {
+        facts.newerTitle = shown.Title();
+        facts.newerArtist = shown.Artist();
+    }
+    return facts;
 }
 
 SongChange ChangeSong(const SongWish& wish) {

@@ -13,7 +13,13 @@ struct SongFacts {
     std::filesystem::path path;
     QString title;
     QString artist;
-    QString comment; ///< in which a long title goes on
+    QString comment;     ///< in which a long title goes on
+    QString newerTitle;  ///< by a newer tag, if there is none above
+    QString newerArtist; ///< likewise
+
+    /// Those by which the song is asked.
+    const QString& ShownTitle() const { return newerTitle.isEmpty() ? title : newerTitle; }
+    const QString& ShownArtist() const { return newerTitle.isEmpty() ? artist : newerArtist; }
 
     bool operator==(const SongFacts&) const = default;
 };

@@ -38,6 +38,7 @@ SongList::SongList(c_PicList& list, Change change) : mList(list), mChange(std::m
 void SongList::Begin(const fs::path& file, bool foreign) {
     mList.ClearLines();
     mHistory.Clear();
+    mNewer.clear();
     mMissing.clear();
     mSavedKeys.clear();
     mFile = file;
@@ -48,6 +49,8 @@ void SongList::Begin(const fs::path& file, bool foreign) {
 void SongList::Append(const std::vector<Line>& lines) {
     for (const Line& line : lines) {
         mList.AddItem(line.text, line.key);
+        if (line.newer)
+            mNewer.insert(line.key);
         if (line.missing)
             mMissing.insert(line.key);
     }
@@ -140,8 +143,13 @@ bool SongList::ChangeBack(std::vector<SongChange>& changes) {
 }
 
 void SongList::ShowChanges(const std::vector<SongChange>& changes) {
-    for (const SongChange& change : changes)
-        ShowSong(platform::KeyFromPath(change.before.path), LineOf(change.after));
+    for (const SongChange& change : changes) {
+        const Line now = LineOf(change.after);
+        ShowSong(platform::KeyFromPath(change.before.path), now);
+        mNewer.remove(now.key);
+        if (now.newer)
+            mNewer.insert(now.key);
+    }
 }
 
 void SongList::ShowSong(const QString& key, const Line& now) {
@@ -226,17 +234,6 @@ void SongList::Saved(const fs::path& file) {
     mFile = file;
     mForeign = false;
     mSavedKeys = Keys();
-}
-
-int SongList::Find(const QString& text, int from, int direction) const {
-    const int count = mList.LineCount();
-    const QString wanted = platform::EscapeSeparators(text);
-    for (int i = 1; !text.isEmpty() && i <= count; ++i) {
-        const int line = ((from + i * direction) % count + count) % count;
-        if (mList.LineText(line).contains(wanted, Qt::CaseInsensitive))
-            return line;
-    }
-    return -1;
 }
 
 Line SongList::LineAt(int line) const { return {mList.LineText(line), mList.LineKey(line)}; }

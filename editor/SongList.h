@@ -53,6 +53,8 @@ public:
     QString Undo();
     QString Redo();
 
+    /// Whether a song's title is that of a newer tag than ID3v1.
+    bool IsNewer(const QString& key) const { return mNewer.contains(key); }
     /// Whether a song was not there when it was read.
     bool IsMissing(const QString& key) const { return mMissing.contains(key); }
     /// The keys of such songs that are in the list, each once.
@@ -72,10 +74,6 @@ public:
     /// From now on it is a new list, with nothing in it to be saved, as after a load that was
     /// stopped.
     void ForgetFile() { Saved({}); }
-
-    /// The next line after `from`, in a direction of 1 or -1 and round the end, that has `text` in
-    /// any of its columns, without regard to case; `from` itself comes last. -1 if there is none.
-    int Find(const QString& text, int from, int direction) const;
 
 private:
     struct Added;
@@ -101,6 +99,7 @@ private:
     History mHistory;
     std::shared_ptr<Added> mAdded; // the last step, if lines were added in it
     std::size_t mAddedStep = 0;
+    QSet<QString> mNewer; // keys
     QSet<QString> mMissing;
     std::filesystem::path mFile;
     bool mForeign = false;

@@ -1,7 +1,7 @@
 #include "editor/SongReading.h"
 
+#include "library/AnyList.h"
 #include "library/SongScan.h"
-#include "library/c_ID3.h"
 #include "library/c_M3U.h"
 #include "platform/Text.h"
 
@@ -20,12 +20,21 @@ QString WithoutLastFour(const QString& name) {
     return name.left(std::max<qsizetype>(0, name.size() - kEnding));
 }
 
-Line TaggedLine(const fs::path& song, const c_ID3& tag) {
-    return LineOf({song, tag.Title(), tag.Artist(), {}});
+Line LineWith(const fs::path& song, const QString& title, const QString& artist, bool newer) {
+    const QString name = platform::AfterLastSeparator(platform::ShownText(song));
+    return {platform::EscapeSeparators(WithoutLastFour(name)) + u'\\' +
+                platform::EscapeSeparators(title) + u'\\' + platform::EscapeSeparators(artist),
+            platform::KeyFromPath(song), newer};
+}
+
+Line TaggedLine(const fs::path& song, const library::SongTag& tag) {
+    return LineWith(song, tag.Title(), tag.Artist(), tag.IsNewer());
 }
 
 bool ReadSong(SongStream& stream, const fs::path& song) {
-    Line line = LineOf(FactsOf(song));
+    library::SongTag tag;
+    tag.Read(song);
+    Line line = TaggedLine(song, tag);
     std::error_code error;
     line.missing = !fs::is_regular_file(song, error);
     return stream.Put(std::move(line));
@@ -37,7 +46,7 @@ bool ScanFolder(SongStream& stream, const fs::path& folder) {
     library::ScanSongs(folder, {[&](const fs::path& entered) {
                                     return goOn = stream.Tell(platform::ShownText(entered));
                                 },
-                                [&](const fs::path& song, const c_ID3& tag) {
+                                [&](const fs::path& song, const library::SongTag& tag) {
                                     return goOn = stream.Put(TaggedLine(song, tag));
                                 }});
     return goOn;
@@ -54,13 +63,14 @@ bool ReadSongs(SongStream& stream, const std::vector<fs::path>& songs, const QSt
 /// A list's songs by absolute paths: those in it begin at its own folder.
 std::vector<fs::path> SongsOf(SongStream& stream, const fs::path& file) {
     c_M3U playlist;
+    library::ListRead read{make_error_code(std::errc::no_such_file_or_directory)};
     std::error_code error;
     if (fs::exists(file, error)) // it would be made
-        error = playlist.ReadFile(file);
-    else
-        error = make_error_code(std::errc::no_such_file_or_directory);
-    if (error)
-        stream.Fail(c_M3U::ReadFailure(file, error));
+        read = library::ReadAnyList(file, playlist);
+    if (read.error)
+        stream.Fail(c_M3U::ReadFailure(file, read.error));
+    if (read.foreign)
+        stream.BeForeign();
     std::vector<fs::path> songs;
     songs.reserve(static_cast<std::size_t>(playlist.Count()));
     for (int song = 0; song < playlist.Count(); ++song)
@@ -83,11 +93,7 @@ QString NameWithoutCase(const fs::path& file) {
 } // namespace
 
 Line LineOf(const SongFacts& song) {
-    const QString name = platform::AfterLastSeparator(platform::ShownText(song.path));
-    return {platform::EscapeSeparators(WithoutLastFour(name)) + u'\\' +
-                platform::EscapeSeparators(song.title) + u'\\' +
-                platform::EscapeSeparators(song.artist),
-            platform::KeyFromPath(song.path)};
+    return LineWith(song.path, song.ShownTitle(), song.ShownArtist(), !song.newerTitle.isEmpty());
 }
 
 Reading ReadFolder(const fs::path& folder) {
@@ -111,7 +117,7 @@ Reading ReadDropped(std::vector<fs::path> dropped) {
             std::error_code error;
             if (fs::is_directory(*path, error))
                 goOn = ScanFolder(stream, *path);
-            else if (IsPlaylist(*path))
+            else if (library::HasListName(path->native()))
                 goOn = ReadList(stream, *path);
             else if (EndsWith(*path, ".mp3"))
                 goOn = ReadSong(stream, *path);
@@ -127,7 +133,7 @@ Reading FindByName(const fs::path& folder, const std::vector<QString>& keys) {
         library::ScanSongs(
             folder,
             {[&](const fs::path& entered) { return stream.Tell(platform::ShownText(entered)); },
-             [&](const fs::path& song, const c_ID3& tag) {
+             [&](const fs::path& song, const library::SongTag& tag) {
                  return !names.contains(NameWithoutCase(song)) || stream.Put(TaggedLine(song, tag));
              }});
     };
@@ -147,7 +153,5 @@ std::vector<std::pair<QString, Line>> MatchByName(const std::vector<QString>& ke
             matches.emplace_back(key, *line);
     return matches;
 }
-
-bool IsPlaylist(const fs::path& file) { return EndsWith(file, ".m3u"); }
 
 } // namespace editor

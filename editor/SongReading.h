@@ -32,7 +32,4 @@ Reading FindByName(const std::filesystem::path& folder, const std::vector<QStrin
 std::vector<std::pair<QString, Line>> MatchByName(const std::vector<QString>& keys,
                                                   const std::vector<Line>& found);
 
-/// Whether a file has the name of a playlist.
-bool IsPlaylist(const std::filesystem::path& file);
-
 } // namespace editor

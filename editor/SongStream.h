@@ -12,8 +12,9 @@ namespace editor {
 
 /// A line of the editor's list: a song's file name, title and artist, and its path.
 struct Line {
-    QString text; ///< three columns; see `c_PicList`
-    QString key;  ///< see `platform::KeyFromPath`
+    QString text;       ///< three columns; see `c_PicList`
+    QString key;        ///< see `platform::KeyFromPath`
+    bool newer = false; ///< title and artist are those of a newer tag than ID3v1
     bool missing = false;
 };
 

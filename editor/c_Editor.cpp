@@ -1,6 +1,7 @@
 #include "editor/c_Editor.h"
 
 #include "editor/ColumnSettings.h"
+#include "library/AnyList.h"
 #include "library/MarkJournal.h"
 #include "library/SongFolders.h"
 #include "library/SongTitle.h"
@@ -15,7 +16,6 @@
 #include "toolkit/cDialog.h"
 
 #include <QApplication>
-#include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -124,6 +124,7 @@ void c_Editor::Connect() {
     connect(&mList, &c_PicList::LineDoubleClicked, this, &c_Editor::mList_LineDoubleClicked);
     connect(&mList, &c_PicList::LinePrint, this, &c_Editor::mList_LinePrint);
     connect(&mList, &c_PicList::LineSelChanged, this, &c_Editor::mList_LineSelChanged);
+    connect(&mList, &c_PicList::LineRightClicked, this, &c_Editor::mList_LineRightClicked);
     connect(&mList, &c_PicList::LinesMoveWanted, this, &c_Editor::mList_LinesMoveWanted);
     connect(&mList, &c_PicList::RemoveWanted, this, &c_Editor::bRemove_Clicked);
     connect(&mList, &c_PicList::SelectAllWanted, this, &c_Editor::MarkAll);
@@ -295,7 +296,7 @@ void c_Editor::bLoad_Clicked() {
     ChangeToFolder(library::PlaylistFolder());
     const QString answer =
         cDialog::GetOpenName(QStringLiteral("Load Playlist"), QStringLiteral("Playlist Files"),
-                             QStringLiteral("*.m3u"), QString(), false);
+                             library::ListPatterns(), QString(), false);
     if (!answer.trimmed().isEmpty())
         Load(platform::PathFromText(answer));
 }
@@ -328,7 +329,7 @@ void c_Editor::StopReading() {
 
 void c_Editor::Drop(const QDropEvent& event) {
     std::vector<fs::path> files = LocalFiles(event);
-    if (files.size() == 1 && mList.LineCount() == 0 && editor::IsPlaylist(files.front()))
+    if (files.size() == 1 && mList.LineCount() == 0 && library::HasListName(files.front().native()))
         Load(files.front());
     else if (!files.empty())
         ReadInto(QStringLiteral("files"), editor::ReadDropped(std::move(files)));
@@ -398,20 +399,11 @@ fs::path c_Editor::SelectedSong() const {
     return platform::PathFromKey(mList.LineKey(mList.LineSelectedNum()));
 }
 
-/// Those that are marked, and the selected one.
-std::vector<int> c_Editor::MarkedLines() const {
-    std::vector<int> lines;
-    for (int line = 0; line < mList.LineCount(); ++line)
-        if (line == mList.LineSelectedNum() || mMarks.Has(line))
-            lines.push_back(line);
-    return lines;
-}
-
-/// Their songs, each once.
+/// Those of the marked lines and the selected one, each once.
 std::vector<fs::path> c_Editor::MarkedSongs() const {
     std::vector<fs::path> songs;
     QSet<QString> known;
-    for (const int line : MarkedLines()) {
+    for (const int line : mList.ChosenLines()) {
         const QString key = mList.LineKey(line);
         if (!known.contains(key))
             songs.push_back(platform::PathFromKey(key));
@@ -464,7 +456,7 @@ void c_Editor::PlayOther(int direction) {
 }
 
 void c_Editor::bRemove_Clicked() {
-    mSongs.Remove(MarkedLines());
+    mSongs.Remove(mList.ChosenLines());
     LinesChanged();
 }
 
@@ -516,9 +508,14 @@ void c_Editor::FindMissing() {
 }
 
 void c_Editor::FindNext(int direction, bool fromHere) {
-    const int from = mList.LineSelectedNum() - (fromHere ? direction : 0);
+    const int count = mList.LineCount();
+    const int selected = mList.LineSelectedNum();
     const QString text = mForm.tFind->text();
-    const int line = mSongs.Find(text, from, direction);
+    int line = -1;
+    if (count > 0 && !text.isEmpty()) {
+        const int from = fromHere || selected < 0 ? std::max(selected, 0) : selected + direction;
+        line = mList.FindText(text, (from + count) % count, direction > 0);
+    }
     mForm.ShowFound(line >= 0 || text.isEmpty());
     if (line >= 0)
         mList.SelectLine(line);
@@ -558,10 +555,13 @@ void c_Editor::mList_LineDoubleClicked(int) { bEdit_Clicked(); }
 void c_Editor::mList_LinePrint(ListCell& cell) {
     constexpr ColorRef kMarked = Rgb(255, 50, 50);
     constexpr ColorRef kMissing = Rgb(140, 140, 165);
+    constexpr ColorRef kNewer = Rgb(160, 190, 255);
     if (mMarks.Has(cell.line))
         cell.color = kMarked;
     else if (mSongs.IsMissing(mList.LineKey(cell.line)))
         cell.color = kMissing;
+    else if (cell.column > 0 && mSongs.IsNewer(mList.LineKey(cell.line)))
+        cell.color = kNewer;
 }
 
 void c_Editor::mList_LineSelChanged(int line) {
@@ -582,23 +582,18 @@ void c_Editor::MarkAll() {
     mList.Refresh();
 }
 
-void c_Editor::ShowMenu(const QPoint& at) {
-    const bool selected = mList.LineSelectedNum() >= 0;
+void c_Editor::mList_LineRightClicked(int, QPoint place) {
     const auto named = [](const char* what, const QString& step) {
         return QLatin1String(what) + (step.isEmpty() ? QString() : u' ' + step);
     };
     const auto call = [this](void (c_Editor::*act)()) { return [this, act] { (this->*act)(); }; };
+    const QPoint at = FromLogical(QRect(place, QSize(1, 1))).topLeft();
     PopUpMenu(
-        *mForm.pList, at,
-        {{QStringLiteral("Play"), QStringLiteral("Space"), call(&c_Editor::bPlay_Clicked),
-          selected},
-         {QStringLiteral("Edit"), QStringLiteral("F2"), call(&c_Editor::bEdit_Clicked), selected},
-         {QStringLiteral("Remove"), QStringLiteral("Del"), call(&c_Editor::bRemove_Clicked),
-          selected},
-         {QStringLiteral("Show in folder"),
-          {},
-          [this] { platform::ShowInFolder(SelectedSong()); },
-          selected},
+        *mForm.pList, mForm.mapToGlobal(at),
+        {{QStringLiteral("Play"), QStringLiteral("Space"), call(&c_Editor::bPlay_Clicked)},
+         {QStringLiteral("Edit"), QStringLiteral("F2"), call(&c_Editor::bEdit_Clicked)},
+         {QStringLiteral("Remove"), QStringLiteral("Del"), call(&c_Editor::bRemove_Clicked)},
+         {QStringLiteral("Show in folder"), {}, [this] { platform::ShowInFolder(SelectedSong()); }},
          {QStringLiteral("Find missing"),
           {},
           call(&c_Editor::FindMissing),
@@ -623,11 +618,6 @@ bool c_Editor::Escape() {
     return true;
 }
 
-void c_Editor::ShowMenuAtLine() {
-    const QRect cell = FromLogical(mList.CellRect(mList.LineSelectedNum(), 0));
-    ShowMenu(mForm.pList->mapToGlobal(cell.bottomLeft()));
-}
-
 /// Keys that mean something else here than to the list, the box or the form; false for others.
 bool c_Editor::Key(const QObject* where, const QKeyEvent& event) {
     const int key = event.key();
@@ -640,10 +630,6 @@ bool c_Editor::Key(const QObject* where, const QKeyEvent& event) {
             FindNext(shift ? -1 : 1);
         return enter;
     }
-    if (key == Qt::Key_Menu || (key == Qt::Key_F10 && shift)) {
-        ShowMenuAtLine();
-        return true;
-    }
     const bool plays = key == Qt::Key_Space && event.modifiers() == Qt::NoModifier;
     if (plays && !event.isAutoRepeat())
         bPlay_Clicked();
@@ -654,11 +640,6 @@ bool c_Editor::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
     case QEvent::KeyPress:
         return Key(watched, *static_cast<QKeyEvent*>(event));
-    case QEvent::ContextMenu:
-        if (watched != mForm.pList)
-            return false;
-        ShowMenu(static_cast<QContextMenuEvent*>(event)->globalPos());
-        return true;
     case QEvent::DragEnter:
     case QEvent::DragMove:
     case QEvent::Drop: {

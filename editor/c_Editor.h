@@ -62,6 +62,7 @@ public:
     void mList_LineDoubleClicked(int line);
     void mList_LinePrint(toolkit::ListCell& cell);
     void mList_LineSelChanged(int line);
+    void mList_LineRightClicked(int line, QPoint place);
     void mList_LinesMoveWanted(const std::vector<int>& lines, int before);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -73,7 +74,6 @@ private:
     /// Shows a message when no song is selected, and returns whether it did.
     bool TellIfNoneSelected() const;
     std::filesystem::path SelectedSong() const;
-    std::vector<int> MarkedLines() const;
     std::vector<std::filesystem::path> MarkedSongs() const;
 
     void ReadInto(const QString& name, editor::Reading reading);
@@ -96,8 +96,6 @@ private:
     void FindNext(int direction, bool fromHere = false);
     bool Escape();
     bool Key(const QObject* where, const QKeyEvent& event);
-    void ShowMenu(const QPoint& at);
-    void ShowMenuAtLine();
 
     void LinesChanged();
     void ShowAll();

@@ -160,7 +160,7 @@ QString f_Edit::Run(const fs::path& song, const editor::Series& series) {
     ShowFolder(song.parent_path(),
                several ? QStringLiteral("%1 of %2: ").arg(series.place + 1).arg(series.songs.size())
                        : QString());
-    ShowFacts({song, {}, {}, {}});
+    ShowFacts({song, {}, {}, {}, {}, {}});
     const auto facts = std::make_shared<editor::SongFacts>();
     const QObject run;
     platform::DoAside(
@@ -180,8 +180,8 @@ void f_Edit::LetEdit(const editor::SongFacts& facts) {
 }
 
 void f_Edit::ShowFacts(const editor::SongFacts& facts) {
-    tArtist->setText(facts.artist);
-    tSongTitle->setText(facts.title);
+    tArtist->setText(facts.ShownArtist());
+    tSongTitle->setText(facts.ShownTitle());
     tFileName->setText(editor::WithoutEnding(platform::ShownText(facts.path.filename())));
     mShownName = tFileName->text();
 }

@@ -10,9 +10,9 @@ class QWidget;
 namespace toolkit {
 
 struct MenuEntry {
-    QString text; ///< empty for a line between the others
-    QString keys; ///< that do the same, as they are written on the keyboard
-    std::function<void()> act;
+    QString text = {}; ///< empty for a line between the others
+    QString keys = {}; ///< that do the same, as they are written on the keyboard
+    std::function<void()> act = {};
     bool usable = true;
 };
 

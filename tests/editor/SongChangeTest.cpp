@@ -40,10 +40,10 @@ TEST(SongChangeTest, WhatIsNotDoneToTheLetterIsToldAndWhatIsOnDiskIsShown) {
         const TemporaryFolder folder;
         const fs::path taken = folder.Write("taken.mp3", "another file");
         const fs::path song = folder.Write("song.mp3", std::string(300, 'x'));
-        Change(song, {song, "Old", "Old Band", "Comment"});
+        Change(song, {song, "Old", "Old Band", "Comment", {}, {}});
         c.spoil(song);
         const editor::SongChange change =
-            Change(song, {folder.Path() / c.name, c.title, c.artist, "Comment"});
+            Change(song, {folder.Path() / c.name, c.title, c.artist, "Comment", {}, {}});
         const editor::SongFacts now = editor::FactsOf(change.after.path);
         EXPECT_EQ(now.title + '|' + now.artist + '|' +
                       QString::fromStdString(now.path.filename().string()),
@@ -59,11 +59,12 @@ TEST(SongChangeTest, WhatIsNotDoneToTheLetterIsToldAndWhatIsOnDiskIsShown) {
 TEST(SongChangeTest, AChangeIsTakenBackWithALongTitlesComment) {
     const TemporaryFolder folder;
     const fs::path song = folder.Write("song.mp3", std::string(300, 'x'));
-    const editor::SongFacts old{song, "Old", "Band", "A comment"};
+    const editor::SongFacts old{song, "Old", "Band", "A comment", {}, {}};
     Change(song, old);
     const std::string bytes = BytesOf(song);
     const editor::SongChange change = Change(
-        song, {folder.Path() / "new.mp3", Repeated("long title ", 4), "New Band", "A comment"});
+        song,
+        {folder.Path() / "new.mp3", Repeated("long title ", 4), "New Band", "A comment", {}, {}});
     EXPECT_TRUE(fs::exists(folder.Path() / "new.mp3"));
     Change(change.after.path, change.before);
     EXPECT_EQ(BytesOf(song), bytes);
