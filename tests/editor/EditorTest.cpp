@@ -9,8 +9,12 @@
 #include "tests/Robot.h"
 #include "tests/SongFolder.h"
 
+#include <QApplication>
 #include <QCheckBox>
+#include <QDropEvent>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMimeData>
 #include <QPushButton>
 #include <QTest>
 #include <algorithm>
@@ -208,6 +212,83 @@ TEST_F(EditorTest, MarkedSongsAreEditedOneAfterTheOtherOrGetTheSameArtist) {
          Key(Qt::Key_Z, Qt::ControlModifier)});
     EXPECT_EQ(undo, "Edit 2 songs");
     EXPECT_EQ(ShownLine(0) + ' ' + ShownLine(2), "song1\\One\\Band song3\\Title 3\\");
+}
+
+TEST_F(EditorTest, DroppedFilesAreAddedFoundAndHaveAMenu) {
+    mFolder.MakeSongs(3);
+    mFolder.MakePlaylist(mFolder.MakeSongs(2, "Other"), "other.m3u");
+    const auto drop = [this](const QStringList& names) {
+        return [this, names] {
+            QMimeData data;
+            QList<QUrl> urls;
+            for (const QString& name : names)
+                urls << QUrl::fromLocalFile(PathText(name.toStdString().c_str()));
+            data.setUrls(urls);
+            QDragEnterEvent enter(QPoint(9, 9), Qt::CopyAction, &data, Qt::LeftButton, {});
+            QApplication::sendEvent(&editor->Form(), &enter);
+            QDropEvent event(QPointF(9, 9), Qt::CopyAction, &data, Qt::LeftButton, {});
+            QApplication::sendEvent(&editor->Form(), &event);
+        };
+    };
+    const auto type = [this](const QString& text) {
+        return [this, text] { QTest::keyClicks(editor->Form().tFind, text); };
+    };
+    const auto enter = [this](Qt::KeyboardModifiers with = {}) {
+        return [this, with] { QTest::keyClick(editor->Form().tFind, Qt::Key_Return, with); };
+    };
+    QList<int> found;
+    const auto look = [&] { found << editor->List().LineSelectedNum(); };
+    QStringList menu;
+    const auto choose = [&] {
+        auto* open = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        ASSERT_NE(open, nullptr);
+        for (const QAction* action : open->actions())
+            menu << (action->isEnabled() ? "" : "-") + action->text().section(u'\t', 0, 0);
+        QTest::keyClick(open, Qt::Key_Up);
+        QTest::keyClick(open, Qt::Key_Return);
+    };
+    Run({drop({"PlayList/other.m3u"}),
+         drop({"Music", "PlayList/other.m3u", "Images/X.bmp"}),
+         ClickHeader(),
+         ClickHeader(),
+         Key(Qt::Key_Home),
+         Key(Qt::Key_F, Qt::ControlModifier),
+         type("TITLE 2"),
+         look,
+         enter(),
+         look,
+         enter(),
+         look,
+         enter(Qt::ShiftModifier),
+         look,
+         type("2"),
+         look,
+         Key(Qt::Key_Escape),
+         Key(Qt::Key_Delete),
+         Key(Qt::Key_F10, Qt::ShiftModifier),
+         choose});
+    EXPECT_EQ(found, QList<int>({1, 2, 3, 2, 2}));
+    EXPECT_EQ(menu.join(u' '), "Play Edit Remove Show in folder -Find missing  "
+                               "Undo Remove 1 song -Redo");
+    EXPECT_EQ(Names(), "song3 song2 song2 song2 song1 song1 song1") << "undone by the menu";
+}
+
+TEST_F(EditorTest, ATitleOfANewerTagIsShownAndWrittenByApply) {
+    const std::string title = "Newer title";
+    std::string tag = {'I', 'D', '3', 3, 0, 0, 0, 0, 0, static_cast<char>(11 + title.size())};
+    tag += std::string("TIT2\0\0\0", 7) + static_cast<char>(title.size() + 1) +
+           std::string(3, '\0') + title;
+    const fs::path song = mFolder.Path() / "Music" / "new.mp3";
+    fs::create_directory(song.parent_path());
+    std::ofstream(song, std::ios::binary) << tag << std::string(300, '\0');
+    f_Edit& dialog = editor->TitleDialog();
+    QString shown;
+    Run({Add(), Key(Qt::Key_Home), [&] { shown = ShownLine(0); }, Key(Qt::Key_Return),
+         [&] { ClickOn(dialog.cmdApply); }});
+    EXPECT_EQ(shown, "new\\Newer title\\");
+    c_ID3 written;
+    written.GetIdTag(song);
+    EXPECT_EQ(written.Title(), "Newer title");
 }
 
 TEST_F(EditorTest, AnUnsavedListIsAskedAboutBeforeItGoesAndNoOther) {
