@@ -2,6 +2,7 @@
 
 #include "app/f_Load.h"
 #include "app/f_Quick.h"
+#include "audio/Mp3Stream.h"
 #include "editor/c_Editor.h"
 #include "library/AnyList.h"
 #include "library/MarkJournal.h"
@@ -16,29 +17,36 @@
 #include "toolkit/SelectFolder.h"
 #include "toolkit/cDialog.h"
 
+#include <QFontMetrics>
 #include <QLabel>
 
 using namespace toolkit;
 
 namespace fs = std::filesystem;
 
+namespace {
+
+constexpr const char* kQuickList = "Quick.m3u";
+
+} // namespace
+
 c_Quick::c_Quick(f_Quick& form, f_Load& loadForm)
     : mForm(form), mLoadForm(loadForm), mWindowButtons(form) {
     mForm.CopyBackground();
-    int top = 200;
-    for (PictureBox* choice : {mForm.pUseDir, mForm.pUsePlayList, mForm.pEditor}) {
-        choice->SetBoxSize(QSize(400, 60));
-        choice->MoveTo(200, top);
-        top += 80;
-    }
+    LayOut();
     bUseDir.Create(mForm.pUseDir, QStringLiteral("QuickPlay (Select a Directory of MP3's)"));
     bUsePlayList.Create(mForm.pUsePlayList, QStringLiteral("PlayList (Select a playlist file)"));
     bEditor.Create(mForm.pEditor,
                    QStringLiteral("Create Playlist (Use Editor to create a playlist)"));
+    bPlayOn.Create(mForm.pPlayOn, QString());
+    bStartOver.Create(mForm.pStartOver, QStringLiteral("Start over"));
 
     connect(&bUseDir, &c_PicButton::Clicked, this, &c_Quick::bUseDir_Clicked);
     connect(&bUsePlayList, &c_PicButton::Clicked, this, &c_Quick::bUsePlaylist_Clicked);
     connect(&bEditor, &c_PicButton::Clicked, this, &c_Quick::bEditor_Clicked);
+    connect(&bPlayOn, &c_PicButton::Clicked, this, &c_Quick::bPlayOn_Clicked);
+    connect(&bStartOver, &c_PicButton::Clicked, this, &c_Quick::bStartOver_Clicked);
+    connect(&mLastListTimer, &QTimer::timeout, this, &c_Quick::OfferLastList);
     connect(&mWindowButtons.bMin, &c_SurfButton::Clicked, this, &c_Quick::bMin_Clicked);
     connect(&mWindowButtons.bX, &c_SurfButton::Clicked, this, &c_Quick::bX_Clicked);
     library::LookForMp3Folder();
@@ -47,12 +55,33 @@ c_Quick::c_Quick(f_Quick& form, f_Load& loadForm)
 
 c_Quick::~c_Quick() { mForm.hide(); }
 
+void c_Quick::LayOut() {
+    constexpr int kLeft = 200;
+    constexpr QSize kSize(400, 60);
+    constexpr int kStep = 80;
+    int top = 200;
+    for (PictureBox* choice : {mForm.pUseDir, mForm.pUsePlayList, mForm.pEditor, mForm.pPlayOn}) {
+        choice->SetBoxSize(kSize);
+        choice->MoveTo(kLeft, top);
+        top += kStep;
+    }
+    constexpr int kBetween = 10;
+    mForm.pStartOver->SetBoxSize(QSize(140, kSize.height()));
+    mForm.pStartOver->MoveTo(kLeft + kSize.width() + kBetween, top - kStep);
+    for (PictureBox* choice : {mForm.pPlayOn, mForm.pStartOver})
+        choice->hide();
+}
+
 fs::path c_Quick::GetM3U() {
     LoadingDone();
     mExitProgram = false;
     ShowChooser();
     platform::WaitWhile([this] { return mForm.isVisible() || mBusy; });
-    mLoadForm.ShowLoading();
+    mLastListTimer.stop();
+    if (!mExitProgram && !platform::Quitting() && !mPath.empty())
+        library::SetLastList(mPath);
+    if (!mLoadForm.isVisible())
+        mLoadForm.ShowLoading();
     platform::PumpEvents();
     return mPath;
 }
@@ -65,6 +94,97 @@ void c_Quick::ShowChooser() {
     mForm.Announce(mForm.lExplain->text());
     mForm.ShowInPlace();
     mWindowButtons.Refresh();
+    mLastList = library::LastList();
+    if (mLastList.empty())
+        return;
+    constexpr int kLookEvery = 20; // milliseconds
+    mLastListLook = std::make_unique<platform::Answer<library::UnplayedSongs>>(
+        [list = mLastList](const std::stop_token&) { return library::CountUnplayed(list); });
+    mLastListTimer.start(kLookEvery);
+}
+
+/// Shows the fourth place once it is known that the list is still there.
+void c_Quick::OfferLastList() {
+    const auto found = mLastListLook->Get();
+    if (!found)
+        return;
+    mLastListTimer.stop();
+    const bool offered = found->songs >= game::kFewestSongs;
+    if (offered) {
+        constexpr int kNameWidth = 120;
+        const bool quick = mLastList.filename() == kQuickList;
+        const QString name =
+            quick ? QStringLiteral("QuickPlay") : platform::ShownText(mLastList.stem());
+        const QFontMetrics metrics(ScreenFont(15));
+        bPlayOn.SetCaption(QStringLiteral("Play on: %1 (%2 of %3 not yet played)")
+                               .arg(metrics.elidedText(name, Qt::ElideMiddle, kNameWidth))
+                               .arg(found->unplayed)
+                               .arg(found->songs));
+    }
+    for (PictureBox* choice : {mForm.pPlayOn, mForm.pStartOver})
+        choice->setVisible(offered);
+}
+
+void c_Quick::bPlayOn_Clicked() {
+    mBusy = true;
+    mForm.hide();
+    PlayLastList();
+    mBusy = false;
+}
+
+void c_Quick::bStartOver_Clicked() {
+    mBusy = true;
+    mForm.hide();
+    library::MarkJournal(mLastList).NewCycle();
+    PlayLastList();
+    mBusy = false;
+}
+
+void c_Quick::PlayLastList() {
+    mPath = mLastList;
+    ChangeToFolder(mPath.parent_path()); // from which its paths begin, as after a dialog
+    if (!MayPlay())
+        ShowChooser();
+}
+
+/// Looks whether the songs can be played and, if there are some that cannot, asks about them. False
+/// if the player wants something else.
+bool c_Quick::MayPlay() {
+    constexpr int kLookEvery = 10; // milliseconds
+    mLoadForm.ShowLoading();
+    const platform::Answer<library::SongCheck> check([list = mPath](const std::stop_token& stop) {
+        const auto length = [&stop](const fs::path& song) {
+            const auto stream = audio::Mp3Stream::Open(song, stop);
+            return stream ? stream->Length() : 0;
+        };
+        return library::CheckSongs(list, game::kShortestSong, length, stop);
+    });
+    while (!check.Get()) {
+        platform::WaitFor(kLookEvery);
+        // Closing the waiting window leads back.
+        if (!mLoadForm.isVisible() || platform::Quitting())
+            return false;
+    }
+    return AsksAbout(*check.Get());
+}
+
+bool c_Quick::AsksAbout(const library::SongCheck& check) {
+    // Lists that are too short, or none, are the game's to refuse.
+    if (check.unplayable == 0 || check.songs < game::kFewestSongs)
+        return true;
+    mLoadForm.hide();
+    if (check.unplayable == check.songs) {
+        platform::ShowMessage(QStringLiteral("None of the songs in this playlist can be played."));
+        return false;
+    }
+    const QString start = check.checked < check.songs ? QStringLiteral("At least ") : QString();
+    return platform::AskYesNo(
+        start + QStringLiteral("%1 of %2 songs cannot be played: they are missing, cannot be read "
+                               "or are shorter than %3 seconds.\n"
+                               "Do you want to play with the others?")
+                    .arg(check.unplayable)
+                    .arg(check.songs)
+                    .arg(game::kShortestSong));
 }
 
 void c_Quick::bUseDir_Clicked() {
@@ -112,7 +232,7 @@ bool c_Quick::WriteQuickList(const c_M3U& list) {
     fs::create_directories(library::PlaylistFolder(), error);
     // So that one can play even if the program's folder cannot be written to.
     for (const fs::path& folder : {library::PlaylistFolder(), platform::CacheFolder()}) {
-        mPath = folder / "Quick.m3u";
+        mPath = folder / kQuickList;
         if (list.WriteFile(mPath)) {
             library::MarkJournal::Forget(mPath);
             return true;
@@ -161,6 +281,8 @@ void c_Quick::bUsePlaylist_Clicked() {
     if (mPath.empty()) {
         platform::ShowMessage(QStringLiteral("No Playlist was selected.\n"
                                              "You can create a playlist using the Editor."));
+        ShowChooser();
+    } else if (!MayPlay()) {
         ShowChooser();
     }
     mBusy = false;

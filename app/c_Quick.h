@@ -1,11 +1,15 @@
 #pragma once
 
 #include "game/SongSource.h"
+#include "library/ListLook.h"
+#include "platform/Answer.h"
 #include "toolkit/Screen.h"
 #include "toolkit/c_PicButton.h"
 
 #include <QObject>
+#include <QTimer>
 #include <filesystem>
+#include <memory>
 
 class c_M3U;
 class f_Load;
@@ -27,6 +31,8 @@ public:
     void bUseDir_Clicked();
     void bUsePlaylist_Clicked();
     void bEditor_Clicked();
+    void bPlayOn_Clicked();
+    void bStartOver_Clicked();
     void bMin_Clicked();
     void bX_Clicked();
 
@@ -35,6 +41,11 @@ private:
     bool WriteQuickList(const c_M3U& list);
     bool ScanFolder(const std::filesystem::path& folder, c_M3U& list);
     void ShowChooser();
+    void LayOut();
+    void OfferLastList();
+    void PlayLastList();
+    bool MayPlay();
+    bool AsksAbout(const library::SongCheck& check);
 
     f_Quick& mForm;
     f_Load& mLoadForm;
@@ -46,4 +57,9 @@ private:
     c_PicButton bUseDir;
     c_PicButton bUsePlayList;
     c_PicButton bEditor;
+    c_PicButton bPlayOn;
+    c_PicButton bStartOver;
+    std::filesystem::path mLastList;
+    std::unique_ptr<platform::Answer<library::UnplayedSongs>> mLastListLook;
+    QTimer mLastListTimer; ///< runs until the look is over
 };

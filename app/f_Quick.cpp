@@ -15,11 +15,13 @@ f_Quick::f_Quick()
       lExplain(new QLabel(QStringLiteral("Where do the songs come from?"), this)),
       pUseDir(new PictureBox(this, QStringLiteral("pUseDir"), kChoice)),
       pUsePlayList(new PictureBox(this, QStringLiteral("pUsePlayList"), kChoice)),
-      pEditor(new PictureBox(this, QStringLiteral("pEditor"), kChoice)) {
+      pEditor(new PictureBox(this, QStringLiteral("pEditor"), kChoice)),
+      pPlayOn(new PictureBox(this, QStringLiteral("pPlayOn"), kChoice)),
+      pStartOver(new PictureBox(this, QStringLiteral("pStartOver"), kChoice)) {
     lExplain->setObjectName(QStringLiteral("lExplain"));
     SetFontPoints(*lExplain, 20);
     lExplain->setAlignment(Qt::AlignCenter);
     Put(*lExplain, QRect(100, 120, 600, 80));
-    for (PictureBox* choice : {pUseDir, pUsePlayList, pEditor})
+    for (PictureBox* choice : {pUseDir, pUsePlayList, pEditor, pPlayOn, pStartOver})
         choice->Dc()->SetFont(ScreenFont(15));
 }

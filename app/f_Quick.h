@@ -14,4 +14,6 @@ public:
     toolkit::PictureBox* pUseDir;
     toolkit::PictureBox* pUsePlayList;
     toolkit::PictureBox* pEditor;
+    toolkit::PictureBox* pPlayOn;
+    toolkit::PictureBox* pStartOver;
 };

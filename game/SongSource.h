@@ -9,6 +9,9 @@ namespace game {
 /// How many songs a game needs at least.
 constexpr int kFewestSongs = 10;
 
+/// Seconds that a song must have to be played.
+constexpr double kShortestSong = 5;
+
 /// Where a game's songs come from. Created for one game; released once its first song is loaded.
 class SongSource {
 public:

@@ -17,16 +17,27 @@ SongCycle::~SongCycle() {
 }
 
 void SongCycle::Begin() {
-    const MarkJournal::Marks kept = mJournal.Read();
-    if (kept.newCycle)
-        mList->ClearAllPlayed();
-    for (int song = 0; song < Count() && !kept.played.empty(); ++song)
-        if (kept.played.contains(mList->FileName(song).string()))
-            mList->SetPlayed(song, 1);
+    mList->SetMarks(MarksWithJournal());
     mMarks = mList->Marks();
     mUnplayed = std::count(mMarks.begin(), mMarks.end(), 0);
     mList->RandomizeList();
     mBegun = true;
+}
+
+int SongCycle::Unplayed() const {
+    const std::vector<std::int16_t> marks = mBegun ? mMarks : MarksWithJournal();
+    return static_cast<int>(std::count(marks.begin(), marks.end(), 0));
+}
+
+std::vector<std::int16_t> SongCycle::MarksWithJournal() const {
+    std::vector<std::int16_t> marks = mList->Marks();
+    const MarkJournal::Marks kept = mJournal.Read();
+    if (kept.newCycle)
+        std::fill(marks.begin(), marks.end(), std::int16_t{0});
+    for (std::size_t song = 0; song < marks.size() && !kept.played.empty(); ++song)
+        if (kept.played.contains(mList->FileName(static_cast<int>(song)).string()))
+            marks[song] = 1;
+    return marks;
 }
 
 std::vector<fs::path> SongCycle::Upcoming(std::size_t most) {

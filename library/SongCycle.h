@@ -36,6 +36,9 @@ public:
     /// The songs, for any thread that still needs them when this object has gone.
     std::shared_ptr<const c_M3U> Songs() const { return mList; }
 
+    /// How many songs have not been played in this cycle, with those of games that were killed.
+    int Unplayed() const;
+
     /// Puts the songs into an order of play, with the marks that a crash has left in the journal.
     /// Called once, before the functions below; a list that never begins is left alone.
     void Begin();
@@ -56,6 +59,7 @@ private:
         int song;
         bool newCycle; ///< all marks are cleared before it
     };
+    std::vector<std::int16_t> MarksWithJournal() const;
 
     bool AnyLeft() const { return static_cast<int>(mFailed.size()) < Count(); }
     void NextTurn();

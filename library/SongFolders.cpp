@@ -1,12 +1,11 @@
 #include "library/SongFolders.h"
 
 #include "library/SongScan.h"
-#include "platform/Aside.h"
+#include "platform/Answer.h"
 #include "platform/ProgramFolder.h"
 #include "platform/Settings.h"
 
 #include <memory>
-#include <mutex>
 
 namespace library {
 
@@ -17,39 +16,30 @@ namespace {
 const QString kApplication = QStringLiteral("Songrush");
 const QString kDirs = QStringLiteral("Dirs");
 const QString kMp3Dir = QStringLiteral("Mp3Dir");
+const QString kLastList = QStringLiteral("LastList");
 
-/// What is found out aside.
-struct Look {
-    std::mutex mutex;
-    fs::path found; ///< guarded by the mutex; empty until it is known
-};
-
-std::shared_ptr<Look> gLook;
+std::unique_ptr<platform::Answer<fs::path>> gLook;
 
 fs::path Remembered() { return platform::ReadPathSetting(kApplication, kDirs, kMp3Dir, {}); }
 
 } // namespace
 
 void LookForMp3Folder() {
-    gLook = std::make_shared<Look>();
-    platform::Aside([look = gLook, remembered = Remembered(), music = platform::MusicFolder(),
-                        samples = platform::ProgramFolder() / "Music",
-                        root = platform::RootFolder()](const std::stop_token&) {
-        std::error_code error;
-        fs::path found = !remembered.empty() ? remembered : HoldsSongs(music) ? music : samples;
-        if (!fs::is_directory(found, error))
-            found = root;
-        const std::lock_guard lock(look->mutex);
-        look->found = found;
-    });
+    gLook = std::make_unique<platform::Answer<fs::path>>(
+        [remembered = Remembered(), music = platform::MusicFolder(),
+         samples = platform::ProgramFolder() / "Music",
+         root = platform::RootFolder()](const std::stop_token&) {
+            std::error_code error;
+            const fs::path wished = !remembered.empty() ? remembered
+                                    : HoldsSongs(music) ? music
+                                                        : samples;
+            return fs::is_directory(wished, error) ? wished : root;
+        });
 }
 
 fs::path LastMp3Folder() {
-    if (gLook) {
-        const std::lock_guard lock(gLook->mutex);
-        if (!gLook->found.empty())
-            return gLook->found;
-    }
+    if (const auto found = gLook ? gLook->Get() : std::nullopt)
+        return *found;
     const fs::path remembered = Remembered();
     return remembered.empty() ? platform::MusicFolder() : remembered;
 }
@@ -57,6 +47,12 @@ fs::path LastMp3Folder() {
 void SetLastMp3Folder(const fs::path& folder) {
     gLook.reset(); // it knows of another one
     platform::WritePathSetting(kApplication, kDirs, kMp3Dir, folder);
+}
+
+fs::path LastList() { return platform::ReadPathSetting(kApplication, kDirs, kLastList, {}); }
+
+void SetLastList(const fs::path& list) {
+    platform::WritePathSetting(kApplication, kDirs, kLastList, list);
 }
 
 fs::path PlaylistFolder() { return platform::ProgramFolder() / "PlayList"; }

@@ -15,6 +15,12 @@ void LookForMp3Folder();
 /// Remembers `folder` for `LastMp3Folder`.
 void SetLastMp3Folder(const std::filesystem::path& folder);
 
+/// The playlist that was played last; empty if there is none.
+std::filesystem::path LastList();
+
+/// Remembers `list` for `LastList`.
+void SetLastList(const std::filesystem::path& list);
+
 /// The folder beside the program in which playlists are kept. It may not exist.
 std::filesystem::path PlaylistFolder();
 

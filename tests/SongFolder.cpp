@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr double kShortest = 1.0;
+constexpr double kShortest = 5.0; // as short as the game plays them
 constexpr double kStep = 0.1;
 
 const std::string& SongBytes(int number) {

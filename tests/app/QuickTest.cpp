@@ -1,6 +1,8 @@
 #include "app/c_Quick.h"
 #include "app/f_Load.h"
 #include "app/f_Quick.h"
+#include "library/ListLook.h"
+#include "library/MarkJournal.h"
 #include "library/c_ID3.h"
 #include "platform/ProgramFolder.h"
 #include "platform/Settings.h"
@@ -23,7 +25,7 @@ protected:
         Robot robot([&] {
             if (AnswerFileDialog(QString::fromStdString(chosen.string())))
                 return mAnswered();
-            if (form.isVisible())
+            if (form.isVisible() && (pressed || button->isVisible()))
                 ClickOn(std::exchange(pressed, true) ? form.pX : button);
         });
         robot.mSaysYes = saysYes;
@@ -110,6 +112,44 @@ TEST_F(QuickTest, APlaylistIsPickedAndItsFolderIsTheCurrentOne) {
     EXPECT_EQ(mPath, list);
     EXPECT_FALSE(mExit);
     EXPECT_EQ(fs::current_path(), mFolder.Path());
+}
+
+TEST_F(QuickTest, SongsThatCannotBePlayedAreToldBefore) {
+    const std::vector<fs::path> songs = mFolder.MakeSongs(12);
+    const fs::path list = mFolder.MakePlaylist(songs);
+    fs::remove(songs[0]);
+    fs::resize_file(songs[1], 0);
+    fs::resize_file(songs[2], fs::file_size(songs[2]) / 2);
+    for (const bool yes : {true, false}) {
+        Run(form.pUsePlayList, list, yes);
+        EXPECT_EQ(mMessages, QStringList("3 of 12 songs cannot be played: they are missing, cannot "
+                                         "be read or are shorter than 5 seconds.\n"
+                                         "Do you want to play with the others?"));
+        EXPECT_EQ(mExit, !yes) << "No leads back to the chooser";
+    }
+    fs::remove_all(mFolder.Path() / "Music");
+    Run(form.pUsePlayList, list);
+    EXPECT_EQ(mMessages, QStringList("None of the songs in this playlist can be played."));
+    EXPECT_TRUE(mExit);
+}
+
+TEST_F(QuickTest, TheListPlayedLastIsPlayedOnOrFromTheStart) {
+    const std::vector<fs::path> songs = mFolder.MakeSongs(12);
+    const fs::path list = mFolder.MakePlaylist(songs);
+    Run(form.pUsePlayList, list);
+    library::MarkJournal(list).Played(songs[3]);
+    const std::string bytes = BytesOf(list);
+    for (const auto& [button, unplayed] : {std::pair(form.pPlayOn, 11), {form.pStartOver, 12}}) {
+        Run(button, {});
+        EXPECT_EQ(mPath, list);
+        EXPECT_FALSE(mExit);
+        EXPECT_EQ(form.pPlayOn->accessibleName(), "Play on: Test (11 of 12 not yet played)");
+        EXPECT_EQ(library::CountUnplayed(list).unplayed, unplayed);
+    }
+    EXPECT_EQ(BytesOf(list), bytes);
+    fs::remove(list);
+    EXPECT_EQ(library::CountUnplayed(list).songs, 0);
+    EXPECT_FALSE(fs::exists(list));
 }
 
 TEST_F(QuickTest, ClosingTheWaitingWindowGivesTheScanUp) {

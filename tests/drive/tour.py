@@ -220,6 +220,7 @@ class Tour:
         """Three players, by keys; the first answer is late and wrong."""
         game = KeysGame(self.program, betting=True, players=3)
         game.choose_kind()
+        self.hover("chooser-play-on", "Start over")
         self.program.tab_to(QUICKPLAY)
         self.see("chooser-keys")
         game.use(QUICKPLAY)

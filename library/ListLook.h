@@ -1,0 +1,33 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <stop_token>
+
+namespace library {
+
+// Both look at a playlist of any kind and change no file. They take as long as the disk does.
+
+struct UnplayedSongs {
+    int songs = 0; ///< 0 if the list cannot be read
+    int unplayed = 0;
+};
+
+/// How many songs of a list have not been played yet, games that were killed included.
+UnplayedSongs CountUnplayed(const std::filesystem::path& list);
+
+struct SongCheck {
+    int songs = 0;
+    int checked = 0; ///< fewer than `songs` if time was up
+    int unplayable = 0;
+};
+
+/// Counts the songs of a list that are missing, cannot be read or are shorter than `shortest`
+/// seconds. `lengthOf`, which gives seconds, 0 for what is no song, is asked only of files so small
+/// that they may be too short. Goes on for some 2 seconds, as a game finds out by itself what it
+/// cannot play.
+SongCheck CheckSongs(const std::filesystem::path& list, double shortest,
+                     const std::function<double(const std::filesystem::path&)>& lengthOf,
+                     const std::stop_token& stop);
+
+} // namespace library
