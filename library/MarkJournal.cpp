@@ -31,8 +31,6 @@ std::string NameOf(const fs::path& list) {
 
 /// Where playlists are kept, or the user's cache if nothing can be written there.
 fs::path Folder() {
-    std::error_code error;
-    fs::create_directories(PlaylistFolder(), error);
     const bool writable = QFileInfo(platform::TextFromPath(PlaylistFolder())).isWritable();
     return writable ? PlaylistFolder() : platform::CacheFolder();
 }
@@ -47,6 +45,12 @@ void MarkJournal::Forget(const fs::path& list) {
 MarkJournal::MarkJournal(const fs::path& list) : mName(NameOf(list)) {}
 
 fs::path MarkJournal::File() const { return Folder() / mName; }
+
+fs::path MarkJournal::FileToWrite() const {
+    std::error_code error;
+    fs::create_directories(PlaylistFolder(), error);
+    return File();
+}
 
 MarkJournal::Marks MarkJournal::Read() const {
     QByteArray bytes;
@@ -63,11 +67,12 @@ MarkJournal::Marks MarkJournal::Read() const {
 void MarkJournal::Played(const fs::path& song) {
     std::string lines;
     AppendEntry(lines, {song.string(), 1});
-    mWorker.Do([file = File(), lines = std::move(lines)] { platform::AppendToFile(file, lines); });
+    mWorker.Do(
+        [file = FileToWrite(), lines = std::move(lines)] { platform::AppendToFile(file, lines); });
 }
 
 void MarkJournal::NewCycle() {
-    mWorker.Do([file = File()] { platform::ReplaceFile(file, QByteArrayView(kNewCycle)); });
+    mWorker.Do([file = FileToWrite()] { platform::ReplaceFile(file, QByteArrayView(kNewCycle)); });
 }
 
 void MarkJournal::Discard() {

@@ -40,6 +40,7 @@ public:
 
 private:
     std::filesystem::path File() const;
+    std::filesystem::path FileToWrite() const;
 
     std::string mName;
     platform::Worker mWorker;
