@@ -46,7 +46,6 @@ c_Quick::c_Quick(f_Quick& form, f_Load& loadForm)
     connect(&bEditor, &c_PicButton::Clicked, this, &c_Quick::bEditor_Clicked);
     connect(&bPlayOn, &c_PicButton::Clicked, this, &c_Quick::bPlayOn_Clicked);
     connect(&bStartOver, &c_PicButton::Clicked, this, &c_Quick::bStartOver_Clicked);
-    connect(&mLastListTimer, &QTimer::timeout, this, &c_Quick::OfferLastList);
     connect(&mWindowButtons.bMin, &c_SurfButton::Clicked, this, &c_Quick::bMin_Clicked);
     connect(&mWindowButtons.bX, &c_SurfButton::Clicked, this, &c_Quick::bX_Clicked);
     library::LookForMp3Folder();
@@ -76,8 +75,10 @@ fs::path c_Quick::GetM3U() {
     LoadingDone();
     mExitProgram = false;
     ShowChooser();
-    platform::WaitWhile([this] { return mForm.isVisible() || mBusy; });
-    mLastListTimer.stop();
+    platform::WaitWhile([this] {
+        OfferLastList();
+        return mForm.isVisible() || mBusy;
+    });
     if (!mExitProgram && !platform::Quitting() && !mPath.empty())
         library::SetLastList(mPath);
     if (!mLoadForm.isVisible())
@@ -97,18 +98,16 @@ void c_Quick::ShowChooser() {
     mLastList = library::LastList();
     if (mLastList.empty())
         return;
-    constexpr int kLookEvery = 20; // milliseconds
     mLastListLook = std::make_unique<platform::Answer<library::UnplayedSongs>>(
         [list = mLastList](const std::stop_token&) { return library::CountUnplayed(list); });
-    mLastListTimer.start(kLookEvery);
 }
 
 /// Shows the fourth place once it is known that the list is still there.
 void c_Quick::OfferLastList() {
-    const auto found = mLastListLook->Get();
+    const auto found = mLastListLook ? mLastListLook->Get() : std::nullopt;
     if (!found)
         return;
-    mLastListTimer.stop();
+    mLastListLook.reset();
     const bool offered = found->songs >= game::kFewestSongs;
     if (offered) {
         constexpr int kNameWidth = 120;
@@ -150,7 +149,6 @@ void c_Quick::PlayLastList() {
 /// Looks whether the songs can be played and, if there are some that cannot, asks about them. False
 /// if the player wants something else.
 bool c_Quick::MayPlay() {
-    constexpr int kLookEvery = 10; // milliseconds
     mLoadForm.ShowLoading();
     const platform::Answer<library::SongCheck> check([list = mPath](const std::stop_token& stop) {
         const auto length = [&stop](const fs::path& song) {
@@ -159,12 +157,10 @@ bool c_Quick::MayPlay() {
         };
         return library::CheckSongs(list, game::kShortestSong, length, stop);
     });
-    while (!check.Get()) {
-        platform::WaitFor(kLookEvery);
-        // Closing the waiting window leads back.
-        if (!mLoadForm.isVisible() || platform::Quitting())
-            return false;
-    }
+    // Closing the waiting window leads back.
+    platform::WaitWhile([&] { return !check.Get() && mLoadForm.isVisible(); });
+    if (!check.Get() || !mLoadForm.isVisible() || platform::Quitting())
+        return false;
     return AsksAbout(*check.Get());
 }
 

@@ -7,7 +7,6 @@
 #include "toolkit/c_PicButton.h"
 
 #include <QObject>
-#include <QTimer>
 #include <filesystem>
 #include <memory>
 
@@ -61,5 +60,4 @@ private:
     c_PicButton bStartOver;
     std::filesystem::path mLastList;
     std::unique_ptr<platform::Answer<library::UnplayedSongs>> mLastListLook;
-    QTimer mLastListTimer; ///< runs until the look is over
 };

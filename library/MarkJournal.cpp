@@ -35,6 +35,12 @@ fs::path Folder() {
     return writable ? PlaylistFolder() : platform::CacheFolder();
 }
 
+fs::path FileToWrite(const std::string& name) {
+    std::error_code error;
+    fs::create_directories(PlaylistFolder(), error);
+    return Folder() / name;
+}
+
 } // namespace
 
 void MarkJournal::Forget(const fs::path& list) {
@@ -45,12 +51,6 @@ void MarkJournal::Forget(const fs::path& list) {
 MarkJournal::MarkJournal(const fs::path& list) : mName(NameOf(list)) {}
 
 fs::path MarkJournal::File() const { return Folder() / mName; }
-
-fs::path MarkJournal::FileToWrite() const {
-    std::error_code error;
-    fs::create_directories(PlaylistFolder(), error);
-    return File();
-}
 
 MarkJournal::Marks MarkJournal::Read() const {
     QByteArray bytes;
@@ -67,18 +67,20 @@ MarkJournal::Marks MarkJournal::Read() const {
 void MarkJournal::Played(const fs::path& song) {
     std::string lines;
     AppendEntry(lines, {song.string(), 1});
-    mWorker.Do(
-        [file = FileToWrite(), lines = std::move(lines)] { platform::AppendToFile(file, lines); });
+    mWorker.Do([name = mName, lines = std::move(lines)] {
+        platform::AppendToFile(FileToWrite(name), lines);
+    });
 }
 
 void MarkJournal::NewCycle() {
-    mWorker.Do([file = FileToWrite()] { platform::ReplaceFile(file, QByteArrayView(kNewCycle)); });
+    mWorker.Do(
+        [name = mName] { platform::ReplaceFile(FileToWrite(name), QByteArrayView(kNewCycle)); });
 }
 
 void MarkJournal::Discard() {
-    mWorker.Do([file = File()] {
+    mWorker.Do([name = mName] {
         std::error_code ignored;
-        fs::remove(file, ignored);
+        fs::remove(Folder() / name, ignored);
     });
 }
 

@@ -40,7 +40,6 @@ public:
 
 private:
     std::filesystem::path File() const;
-    std::filesystem::path FileToWrite() const;
 
     std::string mName;
     platform::Worker mWorker;

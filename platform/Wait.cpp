@@ -34,7 +34,13 @@ public:
 #ifdef SONGRUSH_POSIX
 int gSignalPipe[2] = {-1, -1};
 
+/// Whoever sends a signal is not kept waiting, even if a disk keeps the main thread.
+constexpr unsigned kLongestEnd = 2; // seconds
+
+extern "C" void EndNow(int) { _exit(0); }
+
 extern "C" void SignalHandler(int) {
+    alarm(kLongestEnd);
     const char byte = 1;
     // Nothing can be done about a failure inside a signal handler.
     [[maybe_unused]] const auto written = write(gSignalPipe[1], &byte, 1);
@@ -55,10 +61,12 @@ public:
         });
         for (const int number : {SIGTERM, SIGINT, SIGHUP})
             std::signal(number, SignalHandler);
+        std::signal(SIGALRM, EndNow);
         std::signal(SIGXFSZ, SIG_IGN); // the write that goes beyond the limit fails
     }
     ~SignalWatch() {
-        for (const int number : {SIGTERM, SIGINT, SIGHUP, SIGXFSZ})
+        alarm(0);
+        for (const int number : {SIGTERM, SIGINT, SIGHUP, SIGALRM, SIGXFSZ})
             std::signal(number, SIG_DFL);
         mNotifier.reset();
         for (int& end : gSignalPipe) {
