@@ -48,9 +48,12 @@ std::size_t Cue::Failed() const {
 }
 
 std::shared_ptr<Track> Cue::Claim(const fs::path& song) {
-    for (const Cue* cue : gCues)
-        if (cue->Ready() && cue->mSongs[cue->Failed()] == song)
+    for (const Cue* cue : gCues) {
+        const bool tried =
+            std::find(cue->mSongs.begin(), cue->mSongs.end(), song) != cue->mSongs.end();
+        if (cue->Ready() ? cue->mSongs[cue->Failed()] == song : tried && !cue->Working())
             return cue->mTrack;
+    }
     return std::make_shared<Track>(std::vector{song}, [](double) { return 0.0; });
 }
 

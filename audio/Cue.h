@@ -36,7 +36,7 @@ public:
     /// Whether the work goes on: no song is ready and not all have failed.
     bool Working() const { return !Ready() && Failed() < mSongs.size(); }
 
-    /// The track of a song that is ready, or one that begins to be opened now.
+    /// The track of a song that is ready, or has failed, or else one that begins to be opened now.
     static std::shared_ptr<Track> Claim(const std::filesystem::path& song);
 
 private:

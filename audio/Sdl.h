@@ -18,6 +18,9 @@ struct Sdl {
     decltype(&SDL_CloseAudioDevice) CloseAudioDevice;
 };
 
+/// Has these functions called instead by all devices that are made from now on; null for SDL's.
+void ReplaceSdl(const Sdl* sdl);
+
 /// SDL, loaded by the first call, from any thread; null where there is none. It brings thirty
 /// libraries with it, for which the program's start need not wait.
 const Sdl* LoadSdl();

@@ -1,12 +1,13 @@
 #include "editor/c_player.h"
 
 #include "audio/c_XAudio.h"
-#include "library/c_ID3.h"
+#include "library/SongTag.h"
 #include "platform/Text.h"
 #include "platform/Wait.h"
 #include "toolkit/Mous.h"
 
 #include <QMouseEvent>
+#include <vector>
 
 using namespace toolkit;
 
@@ -42,10 +43,13 @@ c_player::c_player() {
     connect(mForm.pFF, &PictureBox::KeyUp, this, [this] { HoldFF(Hold::None); });
     // A screen reader cannot hold a button down.
     connect(&bFF, &c_SurfButton::Clicked, this, [this] {
-        if (mHold == Hold::None)
+        if (mHold == Hold::None && !Loading())
             Audio().SeekTo(Audio().Position() + kLeap);
     });
     mForm.pFF->installEventFilter(this);
+    constexpr int kLookEvery = 10; // milliseconds
+    mTillReady.setInterval(kLookEvery);
+    connect(&mTillReady, &QTimer::timeout, this, &c_player::TakeSong);
 }
 
 c_player::~c_player() {
@@ -65,21 +69,43 @@ void c_player::Show() {
 }
 
 void c_player::OpenFile(const std::filesystem::path& song) {
-    c_ID3 tag;
-    tag.GetIdTag(song);
+    if (mInUse)
+        Audio().StopPlay();
+    mInUse = mPlayWhenReady = false;
+    mSong = song;
     mForm.StopTimer();
-    mForm.SetTitle(tag.Title().isEmpty() ? platform::ShownText(song) : tag.Title());
+    mForm.SetTitle(platform::ShownText(song));
     mForm.SetPos(0);
-    if (Audio().OpenFile(song) != 0)
+    mForm.ShowLoading();
+    mTitle.emplace([song](const std::stop_token&) {
+        library::SongTag tag;
+        tag.Read(song);
+        return tag.Title();
+    });
+    mCue.emplace(std::vector{song}, [](double) { return 0.0; });
+    mTillReady.start();
+}
+
+/// Goes on once the disk has answered.
+void c_player::TakeSong() {
+    const std::optional<QString> title = mTitle->Get();
+    if (mCue->Working() || (mCue->Ready() && !title))
+        return;
+    mTillReady.stop();
+    if (title && !title->isEmpty())
+        mForm.SetTitle(*title);
+    if (Audio().OpenFile(mSong) != 0)
         mForm.SetTimes(0, Audio().Length());
     else
         mForm.ShowUnplayable();
-    mInUse = false;
+    mCue.reset();
+    if (mPlayWhenReady)
+        bPlay_Clicked();
 }
 
 void c_player::Seek(double part) {
     const double length = Audio().Length();
-    if (length <= 0)
+    if (length <= 0 || Loading())
         return;
     Audio().SeekTo(part * length);
     mForm.SetPos(static_cast<float>(part * 100));
@@ -87,6 +113,10 @@ void c_player::Seek(double part) {
 }
 
 void c_player::bPlay_Clicked() {
+    if (Loading()) {
+        mPlayWhenReady = true;
+        return;
+    }
     if (Audio().Position() >= Audio().Length())
         Audio().SeekTo(0); // play it again
     Audio().Play();
@@ -95,12 +125,17 @@ void c_player::bPlay_Clicked() {
 }
 
 void c_player::bPause_Clicked() {
+    if (Loading())
+        return;
     Audio().PausePlay();
     mForm.PosTimer.start(); // the second press plays, even if the song was not playing before
     mInUse = true;
 }
 
 void c_player::bStop_Clicked() {
+    mPlayWhenReady = false;
+    if (Loading())
+        return;
     Audio().StopPlay();
     mForm.StopTimer();
     Seek(0);
@@ -108,6 +143,8 @@ void c_player::bStop_Clicked() {
 }
 
 void c_player::bX_Clicked() {
+    mTillReady.stop();
+    mCue.reset();
     bStop_Clicked();
     mForm.hide();
 }

@@ -1,10 +1,14 @@
 #pragma once
 
+#include "audio/Cue.h"
 #include "editor/f_Player.h"
+#include "platform/Answer.h"
 #include "toolkit/c_SurfButton.h"
 
 #include <QObject>
+#include <QTimer>
 #include <filesystem>
+#include <optional>
 
 /// The small window that plays a song of the editor's list, through the program's clip player.
 class c_player : public QObject {
@@ -18,8 +22,12 @@ public:
     /// shown.
     void Show();
 
-    /// Opens a song at its start, without playing it. One that cannot be played says so.
+    /// Opens a song at its start, without playing it; it is ready some time later. One that cannot
+    /// be played says so.
     void OpenFile(const std::filesystem::path& song);
+
+    /// Whether that is still under way.
+    bool Loading() const { return mCue.has_value(); }
 
     /// Whether a song is played, or paused, for this window.
     bool InUse() const { return mInUse; }
@@ -42,6 +50,7 @@ private:
 
     void HoldFF(Hold hold);
     void Seek(double part);
+    void TakeSong();
 
     f_Player mForm;
     c_SurfButton bPlay;
@@ -51,6 +60,11 @@ private:
     c_SurfButton bPrev;
     c_SurfButton bNext;
     c_SurfButton bX;
+    std::filesystem::path mSong;
+    std::optional<audio::Cue> mCue; // of the song, while it is loaded
+    std::optional<platform::Answer<QString>> mTitle;
+    QTimer mTillReady;
+    bool mPlayWhenReady = false;
     Hold mHold = Hold::None; // of the fast-forward button
     bool mInUse = false;     // the clip player may be playing for this window
 };

@@ -134,6 +134,8 @@ void f_Player::SetTimes(double elapsed, double whole) {
     ShowTimes(Clock(elapsed) + QStringLiteral(" / ") + Clock(whole), kNightText);
 }
 
+void f_Player::ShowLoading() { ShowTimes(QStringLiteral("Loading..."), kWhite); }
+
 void f_Player::ShowUnplayable() {
     const QString text = QStringLiteral("Cannot be played");
     ShowTimes(text, Rgb(255, 110, 110));

@@ -22,6 +22,9 @@ public:
     /// Shows how much of the song has been heard, and the whole of it, in seconds.
     void SetTimes(double elapsed, double whole);
 
+    /// Shows in their place that the song is not ready yet.
+    void ShowLoading();
+
     /// Shows in their place that the song cannot be played.
     void ShowUnplayable();
 

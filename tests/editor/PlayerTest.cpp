@@ -38,6 +38,11 @@ protected:
         return mFolder.Path() / name;
     }
 
+    void Open(const fs::path& song) {
+        mPlayer->OpenFile(song);
+        EXPECT_TRUE(QTest::qWaitFor([this] { return !mPlayer->Loading(); }));
+    }
+
     void Key(Qt::Key key) { QTest::keyClick(StageWindow(), key); }
 
     bool Passes(double seconds) const {
@@ -87,7 +92,7 @@ protected:
 };
 
 TEST_F(Player, ComesUpInTheCornerAboveAllWithoutPlaying) {
-    mPlayer->OpenFile(Song());
+    Open(Song());
     mForm.MoveTo(QPoint(70, 50));
     mPlayer->Show();
     EXPECT_EQ(PlaceOf(mForm).topLeft(), QPoint(70, 50));
@@ -99,7 +104,7 @@ TEST_F(Player, ComesUpInTheCornerAboveAllWithoutPlaying) {
 }
 
 TEST_F(Player, PlaysPausesStopsAndRestsAtTheSongsEnd) {
-    mPlayer->OpenFile(Song());
+    Open(Song());
     ClickOn(mForm.pPlay);
     Audio().SeekTo(20);
     EXPECT_TRUE(
@@ -126,7 +131,7 @@ TEST_F(Player, PlaysPausesStopsAndRestsAtTheSongsEnd) {
 }
 
 TEST_F(Player, GoesWhereTheBarIsPressedAndTellsTheTimes) {
-    mPlayer->OpenFile(Song());
+    Open(Song());
     EXPECT_EQ(mForm.pTimes->Text(), "0:00 / 0:40");
     const struct {
         int x;
@@ -145,7 +150,7 @@ TEST_F(Player, GoesWhereTheBarIsPressedAndTellsTheTimes) {
 
 TEST_F(Player, IsFastOnlyWhileTheKeyIsHeld) {
     QWindow* window = StageWindow();
-    mPlayer->OpenFile(Song());
+    Open(Song());
     ClickOn(mForm.pPlay);
     QTest::mousePress(window, Qt::LeftButton, {}, OnStage(mForm, mForm.pFF->Place().center()));
     EXPECT_TRUE(Becomes(true));
@@ -165,7 +170,7 @@ TEST_F(Player, IsFastOnlyWhileTheKeyIsHeld) {
 }
 
 TEST_F(Player, ScrollsALongPathRoundTheStripWithinItsBevel) {
-    mPlayer->OpenFile(Song(std::string(150, 'i') + "/" + std::string(150, 'l') + ".mp3"));
+    Open(Song(std::string(150, 'i') + "/" + std::string(150, 'l') + ".mp3"));
     const auto start = TitleColumns();
     const Canvas& strip = mForm.pTitle->Picture();
     const int last = strip.Width() - 1;
@@ -189,7 +194,7 @@ TEST_F(Player, ScrollsALongPathRoundTheStripWithinItsBevel) {
 
 TEST_F(Player, ShowsALongTitlePartByPartWhereLessMotionIsWanted) {
     const auto before = platform::ReplaceMotionWish([] { return true; });
-    mPlayer->OpenFile(
+    Open(
         Song("song.mp3", QStringLiteral("12345 ").repeated(5) + "12345 7890 2345 78"));
     std::vector<QImage> parts = {mForm.pTitle->Picture().Image()};
     QObject::connect(&mForm.PosTimer, &QTimer::timeout, &mForm, [&] {
@@ -211,7 +216,7 @@ TEST_F(Player, FallsSilentWhenItIsClosedButLeavesTheSoundOfOthersAlone) {
                                           [this] { mPlayer = nullptr; }};
     for (const auto& close : ways) {
         Show();
-        mPlayer->OpenFile(Song());
+        Open(Song());
         ClickOn(mForm.pPlay);
         EXPECT_TRUE(Passes(0.1));
         close();
@@ -228,10 +233,10 @@ TEST_F(Player, FallsSilentWhenItIsClosedButLeavesTheSoundOfOthersAlone) {
 }
 
 TEST_F(Player, StaysAtTheStartWithAFileThatCannotBeOpened) {
-    mPlayer->OpenFile(Song());
+    Open(Song());
     ClickOn(mForm.pPlay);
     EXPECT_TRUE(Passes(0.1));
-    mPlayer->OpenFile(mFolder.Path() / "missing.mp3");
+    Open(mFolder.Path() / "missing.mp3");
     EXPECT_EQ(mForm.pTimes->Text(), "Cannot be played");
     for (PictureBox* key : {mForm.pPlay, mForm.pPause, mForm.pPause, mForm.pFF}) {
         ClickOn(key);

@@ -7,6 +7,7 @@
 #include "platform/Time.h"
 #include "platform/Wait.h"
 #include "tests/Fingers.h"
+#include "tests/HeldReads.h"
 #include "tests/Robot.h"
 #include "tests/SongFolder.h"
 
@@ -15,6 +16,7 @@
 #include <QPushButton>
 #include <QTest>
 #include <algorithm>
+#include <optional>
 
 namespace fs = std::filesystem;
 
@@ -352,6 +354,34 @@ TEST_F(GameTest, WhenTheSongsAreGoneTheGameGoesToItsScores) {
     EXPECT_EQ(Table("H1.dat").Score(0), "120000");
     EXPECT_LE(titles.size(), 3) << "but for one that was ready by then";
     EXPECT_TRUE(FileGetsMarks(titles.size()));
+}
+
+TEST_F(GameTest, ASongIsWaitedForOnALiveBoardThatCanBeLeft) {
+    auto game = NewGame<c_gMulti>(1);
+    std::optional<HeldReads> held;
+    int asked = 0;
+    int waits = 0;
+    Robot robot([&] {
+        if (Says("Loading...") && held->Waiting() > 0) {
+            EXPECT_FALSE(board.pPlay->isVisible() || Choice(true));
+            if (++waits == 1)
+                held.reset();
+            else
+                ClickOn(board.pX);
+        } else if (Choice(true) != nullptr) {
+            held.reset();
+            held.emplace("/Music/");
+            ++asked;
+            ClickOn(Choice(true));
+        } else {
+            GoOn();
+        }
+    });
+    game->Run();
+    EXPECT_EQ(waits, 2);
+    EXPECT_TRUE(game->ExitProgram());
+    held.reset();
+    EXPECT_TRUE(FileGetsMarks(asked));
 }
 
 TEST_F(GameTest, AMissingSoundDeviceIsToldOnceAndTheGameGoesOn) {
