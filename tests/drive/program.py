@@ -32,14 +32,17 @@ class Program(Reader):
         return Box(box.x, box.y, box.width, box.height)
 
     def places_of_texts(self):
-        """The texts with their roles and places; a header's description stands below it."""
+        """The texts with their roles and places; a header's description stands below it, but for the
+        order, which an arrow shows."""
         texts = []
         for item in self.texts():
             role, box = item.get_role_name(), self.place(item)
             texts.append((text_of(item), role, box))
-            if role == "table column header" and item.get_description():
+            fact = role == "table column header" and re.sub(
+                r"(, )?sorted \w+$", "", item.get_description())
+            if fact:
                 below = box._replace(top=box.top + box.height, height=box.height * 4 // 5)
-                texts.append((item.get_description(), "label", below))
+                texts.append((fact, "label", below))
         return texts
 
     def ready(self, name, role="push button"):
