@@ -23,7 +23,7 @@ ListColumns::ListColumns(int count) : mShares(static_cast<std::size_t>(count), 3
 }
 
 std::vector<int> ListColumns::Edges(int width) const {
-    const int all = std::accumulate(mShares.begin(), mShares.end(), 0);
+    const int all = std::max(std::accumulate(mShares.begin(), mShares.end(), 0), 1);
     std::vector<int> edges = {0};
     int before = 0;
     for (const int share : mShares)

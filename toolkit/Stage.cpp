@@ -6,14 +6,12 @@
 #include "toolkit/Canvas.h"
 #include "toolkit/Form.h"
 #include "toolkit/MessagePanel.h"
-#include "toolkit/Mous.h"
 #include "toolkit/Place.h"
 #include "toolkit/StageGround.h"
 
 #include <QAccessibleWidget>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
 #include <QShortcut>
@@ -215,60 +213,12 @@ void Stage::closeEvent(QCloseEvent* event) {
         Q_EMIT form->CloseRequested();
 }
 
-Qt::Edges Stage::EdgesAt(QPoint point) const {
-    constexpr int kGrip = 6;
-    Qt::Edges edges;
-    if (windowState() & (Qt::WindowFullScreen | Qt::WindowMaximized))
-        return edges;
-    edges.setFlag(Qt::LeftEdge, point.x() < kGrip);
-    edges.setFlag(Qt::RightEdge, point.x() >= width() - kGrip);
-    edges.setFlag(Qt::TopEdge, point.y() < kGrip);
-    edges.setFlag(Qt::BottomEdge, point.y() >= height() - kGrip);
-    return edges;
-}
+void Stage::mousePressEvent(QMouseEvent* event) { mGrip.Press(*event); }
 
-void Stage::mousePressEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton || isFullScreen())
-        return;
-    const Qt::Edges edges = EdgesAt(mapFromGlobal(event->globalPosition().toPoint()));
-    if (edges) {
-        mResized = true;
-        DragWindow(*this, edges);
-    } else {
-        mDragStart.Press(event->globalPosition());
-    }
-}
+void Stage::mouseMoveEvent(QMouseEvent* event) { mGrip.Move(*event); }
 
-void Stage::mouseMoveEvent(QMouseEvent* event) {
-    const QPoint at = event->globalPosition().toPoint();
-    if (event->buttons() == Qt::NoButton) {
-        FitAfterResize();
-        const Qt::Edges edges = EdgesAt(mapFromGlobal(at));
-        const bool falling =
-            edges == (Qt::LeftEdge | Qt::TopEdge) || edges == (Qt::RightEdge | Qt::BottomEdge);
-        const bool sideways = (edges & (Qt::LeftEdge | Qt::RightEdge)) != 0;
-        const bool upright = (edges & (Qt::TopEdge | Qt::BottomEdge)) != 0;
-        setCursor(sideways && upright ? (falling ? Qt::SizeFDiagCursor : Qt::SizeBDiagCursor)
-                  : sideways          ? Qt::SizeHorCursor
-                  : upright           ? Qt::SizeVerCursor
-                                      : Qt::ArrowCursor);
-    } else if (mDragStart.Begins(event->globalPosition())) {
-        DragWindow(*this);
-    }
-}
+void Stage::mouseReleaseEvent(QMouseEvent*) { mGrip.Release(); }
 
-void Stage::mouseReleaseEvent(QMouseEvent*) {
-    mDragStart.Release();
-    FitAfterResize();
-}
-
-void Stage::enterEvent(QEnterEvent*) { FitAfterResize(); }
-
-/// Window managers that resize the window do not tell when they are done, but the mouse comes back.
-void Stage::FitAfterResize() {
-    if (!std::exchange(mResized, false) || isFullScreen() || isMaximized())
-        return;
-    resize(FittedSize(size()));
-}
+void Stage::enterEvent(QEnterEvent*) { mGrip.Enter(); }
 
 } // namespace toolkit

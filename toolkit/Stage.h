@@ -1,9 +1,9 @@
 #pragma once
 
 #include "toolkit/Accessible.h"
-#include "toolkit/DragStart.h"
 #include "toolkit/FormStack.h"
 #include "toolkit/StageSize.h"
+#include "toolkit/WindowGrip.h"
 
 #include <QWidget>
 #include <vector>
@@ -72,14 +72,11 @@ private:
     void LayOut();
     void MakeGeometryFit();
     QSize AvailableSize() const;
-    Qt::Edges EdgesAt(QPoint point) const;
-    void FitAfterResize();
 
     QWidget* mArea;
     FormStack mForms;
-    QRect mWindowed;       // where the window is when it does not fill the screen
-    DragStart mDragStart;  // by the left button on the ground
-    bool mResized = false; // by an edge; to be fitted
+    QRect mWindowed; // where the window is when it does not fill the screen
+    WindowGrip mGrip{*this};
 };
 
 } // namespace toolkit
