@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cctype>
 #include <charconv>
+#include <filesystem>
 #include <iterator>
 #include <limits>
 
@@ -19,6 +20,7 @@ constexpr std::string_view kHeaderLine = "#EXTM3U";
 constexpr std::string_view kHeader = "#EXTM3U\r\n";
 constexpr std::string_view kMarkTag = "#Songrush:";
 constexpr std::string_view kLengthTag = " bytes=";
+constexpr bool kBackslashSeparates = std::filesystem::path::preferred_separator == '\\';
 constexpr std::string_view kTextControls = "\t\n\r\x1A"; // the last ended files once
 
 /// A mark too big for its type only has to stay a mark.
@@ -89,12 +91,15 @@ bool PlaylistReader::FindsForeign(std::string_view bytes) {
     return reader.mSawForeign;
 }
 
-/// The line of a path that the program has written follows its mark and may hold other line ends.
+/// The line of a path that the program has written follows its mark and may hold other line ends,
+/// or a "\" that separates nothing.
 void PlaylistReader::Watch(std::string_view line, bool marked) {
     const bool comment = line.starts_with('#');
     const bool otherEnds = line.find('\n') != line.npos || line.find('\r') != line.npos;
     const bool otherComment = comment && line != kHeaderLine && line.find(kMarkTag) == line.npos;
-    if ((otherEnds && (comment || !marked)) || otherComment || IsAddress(line))
+    const bool otherPath =
+        !marked && !comment && !kBackslashSeparates && line.find('\\') != line.npos;
+    if ((otherEnds && (comment || !marked)) || otherComment || otherPath || IsAddress(line))
         mSawForeign = true;
 }
 

@@ -64,7 +64,7 @@ std::string PathOfAddress(std::string_view address) {
 std::vector<std::string> Spellings(std::string path) {
     std::vector<std::string> spellings{std::move(path)};
     const auto add = [&spellings](std::string spelling) {
-        if (spelling != spellings.back())
+        if (spelling != spellings.back() && spelling.find('\0') == spelling.npos)
             spellings.push_back(std::move(spelling));
     };
     add(Utf8(platform::ShownText(std::string_view(spellings.front()))));

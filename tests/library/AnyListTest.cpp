@@ -56,6 +56,8 @@ TEST_F(AnyListTest, ListsOfAllKindsAreToldApartAndRead) {
         {"#EXTM3U\r\n#Songrush:0\r\n/x\nb\r\n#Songrush:0 bytes=9\r\n#h://\r\n/x\r\n",
          "own /x\nb|#h://\r\n/x|"},
         {"", "own "},
+        {"#Songrush:0\r\nAC\\DC.mp3\r\n", "own AC\\DC.mp3|"},
+        {"Sub\\song one.mp3\r\n", "foreign Sub/Song One.mp3|"},
         // line ends, comments, marks of byte order, by name
         {"#EXTM3U\n#EXTINF:1,A - B\na.mp3\n/gone.mp3", "foreign a.mp3|/gone.mp3|"},
         {"#EXTM3U\r\n#EXTINF:1,x\r\na.mp3\r\n", "foreign a.mp3|"},
@@ -77,8 +79,8 @@ TEST_F(AnyListTest, ListsOfAllKindsAreToldApartAndRead) {
          "foreign Sub/Song One.mp3|Sub/Song One.mp3|./Sub/../a.mp3|Sub/\xC3\x9C.mp3|"},
         {"Sub/\xDC.mp3\nsub\\u\xCC\x88.mp3\n\xDC raw.mp3\n\xDC gone.mp3\n",
          "foreign Sub/\xC3\x9C.mp3|Sub/\xC3\x9C.mp3|\xDC raw.mp3|\xC3\x9C gone.mp3|"},
-        {"AC\\DC.mp3\nac\\dc.mp3\nac\\x.mp3\nSub/Song%20One.mp3\n50%.mp3\n",
-         "foreign AC\\DC.mp3|AC\\DC.mp3|ac/x.mp3|Sub/Song One.mp3|50%.mp3|"},
+        {"AC\\DC.mp3\nac\\dc.mp3\nac\\x.mp3\nSub/Song%20One.mp3\n50%.mp3\na.mp3%00\n",
+         "foreign AC\\DC.mp3|AC\\DC.mp3|ac/x.mp3|Sub/Song One.mp3|50%.mp3|a.mp3%00|"},
         {"loop/a.mp3\n" + std::string(5000, 'x') + "/a.mp3\n",
          "foreign loop/a.mp3|" + std::string(5000, 'x') + "/a.mp3|"},
         // addresses
