@@ -64,6 +64,7 @@ void f_Editor::ShowName(const QString& name, bool unsaved) {
     const int width = kName.width() * 9 / 10 - metrics.horizontalAdvance(state);
     lName->setText(metrics.elidedText(name, Qt::ElideRight, width) + state);
     lName->setAccessibleName(name + state);
+    lName->setVisible(!name.isEmpty());
     lName->setToolTip(name.toHtmlEscaped());
 }
 
