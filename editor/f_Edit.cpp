@@ -203,7 +203,7 @@ void f_Edit::ShowFitting() {
             box == tSongTitle ? editor::FitTitle(box->text()) : editor::FitArtist(box->text());
         const bool fits = !fitting.Cut() && !fitting.lost;
         QPalette palette = label->palette();
-        palette.setColor(QPalette::WindowText, fits ? QColor(150, 150, 210) : ToQColor(kGold));
+        palette.setColor(QPalette::WindowText, fits ? QColor(190, 190, 250) : ToQColor(kGold));
         label->setPalette(palette);
         const int width = label->width() * 19 / 20;
         label->setText(label->fontMetrics().elidedText(fitting.Hint(), Qt::ElideMiddle, width));

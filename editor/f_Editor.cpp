@@ -70,7 +70,7 @@ void f_Editor::ShowName(const QString& name, bool unsaved) {
 
 void f_Editor::ShowFound(bool found) {
     QPalette palette = tFind->palette();
-    palette.setColor(QPalette::Text, found ? ToQColor(kNightText) : QColor(255, 110, 110));
+    palette.setColor(QPalette::Text, found ? ToQColor(kNightText) : QColor(255, 50, 50));
     tFind->setPalette(palette);
     tFind->setAccessibleDescription(found ? QString() : QStringLiteral("Not found"));
 }

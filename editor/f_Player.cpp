@@ -138,7 +138,7 @@ void f_Player::ShowLoading() { ShowTimes(QStringLiteral("Loading..."), kWhite); 
 
 void f_Player::ShowUnplayable() {
     const QString text = QStringLiteral("Cannot be played");
-    ShowTimes(text, Rgb(255, 110, 110));
+    ShowTimes(text, Rgb(255, 50, 50));
     Announce(mTitle + QStringLiteral(": ") + text);
 }
 

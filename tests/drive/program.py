@@ -8,7 +8,7 @@ from pathlib import Path
 
 import hand
 from files import copy_program
-from reader import LIMIT, Atspi, Reader, has_state, is_usable, text_of
+from reader import LIMIT, Atspi, Reader, above, has_state, is_usable, text_of
 from screen import Box
 from stage import Stage
 
@@ -32,17 +32,19 @@ class Program(Reader):
         return Box(box.x, box.y, box.width, box.height)
 
     def places_of_texts(self):
-        """The texts with their roles and places; a header's description stands below it, but for the
-        order, which an arrow shows."""
+        """The texts with their roles and places; a header's facts stand below it, but for the sort
+        order. What a dialog may cover is left out."""
         texts = []
+        dialogs = [(dialog, self.place(dialog)) for dialog in self.all("dialog")]
         for item in self.texts():
             role, box = item.get_role_name(), self.place(item)
+            facts = re.sub("(^|, )sorted .*", "", item.get_description() or "")
+            below = box._replace(top=box.top + box.height, height=box.height * 4 // 5)
+            if any(place.meets(box) for dialog, place in dialogs if dialog not in above(item)):
+                continue
             texts.append((text_of(item), role, box))
-            fact = role == "table column header" and re.sub(
-                r"(, )?sorted \w+$", "", item.get_description())
-            if fact:
-                below = box._replace(top=box.top + box.height, height=box.height * 4 // 5)
-                texts.append((fact, "label", below))
+            if role == "table column header" and facts:
+                texts.append((facts, "label", below))
         return texts
 
     def ready(self, name, role="push button"):

@@ -129,12 +129,17 @@ def children(item):
     return [c for c in (item.get_child_at_index(i) for i in range(item.get_child_count())) if c]
 
 
+def above(item):
+    """The objects that it lies in, up to its window."""
+    parents = []
+    while (item := item.get_parent()) and item.get_role() != Atspi.Role.APPLICATION:
+        parents.append(item)
+    return parents
+
+
 def is_usable(item):
     """Whether nothing lies in front that must be answered first."""
-    top = item
-    while (parent := top.get_parent()) and parent.get_role() != Atspi.Role.APPLICATION:
-        top = parent
-    return has_state(top, "ACTIVE") and has_state(item, "ENABLED")
+    return has_state([item, *above(item)][-1], "ACTIVE") and has_state(item, "ENABLED")
 
 
 def text_of(item):

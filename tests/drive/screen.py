@@ -18,6 +18,10 @@ class Box(NamedTuple):
     def middle(self):
         return self.left + self.width // 2, self.top + self.height // 2
 
+    def meets(self, other):
+        return (self.left < other.left + other.width and other.left < self.left + self.width
+                and self.top < other.top + other.height and other.top < self.top + self.height)
+
 
 class Screen:
     """The display's memory, read from the server's file."""
