@@ -33,6 +33,16 @@ double TextTop(const Canvas& canvas, const QRect& cell) {
     return std::floor(cell.y() + (cell.height() - canvas.TextHeight()) / 2);
 }
 
+/// One pixel wide; `light` above and to the left.
+void DrawEdges(Hdc dc, const QRect& area, ColorRef light, ColorRef dark) {
+    const QSize flat(area.width(), 1);
+    const QSize upright(1, area.height());
+    dc->Fill(QRect(area.topLeft(), flat), light);
+    dc->Fill(QRect(area.topLeft(), upright), light);
+    dc->Fill(QRect(area.bottomLeft(), flat), dark);
+    dc->Fill(QRect(area.topRight(), upright), dark);
+}
+
 void DrawTitle(Hdc dc, const QRect& cell, const QString& text, ColorRef color, double width) {
     const QString shown = QFontMetricsF(dc->Font()).elidedText(text, Qt::ElideRight, width);
     Drawing(dc).Text(shown, color, kBlack, cell.x() + ListLayout::kMargin, TextTop(*dc, cell), 1);
@@ -81,11 +91,7 @@ void DrawLineGround(Hdc dc, const QRect& line, bool lighter, LineLook look) {
 }
 
 void DrawLineFrame(Hdc dc, const QRect& line) {
-    const QRect inside = line.adjusted(1, 1, -1, -1);
-    dc->Fill(QRect(inside.topLeft(), QSize(inside.width(), 1)), kGold);
-    dc->Fill(QRect(inside.bottomLeft(), QSize(inside.width(), 1)), kGold);
-    dc->Fill(QRect(inside.topLeft(), QSize(1, inside.height())), kGold);
-    dc->Fill(QRect(inside.topRight(), QSize(1, inside.height())), kGold);
+    DrawEdges(dc, line.adjusted(1, 1, -1, -1), kGold, kGold);
 }
 
 void DrawInsertion(Hdc dc, const QRect& area, int y) {
@@ -116,12 +122,7 @@ void DrawCellTexts(Hdc dc, const QRect& area, const std::vector<PlacedText>& cel
 void DrawListGround(Hdc dc, const QRect& area) { dc->Fill(area, kListGround); }
 
 void DrawListFrame(Hdc dc) {
-    const int width = dc->Width();
-    const int height = dc->Height();
-    dc->Fill(QRect(0, 0, width, 1), kFrameLight);
-    dc->Fill(QRect(0, 0, 1, height), kFrameLight);
-    dc->Fill(QRect(0, height - 1, width, 1), kFrameDark);
-    dc->Fill(QRect(width - 1, 0, 1, height), kFrameDark);
+    DrawEdges(dc, QRect(0, 0, dc->Width(), dc->Height()), kFrameLight, kFrameDark);
 }
 
 } // namespace toolkit

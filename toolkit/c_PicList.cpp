@@ -204,9 +204,8 @@ bool c_PicList::IsSortedDownwards() const { return mState->downwards; }
 int c_PicList::FindText(const QString& text, int from, bool forward) const {
     const TextSearch search(text);
     const int count = LineCount();
-    const int start = std::clamp(from, 0, std::max(count - 1, 0));
     for (int i = 0; i < count; ++i) {
-        const int line = (forward ? start + i : start + count - i) % count;
+        const int line = ((forward ? from + i : from - i) % count + count) % count;
         if (search.FindsIn(mState->lines.Text(line)))
             return line;
     }

@@ -96,7 +96,8 @@ public:
     bool IsSortedDownwards() const;
 
     /// The first line from `from` on (forward: downwards) that holds `text` in one of its columns,
-    /// ignoring case; the last line and the first follow each other. -1 if there is none.
+    /// ignoring case. -1 if there is none. The last line and the first follow each other, so that
+    /// `from` may be the number of lines, or -1.
     int FindText(const QString& text, int from, bool forward) const;
 
     /// Sets the text under the header, one piece for each column; the strip is hidden while it is

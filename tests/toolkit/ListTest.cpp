@@ -394,10 +394,11 @@ TEST_P(PicList, FindsATextInAnyColumn) {
         int from;
         bool forward;
         int found;
-    } cases[] = {{"bb", 0, true, 0},   {"BB", 1, true, 2},      {"bb", 4, true, 0},
-                 {"bb", 4, false, 2},  {"bb", 1, false, 0},     {"ÉTÉ", 3, true, 0},
-                 {"c\\d", 0, true, 4}, {"C?W", 0, true, -1},    {"dc?", 0, true, 4},
-                 {"a b", 0, true, 2},  {"nothing", 2, true, -1}};
+    } cases[] = {{"bb", 0, true, 0},      {"BB", 1, true, 2},  {"bb", 4, true, 0},
+                 {"bb", 4, false, 2},     {"bb", 5, true, 0},  {"c", -1, false, 4},
+                 {"bb", 1, false, 0},     {"ÉTÉ", 3, true, 0}, {"c\\d", 0, true, 4},
+                 {"C?W", 0, true, -1},    {"dc?", 0, true, 4}, {"a b", 0, true, 2},
+                 {"nothing", 2, true, -1}};
     for (const auto& c : cases)
         EXPECT_EQ(mList.FindText(QString::fromUtf8(c.text), c.from, c.forward), c.found) << c.text;
 }
