@@ -18,7 +18,7 @@ void AddTenThousandFiles(benchmark::State& state) {
     gBack->CreateSurface(800, 600, QString());
     for (auto _ : state) {
         c_Editor editor;
-        editor.Form().show();
+        editor.Form().ShowInPlace();
         editor.AddFolder(music);
         platform::WaitWhile([&editor] { return editor.Reading(); });
         if (editor.List().LineCount() != 10'000)
