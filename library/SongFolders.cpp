@@ -28,11 +28,11 @@ void LookForMp3Folder() {
     gLook = std::make_unique<platform::Answer<fs::path>>(
         [remembered = Remembered(), music = platform::MusicFolder(),
          samples = platform::ProgramFolder() / "Music",
-         root = platform::RootFolder()](const std::stop_token&) {
+         root = platform::RootFolder()](const std::stop_token& stop) {
             std::error_code error;
-            const fs::path wished = !remembered.empty() ? remembered
-                                    : HoldsSongs(music) ? music
-                                                        : samples;
+            const fs::path wished = !remembered.empty()       ? remembered
+                                    : HoldsSongs(music, stop) ? music
+                                                              : samples;
             return fs::is_directory(wished, error) ? wished : root;
         });
 }

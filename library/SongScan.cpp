@@ -180,10 +180,10 @@ private:
 
 void ScanSongs(const fs::path& folder, const ScanCalls& calls) { Scan(calls).Run(folder); }
 
-bool HoldsSongs(const fs::path& folder) {
+bool HoldsSongs(const fs::path& folder, const std::stop_token& stop) {
     int folders = 0;
     bool found = false;
-    ScanSongs(folder, {[&](const fs::path&) { return ++folders <= 1000; },
+    ScanSongs(folder, {[&](const fs::path&) { return ++folders <= 1000 && !stop.stop_requested(); },
                        [&](const fs::path&, const SongTag&) {
                            found = true;
                            return false;

@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <stop_token>
 
 namespace library {
 
@@ -22,7 +23,7 @@ struct ScanCalls {
 void ScanSongs(const std::filesystem::path& folder, const ScanCalls& calls);
 
 /// Whether there are MP3 files in `folder` or below; a great many folders without a song count as
-/// none. Returns when the disk has answered.
-bool HoldsSongs(const std::filesystem::path& folder);
+/// none. Returns when the disk has answered, or soon after a stop.
+bool HoldsSongs(const std::filesystem::path& folder, const std::stop_token& stop = {});
 
 } // namespace library
