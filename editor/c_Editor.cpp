@@ -62,11 +62,14 @@ QString WithPlaylistEnding(const QString& name) {
     return name.endsWith(ending, Qt::CaseInsensitive) ? name : name + ending;
 }
 
+/// Byte for byte, whatever their names are made of.
 std::vector<fs::path> LocalFiles(const QDropEvent& event) {
     std::vector<fs::path> files;
     for (const QUrl& url : event.mimeData()->urls())
         if (url.isLocalFile())
-            files.push_back(platform::PathFromText(url.toLocalFile()));
+            files.emplace_back(
+                QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1())
+                    .toStdString());
     return files;
 }
 
@@ -236,11 +239,14 @@ void c_Editor::OfferKept() {
             for (const fs::path& song : songs)
                 mCopied.push_back(platform::KeyFromPath(song));
             mSongs.Begin(list, foreign);
+            mRestoring = true;
             ReadInto(name, editor::ReadFiles(songs));
         });
 }
 
 void c_Editor::KeepCopy() {
+    if (mRestoring)
+        return; // what was kept is more than what is there
     std::vector<QString> keys = mSongs.Unsaved() ? mSongs.Keys() : std::vector<QString>();
     if (keys == mCopied)
         return;
@@ -285,6 +291,7 @@ void c_Editor::ReadInto(const QString& name, editor::Reading reading) {
                      mMarks.SetLineCount(mList.LineCount());
                  },
                  [this](const auto& news) {
+                     mRestoring = false;
                      mSongs.EndAdding();
                      Tell(news.failure);
                  }});
@@ -305,23 +312,30 @@ void c_Editor::bLoad_Clicked() {
 /// songs leaves it as it is.
 void c_Editor::Load(const fs::path& file) {
     StopReading();
+    const auto begun = std::make_shared<bool>(false);
     mFilling.Do({platform::ShownText(file.filename()), editor::ReadPlaylist(file),
-                 [this, file](const auto& news) {
-                     if (!std::exchange(mLoading, true)) {
+                 [this, file, begun](const auto& news) {
+                     if (!std::exchange(*begun, true)) {
+                         mLoading = true;
                          mSongs.Begin(file, news.foreign);
                          mMarks.Begin(0, -1);
                      }
-                     mSongs.AddSaved(news.lines);
+                     if (mLoading)
+                         mSongs.AddSaved(news.lines);
+                     else
+                         mSongs.Add(news.lines);
                      mMarks.SetLineCount(mList.LineCount());
                  },
                  [this](const auto& news) {
                      mLoading = false;
+                     mSongs.EndAdding();
                      Tell(news.failure);
                  }});
 }
 
 void c_Editor::StopReading() {
     mFilling.Stop();
+    mRestoring = false;
     if (std::exchange(mLoading, false))
         mSongs.ForgetFile(); // which would otherwise be replaced by a part of it
     ShowAll();
@@ -370,7 +384,7 @@ bool c_Editor::SaveList(bool askName) {
     const bool written = playlist.WriteFile(file);
     if (written) {
         library::MarkJournal::Forget(file);
-        mLoading = false; // what is still read of the old file comes to this one
+        mLoading = false; // what is still read is not in the file
         mSongs.Saved(file);
     }
     ShowAll();
@@ -474,6 +488,8 @@ void c_Editor::mList_HeaderSelClicked(int column) {
 }
 
 void c_Editor::Undo() {
+    if (mSongs.UndoName().isEmpty())
+        return;
     StopReading(); // it would go on with what is taken back
     const QString problems = mSongs.Undo();
     LinesChanged();

@@ -121,8 +121,9 @@ private:
     int mPlayedLine = -1;
     QString mPlayedKey; ///< of the song in the small player
 
-    QString mAnnounced;    ///< the number of songs that screen readers know
-    bool mLoading = false; ///< the list's own file is still being read
+    QString mAnnounced;      ///< the number of songs that screen readers know
+    bool mLoading = false;   ///< the list's own file is still being read
+    bool mRestoring = false; ///< so is what an earlier run of the program left
     editor::UnsavedCopy mCopy;
     std::vector<QString> mCopied; ///< the keys in that copy
     QTimer mKeepSoon;

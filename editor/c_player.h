@@ -30,7 +30,7 @@ public:
     bool Loading() const { return mCue.has_value(); }
 
     /// Whether a song is played, or paused, for this window.
-    bool InUse() const { return mInUse; }
+    bool InUse() const { return mInUse || mPlayWhenReady; }
 
     f_Player& Form() { return mForm; }
 
