@@ -58,7 +58,8 @@ protected:
         const f_Edit& dialog = editor->TitleDialog();
         if (dialog.isVisible())
             return dialog.tFileName->isReadOnly() || !dialog.isEnabled();
-        return !editor->Form().isEnabled() || (editor->Reading() && !mMeanwhile);
+        return !editor->Form().isEnabled() || editor->Player().Loading() ||
+               (editor->Reading() && !mMeanwhile);
     }
 
     std::function<void()> Press(toolkit::PictureBox* button, const QString& chosen = {}) {
