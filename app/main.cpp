@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QTimer>
+#include <QWidget>
 #include <chrono>
 #include <cstdlib>
 
@@ -23,6 +24,9 @@ int main(int argc, char* argv[]) {
         QApplication::exit(0);
     });
     const int status = QApplication::exec();
+    for (QWidget* window : QApplication::topLevelWidgets())
+        window->hide();
+    QGuiApplication::sync();
     // Marks may still be written. A disk or a sound device that hangs must not keep the process.
     if (!platform::AsidesEnd(std::chrono::milliseconds(1500)))
         std::_Exit(status);
