@@ -16,7 +16,11 @@ public:
         bool byKeyboard;
     };
 
-    bool Has(int line) const { return mMarks[static_cast<std::size_t>(line)]; }
+    /// A line that was not noted yet is unmarked.
+    bool Has(int line) const {
+        const auto place = static_cast<std::size_t>(line);
+        return place < mMarks.size() && mMarks[place];
+    }
 
     /// Notes how many lines the list has now; new ones are at its end and unmarked.
     void SetLineCount(int lines) { mMarks.resize(static_cast<std::size_t>(lines)); }

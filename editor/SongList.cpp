@@ -143,47 +143,48 @@ bool SongList::ChangeBack(std::vector<SongChange>& changes) {
 }
 
 void SongList::ShowChanges(const std::vector<SongChange>& changes) {
+    QHash<QString, Line> now;
     for (const SongChange& change : changes) {
-        const Line now = LineOf(change.after);
-        ShowSong(platform::KeyFromPath(change.before.path), now);
-        mNewer.remove(now.key);
-        if (now.newer)
-            mNewer.insert(now.key);
+        const Line line = LineOf(change.after);
+        now.insert(platform::KeyFromPath(change.before.path), line);
+        mNewer.remove(line.key);
+        if (line.newer)
+            mNewer.insert(line.key);
     }
+    ShowSongs(now);
 }
 
-void SongList::ShowSong(const QString& key, const Line& now) {
+/// Puts what songs have become in all their lines, by their keys so far. Returns these lines.
+SongList::Taken SongList::ShowSongs(const QHash<QString, Line>& now) {
+    Taken before;
     for (int line = 0; line < mList.LineCount(); ++line) {
-        if (mList.LineKey(line) == key)
-            SetLine(line, now);
+        const auto song = now.find(mList.LineKey(line));
+        if (song == now.end())
+            continue;
+        before.places.push_back(line);
+        before.lines.push_back(LineAt(line));
+        SetLine(line, *song);
     }
+    return before;
 }
 
 void SongList::Replace(const QString& name, const std::vector<std::pair<QString, Line>>& songs) {
     if (songs.empty())
         return;
-    const auto before = std::make_shared<Taken>();
-    for (int line = 0; line < mList.LineCount(); ++line) {
-        const auto replaced = [this, line](const auto& song) {
-            return song.first == mList.LineKey(line);
-        };
-        if (!std::ranges::any_of(songs, replaced))
-            continue;
-        before->places.push_back(line);
-        before->lines.push_back(LineAt(line));
-    }
-    const auto replace = [this, songs] {
-        for (const auto& [key, now] : songs)
-            ShowSong(key, now);
-        return true;
-    };
+    QHash<QString, Line> now;
+    for (const auto& [key, line] : songs)
+        now.insert(key, line);
+    const auto before = std::make_shared<const Taken>(ShowSongs(now));
     const auto undo = [this, before] {
         for (std::size_t i = 0; i < before->places.size(); ++i)
             SetLine(before->places[i], before->lines[i]);
         return true;
     };
-    replace();
-    mHistory.Add({name + u' ' + Songs(songs.size()), undo, replace});
+    const auto redo = [this, now] {
+        ShowSongs(now);
+        return true;
+    };
+    mHistory.Add({name + u' ' + Songs(songs.size()), undo, redo});
 }
 
 void SongList::SetLine(int line, const Line& now) {
@@ -240,13 +241,23 @@ Line SongList::LineAt(int line) const { return {mList.LineText(line), mList.Line
 
 SongList::Taken SongList::TakeOut(const std::vector<int>& places) {
     Taken taken{places, {}};
+    taken.lines.reserve(places.size());
     for (const int place : places)
         taken.lines.push_back(LineAt(place));
-    if (static_cast<int>(places.size()) == mList.LineCount())
-        mList.ClearLines();
-    // Downwards, so that the numbers of the lines still to be taken stay right.
-    for (auto place = places.rbegin(); mList.LineCount() > 0 && place != places.rend(); ++place)
-        mList.RemoveLine(*place);
+    constexpr std::size_t kFew = 100; // after which the list may scroll
+    if (places.size() <= kFew) {
+        // Downwards, so that the numbers of the lines still to be taken stay right.
+        for (auto place = places.rbegin(); place != places.rend(); ++place)
+            mList.RemoveLine(*place);
+        return taken;
+    }
+    std::vector<Line> kept;
+    for (int line = 0; line < mList.LineCount(); ++line)
+        if (!std::ranges::binary_search(places, line))
+            kept.push_back(LineAt(line));
+    const int selected = mList.LineSelectedNum();
+    const auto before = std::ranges::lower_bound(places, selected) - places.begin();
+    Fill(kept, std::min(selected - static_cast<int>(before), static_cast<int>(kept.size()) - 1));
     return taken;
 }
 

@@ -4,6 +4,7 @@
 #include "editor/SongChange.h"
 #include "editor/SongStream.h"
 
+#include <QHash>
 #include <QSet>
 #include <QString>
 #include <filesystem>
@@ -90,7 +91,7 @@ private:
     void Reorder(const std::vector<int>& before);
     void Fill(const std::vector<Line>& lines, int selected);
     void SetLine(int line, const Line& now);
-    void ShowSong(const QString& key, const Line& now);
+    Taken ShowSongs(const QHash<QString, Line>& now);
     void ShowChanges(const std::vector<SongChange>& changes);
     bool ChangeBack(std::vector<SongChange>& changes);
 
