@@ -14,7 +14,8 @@
 #include "toolkit/c_Surface.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
+#include <QLineEdit>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <algorithm>
@@ -140,7 +141,7 @@ Waits Play(const fs::path& list) {
         else if (scores.isVisible())
             scores.pCont->Activate();
         else if (name.isVisible())
-            name.close();
+            name.Text1->setText(QStringLiteral("Ann")), name.cmdContinue->click();
     });
     player.setTimerType(Qt::PreciseTimer);
     player.start(1);

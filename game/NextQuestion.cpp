@@ -7,10 +7,8 @@
 #include "library/c_ID3.h"
 #include "platform/Chance.h"
 #include "platform/Time.h"
-#include "platform/Wait.h"
 
 #include <chrono>
-#include <mutex>
 #include <utility>
 
 namespace game {
@@ -30,7 +28,6 @@ double StartOf(double length, double share) {
 }
 
 Question Draw(const c_M3U& songs, const fs::path& song, bool readTitles) {
-    platform::Randomize(platform::SecondsSinceMidnight());
     const auto titleOf = [readTitles](const fs::path& path) {
         return readTitles ? library::SongTitle(path) : library::SongTitle(c_ID3(), path);
     };
@@ -44,12 +41,6 @@ Question Draw(const c_M3U& songs, const fs::path& song, bool readTitles) {
 }
 
 } // namespace
-
-/// What the drawing thread and this one share.
-struct NextQuestion::Drawing {
-    std::mutex mutex;
-    std::optional<Question> question;
-};
 
 NextQuestion::NextQuestion(library::SongCycle& songs) : mSongs(songs) {
     mSlow.setSingleShot(true);
@@ -74,7 +65,7 @@ NextQuestion::State NextQuestion::Advance() {
         return mCue ? State::NoSongLeft : State::Working;
     if (mCue->Working())
         return State::Working;
-    if (!mDrawing) {
+    if (!mDrawn) {
         const std::size_t failed = mCue->Failed();
         mSongs.PassOver(failed);
         if (failed == mCandidates.size()) {
@@ -85,21 +76,13 @@ NextQuestion::State NextQuestion::Advance() {
                           mCandidates.begin() + static_cast<std::ptrdiff_t>(failed));
         DrawChoices(true);
     }
-    const std::lock_guard lock(mDrawing->mutex);
-    return mDrawing->question ? State::Ready : State::Working;
+    return mDrawn->Get() ? State::Ready : State::Working;
 }
 
 void NextQuestion::DrawChoices(bool readTitles) {
-    mDrawing = std::make_shared<Drawing>();
-    mDrawer.emplace([songs = mSongs.Songs(), song = mCandidates.front(), drawing = mDrawing,
-                     readTitles](const std::stop_token&) {
-        Question question = Draw(*songs, song, readTitles);
-        {
-            const std::lock_guard lock(drawing->mutex);
-            drawing->question = std::move(question);
-        }
-        platform::WakeUp();
-    });
+    platform::Randomize(platform::SecondsSinceMidnight());
+    mDrawn.emplace([songs = mSongs.Songs(), song = mCandidates.front(),
+                    readTitles](const std::stop_token&) { return Draw(*songs, song, readTitles); });
     if (readTitles)
         mSlow.start(kPatience);
 }
@@ -107,7 +90,8 @@ void NextQuestion::DrawChoices(bool readTitles) {
 Question NextQuestion::Take() {
     mSlow.stop();
     mSongs.Take();
-    Question question = std::move(*std::exchange(mDrawing, nullptr)->question);
+    const Question question = *mDrawn->Get();
+    mDrawn.reset();
     Audio().OpenFile(question.song);
     Audio().SeekTo(StartOf(Audio().Length(), mStart));
     mCue.reset();

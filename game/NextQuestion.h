@@ -1,7 +1,7 @@
 #pragma once
 
 #include "audio/Cue.h"
-#include "platform/Aside.h"
+#include "platform/Answer.h"
 
 #include <QString>
 #include <QTimer>
@@ -48,8 +48,6 @@ public:
     Question Take();
 
 private:
-    struct Drawing;
-
     void TrySongs();
     void DrawChoices(bool readTitles);
 
@@ -57,8 +55,7 @@ private:
     std::unique_ptr<audio::Cue> mCue;
     double mStart = 0; // the share of what can be left out of the song before the clip
     std::vector<std::filesystem::path> mCandidates;
-    std::shared_ptr<Drawing> mDrawing; // none before a song is found
-    std::optional<platform::Aside> mDrawer;
+    std::optional<platform::Answer<Question>> mDrawn; // none before a song is found
     QTimer mSlow;
 };
 

@@ -1,0 +1,72 @@
+#include "game/NextQuestion.h"
+
+#include "audio/c_XAudio.h"
+#include "library/SongCycle.h"
+#include "library/c_M3U.h"
+#include "tests/HeldReads.h"
+#include "tests/Robot.h"
+#include "tests/SongFolder.h"
+
+#include <QTest>
+#include <algorithm>
+#include <set>
+
+namespace {
+
+namespace fs = std::filesystem;
+using State = game::NextQuestion::State;
+
+struct NextQuestionTest : testing::Test {
+    fs::path List(int songs, int dead) {
+        auto paths = mFolder.MakeSongs(songs);
+        paths.insert(paths.begin(), static_cast<std::size_t>(dead), mFolder.Path() / "gone.mp3");
+        return mFolder.MakePlaylist(paths);
+    }
+
+    /// How it is once it works no more.
+    static State Comes(game::NextQuestion& next) {
+        next.Prepare();
+        EXPECT_TRUE(QTest::qWaitFor([&next] { return next.Advance() != State::Working; }));
+        return next.Advance();
+    }
+
+    SongFolder mFolder;
+};
+
+TEST_F(NextQuestionTest, IsOfEachSongOnceAndPassesOverThoseThatAreGone) {
+    library::SongCycle songs(List(5, 600));
+    songs.Begin();
+    game::NextQuestion next(songs);
+    std::set<fs::path> asked;
+    for (int i = 0; i < 5; ++i) {
+        ASSERT_EQ(Comes(next), State::Ready);
+        EXPECT_EQ(songs.Unplayed(), 605 - i) << "marked before it is asked";
+        const game::Question question = next.Take();
+        EXPECT_TRUE(asked.insert(question.song).second);
+        EXPECT_EQ(question.Title(), SongFolder::OpenTitle());
+        EXPECT_EQ(std::set(question.titles.begin(), question.titles.end()).size(), 4u);
+    }
+    ASSERT_EQ(Comes(next), State::Ready);
+    EXPECT_TRUE(asked.contains(next.Take().song)) << "no new cycle";
+    EXPECT_EQ(songs.Unplayed(), 604);
+}
+
+TEST_F(NextQuestionTest, ThereIsNoneWithoutASongAndNoneIsWaitedFor) {
+    library::SongCycle dead(List(0, 300));
+    dead.Begin();
+    game::NextQuestion none(dead);
+    EXPECT_EQ(Comes(none), State::NoSongLeft);
+
+    library::SongCycle songs(List(5, 0));
+    songs.Begin();
+    const HeldReads held("/Music/");
+    {
+        game::NextQuestion next(songs);
+        next.Prepare();
+        EXPECT_TRUE(QTest::qWaitFor([&held] { return held.Waiting() > 0; }));
+        EXPECT_EQ(next.Advance(), State::Working);
+    }
+    EXPECT_EQ(songs.Unplayed(), 5);
+}
+
+} // namespace
