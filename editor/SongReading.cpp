@@ -55,7 +55,7 @@ bool ScanFolder(SongStream& stream, const fs::path& folder) {
 bool ReadSongs(SongStream& stream, const std::vector<fs::path>& songs, const QString& name) {
     bool goOn = true;
     for (std::size_t i = 0; goOn && i < songs.size(); ++i)
-        goOn = stream.Tell(QStringLiteral("%1: %2 of %3").arg(name).arg(i + 1).arg(songs.size())) &&
+        goOn = stream.Tell(QStringLiteral("%1 of %2, %3").arg(i + 1).arg(songs.size()).arg(name)) &&
                ReadSong(stream, songs[i]);
     return goOn;
 }
