@@ -194,8 +194,7 @@ TEST_F(Player, ScrollsALongPathRoundTheStripWithinItsBevel) {
 
 TEST_F(Player, ShowsALongTitlePartByPartWhereLessMotionIsWanted) {
     const auto before = platform::ReplaceMotionWish([] { return true; });
-    Open(
-        Song("song.mp3", QStringLiteral("12345 ").repeated(5) + "12345 7890 2345 78"));
+    Open(Song("song.mp3", QStringLiteral("12345 ").repeated(5) + "12345 7890 2345 78"));
     std::vector<QImage> parts = {mForm.pTitle->Picture().Image()};
     QObject::connect(&mForm.PosTimer, &QTimer::timeout, &mForm, [&] {
         const QImage now = mForm.pTitle->Picture().Image();
