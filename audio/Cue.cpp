@@ -18,8 +18,8 @@ std::vector<Cue*> gCues;
 
 } // namespace
 
-Cue::Cue(std::vector<fs::path> songs, Start start)
-    : mSongs(std::move(songs)), mStart(std::move(start)) {
+Cue::Cue(std::vector<fs::path> songs, Start start, double shortest)
+    : mSongs(std::move(songs)), mStart(std::move(start)), mShortest(shortest) {
     gCues.push_back(this);
     Try(0);
     mLook.callOnTimeout([this] { PassOverSlowSong(); });
@@ -31,7 +31,8 @@ Cue::~Cue() { std::erase(gCues, this); }
 void Cue::Try(std::size_t first) {
     mFirst = first;
     mTrack = std::make_shared<Track>(
-        std::vector(mSongs.begin() + static_cast<std::ptrdiff_t>(first), mSongs.end()), mStart);
+        std::vector(mSongs.begin() + static_cast<std::ptrdiff_t>(first), mSongs.end()), mStart,
+        mShortest);
 }
 
 void Cue::PassOverSlowSong() {

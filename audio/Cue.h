@@ -20,9 +20,9 @@ public:
     /// another thread.
     using Start = std::function<double(double length)>;
 
-    /// Gets the first of `songs` ready that can be opened and answers within 10 s. The end of the
-    /// work wakes `platform::WaitWhile`.
-    Cue(std::vector<std::filesystem::path> songs, Start start);
+    /// Gets the first of `songs` ready that can be opened, answers within 10 s and has `shortest`
+    /// seconds. The end of the work wakes `platform::WaitWhile`.
+    Cue(std::vector<std::filesystem::path> songs, Start start, double shortest = 0);
     ~Cue();
     Cue(const Cue&) = delete;
     Cue& operator=(const Cue&) = delete;
@@ -45,6 +45,7 @@ private:
 
     const std::vector<std::filesystem::path> mSongs;
     const Start mStart;
+    const double mShortest;
     std::size_t mFirst = 0;        // of the songs, that the track was given
     std::shared_ptr<Track> mTrack; // never none
     QTimer mLook;

@@ -31,13 +31,14 @@ constexpr auto kRest = 5ms;
 } // namespace
 
 struct Track::Work {
-    Work(std::vector<std::filesystem::path> paths, Start where)
-        : songs(std::move(paths)), start(std::move(where)) {}
+    Work(std::vector<std::filesystem::path> paths, Start where, double least)
+        : songs(std::move(paths)), start(std::move(where)), shortest(least) {}
 
     void Run(const std::stop_token& stop);
 
     const std::vector<std::filesystem::path> songs;
     const Start start;
+    const double shortest;
 
     std::mutex mutex; // guards all up to `heard`
     std::condition_variable_any changed;
@@ -92,7 +93,8 @@ std::unique_ptr<Mp3Stream> Track::Work::OpenFirst(const std::stop_token& stop) {
             index = i;
             since = Clock::now();
         }
-        if (std::unique_ptr<Mp3Stream> stream = Mp3Stream::Open(songs[i], stop))
+        std::unique_ptr<Mp3Stream> stream = Mp3Stream::Open(songs[i], stop);
+        if (stream && stream->Length() >= shortest)
             return stream;
     }
     return nullptr;
@@ -177,8 +179,8 @@ void Track::Work::Sleep(const std::stop_token& stop) {
         changed.wait_for(lock, stop, kFeedPause, [this] { return mFed != reel; });
 }
 
-Track::Track(std::vector<std::filesystem::path> songs, Start start)
-    : mWork(std::make_shared<Work>(std::move(songs), std::move(start))),
+Track::Track(std::vector<std::filesystem::path> songs, Start start, double shortest)
+    : mWork(std::make_shared<Work>(std::move(songs), std::move(start), shortest)),
       mThread([work = mWork](const std::stop_token& stop) { work->Run(stop); }) {}
 
 Track::State Track::Now() const {

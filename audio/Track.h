@@ -19,12 +19,13 @@ public:
     /// The place to begin at, in seconds, of a song of that length, in seconds.
     using Start = std::function<double(double length)>;
 
-    /// Opens the first of `songs` that can be opened. `start` is called on the track's thread.
-    Track(std::vector<std::filesystem::path> songs, Start start);
+    /// Opens the first of `songs` that can be opened and has `shortest` seconds. `start` is called
+    /// on the track's thread.
+    Track(std::vector<std::filesystem::path> songs, Start start, double shortest = 0);
 
     enum class State {
         Opening,
-        Failed, ///< none can be opened
+        Failed, ///< there is none
         Open,   ///< not yet decoded
         Ready,  ///< can be heard at once
     };

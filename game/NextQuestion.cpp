@@ -2,6 +2,7 @@
 
 #include "audio/c_XAudio.h"
 #include "game/Choices.h"
+#include "game/SongSource.h"
 #include "library/SongCycle.h"
 #include "library/SongTitle.h"
 #include "library/c_ID3.h"
@@ -57,7 +58,8 @@ void NextQuestion::Prepare() {
 void NextQuestion::TrySongs() {
     mCandidates = mSongs.Upcoming(kTriedAtATime);
     mCue = std::make_unique<audio::Cue>(
-        mCandidates, [share = mStart](double length) { return StartOf(length, share); });
+        mCandidates, [share = mStart](double length) { return StartOf(length, share); },
+        kShortestSong);
 }
 
 NextQuestion::State NextQuestion::Advance() {

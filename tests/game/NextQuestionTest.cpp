@@ -6,9 +6,10 @@
 #include "tests/HeldReads.h"
 #include "tests/Robot.h"
 #include "tests/SongFolder.h"
+#include "tests/audio/ToneFile.h"
 
 #include <QTest>
-#include <algorithm>
+#include <fstream>
 #include <set>
 
 namespace {
@@ -20,6 +21,8 @@ struct NextQuestionTest : testing::Test {
     fs::path List(int songs, int dead) {
         auto paths = mFolder.MakeSongs(songs);
         paths.insert(paths.begin(), static_cast<std::size_t>(dead), mFolder.Path() / "gone.mp3");
+        if (dead > 0)
+            std::ofstream(paths[0] = mFolder.Path() / "short.mp3") << tonefile::Encode(4.5);
         return mFolder.MakePlaylist(paths);
     }
 
