@@ -5,7 +5,8 @@
 
 /// The file and colour dialogs. Paths are texts as from `platform::TextFromPath`. The file
 /// dialogs start in the current folder, show the files that match `pattern` ("*.mp3", or several
-/// with blanks between them) without regard to case, and make the folder of the chosen file the current one.
+/// with blanks between them) without regard to case, and make the folder of the chosen file the
+/// current one.
 class cDialog {
 public:
     /// Asks for a file to save to, as it was typed, or `initialName`: the caller adds the pattern's

@@ -127,8 +127,8 @@ TEST_F(Stages, ShowMessagesInFrontAndAnswerThemByKeys) {
     const struct {
         Qt::Key key;
         int button;
-    } cases[] = {{Qt::Key_Return, 0}, {Qt::Key_Y, 0},     {Qt::Key_N, 1},
-                 {Qt::Key_C, 2},      {Qt::Key_Escape, 2}};
+    } cases[] = {
+        {Qt::Key_Return, 0}, {Qt::Key_Y, 0}, {Qt::Key_N, 1}, {Qt::Key_C, 2}, {Qt::Key_Escape, 2}};
     mText.setFocus();
     for (const auto& [key, button] : cases) {
         QTimer::singleShot(0, &mStage, [this, which = key] {
