@@ -49,7 +49,7 @@ Device::~Device() {
 bool Device::Open(int rate) {
     if (!StartSdl())
         return false;
-    mListener = std::make_unique<Listener>(mVoice, NewDeviceNumber());
+    mListener = std::make_unique<Listener>(Listener{mVoice, NewDeviceNumber()});
     SDL_AudioSpec wanted = {};
     wanted.freq = rate;
     wanted.format = AUDIO_F32SYS;

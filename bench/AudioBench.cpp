@@ -1,9 +1,11 @@
+#include "audio/Cue.h"
 #include "audio/Mp3Stream.h"
 #include "audio/SongLevel.h"
 #include "audio/c_XAudio.h"
-
+#include "bench/SlowDisk.h"
 #include "tests/audio/ToneFile.h"
 
+#include <algorithm>
 #include <array>
 #include <benchmark/benchmark.h>
 #include <chrono>
@@ -13,6 +15,8 @@
 #include <memory>
 #include <string>
 #include <thread>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -69,28 +73,35 @@ void QuitWhileMeasuring(benchmark::State& state, const tonefile::Kind& kind) {
     fs::remove(path);
 }
 
-/// From `Play` until the first samples were handed to the device and its buffer of 10 ms has
-/// passed, that is until the position moves. `idle`: with the device closed, as after a pause, and
-/// the loudness known, in place of one that plays another song and nothing known of this one.
-void PlayUntilHeard(benchmark::State& state, bool idle) {
+/// What a player waits for after the press on Play: until the first sample was handed to the device
+/// and its buffer of 10 ms has passed, that is until the position moves. The song was got ready and
+/// the device opened before, as while a question is shown.
+void PlayUntilHeard(benchmark::State& state, const tonefile::Kind& kind, Disk disk) {
     setenv("SDL_AUDIODRIVER", "dummy", 0);
-    const fs::path path = FileOf("play", tonefile::Encode(60));
+    const fs::path path = FileOf(kind.name, kind.make());
+    SetDisk(disk);
     c_XAudio player;
-    double call = 0;
+    std::vector<double> waits;
     for (auto _ : state) {
+        const auto middle = [](double length) { return length / 2; };
+        const audio::Cue cue({path}, middle);
+        while (cue.Working())
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
         player.OpenFile(path);
-        player.SeekTo(30);
-        if (idle)
-            std::this_thread::sleep_for(std::chrono::milliseconds(200));
+        const double from = middle(player.Length());
+        player.SeekTo(from);
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
         const auto start = Clock::now();
         player.Play();
-        call += Seconds(Clock::now() - start).count();
-        while (player.Position() <= 30)
+        while (player.Position() <= from)
             std::this_thread::sleep_for(std::chrono::microseconds(100));
-        state.SetIterationTime(Seconds(Clock::now() - start).count());
-        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        waits.push_back(Seconds(Clock::now() - start).count());
+        state.SetIterationTime(waits.back());
+        player.StopPlay();
     }
-    state.counters["call_us"] = benchmark::Counter(call * 1e6, benchmark::Counter::kAvgIterations);
+    SetDisk(Disk::Fast);
+    std::sort(waits.begin(), waits.end());
+    state.counters["median_ms"] = 1000 * waits[waits.size() / 2];
     fs::remove(path);
 }
 
@@ -120,12 +131,14 @@ const bool kRegistered = [] {
         ->UseManualTime()
         ->Iterations(30)
         ->Unit(benchmark::kMillisecond);
-    for (const bool idle : {true, false})
-        benchmark::RegisterBenchmark(
-            idle ? "PlayUntilHeard/FromSilence" : "PlayUntilHeard/NextSong", PlayUntilHeard, idle)
-            ->UseManualTime()
-            ->Iterations(30)
-            ->Unit(benchmark::kMillisecond);
+    for (const auto& [disk, name] : {std::pair(Disk::Fast, "PlayUntilHeard/"),
+                                     std::pair(Disk::FiveMegabytes, "PlayUntilHeardSlowDisk/")}) {
+        for (const tonefile::Kind& kind : tonefile::AllKinds())
+            benchmark::RegisterBenchmark((name + kind.name).c_str(), PlayUntilHeard, kind, disk)
+                ->UseManualTime()
+                ->Iterations(disk == Disk::Fast ? 15 : 5)
+                ->Unit(benchmark::kMillisecond);
+    }
     return true;
 }();
 

@@ -2,6 +2,7 @@
 // several kinds. A player listens for a second and looks at the result for half of one.
 
 #include "audio/c_XAudio.h"
+#include "bench/SlowDisk.h"
 #include "game/c_gMulti.h"
 #include "game/f_High.h"
 #include "game/f_HighMulti.h"
@@ -27,9 +28,7 @@
 #include <functional>
 #include <memory>
 #include <string>
-#include <sys/syscall.h>
 #include <thread>
-#include <unistd.h>
 #include <vector>
 
 namespace {
@@ -37,31 +36,6 @@ namespace {
 namespace fs = std::filesystem;
 using Clock = std::chrono::steady_clock;
 using namespace std::chrono_literals;
-
-enum class Disk { Fast, FiveMegabytes, Stalls };
-
-std::atomic<Disk> gDisk = Disk::Fast;
-std::atomic<int> gReads = 0;
-
-/// As long as a read of that many bytes takes on the disk.
-void Delay(std::size_t bytes) {
-    constexpr int kStallEvery = 40;
-    if (gDisk == Disk::FiveMegabytes)
-        std::this_thread::sleep_for(std::chrono::microseconds(bytes / 5));
-    else if (gDisk == Disk::Stalls && ++gReads % kStallEvery == 0)
-        std::this_thread::sleep_for(3s);
-}
-
-} // namespace
-
-// Takes the place of the system's, through which songs are read.
-extern "C" ssize_t pread(int file, void* to, size_t count, off_t offset) {
-    const auto got = syscall(SYS_pread64, file, to, count, offset);
-    Delay(static_cast<std::size_t>(std::max<long>(got, 0)));
-    return got;
-}
-
-namespace {
 
 double Milliseconds(Clock::duration time) {
     return std::chrono::duration<double, std::milli>(time).count();
@@ -194,7 +168,7 @@ int main(int argc, char* argv[]) {
                  {"every 40th read stalls 3 s", Disk::Stalls, "songs.m3u"},
                  {"1,000,000 dead entries", Disk::Fast, "dead.m3u"}};
     for (const auto& c : cases) {
-        gDisk = c.disk;
+        SetDisk(c.disk);
         const Waits waits = Play(home / c.list);
         std::printf("%-28s %9.1f %9.1f %9.1f %9.1f %9.1f\n", c.name, Median(waits.first),
                     Median(waits.next),
@@ -203,7 +177,7 @@ int main(int argc, char* argv[]) {
                     Median(waits.sound), waits.silence);
         std::fflush(stdout);
     }
-    gDisk = Disk::Fast;
+    SetDisk(Disk::Fast);
     gAudio.reset();
     gBack.reset();
     platform::AsidesEnd(10s);

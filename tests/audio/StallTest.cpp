@@ -68,6 +68,8 @@ TEST_F(StalledDisk, ACueGoesAtOnceAndTellsOfSongsThatFail) {
 
 std::atomic<bool> gHangs = false;
 std::atomic<int> gInside = 0;
+std::atomic<bool> gUnplugged = false;
+std::atomic<int> gOpened = 0;
 
 /// Returns once the device hangs no more.
 void Hang() {
@@ -82,11 +84,15 @@ protected:
         mSdl.OpenAudioDevice = [](const char* name, int capture, const SDL_AudioSpec* wanted,
                                   SDL_AudioSpec* got, int changes) {
             Hang();
+            ++gOpened;
             return real->OpenAudioDevice(name, capture, wanted, got, changes);
         };
         mSdl.CloseAudioDevice = [](SDL_AudioDeviceID device) {
             Hang();
             real->CloseAudioDevice(device);
+        };
+        mSdl.GetAudioDeviceStatus = [](SDL_AudioDeviceID device) {
+            return gUnplugged ? SDL_AUDIO_STOPPED : real->GetAudioDeviceStatus(device);
         };
         audio::ReplaceSdl(&mSdl);
     }
@@ -127,6 +133,17 @@ TEST_F(StuckDevice, LeavesTheGameGoingAndSoundComesBackWithTheNextClip) {
         EXPECT_GT(Sound().size(), 2.9 * kRate);
         Rewind();
     }
+}
+
+TEST_F(StuckDevice, AnUnpluggedOneIsLookedForAgain) {
+    ASSERT_EQ(mPlayer.OpenFile(Song(60)), 1);
+    mPlayer.Play();
+    ASSERT_TRUE(Passes(1));
+    const int opened = gOpened;
+    gUnplugged = true;
+    EXPECT_TRUE(Eventually([opened] { return gOpened > opened; }));
+    gUnplugged = false;
+    EXPECT_TRUE(Passes(mPlayer.Position() + 1));
 }
 
 TEST_F(StuckDevice, IsLeftBehind) {

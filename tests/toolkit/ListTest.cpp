@@ -453,7 +453,8 @@ TEST_P(PicList, ShowsCellsThatDoNotFitOnHovering) {
         const QPoint at = FromLogical(QRect(CellAt(0, column), QSize(1, 1))).topLeft();
         QHelpEvent hover(QEvent::ToolTip, at, mBox.mapToGlobal(at));
         QApplication::sendEvent(&mBox, &hover);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return QToolTip::text() == shown; })) << column;
+        EXPECT_TRUE(QTest::qWaitFor([&text = shown] { return QToolTip::text() == text; }))
+            << column;
     }
 }
 

@@ -1,0 +1,36 @@
+#include "bench/SlowDisk.h"
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <cstddef>
+#include <sys/syscall.h>
+#include <thread>
+#include <unistd.h>
+
+namespace {
+
+using namespace std::chrono_literals;
+
+std::atomic<Disk> gDisk = Disk::Fast;
+std::atomic<int> gReads = 0;
+
+/// As long as a read of that many bytes takes on the disk.
+void Delay(std::size_t bytes) {
+    constexpr int kStallEvery = 40;
+    if (gDisk == Disk::FiveMegabytes)
+        std::this_thread::sleep_for(std::chrono::microseconds(bytes / 5));
+    else if (gDisk == Disk::Stalls && ++gReads % kStallEvery == 0)
+        std::this_thread::sleep_for(3s);
+}
+
+} // namespace
+
+// Takes the place of the system's, through which songs are read.
+extern "C" ssize_t pread(int file, void* to, size_t count, off_t offset) {
+    const auto got = syscall(SYS_pread64, file, to, count, offset);
+    Delay(static_cast<std::size_t>(std::max<long>(got, 0)));
+    return got;
+}
+
+void SetDisk(Disk disk) { gDisk = disk; }

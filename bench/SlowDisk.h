@@ -1,0 +1,10 @@
+#pragma once
+
+/// How long reads of songs take.
+enum class Disk {
+    Fast,
+    FiveMegabytes, ///< five megabytes a second
+    Stalls,        ///< for three seconds at every 40th read
+};
+
+void SetDisk(Disk disk);
