@@ -132,6 +132,7 @@ bool SongList::ChangeBack(std::vector<SongChange>& changes) {
     // The last one first: songs may have passed on a name.
     std::ranges::reverse(changes);
     std::vector<SongWish> wishes;
+    wishes.reserve(changes.size());
     for (const SongChange& change : changes)
         wishes.push_back(
             {change.after.path, [before = change.before](SongFacts& facts) { facts = before; }});

@@ -95,14 +95,13 @@ public:
         const std::string_view head = pieces.At(0, kHeaderSize);
         if (!head.starts_with("ID3"))
             return {};
-        const ID3v2::Header header(Vector(head));
-        mVersion = header.majorVersion();
-        mHeader = &header;
+        mHeader.setData(Vector(head));
+        mVersion = mHeader.majorVersion();
         if (mVersion < 2 || mVersion > 4)
             return {};
         const std::int64_t size =
-            std::min<std::int64_t>(header.tagSize(), pieces.End() - kHeaderSize);
-        if (mVersion < 4 && header.unsynchronisation()) {
+            std::min<std::int64_t>(mHeader.tagSize(), pieces.End() - kHeaderSize);
+        if (mVersion < 4 && mHeader.unsynchronisation()) {
             const std::string decoded = Decoded(size);
             Pieces memory(decoded);
             ReadFrames(memory, 0, static_cast<std::int64_t>(decoded.size()));
@@ -145,7 +144,7 @@ private:
     }
 
     std::int64_t ExtendedHeaderSize(Pieces& pieces, std::int64_t at) const {
-        if (mVersion == 2 || !mHeader->extendedHeader())
+        if (mVersion == 2 || !mHeader.extendedHeader())
             return 0;
         const std::string_view size = pieces.At(at, 4);
         return mVersion == 4 ? Number(size, 7) : 4 + Number(size);
@@ -184,13 +183,13 @@ private:
         if (bytes.empty())
             return {};
         const std::unique_ptr<ID3v2::Frame> frame(
-            ID3v2::FrameFactory::instance()->createFrame(Vector(bytes), mHeader));
+            ID3v2::FrameFactory::instance()->createFrame(Vector(bytes), &mHeader));
         const auto* text = dynamic_cast<const ID3v2::TextIdentificationFrame*>(frame.get());
         return text != nullptr ? OneLine(text->fieldList()) : QString();
     }
 
     platform::RegularFile& mFile;
-    const ID3v2::Header* mHeader = nullptr;
+    ID3v2::Header mHeader;
     unsigned int mVersion = 0;
     TitleAndArtist mFound;
 };
