@@ -49,6 +49,7 @@ struct Output::Need {
     int expected = 0; // how often a song was
     Clock::time_point begun;
     Clock::time_point until; // longer if the voice sounds
+    bool none = false;       // no device could be had for the last of these songs
 
 private:
     bool Now() const { return rate != 0 && (Clock::now() < until || voice->Sounding()); }
@@ -65,17 +66,19 @@ void Output::Need::KeepDevice(const std::stop_token& stop) {
     while (changed.wait(lock, stop, [this] { return Now(); }) && !stop.stop_requested()) {
         const int openRate = rate;
         const int openFor = expected;
+        none = false;
         lock.unlock();
-        const bool none = !device.Open(openRate);
-        gNoDevice = none;
+        const bool failed = !device.Open(openRate);
+        gNoDevice = failed;
         for (bool keep = true; keep;) {
             lock.lock();
+            none = failed;
             changed.wait_for(lock, stop, kPeriod, [&] { return !Now() || rate != openRate; });
             keep = !stop.stop_requested() && Now() && rate == openRate;
             // Without a device the next song is the next occasion to look for one.
-            keep = keep && !(none && expected != openFor);
+            keep = keep && !(failed && expected != openFor);
             lock.unlock();
-            keep = keep && (none || device.Serves());
+            keep = keep && (failed || device.Serves());
         }
         AwaitFade();
         device.Close();
@@ -112,7 +115,7 @@ void Output::Need::TakeFrames(std::uint64_t self, std::unique_lock<std::mutex>& 
         const bool taking = served.device == self;
         if (taking && takenRate == rate) {
             voice->Fill(self, unheard);
-        } else if (taking || late || (gNoDevice && served.device == 0)) {
+        } else if (taking || late || none) {
             gNoDevice = true;
             takenRate = rate;
             unheard.resize(static_cast<std::size_t>(rate * kPeriod / 1s));
