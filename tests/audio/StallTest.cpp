@@ -70,6 +70,7 @@ std::atomic<bool> gHangs = false;
 std::atomic<int> gInside = 0;
 std::atomic<bool> gUnplugged = false;
 std::atomic<int> gOpened = 0;
+std::atomic<int> gClosed = 0;
 
 /// Returns once the device hangs no more.
 void Hang() {
@@ -83,13 +84,14 @@ protected:
     StuckDevice() {
         mSdl.OpenAudioDevice = [](const char* name, int capture, const SDL_AudioSpec* wanted,
                                   SDL_AudioSpec* got, int changes) {
-            Hang();
             ++gOpened;
+            Hang();
             return real->OpenAudioDevice(name, capture, wanted, got, changes);
         };
         mSdl.CloseAudioDevice = [](SDL_AudioDeviceID device) {
             Hang();
             real->CloseAudioDevice(device);
+            ++gClosed;
         };
         mSdl.GetAudioDeviceStatus = [](SDL_AudioDeviceID device) {
             return gUnplugged ? SDL_AUDIO_STOPPED : real->GetAudioDeviceStatus(device);
@@ -122,8 +124,7 @@ TEST_F(StuckDevice, LeavesTheGameGoingAndSoundComesBackWithTheNextClip) {
         EXPECT_EQ(audio::NoDevice(), opening);
         mPlayer.StopPlay();
         gHangs = false;
-        EXPECT_TRUE(Eventually([] { return gInside == 0; }));
-        ASSERT_TRUE(DeviceCloses());
+        ASSERT_TRUE(Eventually([] { return gClosed == gOpened; }));
         Rewind();
         ASSERT_EQ(mPlayer.OpenFile(Song(3)), 1);
         mPlayer.Play();
