@@ -1,6 +1,7 @@
 #include "audio/Cue.h"
 #include "audio/Output.h"
 #include "audio/Sdl.h"
+#include "platform/System.h"
 #include "tests/HeldReads.h"
 #include "tests/audio/RecordedPlayer.h"
 
@@ -9,6 +10,8 @@
 namespace {
 
 namespace fs = std::filesystem;
+
+#ifdef SONGRUSH_POSIX // elsewhere reads cannot be held back
 
 double AtFour(double) { return 4; }
 
@@ -65,6 +68,8 @@ TEST_F(StalledDisk, ACueGoesAtOnceAndTellsOfSongsThatFail) {
     EXPECT_FALSE(cue.Ready());
     EXPECT_EQ(mPlayer.OpenFile(mFolder.Path() / "gone"), 0);
 }
+
+#endif
 
 std::atomic<bool> gHangs = false;
 std::atomic<int> gInside = 0;
