@@ -157,11 +157,14 @@ void Track::Work::Rewind() {
     const std::int64_t reached = mStream->Next();
     mStream->SeekTo(again->from);
     WindOn(*again, FrameRing::kCapacity, wanted);
-    const std::lock_guard lock(mutex);
-    if (mFed == reel && !begun)
-        mFed = reel = again;
-    else
-        mStream->SeekTo(reached);
+    {
+        const std::lock_guard lock(mutex);
+        if (mFed == reel && !begun) {
+            mFed = reel = again;
+            return;
+        }
+    }
+    mStream->SeekTo(reached);
 }
 
 /// Sleeps for `pause` or until there is something to do; false once a stop is requested.

@@ -45,7 +45,10 @@ Question Draw(const c_M3U& songs, const fs::path& song, bool readTitles) {
 
 NextQuestion::NextQuestion(library::SongCycle& songs) : mSongs(songs) {
     mSlow.setSingleShot(true);
-    mSlow.callOnTimeout([this] { DrawChoices(false); });
+    mSlow.callOnTimeout([this] {
+        if (!mDrawn->Get())
+            DrawChoices(false);
+    });
 }
 
 void NextQuestion::Prepare() {
