@@ -55,6 +55,7 @@ void c_gMulti::CreateButtons() {
 
 void c_gMulti::Run() {
     mScores.assign(static_cast<std::size_t>(mPlayers), 0);
+    mStreaks.assign(static_cast<std::size_t>(mPlayers), 0);
     const bool played = LoadPlaylist() && PlayRounds();
     SaveMarks();
     if (played)
@@ -144,7 +145,9 @@ bool c_gMulti::PlayQuestion() {
     ShowChoices(false);
     Board().pTimer->hide();
     Board().ClearBackground();
-    if (choice == mQuestion.correctSlot + 1)
+    const bool right = choice == mQuestion.correctSlot + 1;
+    Streak() = right ? Streak() + 1 : 0;
+    if (right)
         DrawRight();
     else
         DrawWrong();

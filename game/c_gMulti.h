@@ -115,6 +115,7 @@ private:
 
     QString Addressed(const QString& one, const QString& several) const;
     std::int32_t& Score() { return mScores[static_cast<std::size_t>(mPlayer - 1)]; }
+    int& Streak() { return mStreaks[static_cast<std::size_t>(mPlayer - 1)]; }
 
     game::Forms mForms;
     game::SongSourceFactory mNewSongSource;
@@ -122,6 +123,7 @@ private:
     int mRound = 0;
     int mPlayer = 0;
     std::vector<std::int32_t> mScores;
+    std::vector<int> mStreaks; ///< right answers in a row up to now, of each player
     std::shared_ptr<library::SongCycle> mList;
     std::optional<game::NextQuestion> mNext; ///< of the list
     game::Question mQuestion;
