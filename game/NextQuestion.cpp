@@ -4,8 +4,8 @@
 #include "game/Choices.h"
 #include "game/SongSource.h"
 #include "library/SongCycle.h"
+#include "library/SongTag.h"
 #include "library/SongTitle.h"
-#include "library/c_ID3.h"
 #include "platform/Chance.h"
 #include "platform/Time.h"
 
@@ -34,10 +34,15 @@ Question Draw(const c_M3U& songs, const fs::path& song, bool readTitles) {
     };
     const Choices drawn = DrawChoices(
         songs.Count(), [&songs](int index) { return songs.FileName(index); }, song, titleOf);
-    Question question{.song = song, .titles = {}, .correctSlot = drawn.correctSlot};
+    Question question{.song = song, .artist = {}, .titles = {}, .correctSlot = drawn.correctSlot};
     for (std::size_t i = 0; i < question.titles.size(); ++i)
         question.titles[i] = titleOf(songs.FileName(drawn.candidates[i]));
-    question.titles[static_cast<std::size_t>(drawn.correctSlot)] = titleOf(song);
+    library::SongTag tag;
+    if (readTitles)
+        tag.Read(song);
+    if (library::HasVisible(tag.Artist()))
+        question.artist = tag.Artist();
+    question.titles[static_cast<std::size_t>(drawn.correctSlot)] = library::SongTitle(tag, song);
     return question;
 }
 

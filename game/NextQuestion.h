@@ -19,6 +19,7 @@ namespace game {
 /// A question: a song, and the titles among which its own is the right one.
 struct Question {
     std::filesystem::path song;
+    QString artist; ///< empty if it is not known
     std::array<QString, 4> titles;
     int correctSlot = 0; ///< 0-based
 

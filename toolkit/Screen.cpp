@@ -10,10 +10,15 @@ Screen::Screen(const QString& name)
 }
 
 void Screen::CopyBackground() {
-    if (gBack)
-        BitBlt(Dc(), 0, 0, Width(), Height(), gBack->HDC(0), 0, 0, RasterOp::SrcCopy);
+    CopyBackground(QRect(0, 0, Width(), Height()));
     ClearCaptions();
-    Refresh();
+}
+
+void Screen::CopyBackground(const QRect& area) {
+    if (gBack)
+        BitBlt(Dc(), area.x(), area.y(), area.width(), area.height(), gBack->HDC(0), area.x(),
+               area.y(), RasterOp::SrcCopy);
+    Refresh(area);
 }
 
 WindowButtons::WindowButtons(Screen& screen) {

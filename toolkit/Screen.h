@@ -11,8 +11,10 @@ class Screen : public Form {
 public:
     explicit Screen(const QString& name);
 
-    /// Copies the program's background over the whole form.
+    /// Copies the program's background over the whole form, and forgets its captions.
     void CopyBackground();
+    /// Copies it over a part of the form.
+    void CopyBackground(const QRect& area);
 
     PictureBox* pX;
     PictureBox* pMin;
