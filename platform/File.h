@@ -33,7 +33,7 @@ std::error_code AppendToFile(const std::filesystem::path& file, QByteArrayView b
 /// of a symbolic link, those of the file it leads to. The file keeps its permissions, except that
 /// its owner may always read and write it. The contents are on the disk before they replace the old
 /// ones in one step; on error the old file is as it was. The first time that a folder is written
-/// into, what killed runs of the program left there is deleted.
+/// into, what killed runs of the program left there is deleted, by another thread.
 std::error_code ReplaceFile(const std::filesystem::path& file, QByteArrayView bytes);
 
 /// Makes what was written to a file, or what was renamed in a folder, last through a power cut,
