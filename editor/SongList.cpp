@@ -232,10 +232,10 @@ bool SongList::Unsaved() const {
     return count > 0 && differs;
 }
 
-void SongList::Saved(const fs::path& file) {
+void SongList::Saved(const fs::path& file, std::vector<QString> keys) {
     mFile = file;
     mForeign = false;
-    mSavedKeys = Keys();
+    mSavedKeys = std::move(keys);
 }
 
 Line SongList::LineAt(int line) const { return {mList.LineText(line), mList.LineKey(line)}; }

@@ -70,11 +70,11 @@ public:
     std::vector<QString> Keys() const;
     /// Whether there is something that the file does not hold. An empty list has nothing to lose.
     bool Unsaved() const;
-    /// Notes that the list was written to `file`.
-    void Saved(const std::filesystem::path& file);
+    /// Notes that songs of these keys, those of the list, were written to `file`.
+    void Saved(const std::filesystem::path& file, std::vector<QString> keys);
     /// From now on it is a new list, with nothing in it to be saved, as after a load that was
     /// stopped.
-    void ForgetFile() { Saved({}); }
+    void ForgetFile() { Saved({}, Keys()); }
 
 private:
     struct Added;

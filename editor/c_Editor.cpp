@@ -1,6 +1,7 @@
 #include "editor/c_Editor.h"
 
 #include "editor/ColumnSettings.h"
+#include "editor/UnsavedCopy.h"
 #include "library/AnyList.h"
 #include "library/MarkJournal.h"
 #include "library/SongFolders.h"
@@ -75,16 +76,22 @@ std::vector<fs::path> LocalFiles(const QDropEvent& event) {
 
 } // namespace
 
+/// What a wait returns, which lasts while the editor is open at most; meanwhile it is blocked.
+template <typename Wait> auto c_Editor::Blocked(Wait wait) {
+    mForm.SetBlocked(true);
+    auto result = wait([this] { return mForm.isVisible(); });
+    mForm.SetBlocked(false);
+    mForm.ResumeFocus();
+    return result;
+}
+
 c_Editor::c_Editor()
-    : mWindowButtons(mForm),
-      mSongs(mList,
-             [this](const std::vector<editor::SongWish>& wishes) {
-                 mForm.SetBlocked(true);
-                 auto changes = editor::ChangeAside(wishes, [this] { return mForm.isVisible(); });
-                 mForm.SetBlocked(false);
-                 mForm.ResumeFocus();
-                 return changes;
-             }),
+    : mWindowButtons(mForm), mSongs(mList,
+                                    [this](const std::vector<editor::SongWish>& wishes) {
+                                        return Blocked([&](const auto& open) {
+                                            return editor::ChangeAside(wishes, open);
+                                        });
+                                    }),
       mFilling([this] { ShowAll(); }) {
     mForm.CopyBackground();
     bAddFile.Create(mForm.pAddFile, QStringLiteral("Add File"));
@@ -175,7 +182,7 @@ void c_Editor::Run() {
     if (platform::Quitting())
         KeepCopy();
     else if (!mCopied.empty())
-        mCopy.Discard();
+        editor::UnsavedCopy::Discard();
     StopReading();
 }
 
@@ -233,7 +240,7 @@ void c_Editor::OfferKept() {
                                         .arg(name),
                                     kTitle)) {
                 if (!platform::Quitting())
-                    mCopy.Discard();
+                    editor::UnsavedCopy::Discard();
                 return;
             }
             for (const fs::path& song : songs)
@@ -252,9 +259,9 @@ void c_Editor::KeepCopy() {
         return;
     mCopied = std::move(keys);
     if (mCopied.empty())
-        mCopy.Discard();
+        editor::UnsavedCopy::Discard();
     else
-        mCopy.Keep(mSongs.File(), !mSongs.OwnsFile(), mCopied);
+        editor::UnsavedCopy::Keep(mSongs.File(), !mSongs.OwnsFile(), mCopied);
 }
 
 // Filling the list
@@ -378,18 +385,28 @@ bool c_Editor::SaveList(bool askName) {
                            "set.\n"
                            "If used for a game, the filename will be used for the song title."),
             platform::Icon::Warning);
-    c_M3U playlist;
-    for (const QString& key : mSongs.Keys())
-        playlist.Add(platform::PathFromKey(key));
-    const bool written = playlist.WriteFile(file);
-    if (written) {
-        library::MarkJournal::Forget(file);
-        mLoading = false; // what is still read is not in the file
-        mSongs.Saved(file);
-    }
+    const bool written = Write(file);
     ShowAll();
     platform::PumpEvents();
     return written;
+}
+
+bool c_Editor::Write(const fs::path& file) {
+    const std::vector<QString> keys = mSongs.Keys();
+    const auto written = std::make_shared<bool>(false);
+    const auto write = [written, keys, file] {
+        c_M3U playlist;
+        for (const QString& key : keys)
+            playlist.Add(platform::PathFromKey(key));
+        *written = playlist.WriteFile(file);
+        if (*written)
+            library::MarkJournal::Forget(file);
+    };
+    if (!Blocked([&](const auto& open) { return platform::AwaitAside(write, open); }) || !*written)
+        return false;
+    mLoading = false; // what is still read is not in the file
+    mSongs.Saved(file, keys);
+    return true;
 }
 
 bool c_Editor::UntitledSongs() const {

@@ -3,7 +3,6 @@
 #include "editor/Filling.h"
 #include "editor/Marks.h"
 #include "editor/SongList.h"
-#include "editor/UnsavedCopy.h"
 #include "editor/c_player.h"
 #include "editor/f_Edit.h"
 #include "editor/f_Editor.h"
@@ -82,6 +81,8 @@ private:
     void Drop(const QDropEvent& event);
 
     bool SaveList(bool askName);
+    bool Write(const std::filesystem::path& file);
+    template <typename Wait> auto Blocked(Wait wait);
     /// Whether the list may go: if it is not saved the player is asked, and may save it.
     bool MayGo();
     void OfferKept();
@@ -121,11 +122,10 @@ private:
     int mPlayedLine = -1;
     QString mPlayedKey; ///< of the song in the small player
 
-    QString mAnnounced;      ///< the number of songs that screen readers know
-    bool mLoading = false;   ///< the list's own file is still being read
-    bool mRestoring = false; ///< so is what an earlier run of the program left
-    editor::UnsavedCopy mCopy;
-    std::vector<QString> mCopied; ///< the keys in that copy
+    QString mAnnounced;           ///< the number of songs that screen readers know
+    bool mLoading = false;        ///< the list's own file is still being read
+    bool mRestoring = false;      ///< so is what an earlier run of the program left
+    std::vector<QString> mCopied; ///< the keys in `editor::UnsavedCopy`
     QTimer mKeepSoon;
     editor::Filling mFilling;
 };
