@@ -10,6 +10,7 @@
 #include "tests/HeldReads.h"
 #include "tests/Robot.h"
 #include "tests/SongFolder.h"
+#include "tests/game/FixedSource.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -21,16 +22,6 @@
 namespace fs = std::filesystem;
 
 namespace {
-
-/// Hands a game the playlist of a test.
-struct FixedSource : game::SongSource {
-    explicit FixedSource(fs::path path) : list(std::move(path)) {}
-    fs::path GetM3U() override { return list; }
-    bool ExitProgram() const override { return false; }
-    bool Loading() const override { return true; }
-    void LoadingDone() override {}
-    fs::path list;
-};
 
 class GameTest : public testing::Test {
 protected:
