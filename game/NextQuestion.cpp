@@ -48,13 +48,8 @@ Question Draw(const c_M3U& songs, const fs::path& song, bool readTitles) {
 
 } // namespace
 
-NextQuestion::NextQuestion(library::SongCycle& songs) : mSongs(songs) {
-    mSlow.setSingleShot(true);
-    mSlow.callOnTimeout([this] {
-        if (!mDrawn->Get())
-            DrawChoices(false);
-    });
-}
+NextQuestion::NextQuestion(library::SongCycle& songs, audio::Cue::Clock now)
+    : mSongs(songs), mNow(now) {}
 
 void NextQuestion::Prepare() {
     if (mCue)
@@ -67,7 +62,7 @@ void NextQuestion::TrySongs() {
     mCandidates = mSongs.Upcoming(kTriedAtATime);
     mCue = std::make_unique<audio::Cue>(
         mCandidates, [share = mStart](double length) { return StartOf(length, share); },
-        kShortestSong);
+        kShortestSong, mNow);
 }
 
 NextQuestion::State NextQuestion::Advance() {
@@ -86,19 +81,24 @@ NextQuestion::State NextQuestion::Advance() {
                           mCandidates.begin() + static_cast<std::ptrdiff_t>(failed));
         DrawChoices(true);
     }
-    return mDrawn->Get() ? State::Ready : State::Working;
+    if (mDrawn->Get()) {
+        mLook.stop();
+        return State::Ready;
+    }
+    if (mNow() - mDrawnSince > kPatience)
+        DrawChoices(false);
+    return State::Working;
 }
 
 void NextQuestion::DrawChoices(bool readTitles) {
     platform::Randomize(platform::SecondsSinceMidnight());
     mDrawn.emplace([songs = mSongs.Songs(), song = mCandidates.front(),
                     readTitles](const std::stop_token&) { return Draw(*songs, song, readTitles); });
-    if (readTitles)
-        mSlow.start(kPatience);
+    mDrawnSince = mNow();
+    mLook.start(1s);
 }
 
 Question NextQuestion::Take() {
-    mSlow.stop();
     mSongs.Take();
     const Question question = *mDrawn->Get();
     mDrawn.reset();
