@@ -99,7 +99,9 @@ void c_Quick::ShowChooser() {
     if (mLastList.empty())
         return;
     mLastListLook = std::make_unique<platform::Answer<library::UnplayedSongs>>(
-        [list = mLastList](const std::stop_token&) { return library::CountUnplayed(list); });
+        [list = mLastList](const std::stop_token& stop) {
+            return library::CountUnplayed(list, stop);
+        });
 }
 
 /// Shows the fourth place once it is known that the list is still there.

@@ -84,17 +84,18 @@ bool c_gMulti::LoadPlaylist() {
 
 /// Reads the playlist and gets the first question ready, unless the player gives up meanwhile.
 bool c_gMulti::LoadSongs(const game::SongSource& source, const std::filesystem::path& path) {
-    const auto list = std::make_shared<std::shared_ptr<library::SongCycle>>();
-    const auto read = [list, path] {
-        *list = std::make_shared<library::SongCycle>(path);
-        if ((*list)->Count() >= game::kFewestSongs)
-            (*list)->Begin();
-    };
+    const platform::Answer<std::shared_ptr<library::SongCycle>> read(
+        [path](const std::stop_token& stop) {
+            auto list = std::make_shared<library::SongCycle>(path, stop);
+            if (list->Count() >= game::kFewestSongs)
+                list->Begin();
+            return list;
+        });
     const auto wanted = [&source] { return source.Loading(); };
-    const bool isRead = platform::AwaitAside(read, wanted);
-    if (isRead)
-        mList = *list;
-    if (isRead && mList->Count() >= game::kFewestSongs) {
+    platform::WaitWhile([&] { return wanted() && !read.Get(); });
+    if (wanted() && !platform::Quitting())
+        mList = read.Get().value_or(nullptr);
+    if (mList && mList->Count() >= game::kFewestSongs) {
         mNext.emplace(*mList);
         mNext->Prepare();
         platform::WaitWhile([&] { return wanted() && Preparing(); });
