@@ -49,11 +49,17 @@ void SongList::Begin(const fs::path& file, bool foreign) {
 void SongList::Append(const std::vector<Line>& lines) {
     for (const Line& line : lines) {
         mList.AddItem(line.text, line.key);
-        if (line.newer)
-            mNewer.insert(line.key);
-        if (line.missing)
-            mMissing.insert(line.key);
+        NoteLook(line);
     }
+}
+
+/// All lines of a song look alike.
+void SongList::NoteLook(const Line& line) {
+    for (const auto& [look, keys] : {std::pair(line.newer, &mNewer), {line.missing, &mMissing}})
+        if (look)
+            keys->insert(line.key);
+        else
+            keys->remove(line.key);
 }
 
 void SongList::AddSaved(const std::vector<Line>& lines) {
@@ -145,13 +151,8 @@ bool SongList::ChangeBack(std::vector<SongChange>& changes) {
 
 void SongList::ShowChanges(const std::vector<SongChange>& changes) {
     QHash<QString, Line> now;
-    for (const SongChange& change : changes) {
-        const Line line = LineOf(change.after);
-        now.insert(platform::KeyFromPath(change.before.path), line);
-        mNewer.remove(line.key);
-        if (line.newer)
-            mNewer.insert(line.key);
-    }
+    for (const SongChange& change : changes)
+        now.insert(platform::KeyFromPath(change.before.path), LineOf(change.after));
     ShowSongs(now);
 }
 
@@ -191,6 +192,7 @@ void SongList::Replace(const QString& name, const std::vector<std::pair<QString,
 void SongList::SetLine(int line, const Line& now) {
     mList.SetLineText(line, now.text);
     mList.SetLineKey(line, now.key);
+    NoteLook(now);
 }
 
 QString SongList::Undo() {
@@ -238,7 +240,10 @@ void SongList::Saved(const fs::path& file, std::vector<QString> keys) {
     mSavedKeys = std::move(keys);
 }
 
-Line SongList::LineAt(int line) const { return {mList.LineText(line), mList.LineKey(line)}; }
+Line SongList::LineAt(int line) const {
+    const QString key = mList.LineKey(line);
+    return {mList.LineText(line), key, IsNewer(key), IsMissing(key)};
+}
 
 SongList::Taken SongList::TakeOut(const std::vector<int>& places) {
     Taken taken{places, {}};

@@ -85,6 +85,7 @@ private:
     };
 
     Line LineAt(int line) const;
+    void NoteLook(const Line& line);
     void Append(const std::vector<Line>& lines);
     Taken TakeOut(const std::vector<int>& places);
     void PutBack(const Taken& taken);

@@ -169,7 +169,9 @@ std::error_code ReplaceTail(const fs::path& file, std::size_t replaced, QByteArr
     if (!ReadTail(opened, old))
         return make_error_code(std::errc::io_error);
     const std::int64_t offset = opened.Size() - static_cast<std::int64_t>(replaced);
-    const std::error_code error = opened.WriteAt(offset, bytes);
+    std::error_code error = opened.WriteAt(offset, bytes);
+    if (!error && bytes.size() < static_cast<qsizetype>(replaced))
+        fs::resize_file(file, static_cast<std::uintmax_t>(offset + bytes.size()), error);
     if (error) {
         // Needs no space that the file did not have before, so it is not expected to fail.
         std::error_code ignored;

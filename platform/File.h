@@ -21,8 +21,8 @@ std::error_code ReadWholeFile(const std::filesystem::path& file, QByteArray& byt
 bool ReadTail(const std::filesystem::path& file, std::span<char> tail);
 bool ReadTail(RegularFile& file, std::span<char> tail);
 
-/// Writes `bytes` over the file's last `replaced` bytes, in one write; the file grows by the rest
-/// of `bytes`. On error the file is as it was. A read-only file is an error.
+/// Puts `bytes`, in one write, in the place of the file's last `replaced` bytes; the file grows or
+/// shrinks by the difference. On error the file is as it was. A read-only file is an error.
 std::error_code ReplaceTail(const std::filesystem::path& file, std::size_t replaced,
                             QByteArrayView bytes);
 
