@@ -392,9 +392,9 @@ bool c_Editor::SaveList(bool askName) {
 }
 
 bool c_Editor::Write(const fs::path& file) {
-    const std::vector<QString> keys = mSongs.Keys();
+    const KeyPrint print = mSongs.Print();
     const auto written = std::make_shared<bool>(false);
-    const auto write = [written, keys, file] {
+    const auto write = [written, keys = mSongs.Keys(), file] {
         c_M3U playlist;
         for (const QString& key : keys)
             playlist.Add(platform::PathFromKey(key));
@@ -405,7 +405,7 @@ bool c_Editor::Write(const fs::path& file) {
     if (!Blocked([&](const auto& open) { return platform::AwaitAside(write, open); }) || !*written)
         return false;
     mLoading = false; // what is still read is not in the file
-    mSongs.Saved(file, keys);
+    mSongs.Saved(file, print);
     return true;
 }
 
