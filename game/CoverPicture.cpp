@@ -8,7 +8,7 @@ namespace game {
 namespace {
 
 bool IsSmallEnough(const QSize& size) {
-    constexpr qint64 kMostPixels = 4096 * 4096;
+    constexpr qint64 kMostPixels = qint64{4096} * 4096;
     return !size.isEmpty() && qint64{size.width()} * size.height() <= kMostPixels;
 }
 

@@ -14,7 +14,7 @@ namespace game {
 namespace {
 
 constexpr double kRadius = LabelRecord::kSide / 2.0;
-constexpr double kLabel = 21; // so large that a cover is recognised
+constexpr double kLabel = 23; // so large that a cover is recognised
 constexpr double kHole = 1.6;
 
 void PaintGrooves(QPainter& painter) {

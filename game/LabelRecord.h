@@ -9,7 +9,8 @@ namespace game {
 /// A small record beside the name of the song that was heard, with the song's cover on its label.
 class LabelRecord : public TurningPart {
 public:
-    static constexpr int kSide = 66; ///< logical pixels
+    static constexpr int kSide = 66;       ///< logical pixels
+    static constexpr int kCoverSide = 192; ///< pixels that a cover needs on a large screen
 
     explicit LabelRecord(QWidget* board);
 

@@ -2,9 +2,11 @@
 
 #include "audio/c_XAudio.h"
 #include "game/Choices.h"
+#include "game/CoverPicture.h"
 #include "game/Scoring.h"
 #include "game/c_hMulti.h"
 #include "game/f_Multi.h"
+#include "library/Cover.h"
 #include "library/SongCycle.h"
 #include "library/c_M3U.h"
 #include "platform/Aside.h"
@@ -301,6 +303,9 @@ void c_gMulti::ShowAnswer(int choice) {
     else
         DrawWrong();
     mAnswerScreen.ShowSong(mQuestion.Title(), mQuestion.artist);
+    mCover.emplace([song = mQuestion.song](const std::stop_token&) {
+        return game::DecodeCover(library::ReadCover(song), game::LabelRecord::kCoverSide);
+    });
     if (mPlayers > 1)
         mAnswerScreen.WriteStandings(mScores);
 }
@@ -344,6 +349,7 @@ bool c_gMulti::WaitForContinue() {
         ShowCover();
         return mAnswer != kContinue;
     });
+    mCover.reset();
     mAnswerScreen.Close();
     Board().pCont->hide();
     return !mQuit;

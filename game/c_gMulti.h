@@ -132,7 +132,8 @@ private:
     std::shared_ptr<library::SongCycle> mList;
     std::optional<game::NextQuestion> mNext; ///< of the list
     game::Question mQuestion;
-    std::optional<platform::Answer<QImage>> mCover; ///< of the question's song, until it is shown
+    std::optional<platform::Answer<QImage>>
+        mCover;               ///< of the song that was heard, until it is shown
     QTimer mTillHeard;        ///< runs from the press on Play to the clip's first sample
     QElapsedTimer mSincePlay; ///< since that press
     int mAnswer = 0;

@@ -76,7 +76,7 @@ std::optional<Id3v2Frame> Id3v2Frames::Next() {
     constexpr int kMost = 1000;
     const std::int64_t headSize = mVersion == 2 ? 6 : 10;
     Id3v2Frame frame;
-    if (mAt == mEnd || ++mFrames > kMost)
+    if (mAt >= mEnd || ++mFrames > kMost)
         return {};
     frame.head = mPieces->At(mAt, headSize);
     if (!IsFrame(frame.head))
