@@ -10,6 +10,7 @@
 #include "platform/ProgramFolder.h"
 #include "platform/Settings.h"
 #include "platform/SingleInstance.h"
+#include "platform/Volume.h"
 #include "platform/Wait.h"
 #include "toolkit/Picture.h"
 #include "toolkit/Stage.h"
@@ -20,6 +21,7 @@ namespace {
 void PreloadMenu() {
     toolkit::PreloadPictures(QStringLiteral("Images\\Back.bmp"),
                              {QStringLiteral("Images\\X.bmp"), QStringLiteral("Images\\bMin.bmp"),
+                              QStringLiteral("Images\\bVolume.bmp"),
                               QStringLiteral("Images\\bSingle.bmp"),
                               QStringLiteral("Images\\bMulti.bmp"),
                               QStringLiteral("Images\\bEditor.bmp")});
@@ -37,7 +39,9 @@ void Start::Run() {
     app::PrepareProgramFolder();
     platform::WritePathSetting(QStringLiteral("Songrush"), QStringLiteral("Dirs"),
                                QStringLiteral("AppPath"), platform::ProgramFolder());
+    platform::Volume::Get().Recall();
     Start().ModeLoop();
+    platform::Volume::Get().Remember();
     stage.Remember();
 }
 

@@ -39,6 +39,12 @@ QString Volume::Words() const {
 
 void Volume::SetPercent(int percent) { Set(percent, false); }
 
+void Volume::Step(int direction) {
+    const int louder = Percent() / kStep + 1;
+    const int quieter = (Percent() + kStep - 1) / kStep - 1;
+    SetPercent((direction > 0 ? louder : quieter) * kStep);
+}
+
 void Volume::ToggleMuted() {
     if (Silent())
         Set(std::max(Percent(), kStep), false);

@@ -10,7 +10,7 @@ namespace platform {
 class Volume : public QObject {
     Q_OBJECT
 public:
-    static constexpr int kStep = 10; ///< percent that a key changes it by
+    static constexpr int kStep = 10; ///< percent
 
     static Volume& Get();
 
@@ -24,6 +24,8 @@ public:
 
     /// Sets it, brought into 0 to 100, and ends muting.
     void SetPercent(int percent);
+    /// The next multiple of `kStep` that is louder (1) or less loud (-1).
+    void Step(int direction);
     /// Mutes, or else has something heard again.
     void ToggleMuted();
 

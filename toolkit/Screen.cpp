@@ -4,7 +4,8 @@ namespace toolkit {
 
 Screen::Screen(const QString& name)
     : Form(name), pX(new PictureBox(this, QStringLiteral("pX"), QSize(44, 36))),
-      pMin(new PictureBox(this, QStringLiteral("pMin"), QSize(36, 24))) {
+      pMin(new PictureBox(this, QStringLiteral("pMin"), QSize(36, 24))),
+      pVolume(new VolumeBox(this)) {
     pX->setAccessibleName(QStringLiteral("Close"));
     pMin->setAccessibleName(QStringLiteral("Minimise"));
 }
@@ -21,19 +22,21 @@ void Screen::CopyBackground(const QRect& area) {
     Refresh(area);
 }
 
-WindowButtons::WindowButtons(Screen& screen) {
+WindowButtons::WindowButtons(Screen& screen) : mVolume(*screen.pVolume) {
     constexpr int kGap = 4;
     constexpr int kMinTop = 10;
     bX.Create(screen.pX, QStringLiteral("Images\\X.bmp"), QString());
     bMin.Create(screen.pMin, QStringLiteral("Images\\bMin.bmp"), QString());
     screen.pX->MoveTo(screen.Width() - bX.Width(), 0);
     screen.pMin->MoveTo(screen.pX->Place().x() - kGap - bMin.Width(), kMinTop);
+    mVolume.MoveTo(screen.pMin->Place().x() - kGap - mVolume.Width(), kMinTop);
     QObject::connect(&screen, &Form::CloseRequested, &bX, &c_SurfButton::Click);
 }
 
 void WindowButtons::Refresh() {
     bX.Refresh();
     bMin.Refresh();
+    mVolume.Draw();
 }
 
 } // namespace toolkit
