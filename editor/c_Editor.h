@@ -95,6 +95,7 @@ private:
         mForm.ResumeFocus();
         return result;
     }
+    std::vector<editor::SongChange> Change(const std::vector<editor::SongWish>& wishes);
     /// Whether the list may go: if it is not saved the player is asked, and may save it.
     bool MayGo();
     void OfferKept();
