@@ -2,6 +2,7 @@
 
 #include "platform/Volume.h"
 #include "tests/OnStage.h"
+#include "tests/toolkit/Pictures.h"
 #include "toolkit/Screen.h"
 
 #include <QAccessible>
@@ -9,6 +10,7 @@
 #include <QTest>
 #include <QWheelEvent>
 #include <gtest/gtest.h>
+#include <optional>
 
 namespace {
 
@@ -20,8 +22,13 @@ using platform::Volume;
 class VolumeOnScreen : public testing::Test {
 protected:
     VolumeOnScreen() {
+        QImage skin(76, 72, QImage::Format_RGB888);
+        skin.fill(Qt::blue);
+        for (const char* name : {"Images/X.bmp", "Images/bMin.bmp", "Images/bVolume.bmp"})
+            mFolder.Save(QString::fromLatin1(name), skin);
+        mButtons.emplace(mScreen);
         Put(*mText, QRect(100, 100, 100, 30));
-        mButtons.Refresh();
+        mButtons->Refresh();
         mScreen.ShowInPlace();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&Stage::Get()));
         Volume::Get().SetPercent(50);
@@ -34,14 +41,15 @@ protected:
         QTest::sendKeyEvent(QTest::Click, StageWindow(), key, text, {});
     }
 
+    const PictureFolder mFolder;
     Screen mScreen{QStringLiteral("f_Screen")};
-    WindowButtons mButtons{mScreen};
+    std::optional<WindowButtons> mButtons;
     VolumeBox& mBox = *mScreen.pVolume;
     QLineEdit* mText = new QLineEdit(&mScreen);
 };
 
 TEST_F(VolumeOnScreen, KeysChangeItAndAreTextInATextBox) {
-    mScreen.setFocus();
+    mScreen.pMin->setFocus();
     const struct {
         Qt::Key key;
         const char* text;
