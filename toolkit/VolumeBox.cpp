@@ -147,8 +147,8 @@ void VolumeBox::Show(Look look) {
 }
 
 void VolumeBox::Changed() {
-    if (!isVisible())
-        return; // it is drawn when it is shown
+    if (mSkin.Count() == 0)
+        return; // it has never been drawn
     Draw();
     QAccessibleValueChangeEvent event(this, platform::HeardVolume());
     QAccessible::updateAccessibility(&event);
