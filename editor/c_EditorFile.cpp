@@ -60,10 +60,12 @@ void c_Editor::Load(const fs::path& file) {
                          mSongs.Add(news.lines);
                      mMarks.SetLineCount(mList.LineCount());
                  },
-                 [this](const auto& news) {
+                 [this, file, begun](const auto& news) {
                      mLoading = false;
                      mSongs.EndAdding();
-                     Tell(news.failure);
+                     Tell(*begun || !news.failure.isEmpty() ? news.failure
+                                                            : platform::ShownText(file.filename()) +
+                                                                  QStringLiteral(" has no songs."));
                  }});
 }
 
