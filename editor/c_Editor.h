@@ -86,6 +86,7 @@ private:
     void Drop(const QDropEvent& event);
 
     bool SaveList(bool askName);
+    bool TellIfFileChanged();
     bool Write(const std::filesystem::path& file);
     /// What a wait returns, which lasts while the editor is open at most; meanwhile it is blocked.
     template <typename Wait> auto Blocked(Wait wait) {

@@ -341,6 +341,15 @@ TEST_F(EditorTest, AnUnsavedListIsAskedAboutBeforeItGoesAndNoOther) {
     c_M3U saved;
     saved.ReadFile(file.toStdString());
     EXPECT_EQ(saved.Count(), 1);
+    const std::string others = "#EXTM3U\r\n/others/song.mp3\r\n";
+    const QStringList told = Run({Press(form.pLoad, file), Add(),
+                                  [&] {
+                                      mChosen.clear();
+                                      std::ofstream(file.toStdString()) << others;
+                                  },
+                                  ctrl(Qt::Key_S)});
+    EXPECT_EQ(told, QStringList("Another program has changed the file of the list \"mine\"."));
+    EXPECT_EQ(BytesOf(file.toStdString()), others);
 }
 
 TEST_F(EditorTest, WhatWasEditedWhenTheProgramEndedIsOfferedAgain) {
