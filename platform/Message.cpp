@@ -8,6 +8,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QThread>
+#include <deque>
 #include <utility>
 
 namespace platform {
@@ -46,18 +47,28 @@ int Show(const Message& message) {
     return Quitting() ? static_cast<int>(message.buttons.size()) - 1 : gBox(message);
 }
 
+/// Shows the messages of other threads one after the other, not one over the other.
+void ShowInTurn(const Message& message) {
+    static std::deque<Message> due; // the first one is being shown
+    due.push_back(message);
+    if (due.size() > 1)
+        return;
+    for (; !due.empty(); due.pop_front())
+        Show(due.front());
+}
+
 } // namespace
 
 void SetMessageBox(std::function<int(const Message&)> box) { gBox = std::move(box); }
 
 void ShowMessage(const QString& text, Icon icon, const QString& title) {
+    const Message message{text, icon, title, {QStringLiteral("&OK")}};
     QCoreApplication* application = QCoreApplication::instance();
-    if (QThread::currentThread() != application->thread()) {
+    if (QThread::currentThread() == application->thread())
+        Show(message);
+    else
         QMetaObject::invokeMethod(
-            application, [=] { ShowMessage(text, icon, title); }, Qt::QueuedConnection);
-        return;
-    }
-    Show({text, icon, title, {QStringLiteral("&OK")}});
+            application, [message] { ShowInTurn(message); }, Qt::QueuedConnection);
 }
 
 bool AskYesNo(const QString& text, const QString& title) {
