@@ -2,9 +2,7 @@
 
 #include "audio/c_XAudio.h"
 #include "game/Scoring.h"
-#include "game/c_hMulti.h"
 #include "game/f_Multi.h"
-#include "platform/ProgramFolder.h"
 
 bool c_gBet::TakeBet() {
     DrawStatus();
@@ -27,7 +25,3 @@ void c_gBet::Answered() {
 }
 
 std::int32_t c_gBet::PointsForAnswer(float) const { return game::PointsForBet(mBet); }
-
-void c_gBet::ChooseScoreFile(c_hMulti& highScores) const {
-    highScores.SetFileName(platform::ProgramFolder() / "H2.dat");
-}

@@ -334,7 +334,7 @@ bool c_gMulti::WaitForContinue() {
 void c_gMulti::ShowResults() {
     Board().hide();
     c_hMulti highScores(mForms.scores, mForms.name);
-    ChooseScoreFile(highScores);
+    highScores.SetGame(Kind());
     highScores.SetAndShowScores(mScores);
     if (!highScores.ExitProgram()) {
         if (mPlayers == 1)

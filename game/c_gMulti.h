@@ -1,5 +1,6 @@
 #pragma once
 
+#include "game/GameKind.h"
 #include "game/NextQuestion.h"
 #include "game/SongSource.h"
 #include "toolkit/Screen.h"
@@ -19,7 +20,6 @@ namespace library {
 class SongCycle;
 }
 
-class c_hMulti;
 class f_High;
 class f_HighMulti;
 class f_Multi;
@@ -73,8 +73,8 @@ protected:
     virtual void Answered() {}
     /// The points for a right answer after `seconds` on the clock.
     virtual std::int32_t PointsForAnswer(float seconds) const;
-    /// Chooses the high-score file.
-    virtual void ChooseScoreFile(c_hMulti&) const {}
+    /// Whose high scores the results go into.
+    virtual game::GameKind Kind() const { return game::GameKind::NormalPlay; }
 
     f_Multi& Board() { return mForms.board; }
     /// Sets the captions of the four choice buttons and shows them in order.

@@ -1,11 +1,11 @@
 #include "game/c_hMulti.h"
 
+#include "game/PlayerColor.h"
 #include "game/RankScores.h"
 #include "game/f_High.h"
 #include "game/f_HighMulti.h"
 #include "platform/File.h"
 #include "platform/Message.h"
-#include "platform/ProgramFolder.h"
 #include "platform/Wait.h"
 
 #include <algorithm>
@@ -29,11 +29,22 @@ std::error_code KeepBeside(const fs::path& file) {
     }
 }
 
+/// With several players it tells them apart and says who won.
+f_HighMulti::Row RowOf(int rank, const game::Standing& standing, bool several) {
+    f_HighMulti::Row row{.rank = rank,
+                         .name = QStringLiteral("Player %1").arg(standing.player),
+                         .score = QString::number(standing.score)};
+    if (several) {
+        row.color = game::PlayerColor(standing.player);
+        row.won = standing.Won();
+    }
+    return row;
+}
+
 } // namespace
 
 c_hMulti::c_hMulti(f_HighMulti& form, f_High& nameForm)
-    : mForm(form), mNameForm(nameForm), mFile(platform::ProgramFolder() / "H1.dat"),
-      mWindowButtons(form) {
+    : mForm(form), mNameForm(nameForm), mWindowButtons(form) {
     bCont.Create(form.pCont, QStringLiteral("Images\\bCont.bmp"), QString());
     form.LayOut();
     connect(&bCont, &c_SurfButton::Clicked, this, &c_hMulti::bCont_Clicked);
@@ -42,6 +53,11 @@ c_hMulti::c_hMulti(f_HighMulti& form, f_High& nameForm)
 }
 
 c_hMulti::~c_hMulti() { mForm.hide(); }
+
+void c_hMulti::SetGame(game::GameKind kind) {
+    mKind = kind;
+    mFile = game::TableOf(kind);
+}
 
 void c_hMulti::Check(std::int32_t score) {
     Load();
@@ -69,22 +85,29 @@ void c_hMulti::Enter(std::int32_t score, const QString& prompt) {
 }
 
 void c_hMulti::SetAndShowScores(std::vector<std::int32_t>& scores) {
-    const std::vector<QString> labels = game::RankScores(scores);
+    const std::vector<game::Standing> standings = game::RankScores(scores);
     const int count = static_cast<int>(scores.size());
     for (int first = 0; first < count && !ExitProgram(); first += f_HighMulti::kRows) {
-        mForm.DrawTitle(QStringLiteral("SCORES"));
-        for (int i = first; i < std::min(first + f_HighMulti::kRows, count); ++i) {
-            const auto at = static_cast<std::size_t>(i);
-            mForm.DrawRow(i - first, {i + 1, labels[at], QString::number(scores[at]), false});
+        const int rows = std::min(f_HighMulti::kRows, count - first);
+        mForm.DrawTitle(QStringLiteral("SCORES"), game::NameOf(mKind), rows);
+        for (int line = 0; line < rows; ++line) {
+            const int at = first + line;
+            mForm.DrawRow(line, RowOf(at + 1, standings[static_cast<std::size_t>(at)], count > 1));
         }
+        if (count > 1 && standings.front().Won())
+            mForm.DrawPodium(standings);
         ShowForm();
     }
 }
 
 void c_hMulti::ShowTable() {
-    mForm.DrawTitle(QStringLiteral("HIGH SCORES"));
+    mForm.DrawTitle(QStringLiteral("HIGH SCORES"), game::NameOf(mKind),
+                    game::HighScoreTable::kPlaces);
     for (int i = 0; i < game::HighScoreTable::kPlaces; ++i)
-        mForm.DrawRow(i, {i + 1, mTable.Name(i), mTable.Score(i), mTable.IsNew(i)});
+        mForm.DrawRow(i, {.rank = i + 1,
+                          .name = mTable.Name(i),
+                          .score = mTable.Score(i),
+                          .isNew = mTable.IsNew(i)});
     ShowForm();
 }
 

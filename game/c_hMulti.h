@@ -1,5 +1,6 @@
 #pragma once
 
+#include "game/GameKind.h"
 #include "game/HighScoreTable.h"
 #include "toolkit/Screen.h"
 
@@ -20,7 +21,10 @@ public:
     c_hMulti(f_HighMulti& form, f_High& nameForm);
     ~c_hMulti() override;
 
-    /// The table's file; the multiple-choice game's unless set.
+    /// The kind of game, whose table is meant; Normal Play unless set.
+    void SetGame(game::GameKind kind);
+
+    /// The table's file, if it is another one.
     void SetFileName(const std::filesystem::path& file) { mFile = file; }
 
     /// Takes the score of a single player into the table and shows it.
@@ -50,7 +54,8 @@ private:
 
     f_HighMulti& mForm;
     f_High& mNameForm;
-    std::filesystem::path mFile;
+    game::GameKind mKind = game::GameKind::NormalPlay;
+    std::filesystem::path mFile = game::TableOf(mKind);
     game::HighScoreTable mTable;
     bool mInTheWay = false; // a file that could neither be read nor moved aside
     bool mQuit = false;

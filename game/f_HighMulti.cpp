@@ -1,11 +1,20 @@
 #include "game/f_HighMulti.h"
 
+#include "game/Crown.h"
+#include "game/Podium.h"
 #include "toolkit/Drawing.h"
 #include "toolkit/FittedText.h"
+
+#include <QPainter>
+#include <algorithm>
 
 using namespace toolkit;
 
 namespace {
+
+constexpr QRect kList(200, 175, 401, 361); // where the rows may stand
+constexpr int kRowHeight = 36;
+constexpr ColorRef kQuiet = Rgb(190, 190, 250);
 
 void WriteCell(Drawing& drawing, const QString& text, double x, double y, double width,
                ColorRef color) {
@@ -17,6 +26,16 @@ void WriteCell(Drawing& drawing, const QString& text, double x, double y, double
     dc->SetFont(fitted.font);
     drawing.Text(fitted.text, color, kBlack, x, y + (lower - dc->TextHeight()) / 2, 3);
     dc->SetFont(own);
+}
+
+/// A bar in the player's colour, left of a row.
+void DrawBar(Hdc dc, const QRect& row, ColorRef color) {
+    const QRect bar(row.x() - 12, row.y() + 4, 7, row.height() - 8);
+    Drawing(dc).Shapes(bar, [bar, color](QPainter& painter) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(ToQColor(color));
+        painter.drawRoundedRect(bar, 3.5, 3.5);
+    });
 }
 
 } // namespace
@@ -32,28 +51,59 @@ void f_HighMulti::LayOut() {
     pCont->MoveTo((Width() - pCont->Width()) / 2, Height() - kBelow - pCont->Height());
 }
 
-void f_HighMulti::DrawTitle(const QString& title) {
+int f_HighMulti::RowHeight() const { return std::min(kRowHeight, kList.height() / mRows); }
+
+bool f_HighMulti::HasRoomBelow() const { return mRows <= 5; }
+
+int f_HighMulti::Bottom() const { return kList.y() + mRows * RowHeight(); }
+
+void f_HighMulti::DrawTitle(const QString& title, const QString& game, int rows) {
+    constexpr int kGameTop = 151;
+    mRows = rows;
     CopyBackground();
     Dc()->SetFont(ScreenFont(32, true));
     CenteredText(Dc(), title, 400, 100, Width(), kWhite, 3);
     AddCaption(title, QRect(0, 100, Width(), static_cast<int>(Dc()->TextHeight())));
-    Dc()->SetFont(ScreenFont(20));
+    Dc()->SetFont(ScreenFont(13));
+    CenteredText(Dc(), game, 400, kGameTop, Width(), kQuiet, 1);
+    AddCaption(game, QRect(0, kGameTop, Width(), static_cast<int>(Dc()->TextHeight())));
 }
 
 void f_HighMulti::DrawRow(int line, const Row& row) {
-    constexpr int kHeight = 36;
-    const QRect place(200, 175 + kHeight * line, 401, kHeight);
+    const int height = RowHeight();
+    const QRect place(kList.x(), kList.y() + height * line, kList.width(), height);
+    Dc()->SetFont(ScreenFont(20.0 * height / kRowHeight));
+    const QString name = QStringLiteral("%1. %2").arg(row.rank).arg(row.name);
+    DrawCells(place, name, row);
+    if (row.color)
+        DrawBar(Dc(), place, *row.color);
+    if (row.won)
+        game::DrawCrown(Dc(), QRect(place.x() - 50, place.y() + height / 2 - 13, 32, 24),
+                        row.color.value_or(kGold));
+    AddCaption(name + QStringLiteral(", ") + row.score +
+                   (row.isNew ? QStringLiteral(", new") : QString()) +
+                   (row.won ? QStringLiteral(", winner") : QString()),
+               place);
+    Refresh();
+}
+
+void f_HighMulti::DrawCells(const QRect& place, const QString& name, const Row& row) {
     Drawing drawing(Dc());
     drawing.Box({kAzure, kAzure, kNavy}, place);
     drawing.Box({kFrameLight, kNavy, kNavy}, place.adjusted(1, 1, -1, -1));
-    const double textTop = place.y() + (kHeight - 1 - Dc()->TextHeight()) / 2;
-    const QString name = QStringLiteral("%1. %2").arg(row.rank).arg(row.name);
+    const double textTop = place.y() + (place.height() - 1 - Dc()->TextHeight()) / 2;
     WriteCell(drawing, name, place.x() + 5, textTop, 285,
               row.isNew ? Rgb(250, 0, 50) : Rgb(250, 250, 0));
     WriteCell(drawing, row.score, place.x() + 300, textTop, 94,
               row.isNew ? Rgb(250, 250, 250) : Rgb(100, 200, 250));
-    AddCaption(name + QStringLiteral(", ") + row.score +
-                   (row.isNew ? QStringLiteral(", new") : QString()),
-               place);
+}
+
+void f_HighMulti::DrawPodium(const std::vector<game::Standing>& standings) {
+    constexpr int kEnd = kList.y() + kList.height() - 4;
+    constexpr int kGap = 12;
+    const int top = Bottom() + kGap;
+    const QRect area = HasRoomBelow() ? QRect(235, top, 330, kEnd - top)
+                                      : QRect(612, kList.y(), 180, kEnd - kList.y());
+    game::DrawPodium(Dc(), area, standings);
     Refresh();
 }

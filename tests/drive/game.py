@@ -53,7 +53,7 @@ class Game:
         if players > 2:
             self.program.ready(PLAYERS, "combo box")
             hand.key("Home", *["Down"] * (players - 2))
-        self.use("Betting" if self.betting else "Normal Play")
+        self.use(self.kind)
 
     def choose_list(self, playlist):
         self.use(PLAYLIST)
@@ -148,10 +148,15 @@ class Game:
         """The players and their scores, best first."""
         return sorted(enumerate(self.scores, 1), key=lambda entry: -entry[1])
 
+    @property
+    def kind(self):
+        return "Betting" if self.betting else "Normal Play"
+
     def see_scores(self):
-        rows = (f"{place}. Player {player}, {score}" for place, (player, score)
-                in enumerate(self.ranks(), 1))
-        self.program.announced(re.escape(sentences("SCORES", *rows)))
+        best = max(self.scores) if len(self.scores) > 1 else None
+        rows = (f"{place}. Player {player}, {score}" + ", winner" * (score == best > 0)
+                for place, (player, score) in enumerate(self.ranks(), 1))
+        self.program.announced(re.escape(sentences("SCORES", self.kind, *rows)))
 
     def enter_names(self):
         """The table must have them as its new rows."""
@@ -165,7 +170,7 @@ class Game:
             yield f"name {place}"
             hand.write(name)
             hand.key("Return")
-        heard = self.program.announced(rf"HIGH SCORES\.( {ROW}){{10}}")[0]
+        heard = self.program.announced(rf"HIGH SCORES\. {self.kind}\.( {ROW}){{10}}")[0]
         table = re.findall(ROW, heard)
         new = [(row[1], int(row[2])) for row in table if row[3]]
         assert new == rows, f"the new rows are not {rows}: {table}"

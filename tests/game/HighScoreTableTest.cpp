@@ -104,12 +104,12 @@ TEST(HighScoreTable, NamesKeepTheirBytesAndNeverBreakTheFile) {
     EXPECT_EQ(game::PlayerName("  "), "Blank");
 }
 
-TEST(RankScores, EqualScoresKeepTheOrderOfThePlayers) {
+TEST(RankScores, EqualScoresShareAPlaceAndKeepTheOrderOfThePlayers) {
     std::vector<std::int32_t> scores{10, 30, 10, 40, 30};
     QString ranking;
-    for (const QString& label : game::RankScores(scores))
-        ranking += label + u';';
-    EXPECT_EQ(ranking, "Player 4;Player 2;Player 5;Player 1;Player 3;");
+    for (const game::Standing& standing : game::RankScores(scores))
+        ranking += QString("%1. Player %2;").arg(standing.place).arg(standing.player);
+    EXPECT_EQ(ranking, "1. Player 4;2. Player 2;2. Player 5;4. Player 1;4. Player 3;");
     EXPECT_EQ(scores, (std::vector<std::int32_t>{40, 30, 30, 10, 10}));
 }
 
