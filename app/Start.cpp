@@ -86,7 +86,7 @@ template <typename Game> bool Start::RunGame() {
     if (!mGameForms)
         mGameForms = std::make_unique<GameForms>();
     GameForms& forms = *mGameForms;
-    Game game({forms.board, forms.scores, forms.name},
+    Game game({forms.board, forms.scores, forms.name, mEvening},
               [&forms] { return std::make_unique<c_Quick>(forms.quick, forms.load); });
     game.SetPlayers(gPlayers);
     game.Run();

@@ -3,6 +3,7 @@
 #include "app/f_Load.h"
 #include "app/f_Menu.h"
 #include "app/f_Quick.h"
+#include "game/Evening.h"
 #include "game/f_High.h"
 #include "game/f_HighMulti.h"
 #include "game/f_Multi.h"
@@ -43,5 +44,6 @@ private:
     };
 
     f_Menu mMenu;
+    game::Evening mEvening;
     std::unique_ptr<GameForms> mGameForms;
 };

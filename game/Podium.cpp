@@ -73,36 +73,67 @@ void DrawPlayer(Hdc dc, const QRect& area, int player) {
                      area.y() + (area.height() - dc->TextHeight()) / 2);
 }
 
+int RowsOf(std::size_t players, int inRow) {
+    return (static_cast<int>(players) + inRow - 1) / inRow;
+}
+
+struct Sizes {
+    int step;   // how wide each is
+    int ball;   // of a player
+    int inRow;  // how many stand side by side
+    int height; // of the first step
+};
+
+/// With balls so small that there is room for a step under all who share it.
+Sizes SizesIn(const QRect& area, const std::vector<Standing>& standings) {
+    constexpr int kLargest = 34;
+    constexpr int kSmallest = 16;
+    constexpr int kHighest = 130;
+    constexpr int kLowest = 30;
+    const int step = area.width() / static_cast<int>(std::size(kSteps));
+    for (int ball = std::min(step / 2, kLargest);; --ball) {
+        const int inRow = step / ball;
+        double height = kHighest;
+        for (const auto& [place, share, metal] : kSteps) {
+            const int rows = RowsOf(PlayersAt(place, standings).size(), inRow);
+            height = std::min(height, (area.height() - kCrown - rows * ball) / share);
+        }
+        if (height >= kLowest || ball == kSmallest)
+            return {step, ball, inRow, static_cast<int>(height)};
+    }
+}
+
+/// Draws the players in rows, one above the other, the first of them upon `bottom`; where they end.
+int DrawPlayers(Hdc dc, int center, int bottom, const Sizes& sizes,
+                const std::vector<int>& players) {
+    const auto inRow = static_cast<std::size_t>(sizes.inRow);
+    for (std::size_t first = 0; first < players.size(); first += inRow) {
+        const std::size_t end = std::min(first + inRow, players.size());
+        int left = center - sizes.ball * static_cast<int>(end - first) / 2;
+        bottom -= sizes.ball;
+        for (std::size_t i = first; i < end; ++i, left += sizes.ball)
+            DrawPlayer(dc, QRect(left, bottom, sizes.ball, sizes.ball), players[i]);
+    }
+    return bottom;
+}
+
 } // namespace
 
 void DrawPodium(Hdc dc, const QRect& area, const std::vector<Standing>& standings) {
-    const int width = area.width() / static_cast<int>(std::size(kSteps));
-    const int ball = std::min(width / 2, 34);
-    const int inRow = width / ball;
-    const auto rows = [inRow](std::size_t players) {
-        return (static_cast<int>(players) + inRow - 1) / inRow;
-    };
-    double height = 130; // of the first step
-    for (const Step& step : kSteps)
-        height = std::min(height, (area.height() - kCrown -
-                                   ball * rows(PlayersAt(step.place, standings).size())) /
-                                      step.height);
+    constexpr int kCrownWidth = 30;
+    const Sizes sizes = SizesIn(area, standings);
     int left = area.x();
     for (const Step& step : kSteps) {
-        int top = area.y() + area.height() - static_cast<int>(height * step.height);
-        DrawStep(dc, QRect(left + 1, top, width - 2, area.y() + area.height() - top), step);
+        const int height = static_cast<int>(sizes.height * step.height);
+        const QRect place(left + 1, area.y() + area.height() - height, sizes.step - 2, height);
         const std::vector<int> players = PlayersAt(step.place, standings);
-        for (std::size_t first = 0; first < players.size();
-             first += static_cast<std::size_t>(inRow)) {
-            const auto end = std::min(first + static_cast<std::size_t>(inRow), players.size());
-            int x = left + (width - ball * static_cast<int>(end - first)) / 2;
-            top -= ball;
-            for (std::size_t i = first; i < end; ++i, x += ball)
-                DrawPlayer(dc, QRect(x, top, ball, ball), players[i]);
-        }
-        if (step.place == 1 && !players.empty())
-            DrawCrown(dc, QRect(left + width / 2 - 15, top - kCrown, 30, kCrown), step.metal);
-        left += width;
+        DrawStep(dc, place, step);
+        const int center = left + sizes.step / 2;
+        const int top = DrawPlayers(dc, center, place.y(), sizes, players);
+        if (step.place == 1)
+            DrawCrown(dc, QRect(center - kCrownWidth / 2, top - kCrown, kCrownWidth, kCrown),
+                      step.metal);
+        left += sizes.step;
     }
 }
 

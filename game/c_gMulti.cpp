@@ -2,6 +2,8 @@
 
 #include "audio/c_XAudio.h"
 #include "game/Choices.h"
+#include "game/Evening.h"
+#include "game/PerfectGame.h"
 #include "game/Scoring.h"
 #include "game/c_hMulti.h"
 #include "game/f_Multi.h"
@@ -13,6 +15,8 @@
 #include "platform/Time.h"
 #include "platform/Wait.h"
 #include "toolkit/Drawing.h"
+
+#include <algorithm>
 
 using namespace toolkit;
 
@@ -335,7 +339,7 @@ void c_gMulti::ShowResults() {
     Board().hide();
     c_hMulti highScores(mForms.scores, mForms.name);
     highScores.SetGame(Kind());
-    highScores.SetAndShowScores(mScores);
+    highScores.SetAndShowScores(mScores, Notices());
     if (!highScores.ExitProgram()) {
         if (mPlayers == 1)
             highScores.Check(mScores.front());
@@ -343,4 +347,13 @@ void c_gMulti::ShowResults() {
             highScores.MultiCheck(mScores);
     }
     mQuit = highScores.ExitProgram();
+}
+
+QStringList c_gMulti::Notices() const {
+    QStringList notices;
+    if (const QString perfect = game::PerfectGame(mStreaks, kRounds); !perfect.isEmpty())
+        notices << perfect;
+    if (mForms.evening.IsNewBest(Kind(), std::ranges::max(mScores)))
+        notices << QStringLiteral("New best of the evening");
+    return notices;
 }

@@ -7,6 +7,7 @@
 
 #include <QElapsedTimer>
 #include <QObject>
+#include <QStringList>
 #include <QTimer>
 #include <array>
 #include <cstdint>
@@ -26,11 +27,14 @@ class f_Multi;
 
 namespace game {
 
-/// The program-wide forms that both games are shown on.
+class Evening;
+
+/// What games share: the forms they are shown on, and what was played before.
 struct Forms {
     f_Multi& board;
     f_HighMulti& scores;
     f_High& name;
+    Evening& evening;
 };
 
 } // namespace game
@@ -112,6 +116,7 @@ private:
     bool WaitForContinue();
     void WaitWhileShown(const std::function<bool()>& waiting);
     void ShowResults();
+    QStringList Notices() const;
 
     QString Addressed(const QString& one, const QString& several) const;
     std::int32_t& Score() { return mScores[static_cast<std::size_t>(mPlayer - 1)]; }

@@ -84,7 +84,7 @@ void c_hMulti::Enter(std::int32_t score, const QString& prompt) {
         mTable.Insert(*place, *name, score);
 }
 
-void c_hMulti::SetAndShowScores(std::vector<std::int32_t>& scores) {
+void c_hMulti::SetAndShowScores(std::vector<std::int32_t>& scores, const QStringList& notices) {
     const std::vector<game::Standing> standings = game::RankScores(scores);
     const int count = static_cast<int>(scores.size());
     for (int first = 0; first < count && !ExitProgram(); first += f_HighMulti::kRows) {
@@ -94,6 +94,7 @@ void c_hMulti::SetAndShowScores(std::vector<std::int32_t>& scores) {
             const int at = first + line;
             mForm.DrawRow(line, RowOf(at + 1, standings[static_cast<std::size_t>(at)], count > 1));
         }
+        mForm.DrawNotices(notices);
         if (count > 1 && standings.front().Won())
             mForm.DrawPodium(standings);
         ShowForm();

@@ -5,6 +5,7 @@
 #include "toolkit/Screen.h"
 
 #include <QObject>
+#include <QStringList>
 #include <cstdint>
 #include <filesystem>
 #include <vector>
@@ -33,8 +34,9 @@ public:
     /// The same for the scores of several players, in their order.
     void MultiCheck(const std::vector<std::int32_t>& scores);
 
-    /// Sorts the scores of a game, best first, and shows them until the player goes on.
-    void SetAndShowScores(std::vector<std::int32_t>& scores);
+    /// Sorts the scores of a game, best first, and shows them until the player goes on, with what
+    /// else is worth a notice.
+    void SetAndShowScores(std::vector<std::int32_t>& scores, const QStringList& notices = {});
 
     /// Whether the player left by the close button, or the program was asked to quit.
     bool ExitProgram() const;

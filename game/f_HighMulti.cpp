@@ -28,6 +28,28 @@ void WriteCell(Drawing& drawing, const QString& text, double x, double y, double
     dc->SetFont(own);
 }
 
+/// What so many rows leave free: the place below them or, if that is too little, beside them.
+QRect FreeBy(int rows, int rowHeight) {
+    constexpr int kMostAbove = 5;
+    constexpr int kGap = 12;
+    constexpr int kEnd = kList.y() + kList.height() - 4;
+    const int top = kList.y() + rows * rowHeight + kGap;
+    return rows <= kMostAbove ? QRect(kList.x(), top, kList.width(), kEnd - top)
+                              : QRect(612, kList.y(), 180, kEnd - kList.y());
+}
+
+QStringList Wrapped(const QString& text, const Canvas& canvas, int width) {
+    QStringList lines(QString{});
+    for (const QString& word : text.split(u' ')) {
+        const QString longer = lines.back().isEmpty() ? word : lines.back() + u' ' + word;
+        if (lines.back().isEmpty() || canvas.TextWidth(longer) <= width)
+            lines.back() = longer;
+        else
+            lines << word;
+    }
+    return lines;
+}
+
 /// A bar in the player's colour, left of a row.
 void DrawBar(Hdc dc, const QRect& row, ColorRef color) {
     const QRect bar(row.x() - 12, row.y() + 4, 7, row.height() - 8);
@@ -53,13 +75,10 @@ void f_HighMulti::LayOut() {
 
 int f_HighMulti::RowHeight() const { return std::min(kRowHeight, kList.height() / mRows); }
 
-bool f_HighMulti::HasRoomBelow() const { return mRows <= 5; }
-
-int f_HighMulti::Bottom() const { return kList.y() + mRows * RowHeight(); }
-
 void f_HighMulti::DrawTitle(const QString& title, const QString& game, int rows) {
     constexpr int kGameTop = 151;
     mRows = rows;
+    mFree = FreeBy(rows, RowHeight());
     CopyBackground();
     Dc()->SetFont(ScreenFont(32, true));
     CenteredText(Dc(), title, 400, 100, Width(), kWhite, 3);
@@ -98,12 +117,25 @@ void f_HighMulti::DrawCells(const QRect& place, const QString& name, const Row& 
               row.isNew ? Rgb(250, 250, 250) : Rgb(100, 200, 250));
 }
 
+void f_HighMulti::DrawNotices(const QStringList& notices) {
+    constexpr int kGap = 10;
+    Dc()->SetFont(ScreenFont(18, true));
+    const double lineHeight = Dc()->TextHeight();
+    for (const QString& notice : notices) {
+        const QStringList lines = Wrapped(notice, *Dc(), mFree.width());
+        const int height = static_cast<int>(lineHeight * static_cast<double>(lines.size()));
+        AddCaption(notice, QRect(mFree.topLeft(), QSize(mFree.width(), height)));
+        for (int i = 0; i < lines.size(); ++i)
+            CenteredText(Dc(), lines[i], mFree.x() + mFree.width() / 2.0,
+                         mFree.y() + i * lineHeight, mFree.width(), kGold, 2);
+        mFree.setTop(mFree.y() + height + kGap);
+    }
+    Refresh();
+}
+
 void f_HighMulti::DrawPodium(const std::vector<game::Standing>& standings) {
-    constexpr int kEnd = kList.y() + kList.height() - 4;
-    constexpr int kGap = 12;
-    const int top = Bottom() + kGap;
-    const QRect area = HasRoomBelow() ? QRect(235, top, 330, kEnd - top)
-                                      : QRect(612, kList.y(), 180, kEnd - kList.y());
-    game::DrawPodium(Dc(), area, standings);
+    constexpr int kWidest = 330;
+    const int spare = std::max(mFree.width() - kWidest, 0) / 2;
+    game::DrawPodium(Dc(), mFree.adjusted(spare, 0, -spare, 0), standings);
     Refresh();
 }

@@ -3,6 +3,7 @@
 #include "game/RankScores.h"
 #include "toolkit/Screen.h"
 
+#include <QStringList>
 #include <optional>
 #include <vector>
 
@@ -33,7 +34,10 @@ public:
     /// Draws a row at a line, 0 to kRows - 1.
     void DrawRow(int line, const Row& row);
 
-    /// Draws a podium below the rows or, if these leave too little, beside them.
+    /// Writes, below the rows or, if these leave too little, beside them, what is worth a notice.
+    void DrawNotices(const QStringList& notices);
+
+    /// Draws a podium below those.
     void DrawPodium(const std::vector<game::Standing>& standings);
 
     toolkit::PictureBox* pCont;
@@ -41,10 +45,7 @@ public:
 private:
     void DrawCells(const QRect& place, const QString& name, const Row& row);
     int RowHeight() const;
-    /// Whether more than rows can stand there.
-    bool HasRoomBelow() const;
-    /// Where the rows end.
-    int Bottom() const;
 
     int mRows = kRows;
+    QRect mFree; // below or beside the rows
 };

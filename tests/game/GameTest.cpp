@@ -1,4 +1,5 @@
 #include "audio/c_XAudio.h"
+#include "game/Evening.h"
 #include "game/HighScoreTable.h"
 #include "game/c_gBet.h"
 #include "game/f_High.h"
@@ -108,7 +109,8 @@ protected:
     f_Multi board;
     f_HighMulti scores;
     f_High name;
-    game::Forms mForms{board, scores, name};
+    game::Evening mEvening;
+    game::Forms mForms{board, scores, name, mEvening};
     fs::path mPlaylist = mFolder.MakePlaylist(mFolder.MakeSongs(12));
     QStringList mPrompts;
     std::int64_t mNow = 1000; // milliseconds
