@@ -26,14 +26,6 @@ public:
     void ModeLoop();
 
 private:
-    void ModeStep();
-    bool RunEditor();
-    template <typename Game> bool RunGame();
-
-    bool gQuit = false;
-    std::int16_t gPlayers = 0;
-    QString gMode;
-
     /// The forms of both games, created for the first game so that the menu appears sooner.
     struct GameForms {
         f_Quick quick;
@@ -42,6 +34,16 @@ private:
         f_HighMulti scores;
         f_High name;
     };
+
+    void ModeStep();
+    bool RunEditor();
+    template <typename Game> bool RunGame();
+    void ShowScores();
+    GameForms& Forms();
+
+    bool gQuit = false;
+    std::int16_t gPlayers = 0;
+    QString gMode;
 
     f_Menu mMenu;
     game::Evening mEvening;

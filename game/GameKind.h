@@ -8,6 +8,10 @@ namespace game {
 /// The kinds of game, each with high scores of its own.
 enum class GameKind { NormalPlay, Betting };
 
+constexpr GameKind Other(GameKind kind) {
+    return kind == GameKind::Betting ? GameKind::NormalPlay : GameKind::Betting;
+}
+
 /// The name by which players know it.
 QString NameOf(GameKind kind);
 

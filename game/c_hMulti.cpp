@@ -46,8 +46,10 @@ f_HighMulti::Row RowOf(int rank, const game::Standing& standing, bool several) {
 c_hMulti::c_hMulti(f_HighMulti& form, f_High& nameForm)
     : mForm(form), mNameForm(nameForm), mWindowButtons(form) {
     bCont.Create(form.pCont, QStringLiteral("Images\\bCont.bmp"), QString());
+    bOther.Create(form.pOther, game::NameOf(game::Other(mKind)));
     form.LayOut();
     connect(&bCont, &c_SurfButton::Clicked, this, &c_hMulti::bCont_Clicked);
+    connect(&bOther, &c_PicButton::Clicked, this, &c_hMulti::bOther_Clicked);
     connect(&mWindowButtons.bX, &c_SurfButton::Clicked, this, &c_hMulti::bX_Clicked);
     connect(&mWindowButtons.bMin, &c_SurfButton::Clicked, this, &c_hMulti::bMin_Clicked);
 }
@@ -74,6 +76,17 @@ void c_hMulti::MultiCheck(const std::vector<std::int32_t>& scores) {
                          .arg(++place));
     ShowTable();
     Save();
+}
+
+void c_hMulti::Browse() {
+    mForm.pOther->show();
+    for (mOther = true; mOther && !platform::Quitting(); SetGame(game::Other(mKind))) {
+        mOther = false;
+        mTable = {};
+        Read();
+        ShowTable();
+    }
+    mForm.pOther->hide();
 }
 
 void c_hMulti::Enter(std::int32_t score, const QString& prompt) {
@@ -119,23 +132,28 @@ void c_hMulti::ShowForm() {
         return;
     mWindowButtons.Refresh();
     bCont.Refresh();
+    bOther.SetCaption(game::NameOf(game::Other(mKind)));
     mForm.ShowInPlace();
     mForm.pCont->setFocus();
     platform::WaitWhile([this] { return mForm.isVisible(); });
 }
 
-void c_hMulti::Load() {
-    mInTheWay = false;
+game::HighScoreTable::ReadResult c_hMulti::Read() {
+    using Result = game::HighScoreTable::ReadResult;
     std::error_code error;
     if (!fs::exists(mFile, error) && !error)
-        return;
-    using Result = game::HighScoreTable::ReadResult;
+        return Result::Good;
     QByteArray bytes;
     const Result result =
         platform::ReadWholeFile(mFile, bytes) ? Result::Unreadable : mTable.Parse(bytes);
     if (result == Result::Unreadable)
         platform::ShowMessage(QStringLiteral("Error loading High Scores."));
-    if (result != Result::Good)
+    return result;
+}
+
+void c_hMulti::Load() {
+    mInTheWay = false;
+    if (Read() != game::HighScoreTable::ReadResult::Good)
         KillIt();
 }
 
@@ -151,6 +169,11 @@ void c_hMulti::KillIt() {
 }
 
 void c_hMulti::bCont_Clicked() { mForm.hide(); }
+
+void c_hMulti::bOther_Clicked() {
+    mOther = true;
+    mForm.hide();
+}
 
 void c_hMulti::bMin_Clicked() { mForm.Minimise(); }
 

@@ -3,6 +3,7 @@
 #include "game/GameKind.h"
 #include "game/HighScoreTable.h"
 #include "toolkit/Screen.h"
+#include "toolkit/c_PicButton.h"
 
 #include <QObject>
 #include <QStringList>
@@ -34,6 +35,10 @@ public:
     /// The same for the scores of several players, in their order.
     void MultiCheck(const std::vector<std::int32_t>& scores);
 
+    /// Shows the tables of all kinds of game, one at a time, until the player has seen enough; the
+    /// close button ends no more than that. Changes no file.
+    void Browse();
+
     /// Sorts the scores of a game, best first, and shows them until the player goes on, with what
     /// else is worth a notice.
     void SetAndShowScores(std::vector<std::int32_t>& scores, const QStringList& notices = {});
@@ -42,6 +47,7 @@ public:
     bool ExitProgram() const;
 
     void bCont_Clicked();
+    void bOther_Clicked();
     void bMin_Clicked();
     void bX_Clicked();
 
@@ -49,6 +55,8 @@ private:
     void Enter(std::int32_t score, const QString& prompt);
     void ShowTable();
     void ShowForm();
+    /// Reads the table from its file; leaves it as it stands if there is none. Reports a failure.
+    game::HighScoreTable::ReadResult Read();
     void Load();
     void Save();
     /// Moves the file out of the way of a new one; reports a failure.
@@ -61,6 +69,8 @@ private:
     game::HighScoreTable mTable;
     bool mInTheWay = false; // a file that could neither be read nor moved aside
     bool mQuit = false;
+    bool mOther = false; // the other table is wanted
     toolkit::WindowButtons mWindowButtons;
     c_SurfButton bCont;
+    c_PicButton bOther;
 };

@@ -14,6 +14,7 @@ namespace {
 
 constexpr QRect kList(200, 175, 401, 361); // where the rows may stand
 constexpr int kRowHeight = 36;
+constexpr QSize kBeside(160, 44); // of the button beside Continue
 constexpr ColorRef kQuiet = Rgb(190, 190, 250);
 
 void WriteCell(Drawing& drawing, const QString& text, double x, double y, double width,
@@ -64,13 +65,19 @@ void DrawBar(Hdc dc, const QRect& row, ColorRef color) {
 
 f_HighMulti::f_HighMulti()
     : Screen(QStringLiteral("f_HighMulti")),
-      pCont(new PictureBox(this, QStringLiteral("pCont"), QSize(220, 54))) {
+      pCont(new PictureBox(this, QStringLiteral("pCont"), QSize(220, 54))),
+      pOther(new PictureBox(this, QStringLiteral("pOther"), kBeside)) {
     pCont->setAccessibleName(QStringLiteral("Continue"));
+    pOther->Dc()->SetFont(ScreenFont(16));
+    pOther->hide();
 }
 
 void f_HighMulti::LayOut() {
     constexpr int kBelow = 4; // all that the table leaves
+    constexpr int kGap = 20;
     pCont->MoveTo((Width() - pCont->Width()) / 2, Height() - kBelow - pCont->Height());
+    const QRect cont = pCont->Place();
+    pOther->MoveTo(cont.right() + kGap, cont.y() + (cont.height() - kBeside.height()) / 2);
 }
 
 int f_HighMulti::RowHeight() const { return std::min(kRowHeight, kList.height() / mRows); }

@@ -41,6 +41,7 @@ public:
     void DrawPodium(const std::vector<game::Standing>& standings);
 
     toolkit::PictureBox* pCont;
+    toolkit::PictureBox* pOther; ///< hidden, as it is not always offered
 
 private:
     void DrawCells(const QRect& place, const QString& name, const Row& row);
