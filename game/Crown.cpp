@@ -4,6 +4,7 @@
 
 #include <QPainter>
 #include <QPainterPath>
+#include <algorithm>
 
 using namespace toolkit;
 
@@ -12,7 +13,7 @@ namespace game {
 namespace {
 
 void PaintGlow(QPainter& painter, const QRectF& area, QColor color) {
-    QRadialGradient glow(area.center(), area.width() / 2);
+    QRadialGradient glow(area.center(), std::min(area.width(), area.height()) / 2);
     color.setAlpha(110);
     glow.setColorAt(0, color);
     color.setAlpha(0);

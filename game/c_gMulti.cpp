@@ -58,12 +58,14 @@ void c_gMulti::CreateButtons() {
 }
 
 void c_gMulti::Run() {
-    mScores.assign(static_cast<std::size_t>(mPlayers), 0);
-    mStreaks.assign(static_cast<std::size_t>(mPlayers), 0);
-    const bool played = LoadPlaylist() && PlayRounds();
+    bool plays = LoadPlaylist();
+    while (plays) {
+        mScores.assign(static_cast<std::size_t>(mPlayers), 0);
+        mStreaks.assign(static_cast<std::size_t>(mPlayers), 0);
+        mNext->Prepare();
+        plays = PlayRounds() && ShowResults();
+    }
     SaveMarks();
-    if (played)
-        ShowResults();
 }
 
 bool c_gMulti::LoadPlaylist() {
@@ -335,7 +337,7 @@ bool c_gMulti::WaitForContinue() {
     return !mQuit;
 }
 
-void c_gMulti::ShowResults() {
+bool c_gMulti::ShowResults() {
     Board().hide();
     c_hMulti highScores(mForms.scores, mForms.name);
     highScores.SetGame(Kind());
@@ -347,6 +349,7 @@ void c_gMulti::ShowResults() {
             highScores.MultiCheck(mScores);
     }
     mQuit = highScores.ExitProgram();
+    return highScores.PlayAgain() && !mQuit;
 }
 
 QStringList c_gMulti::Notices() const {

@@ -50,7 +50,8 @@ public:
     /// Number of players, at least 1; set before `Run`.
     void SetPlayers(int players) { mPlayers = players; }
 
-    /// Plays a whole game; returns when it is over or the player left it.
+    /// Plays a whole game, and again for as long as the player wants; returns when it is over or
+    /// the player left it.
     void Run();
 
     /// Read after `Run`: whether the player wants to leave the program.
@@ -115,7 +116,8 @@ private:
     void DrawWrongStorm();
     bool WaitForContinue();
     void WaitWhileShown(const std::function<bool()>& waiting);
-    void ShowResults();
+    /// Returns whether to play again.
+    bool ShowResults();
     QStringList Notices() const;
 
     QString Addressed(const QString& one, const QString& several) const;

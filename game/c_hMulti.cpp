@@ -46,9 +46,12 @@ f_HighMulti::Row RowOf(int rank, const game::Standing& standing, bool several) {
 c_hMulti::c_hMulti(f_HighMulti& form, f_High& nameForm)
     : mForm(form), mNameForm(nameForm), mWindowButtons(form) {
     bCont.Create(form.pCont, QStringLiteral("Images\\bCont.bmp"), QString());
-    bOther.Create(form.pOther, game::NameOf(game::Other(mKind)));
     form.LayOut();
+    form.CopyBackground();
+    bAgain.Create(form.pAgain, QStringLiteral("Play again"));
+    bOther.Create(form.pOther, game::NameOf(game::Other(mKind)));
     connect(&bCont, &c_SurfButton::Clicked, this, &c_hMulti::bCont_Clicked);
+    connect(&bAgain, &c_PicButton::Clicked, this, &c_hMulti::bAgain_Clicked);
     connect(&bOther, &c_PicButton::Clicked, this, &c_hMulti::bOther_Clicked);
     connect(&mWindowButtons.bX, &c_SurfButton::Clicked, this, &c_hMulti::bX_Clicked);
     connect(&mWindowButtons.bMin, &c_SurfButton::Clicked, this, &c_hMulti::bMin_Clicked);
@@ -64,8 +67,7 @@ void c_hMulti::SetGame(game::GameKind kind) {
 void c_hMulti::Check(std::int32_t score) {
     Load();
     Enter(score, QStringLiteral("You got a High Score! Please Enter your name below."));
-    ShowTable();
-    Save();
+    ShowResult();
 }
 
 void c_hMulti::MultiCheck(const std::vector<std::int32_t>& scores) {
@@ -74,8 +76,7 @@ void c_hMulti::MultiCheck(const std::vector<std::int32_t>& scores) {
     for (const std::int32_t score : scores)
         Enter(score, QStringLiteral("Player %1 got a High Score! Please Enter Their name below.")
                          .arg(++place));
-    ShowTable();
-    Save();
+    ShowResult();
 }
 
 void c_hMulti::Browse() {
@@ -84,17 +85,35 @@ void c_hMulti::Browse() {
         mOther = false;
         mTable = {};
         Read();
-        ShowTable();
+        bOther.SetCaption(game::NameOf(game::Other(mKind)));
+        DrawTable(mTable);
+        ShowForm();
     }
     mForm.pOther->hide();
 }
 
 void c_hMulti::Enter(std::int32_t score, const QString& prompt) {
     const auto place = mTable.PlaceFor(score);
-    if (!place)
+    if (!place || platform::Quitting())
         return;
-    if (const auto name = mNameForm.GetName(prompt))
+    game::HighScoreTable withoutName = mTable;
+    withoutName.Insert(*place, QString(), score);
+    DrawTable(withoutName);
+    mForm.MarkRow(*place);
+    mForm.pCont->hide();
+    mWindowButtons.Refresh();
+    mForm.ShowInPlace();
+    if (const auto name = mNameForm.GetName(prompt, *place + 1, score))
         mTable.Insert(*place, *name, score);
+    mForm.pCont->show();
+}
+
+void c_hMulti::ShowResult() {
+    DrawTable(mTable);
+    mForm.pAgain->show();
+    ShowForm();
+    mForm.pAgain->hide();
+    Save();
 }
 
 void c_hMulti::SetAndShowScores(std::vector<std::int32_t>& scores, const QStringList& notices) {
@@ -114,15 +133,14 @@ void c_hMulti::SetAndShowScores(std::vector<std::int32_t>& scores, const QString
     }
 }
 
-void c_hMulti::ShowTable() {
+void c_hMulti::DrawTable(const game::HighScoreTable& table) {
     mForm.DrawTitle(QStringLiteral("HIGH SCORES"), game::NameOf(mKind),
                     game::HighScoreTable::kPlaces);
     for (int i = 0; i < game::HighScoreTable::kPlaces; ++i)
         mForm.DrawRow(i, {.rank = i + 1,
-                          .name = mTable.Name(i),
-                          .score = mTable.Score(i),
-                          .isNew = mTable.IsNew(i)});
-    ShowForm();
+                          .name = table.Name(i),
+                          .score = table.Score(i),
+                          .isNew = table.IsNew(i)});
 }
 
 bool c_hMulti::ExitProgram() const { return mQuit || platform::Quitting(); }
@@ -132,7 +150,6 @@ void c_hMulti::ShowForm() {
         return;
     mWindowButtons.Refresh();
     bCont.Refresh();
-    bOther.SetCaption(game::NameOf(game::Other(mKind)));
     mForm.ShowInPlace();
     mForm.pCont->setFocus();
     platform::WaitWhile([this] { return mForm.isVisible(); });
@@ -169,6 +186,11 @@ void c_hMulti::KillIt() {
 }
 
 void c_hMulti::bCont_Clicked() { mForm.hide(); }
+
+void c_hMulti::bAgain_Clicked() {
+    mAgain = true;
+    mForm.hide();
+}
 
 void c_hMulti::bOther_Clicked() {
     mOther = true;

@@ -43,17 +43,23 @@ public:
     /// else is worth a notice.
     void SetAndShowScores(std::vector<std::int32_t>& scores, const QStringList& notices = {});
 
+    /// Whether the player wants the same game again.
+    bool PlayAgain() const { return mAgain; }
+
     /// Whether the player left by the close button, or the program was asked to quit.
     bool ExitProgram() const;
 
     void bCont_Clicked();
+    void bAgain_Clicked();
     void bOther_Clicked();
     void bMin_Clicked();
     void bX_Clicked();
 
 private:
     void Enter(std::int32_t score, const QString& prompt);
-    void ShowTable();
+    /// Shows the table with all who entered it, and saves it.
+    void ShowResult();
+    void DrawTable(const game::HighScoreTable& table);
     void ShowForm();
     /// Reads the table from its file; leaves it as it stands if there is none. Reports a failure.
     game::HighScoreTable::ReadResult Read();
@@ -69,8 +75,10 @@ private:
     game::HighScoreTable mTable;
     bool mInTheWay = false; // a file that could neither be read nor moved aside
     bool mQuit = false;
+    bool mAgain = false;
     bool mOther = false; // the other table is wanted
     toolkit::WindowButtons mWindowButtons;
     c_SurfButton bCont;
+    c_PicButton bAgain;
     c_PicButton bOther;
 };

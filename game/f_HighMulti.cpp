@@ -66,10 +66,13 @@ void DrawBar(Hdc dc, const QRect& row, ColorRef color) {
 f_HighMulti::f_HighMulti()
     : Screen(QStringLiteral("f_HighMulti")),
       pCont(new PictureBox(this, QStringLiteral("pCont"), QSize(220, 54))),
+      pAgain(new PictureBox(this, QStringLiteral("pAgain"), kBeside)),
       pOther(new PictureBox(this, QStringLiteral("pOther"), kBeside)) {
     pCont->setAccessibleName(QStringLiteral("Continue"));
-    pOther->Dc()->SetFont(ScreenFont(16));
-    pOther->hide();
+    for (PictureBox* box : {pAgain, pOther}) {
+        box->Dc()->SetFont(ScreenFont(16));
+        box->hide();
+    }
 }
 
 void f_HighMulti::LayOut() {
@@ -77,10 +80,15 @@ void f_HighMulti::LayOut() {
     constexpr int kGap = 20;
     pCont->MoveTo((Width() - pCont->Width()) / 2, Height() - kBelow - pCont->Height());
     const QRect cont = pCont->Place();
-    pOther->MoveTo(cont.right() + kGap, cont.y() + (cont.height() - kBeside.height()) / 2);
+    for (PictureBox* box : {pAgain, pOther})
+        box->MoveTo(cont.right() + kGap, cont.y() + (cont.height() - kBeside.height()) / 2);
 }
 
 int f_HighMulti::RowHeight() const { return std::min(kRowHeight, kList.height() / mRows); }
+
+QRect f_HighMulti::PlaceOfRow(int line) const {
+    return {kList.x(), kList.y() + RowHeight() * line, kList.width(), RowHeight()};
+}
 
 void f_HighMulti::DrawTitle(const QString& title, const QString& game, int rows) {
     constexpr int kGameTop = 151;
@@ -96,15 +104,14 @@ void f_HighMulti::DrawTitle(const QString& title, const QString& game, int rows)
 }
 
 void f_HighMulti::DrawRow(int line, const Row& row) {
-    const int height = RowHeight();
-    const QRect place(kList.x(), kList.y() + height * line, kList.width(), height);
-    Dc()->SetFont(ScreenFont(20.0 * height / kRowHeight));
+    const QRect place = PlaceOfRow(line);
+    Dc()->SetFont(ScreenFont(20.0 * place.height() / kRowHeight));
     const QString name = QStringLiteral("%1. %2").arg(row.rank).arg(row.name);
     DrawCells(place, name, row);
     if (row.color)
         DrawBar(Dc(), place, *row.color);
     if (row.won)
-        game::DrawCrown(Dc(), QRect(place.x() - 50, place.y() + height / 2 - 13, 32, 24),
+        game::DrawCrown(Dc(), QRect(place.x() - 50, place.center().y() - 12, 32, 24),
                         row.color.value_or(kGold));
     AddCaption(name + QStringLiteral(", ") + row.score +
                    (row.isNew ? QStringLiteral(", new") : QString()) +
@@ -122,6 +129,22 @@ void f_HighMulti::DrawCells(const QRect& place, const QString& name, const Row& 
               row.isNew ? Rgb(250, 0, 50) : Rgb(250, 250, 0));
     WriteCell(drawing, row.score, place.x() + 300, textTop, 94,
               row.isNew ? Rgb(250, 250, 250) : Rgb(100, 200, 250));
+}
+
+void f_HighMulti::MarkRow(int line) {
+    constexpr int kTip = 9;
+    const QRect row = PlaceOfRow(line);
+    Drawing(Dc()).Shapes(row.adjusted(-2, -2, kTip + 2, 2), [row](QPainter& painter) {
+        const QRectF frame = QRectF(row).adjusted(0.5, 0.5, -0.5, -0.5);
+        const QPointF tip(frame.right() + kTip, frame.center().y());
+        painter.setPen(QPen(ToQColor(kGold), 2, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+        painter.drawRect(frame);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(ToQColor(kGold));
+        painter.drawPolygon(
+            QPolygonF({tip, {frame.right(), tip.y() - kTip}, {frame.right(), tip.y() + kTip}}));
+    });
+    Refresh();
 }
 
 void f_HighMulti::DrawNotices(const QStringList& notices) {

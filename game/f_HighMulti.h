@@ -34,6 +34,9 @@ public:
     /// Draws a row at a line, 0 to kRows - 1.
     void DrawRow(int line, const Row& row);
 
+    /// Marks the row at a line as the one that the program asks about.
+    void MarkRow(int line);
+
     /// Writes, below the rows or, if these leave too little, beside them, what is worth a notice.
     void DrawNotices(const QStringList& notices);
 
@@ -41,11 +44,14 @@ public:
     void DrawPodium(const std::vector<game::Standing>& standings);
 
     toolkit::PictureBox* pCont;
-    toolkit::PictureBox* pOther; ///< hidden, as it is not always offered
+    // Beside it; hidden, as they are not always offered.
+    toolkit::PictureBox* pAgain;
+    toolkit::PictureBox* pOther;
 
 private:
     void DrawCells(const QRect& place, const QString& name, const Row& row);
     int RowHeight() const;
+    QRect PlaceOfRow(int line) const;
 
     int mRows = kRows;
     QRect mFree; // below or beside the rows

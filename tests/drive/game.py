@@ -161,11 +161,11 @@ class Game:
     def enter_names(self):
         """The table must have them as its new rows."""
         rows = [(f"Eva {player}", score) for player, score in self.ranks() if score > 0]
-        for place, (name, _) in enumerate(rows, 1):
+        for place, (name, score) in enumerate(rows, 1):
             prompt = ("You got a High Score! Please Enter your name below." if
                       len(self.scores) == 1 else
                       f"Player {place} got a High Score! Please Enter Their name below.")
-            self.program.announced(re.escape(prompt))
+            self.program.announced(rf"Place \d+\. {score} Points\. {re.escape(prompt)}")
             self.program.ready("Name", "text")
             yield f"name {place}"
             hand.write(name)
