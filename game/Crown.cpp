@@ -3,7 +3,6 @@
 #include "toolkit/Drawing.h"
 
 #include <QPainter>
-#include <QPainterPath>
 #include <algorithm>
 
 using namespace toolkit;

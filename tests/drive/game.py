@@ -32,6 +32,7 @@ class Game:
         self.betting = betting
         self.scores = [0] * players
         self.turn = 0
+        self.perfect = list(range(1, players + 1))  # players without a wrong answer
         self.choices = {}  # by their keys
 
     def use(self, name):
@@ -139,6 +140,7 @@ class Game:
         if not right:
             wrong = sentences(f"{who} Wrong!", "The Correct Answer Is:", self.right_title)
             self.program.announced(re.escape(wrong))
+            self.perfect = [player for player in self.perfect if player != self.player + 1]
             return 0
         points = int(self.program.announced(rf"{who} Correct! .+ (\d+) Points\.")[1])
         self.scores[self.player] += points
@@ -156,7 +158,17 @@ class Game:
         best = max(self.scores) if len(self.scores) > 1 else None
         rows = (f"{place}. Player {player}, {score}" + ", winner" * (score == best > 0)
                 for place, (player, score) in enumerate(self.ranks(), 1))
-        self.program.announced(re.escape(sentences("SCORES", self.kind, *rows)))
+        self.program.announced(re.escape(sentences("SCORES", self.kind, *rows, *self.notices())))
+
+    def notices(self):
+        """Of the first game of its kind."""
+        if not self.perfect:
+            return []
+        if len(self.scores) == 1:
+            return ["A perfect game!"]
+        *others, last = map(str, self.perfect)
+        players = f"Players {', '.join(others)} and {last}" if others else f"Player {last}"
+        return [f"{players} played a perfect game!"]
 
     def enter_names(self):
         """The table must have them as its new rows."""
