@@ -11,6 +11,7 @@
 #include "platform/ProgramFolder.h"
 #include "platform/Settings.h"
 #include "platform/SingleInstance.h"
+#include "platform/Volume.h"
 #include "platform/Wait.h"
 #include "toolkit/Picture.h"
 #include "toolkit/Stage.h"
@@ -21,6 +22,7 @@ namespace {
 void PreloadMenu() {
     toolkit::PreloadPictures(QStringLiteral("Images\\Back.bmp"),
                              {QStringLiteral("Images\\X.bmp"), QStringLiteral("Images\\bMin.bmp"),
+                              QStringLiteral("Images\\bVolume.bmp"),
                               QStringLiteral("Images\\bSingle.bmp"),
                               QStringLiteral("Images\\bMulti.bmp"),
                               QStringLiteral("Images\\bEditor.bmp")});
@@ -38,7 +40,9 @@ void Start::Run() {
     app::PrepareProgramFolder();
     platform::WritePathSetting(QStringLiteral("Songrush"), QStringLiteral("Dirs"),
                                QStringLiteral("AppPath"), platform::ProgramFolder());
+    platform::Volume::Get().Recall();
     Start().ModeLoop();
+    platform::Volume::Get().Remember();
     stage.Remember();
 }
 

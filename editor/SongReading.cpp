@@ -93,7 +93,10 @@ QString NameWithoutCase(const fs::path& file) {
 } // namespace
 
 Line LineOf(const SongFacts& song) {
-    return LineWith(song.path, song.ShownTitle(), song.ShownArtist(), !song.newerTitle.isEmpty());
+    Line line =
+        LineWith(song.path, song.ShownTitle(), song.ShownArtist(), !song.newerTitle.isEmpty());
+    line.missing = song.missing;
+    return line;
 }
 
 Reading ReadFolder(const fs::path& folder) {

@@ -65,13 +65,15 @@ void c_hMulti::SetGame(game::GameKind kind) {
 }
 
 void c_hMulti::Check(std::int32_t score) {
-    Load();
+    if (!Load())
+        return;
     Enter(score, QStringLiteral("You got a High Score! Please Enter your name below."));
     ShowResult();
 }
 
 void c_hMulti::MultiCheck(const std::vector<std::int32_t>& scores) {
-    Load();
+    if (!Load())
+        return;
     int place = 0;
     for (const std::int32_t score : scores)
         Enter(score, QStringLiteral("Player %1 got a High Score! Please Enter Their name below.")
@@ -81,10 +83,11 @@ void c_hMulti::MultiCheck(const std::vector<std::int32_t>& scores) {
 
 void c_hMulti::Browse() {
     mForm.pOther->show();
-    for (mOther = true; mOther && !platform::Quitting(); SetGame(game::Other(mKind))) {
+    for (mOther = true; mOther; SetGame(game::Other(mKind))) {
         mOther = false;
         mTable = {};
-        Read();
+        if (!TakeTable())
+            break;
         bOther.SetCaption(game::NameOf(game::Other(mKind)));
         DrawTable(mTable);
         ShowForm();
@@ -109,14 +112,21 @@ void c_hMulti::Enter(std::int32_t score, const QString& prompt) {
 }
 
 void c_hMulti::ShowResult() {
+    const platform::Answer<bool> saved(
+        [inTheWay = mInTheWay, file = mFile, bytes = mTable.Serialise()](const std::stop_token&) {
+            return !inTheWay && !platform::ReplaceFile(file, bytes);
+        });
     DrawTable(mTable);
     mForm.pAgain->show();
     ShowForm();
     mForm.pAgain->hide();
-    Save();
+    platform::WaitWhile([&saved] { return !saved.Get(); });
+    if (!saved.Get().value_or(true))
+        platform::ShowMessage(QStringLiteral("Error Writing High Scores."));
 }
 
 void c_hMulti::SetAndShowScores(std::vector<std::int32_t>& scores, const QStringList& notices) {
+    BeginToRead(); // the table, which comes next
     const std::vector<game::Standing> standings = game::RankScores(scores);
     const int count = static_cast<int>(scores.size());
     for (int first = 0; first < count && !ExitProgram(); first += f_HighMulti::kRows) {
@@ -155,28 +165,39 @@ void c_hMulti::ShowForm() {
     platform::WaitWhile([this] { return mForm.isVisible(); });
 }
 
-game::HighScoreTable::ReadResult c_hMulti::Read() {
+void c_hMulti::BeginToRead() {
+    mRead.emplace([file = mFile](const std::stop_token&) {
+        FileRead read;
+        std::error_code error;
+        read.isThere = fs::exists(file, error) || error;
+        read.error = platform::ReadWholeFile(file, read.bytes);
+        return read;
+    });
+}
+
+std::optional<game::HighScoreTable::ReadResult> c_hMulti::TakeTable() {
+    if (!mRead)
+        BeginToRead();
+    platform::WaitWhile([this] { return !mRead->Get(); });
+    const std::optional<FileRead> read = mRead->Get();
+    mRead.reset();
+    if (!read)
+        return std::nullopt;
     using Result = game::HighScoreTable::ReadResult;
-    std::error_code error;
-    if (!fs::exists(mFile, error) && !error)
+    if (!read->isThere)
         return Result::Good;
-    QByteArray bytes;
-    const Result result =
-        platform::ReadWholeFile(mFile, bytes) ? Result::Unreadable : mTable.Parse(bytes);
+    const Result result = read->error ? Result::Unreadable : mTable.Parse(read->bytes);
     if (result == Result::Unreadable)
         platform::ShowMessage(QStringLiteral("Error loading High Scores."));
     return result;
 }
 
-void c_hMulti::Load() {
+bool c_hMulti::Load() {
     mInTheWay = false;
-    if (Read() != game::HighScoreTable::ReadResult::Good)
+    const auto result = TakeTable();
+    if (result && *result != game::HighScoreTable::ReadResult::Good)
         KillIt();
-}
-
-void c_hMulti::Save() {
-    if (mInTheWay || platform::ReplaceFile(mFile, mTable.Serialise()))
-        platform::ShowMessage(QStringLiteral("Error Writing High Scores."));
+    return result.has_value();
 }
 
 void c_hMulti::KillIt() {

@@ -2,13 +2,17 @@
 
 #include "game/GameKind.h"
 #include "game/HighScoreTable.h"
+#include "platform/Answer.h"
 #include "toolkit/Screen.h"
 #include "toolkit/c_PicButton.h"
 
+#include <QByteArray>
 #include <QObject>
 #include <QStringList>
 #include <cstdint>
 #include <filesystem>
+#include <optional>
+#include <system_error>
 #include <vector>
 
 class f_High;
@@ -61,17 +65,27 @@ private:
     void ShowResult();
     void DrawTable(const game::HighScoreTable& table);
     void ShowForm();
-    /// Reads the table from its file; leaves it as it stands if there is none. Reports a failure.
-    game::HighScoreTable::ReadResult Read();
-    void Load();
-    void Save();
+    /// Begins to read the table's file.
+    void BeginToRead();
+    /// Takes the table from it, once that is done, or leaves it as it stands if there is none.
+    /// Reports a failure. Nothing if the program was asked to quit before.
+    std::optional<game::HighScoreTable::ReadResult> TakeTable();
+    /// The same, and moves a file that is no good out of the way; false if there was a quit.
+    bool Load();
     /// Moves the file out of the way of a new one; reports a failure.
     void KillIt();
+
+    struct FileRead {
+        bool isThere = false;
+        std::error_code error;
+        QByteArray bytes;
+    };
 
     f_HighMulti& mForm;
     f_High& mNameForm;
     game::GameKind mKind = game::GameKind::NormalPlay;
     std::filesystem::path mFile = game::TableOf(mKind);
+    std::optional<platform::Answer<FileRead>> mRead;
     game::HighScoreTable mTable;
     bool mInTheWay = false; // a file that could neither be read nor moved aside
     bool mQuit = false;

@@ -1,10 +1,12 @@
 #include "toolkit/Form.h"
 
+#include "platform/Volume.h"
 #include "toolkit/Drawing.h"
 #include "toolkit/FittedText.h"
 #include "toolkit/Mous.h"
 #include "toolkit/Presses.h"
 #include "toolkit/Stage.h"
+#include "toolkit/VolumeKeys.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>
@@ -198,7 +200,10 @@ void Form::keyPressEvent(QKeyEvent* event) {
         Stage::Get().Forms().FocusNext();
         return;
     default:
-        QWidget::keyPressEvent(event);
+        if (ChangeVolume(*event))
+            Announce(QStringLiteral("Volume: ") + platform::Volume::Get().Words());
+        else
+            QWidget::keyPressEvent(event);
     }
 }
 

@@ -3,6 +3,7 @@
 #include "library/SongFolders.h"
 #include "library/c_ID3.h"
 #include "library/c_M3U.h"
+#include "platform/Aside.h"
 #include "platform/Text.h"
 #include "platform/Wait.h"
 #include "tests/Quit.h"
@@ -18,10 +19,12 @@
 #include <QPushButton>
 #include <QTest>
 #include <algorithm>
+#include <chrono>
 #include <deque>
 #include <optional>
 
 namespace fs = std::filesystem;
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -331,6 +334,7 @@ TEST_F(EditorTest, WhatWasEditedWhenTheProgramEndedIsOfferedAgain) {
         ForgetQuit();
         mQuitWatch.emplace();
         editor = std::make_unique<c_Editor>();
+        EXPECT_TRUE(platform::AsidesEnd(20s));
     };
     const auto offered = [this] { return QTest::qWaitFor([&] { return !Names().isEmpty(); }); };
     Run({Add(), Press(editor->Form().pSave, file)});
@@ -344,6 +348,7 @@ TEST_F(EditorTest, WhatWasEditedWhenTheProgramEndedIsOfferedAgain) {
                     "Do you want to go on with it?"));
     EXPECT_EQ(editor->List().LineCount(), 2);
     editor = std::make_unique<c_Editor>();
+    EXPECT_TRUE(platform::AsidesEnd(20s));
     EXPECT_FALSE(fs::exists(copy)) << "it was left with Don't save";
 }
 
