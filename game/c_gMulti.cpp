@@ -376,7 +376,7 @@ bool c_gMulti::ShowResults() {
     return highScores.PlayAgain() && !mQuit;
 }
 
-QStringList c_gMulti::Notices() const {
+QStringList c_gMulti::Notices() {
     QStringList notices;
     if (const QString perfect = game::PerfectGame(mStreaks, kRounds); !perfect.isEmpty())
         notices << perfect;

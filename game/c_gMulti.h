@@ -122,7 +122,8 @@ private:
     void WaitWhileShown(const std::function<bool()>& waiting);
     /// Returns whether to play again.
     bool ShowResults();
-    QStringList Notices() const;
+    /// Notes the game, and tells what is worth a notice in it.
+    QStringList Notices();
 
     QString Addressed(const QString& one, const QString& several) const;
     std::int32_t& Score() { return mScores[static_cast<std::size_t>(mPlayer - 1)]; }

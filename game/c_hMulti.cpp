@@ -136,8 +136,9 @@ void c_hMulti::SetAndShowScores(std::vector<std::int32_t>& scores, const QString
             const int at = first + line;
             mForm.DrawRow(line, RowOf(at + 1, standings[static_cast<std::size_t>(at)], count > 1));
         }
-        mForm.DrawNotices(notices);
-        if (count > 1 && standings.front().Won())
+        if (first == 0)
+            mForm.DrawNotices(notices);
+        if (rows == count && count > 1 && standings.front().Won())
             mForm.DrawPodium(standings);
         ShowForm();
     }

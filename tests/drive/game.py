@@ -13,7 +13,7 @@ QUICKPLAY = "QuickPlay (Select a Directory of MP3's)"
 PLAYLIST = "PlayList (Select a playlist file)"
 CREATE = "Create Playlist (Use Editor to create a playlist)"
 PLAYERS = re.compile(r"\d+")  # how many, as the list of them shows
-NOT_CHOICES = {"Close", "Minimise", "Hint"}
+NOT_CHOICES = {"Close", "Minimise", "Volume", "Hint"}
 
 
 def sentences(*texts):
