@@ -143,6 +143,14 @@ private:
     std::optional<f_Load> mForm;
 };
 
+/// No error either if the program was asked to quit meanwhile.
+std::error_code BringAside(const fs::path& shipped, const fs::path& own) {
+    const WaitingSign sign;
+    const auto error = std::make_shared<std::error_code>();
+    const auto bring = [=] { *error = BringShippedFiles(shipped, own); };
+    return platform::AwaitAside(bring) ? *error : std::error_code();
+}
+
 QString Reason(const fs::path& folder, const std::error_code& error) {
     return platform::ShownText(folder) + QStringLiteral(":\n") +
            QString::fromStdString(error.message());
@@ -171,12 +179,9 @@ void PrepareProgramFolder() {
     const fs::path shipped = platform::ShippedFolder();
     if (own == shipped)
         return;
-    const auto result = std::make_shared<std::error_code>();
-    const WaitingSign waiting;
-    const auto bring = [=] { *result = BringShippedFiles(shipped, own); };
-    if (!platform::AwaitAside(bring) || !*result)
+    const std::error_code failure = BringAside(shipped, own);
+    if (!failure)
         return;
-    const std::error_code failure = *result;
     std::error_code error;
     if (fs::exists(own / kRecord, error)) {
         platform::ShowMessage(QStringLiteral("The new sample songs cannot be copied to ") +

@@ -20,12 +20,11 @@ namespace {
 
 /// Loads the menu's pictures while the rest of the program starts.
 void PreloadMenu() {
-    toolkit::PreloadPictures(QStringLiteral("Images\\Back.bmp"),
-                             {QStringLiteral("Images\\X.bmp"), QStringLiteral("Images\\bMin.bmp"),
-                              QStringLiteral("Images\\bVolume.bmp"),
-                              QStringLiteral("Images\\bSingle.bmp"),
-                              QStringLiteral("Images\\bMulti.bmp"),
-                              QStringLiteral("Images\\bEditor.bmp")});
+    toolkit::PreloadPictures(
+        QStringLiteral("Images\\Back.bmp"),
+        {QStringLiteral("Images\\X.bmp"), QStringLiteral("Images\\bMin.bmp"),
+         QStringLiteral("Images\\bVolume.bmp"), QStringLiteral("Images\\bSingle.bmp"),
+         QStringLiteral("Images\\bMulti.bmp"), QStringLiteral("Images\\bEditor.bmp")});
 }
 
 } // namespace

@@ -67,6 +67,8 @@ public:
     const std::filesystem::path& File() const { return mFile; }
     /// Whether the list may be written to that file without asking.
     bool OwnsFile() const { return !mFile.empty() && !mForeign; }
+    /// Of the songs that the file holds, as far as this list knows.
+    const KeyPrint& SavedPrint() const { return mSaved; }
     /// What the list is called: its file's name without ending, or "New list".
     QString Name() const;
     std::vector<QString> Keys() const;

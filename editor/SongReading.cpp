@@ -113,6 +113,17 @@ Reading ReadPlaylist(const fs::path& file) {
     return [file](SongStream& stream) { ReadList(stream, file); };
 }
 
+std::optional<KeyPrint> PrintOf(const fs::path& file) {
+    SongStream stream;
+    std::optional<KeyPrint> print;
+    for (const fs::path& song : SongsOf(stream, file)) {
+        if (!print)
+            print.emplace();
+        print->Add(platform::KeyFromPath(song));
+    }
+    return print;
+}
+
 Reading ReadDropped(std::vector<fs::path> dropped) {
     return [dropped = std::move(dropped)](SongStream& stream) {
         bool goOn = true;

@@ -42,12 +42,7 @@ std::vector<fs::path> ChosenFiles(QString answer) {
 } // namespace
 
 c_Editor::c_Editor()
-    : mWindowButtons(mForm), mSongs(mList,
-                                    [this](const std::vector<editor::SongWish>& wishes) {
-                                        return Blocked([&](const auto& open) {
-                                            return editor::ChangeAside(wishes, open);
-                                        });
-                                    }),
+    : mWindowButtons(mForm), mSongs(mList, [this](const auto& wishes) { return Change(wishes); }),
       mFilling([this] { ShowAll(); }) {
     mForm.CopyBackground();
     bAddFile.Create(mForm.pAddFile, QStringLiteral("Add File"));
@@ -66,6 +61,10 @@ c_Editor::c_Editor()
     mKeepSoon.setInterval(kKeepAfter);
     Connect();
     AddKeys();
+}
+
+std::vector<editor::SongChange> c_Editor::Change(const std::vector<editor::SongWish>& wishes) {
+    return Blocked([&](const auto& open) { return editor::ChangeAside(wishes, open); });
 }
 
 c_Editor::~c_Editor() {

@@ -86,6 +86,7 @@ private:
     void Drop(const QDropEvent& event);
 
     bool SaveList(bool askName);
+    bool TellIfFileChanged();
     bool Write(const std::filesystem::path& file);
     /// What a wait returns, which lasts while the editor is open at most; meanwhile it is blocked.
     template <typename Wait> auto Blocked(Wait wait) {
@@ -95,6 +96,7 @@ private:
         mForm.ResumeFocus();
         return result;
     }
+    std::vector<editor::SongChange> Change(const std::vector<editor::SongWish>& wishes);
     /// Whether the list may go: if it is not saved the player is asked, and may save it.
     bool MayGo();
     void OfferKept();

@@ -60,10 +60,12 @@ void c_Editor::Load(const fs::path& file) {
                          mSongs.Add(news.lines);
                      mMarks.SetLineCount(mList.LineCount());
                  },
-                 [this](const auto& news) {
+                 [this, file, begun](const auto& news) {
                      mLoading = false;
                      mSongs.EndAdding();
-                     Tell(news.failure);
+                     Tell(*begun || !news.failure.isEmpty() ? news.failure
+                                                            : platform::ShownText(file.filename()) +
+                                                                  QStringLiteral(" has no songs."));
                  }});
 }
 
@@ -75,7 +77,7 @@ bool c_Editor::SaveList(bool askName) {
         return false;
     }
     fs::path file = mSongs.File();
-    if (askName || !mSongs.OwnsFile()) {
+    if (askName || !mSongs.OwnsFile() || TellIfFileChanged()) {
         std::error_code ignored;
         fs::create_directories(library::PlaylistFolder(), ignored);
         ChangeToFolder(file.empty() ? library::PlaylistFolder() : file.parent_path());
@@ -98,6 +100,19 @@ bool c_Editor::SaveList(bool askName) {
     ShowAll();
     platform::PumpEvents();
     return written;
+}
+
+/// Shows a message when the list's file holds other songs than it had here, and returns whether it
+/// did.
+bool c_Editor::TellIfFileChanged() {
+    const auto now = std::make_shared<std::optional<editor::KeyPrint>>();
+    const auto look = [now, file = mSongs.File()] { *now = editor::PrintOf(file); };
+    if (!Blocked([&](const auto& open) { return platform::AwaitAside(look, open); }) || !*now ||
+        **now == mSongs.SavedPrint())
+        return false;
+    Tell(QStringLiteral("Another program has changed the file of the list \"%1\".")
+             .arg(mSongs.Name()));
+    return true;
 }
 
 bool c_Editor::Write(const fs::path& file) {

@@ -80,8 +80,8 @@ f_Player::f_Player()
       pNext(new PictureBox(this, QStringLiteral("pNext"), kButtonSize)),
       pTitle(new PictureBox(this, QStringLiteral("pTitle"), kStrip.size())),
       pTimes(new PictureBox(this, QStringLiteral("pTimes"), kTimes.size())),
-      pVolume(new VolumeBox(this)),
-      mGround(kSize.width(), kSize.height()), mMarkerLeft(kLineStart) {
+      pVolume(new VolumeBox(this)), mGround(kSize.width(), kSize.height()),
+      mMarkerLeft(kLineStart) {
     constexpr int kButtonStep = 38;
     QPoint place(kStrip.x(), 40);
     for (PictureBox* button : {pPlay, pPause, pStop, pFF, pPrev, pNext}) {

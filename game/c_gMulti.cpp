@@ -1,5 +1,6 @@
 #include "game/c_gMulti.h"
 
+#include "audio/Effect.h"
 #include "audio/c_XAudio.h"
 #include "game/Choices.h"
 #include "game/CoverPicture.h"
@@ -327,6 +328,7 @@ void c_gMulti::DrawRight(int choice) {
     if (Streak() >= kStreak)
         mAnswerScreen.WriteNotice(QStringLiteral("%1 right in a row!").arg(Streak()));
     mAnswerScreen.CountUp(Score(), points);
+    audio::Play(audio::Effect::Right);
     mAnswerScreen.Celebrate(Board().ChoiceBoxes()[static_cast<std::size_t>(choice - 1)]->Place(),
                             mPlayer);
 }
@@ -336,6 +338,7 @@ void c_gMulti::DrawWrong() {
         Addressed(QStringLiteral("You are Wrong!"), QStringLiteral("Player %1 is Wrong!")),
         mQuestion.Title());
     mAnswerScreen.CountUp(Score(), 0);
+    audio::Play(audio::Effect::Wrong);
 }
 
 void c_gMulti::ShowCover() {

@@ -6,8 +6,8 @@
 
 namespace library {
 
-// Both look at a playlist of any kind and change no file. They take as long as the disk
-// does, unless they are stopped.
+// Both look at a playlist of any kind and change no file. They take as long as the disk does,
+// unless they are stopped.
 
 struct UnplayedSongs {
     int songs = 0; ///< 0 if the list cannot be read

@@ -21,7 +21,7 @@ void Worker::Do(std::function<void()> job) {
 void Worker::Work() {
     std::unique_lock lock(mMutex);
     while (!mJobs.empty()) {
-        const std::function<void()> job = mJobs.front();
+        const std::function<void()> job = std::move(mJobs.front());
         lock.unlock();
         job();
         lock.lock();

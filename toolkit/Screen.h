@@ -29,8 +29,7 @@ protected:
 };
 
 /// The skinned buttons over a screen's `pX` and `pMin`, for as long as a controller drives it, and
-/// its volume. A
-/// request to close from the window manager presses the close button.
+/// the volume beside them. A request to close from the window manager presses the close button.
 class WindowButtons {
 public:
     explicit WindowButtons(Screen& screen);

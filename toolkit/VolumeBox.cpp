@@ -52,7 +52,9 @@ public:
     }
 
     QVariant currentValue() const override { return platform::HeardVolume(); }
-    void setCurrentValue(const QVariant& value) override { Volume::Get().SetPercent(value.toInt()); }
+    void setCurrentValue(const QVariant& value) override {
+        Volume::Get().SetPercent(value.toInt());
+    }
     QVariant maximumValue() const override { return 100; }
     QVariant minimumValue() const override { return 0; }
     QVariant minimumStepSize() const override { return Volume::kStep; }
@@ -98,7 +100,6 @@ VolumeBox::VolumeBox(QWidget* form) : PictureBox(form, QStringLiteral("pVolume")
     setAccessibleName(QStringLiteral("Volume"));
     setToolTip(QStringLiteral("Volume: + and -\nMute: M"));
     SetButton(kSize.height() / 2.0);
-    SetInterface([this] { return new AccessibleVolume(this); });
     Volume& volume = Volume::Get();
     connect(&volume, &Volume::Changed, this, &VolumeBox::Changed);
     connect(this, &PictureBox::Activated, &volume, &Volume::ToggleMuted);
@@ -113,6 +114,8 @@ VolumeBox::VolumeBox(QWidget* form) : PictureBox(form, QStringLiteral("pVolume")
             Show(Normal);
     });
 }
+
+QAccessibleInterface* VolumeBox::NewInterface() { return new AccessibleVolume(this); }
 
 void VolumeBox::LoadSkin() {
     auto skin = toolkit::LoadSkin(QStringLiteral("Images\\bVolume.bmp"));
@@ -144,8 +147,8 @@ void VolumeBox::Show(Look look) {
 }
 
 void VolumeBox::Changed() {
-    if (!isVisible())
-        return; // it is drawn when it is shown
+    if (mSkin.Count() == 0)
+        return; // it has never been drawn
     Draw();
     QAccessibleValueChangeEvent event(this, platform::HeardVolume());
     QAccessible::updateAccessibility(&event);

@@ -15,6 +15,8 @@ public:
     /// Draws it, over what the form shows now.
     void Draw();
 
+    QAccessibleInterface* NewInterface() override;
+
 protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;

@@ -82,8 +82,7 @@ TEST_F(NextQuestionTest, ThereIsNoneWithoutASongAndNoneIsWaitedFor) {
 TEST_F(NextQuestionTest, DoesWithoutWhatDoesNotCome) {
     library::SongCycle songs(List(4, 0));
     songs.Begin();
-    const std::string stuck = "song2.mp3";
-    const HeldReads held(stuck);
+    const HeldReads held("song2.mp3");
     int waiting = 0;
     std::set<fs::path> asked;
     game::NextQuestion next(songs, Now);
