@@ -6,6 +6,7 @@
 #include "audio/c_XAudio.h"
 #include "editor/c_Editor.h"
 #include "game/c_gBet.h"
+#include "game/c_hMulti.h"
 #include "platform/Message.h"
 #include "platform/ProgramFolder.h"
 #include "platform/Settings.h"
@@ -68,15 +69,15 @@ void Start::ModeStep() {
     const auto chosen = [this](const char* mode) {
         return gMode.compare(QLatin1String(mode), Qt::CaseInsensitive) == 0;
     };
-    gQuit = true;
+    gQuit = !chosen("Menu") && !chosen("HighScores");
     if (chosen("Editor"))
         gQuit = RunEditor();
     else if (chosen("MultipleChoice"))
         gQuit = RunGame<c_gMulti>();
     else if (chosen("Betting"))
         gQuit = RunGame<c_gBet>();
-    else if (chosen("Menu"))
-        gQuit = false;
+    else if (chosen("HighScores"))
+        ShowScores();
 }
 
 bool Start::RunEditor() {
@@ -86,12 +87,21 @@ bool Start::RunEditor() {
 }
 
 template <typename Game> bool Start::RunGame() {
-    if (!mGameForms)
-        mGameForms = std::make_unique<GameForms>();
-    GameForms& forms = *mGameForms;
-    Game game({forms.board, forms.scores, forms.name},
+    GameForms& forms = Forms();
+    Game game({forms.board, forms.scores, forms.name, mEvening},
               [&forms] { return std::make_unique<c_Quick>(forms.quick, forms.load); });
     game.SetPlayers(gPlayers);
     game.Run();
     return game.ExitProgram();
+}
+
+void Start::ShowScores() {
+    GameForms& forms = Forms();
+    c_hMulti(forms.scores, forms.name).Browse();
+}
+
+Start::GameForms& Start::Forms() {
+    if (!mGameForms)
+        mGameForms = std::make_unique<GameForms>();
+    return *mGameForms;
 }

@@ -3,6 +3,7 @@
 #include "app/f_Load.h"
 #include "app/f_Menu.h"
 #include "app/f_Quick.h"
+#include "game/Evening.h"
 #include "game/f_High.h"
 #include "game/f_HighMulti.h"
 #include "game/f_Multi.h"
@@ -25,14 +26,6 @@ public:
     void ModeLoop();
 
 private:
-    void ModeStep();
-    bool RunEditor();
-    template <typename Game> bool RunGame();
-
-    bool gQuit = false;
-    std::int16_t gPlayers = 0;
-    QString gMode;
-
     /// The forms of both games, created for the first game so that the menu appears sooner.
     struct GameForms {
         f_Quick quick;
@@ -42,6 +35,17 @@ private:
         f_High name;
     };
 
+    void ModeStep();
+    bool RunEditor();
+    template <typename Game> bool RunGame();
+    void ShowScores();
+    GameForms& Forms();
+
+    bool gQuit = false;
+    std::int16_t gPlayers = 0;
+    QString gMode;
+
     f_Menu mMenu;
+    game::Evening mEvening;
     std::unique_ptr<GameForms> mGameForms;
 };

@@ -39,6 +39,7 @@ c_Menu::c_Menu(f_Menu& form) : mForm(form), mWindowButtons(form) {
     connect(&bChoice1, &c_PicButton::Clicked, this, &c_Menu::bChoice1_Clicked);
     connect(&bChoice2, &c_PicButton::Clicked, this, &c_Menu::bChoice2_Clicked);
     connect(&bChoice3, &c_PicButton::Clicked, this, &c_Menu::bChoice3_Clicked);
+    connect(mForm.Scores, &WordButton::Clicked, this, &c_Menu::Scores_Clicked);
     connect(&mWindowButtons.bMin, &c_SurfButton::Clicked, this, &c_Menu::bMin_Clicked);
     connect(&mWindowButtons.bX, &c_SurfButton::Clicked, this, &c_Menu::bX_Clicked);
 }
@@ -63,6 +64,8 @@ void c_Menu::ShowFirstStage(bool shown) {
     for (PictureBox* box : {mForm.pSingle, mForm.pMulti, mForm.pEditor})
         box->setVisible(shown);
     shown ? mForm.Sizes->Show() : mForm.Sizes->Hide();
+    mForm.Scores->Refresh(false);
+    mForm.Scores->Box().setVisible(shown);
 }
 
 void c_Menu::bSingle_Clicked() {
@@ -140,6 +143,11 @@ void c_Menu::bChoice3_Clicked() {
 void c_Menu::bEditor_Clicked() {
     mPlayerCode = kEditor;
     mMode = QStringLiteral("Editor");
+    mForm.hide();
+}
+
+void c_Menu::Scores_Clicked() {
+    mMode = QStringLiteral("HighScores");
     mForm.hide();
 }
 

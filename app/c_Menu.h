@@ -24,6 +24,7 @@ public:
     void bSingle_Clicked();
     void bMulti_Clicked();
     void bEditor_Clicked();
+    void Scores_Clicked();
     void bChoice1_Clicked();
     void bChoice2_Clicked();
     void bChoice3_Clicked();

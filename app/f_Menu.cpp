@@ -12,6 +12,7 @@ namespace {
 
 constexpr QSize kFirstStage(400, 88);
 constexpr QSize kSecondStage(400, 50);
+constexpr QSize kScores(96, 26);
 constexpr int kMostPlayers = 12;
 
 /// A drop-down list that ignores typed text but not the keys that move through it.
@@ -42,12 +43,19 @@ f_Menu::f_Menu()
       pChoice2(new PictureBox(this, QStringLiteral("pChoice2"), kSecondStage)),
       pChoice3(new PictureBox(this, QStringLiteral("pChoice3"), kSecondStage)),
       lPlayers(new QLabel(QStringLiteral("Players:"), this)), cPlayers(new PlayerList(this)),
-      Sizes(new SizeChoice(*this)) {
+      Sizes(new SizeChoice(*this)),
+      Scores(new WordButton(new PictureBox(this, QStringLiteral("pScores"), kScores),
+                            QStringLiteral("High scores"))) {
     pSingle->setAccessibleName(QStringLiteral("One player"));
     pMulti->setAccessibleName(QStringLiteral("Several players"));
     pEditor->setAccessibleName(QStringLiteral("Playlist editor"));
     for (PictureBox* choice : {PChoice1, pChoice2, pChoice3})
         choice->Dc()->SetFont(ScreenFont(18));
+
+    constexpr int kBelow = 8; // as the row of sizes
+    PictureBox& scores = Scores->Box();
+    scores.Dc()->SetFont(ScreenFont(11));
+    scores.MoveTo(Width() - 14 - kScores.width(), Height() - kScores.height() - kBelow);
 
     lPlayers->setObjectName(QStringLiteral("lPlayers"));
     Put(*lPlayers, QRect(300, 190, 100, 26));

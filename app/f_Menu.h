@@ -24,4 +24,5 @@ public:
     QLabel* lPlayers;
     QComboBox* cPlayers;
     SizeChoice* Sizes;
+    WordButton* Scores;
 };

@@ -3,6 +3,7 @@
 
 #include "audio/c_XAudio.h"
 #include "bench/SlowDisk.h"
+#include "game/Evening.h"
 #include "game/c_gMulti.h"
 #include "game/f_High.h"
 #include "game/f_HighMulti.h"
@@ -77,6 +78,7 @@ Waits Play(const fs::path& list) {
     f_Multi board;
     f_HighMulti scores;
     f_High name;
+    game::Evening evening;
     Waits waits;
     auto since = Clock::now();
     double* due = &waits.first.emplace_back();
@@ -111,7 +113,8 @@ Waits Play(const fs::path& list) {
     });
     player.setTimerType(Qt::PreciseTimer);
     player.start(1);
-    c_gMulti game({board, scores, name}, [&] { return std::make_unique<FixedSource>(list); });
+    c_gMulti game({board, scores, name, evening},
+                  [&] { return std::make_unique<FixedSource>(list); });
     const Heartbeat heart;
     game.Run();
     waits.next.pop_back(); // leads to the scores

@@ -1,22 +1,21 @@
 #include "game/RankScores.h"
 
 #include <algorithm>
-#include <functional>
-#include <numeric>
 
 namespace game {
 
-std::vector<QString> RankScores(std::vector<std::int32_t>& scores) {
-    std::vector<std::size_t> players(scores.size());
-    std::iota(players.begin(), players.end(), std::size_t{0});
-    std::stable_sort(players.begin(), players.end(),
-                     [&scores](std::size_t a, std::size_t b) { return scores[a] > scores[b]; });
-    std::sort(scores.begin(), scores.end(), std::greater<>());
-    std::vector<QString> labels;
-    labels.reserve(players.size());
-    for (const std::size_t player : players)
-        labels.push_back(QStringLiteral("Player %1").arg(player + 1));
-    return labels;
+std::vector<Standing> RankScores(std::vector<std::int32_t>& scores) {
+    std::vector<Standing> standings;
+    for (const std::int32_t score : scores)
+        standings.push_back({static_cast<int>(standings.size()) + 1, score, 1});
+    std::ranges::stable_sort(standings, std::ranges::greater(), &Standing::score);
+    for (std::size_t i = 0; i < scores.size(); ++i) {
+        Standing& standing = standings[i];
+        scores[i] = standing.score;
+        const bool tie = i > 0 && standings[i - 1].score == standing.score;
+        standing.place = tie ? standings[i - 1].place : static_cast<int>(i) + 1;
+    }
+    return standings;
 }
 
 } // namespace game

@@ -1,13 +1,22 @@
 #pragma once
 
-#include <QString>
 #include <cstdint>
 #include <vector>
 
 namespace game {
 
-/// Sorts the players' scores, best first, and returns their labels in that order: "Player k", where
-/// k is the player's place in the original order, from 1. Equal scores keep that order.
-std::vector<QString> RankScores(std::vector<std::int32_t>& scores);
+/// A player among those of a game.
+struct Standing {
+    int player; ///< 1-based
+    std::int32_t score;
+    int place; ///< 1 for the best; equal scores share one
+
+    /// Without points nobody wins.
+    bool Won() const { return place == 1 && score > 0; }
+};
+
+/// Sorts the players' scores, best first, and tells whose they are. Equal scores keep the order of
+/// the players.
+std::vector<Standing> RankScores(std::vector<std::int32_t>& scores);
 
 } // namespace game

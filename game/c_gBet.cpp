@@ -2,9 +2,7 @@
 
 #include "audio/c_XAudio.h"
 #include "game/Scoring.h"
-#include "game/c_hMulti.h"
 #include "game/f_Multi.h"
-#include "platform/ProgramFolder.h"
 
 bool c_gBet::TakeBet() {
     DrawStatus();
@@ -33,8 +31,4 @@ QString c_gBet::Stake(float) const {
         .arg(mBet)
         .arg(mBet == 1 ? QString() : QStringLiteral("s"))
         .arg(game::PointsForBet(mBet));
-}
-
-void c_gBet::ChooseScoreFile(c_hMulti& highScores) const {
-    highScores.SetFileName(platform::ProgramFolder() / "H2.dat");
 }

@@ -14,8 +14,8 @@ protected:
     int ClipSeconds() const override { return mBet; }
     void Answered() override;
     std::int32_t PointsForAnswer(float seconds) const override;
+    game::GameKind Kind() const override { return game::GameKind::Betting; }
     QString Stake(float seconds) const override;
-    void ChooseScoreFile(c_hMulti& highScores) const override;
 
 private:
     int mBet = 0; ///< 1, 2, 3 or 5 seconds

@@ -4,6 +4,8 @@
 #include "audio/c_XAudio.h"
 #include "game/Choices.h"
 #include "game/CoverPicture.h"
+#include "game/Evening.h"
+#include "game/PerfectGame.h"
 #include "game/Scoring.h"
 #include "game/c_hMulti.h"
 #include "game/f_Multi.h"
@@ -16,6 +18,8 @@
 #include "platform/Time.h"
 #include "platform/Wait.h"
 #include "toolkit/Drawing.h"
+
+#include <algorithm>
 
 using namespace toolkit;
 
@@ -60,12 +64,14 @@ void c_gMulti::CreateButtons() {
 }
 
 void c_gMulti::Run() {
-    mScores.assign(static_cast<std::size_t>(mPlayers), 0);
-    mStreaks.assign(static_cast<std::size_t>(mPlayers), 0);
-    const bool played = LoadPlaylist() && PlayRounds();
+    bool plays = LoadPlaylist();
+    while (plays) {
+        mScores.assign(static_cast<std::size_t>(mPlayers), 0);
+        mStreaks.assign(static_cast<std::size_t>(mPlayers), 0);
+        mNext->Prepare();
+        plays = PlayRounds() && ShowResults();
+    }
     SaveMarks();
-    if (played)
-        ShowResults();
 }
 
 bool c_gMulti::LoadPlaylist() {
@@ -358,11 +364,11 @@ bool c_gMulti::WaitForContinue() {
     return !mQuit;
 }
 
-void c_gMulti::ShowResults() {
+bool c_gMulti::ShowResults() {
     Board().hide();
     c_hMulti highScores(mForms.scores, mForms.name);
-    ChooseScoreFile(highScores);
-    highScores.SetAndShowScores(mScores);
+    highScores.SetGame(Kind());
+    highScores.SetAndShowScores(mScores, Notices());
     if (!highScores.ExitProgram()) {
         if (mPlayers == 1)
             highScores.Check(mScores.front());
@@ -370,4 +376,14 @@ void c_gMulti::ShowResults() {
             highScores.MultiCheck(mScores);
     }
     mQuit = highScores.ExitProgram();
+    return highScores.PlayAgain() && !mQuit;
+}
+
+QStringList c_gMulti::Notices() {
+    QStringList notices;
+    if (const QString perfect = game::PerfectGame(mStreaks, kRounds); !perfect.isEmpty())
+        notices << perfect;
+    if (mForms.evening.IsNewBest(Kind(), std::ranges::max(mScores)))
+        notices << QStringLiteral("New best of the evening");
+    return notices;
 }

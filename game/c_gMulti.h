@@ -1,6 +1,7 @@
 #pragma once
 
 #include "game/AnswerScreen.h"
+#include "game/GameKind.h"
 #include "game/NextQuestion.h"
 #include "game/SongSource.h"
 #include "game/f_Multi.h"
@@ -8,6 +9,7 @@
 
 #include <QElapsedTimer>
 #include <QObject>
+#include <QStringList>
 #include <QTimer>
 #include <array>
 #include <cstdint>
@@ -21,17 +23,19 @@ namespace library {
 class SongCycle;
 }
 
-class c_hMulti;
 class f_High;
 class f_HighMulti;
 
 namespace game {
 
-/// The program-wide forms that both games are shown on.
+class Evening;
+
+/// What games share: the forms they are shown on, and what was played before.
 struct Forms {
     f_Multi& board;
     f_HighMulti& scores;
     f_High& name;
+    Evening& evening;
 };
 
 } // namespace game
@@ -47,7 +51,8 @@ public:
     /// Number of players, at least 1; set before `Run`.
     void SetPlayers(int players) { mPlayers = players; }
 
-    /// Plays a whole game; returns when it is over or the player left it.
+    /// Plays a whole game, and again for as long as the player wants; returns when it is over or
+    /// the player left it.
     void Run();
 
     /// Read after `Run`: whether the player wants to leave the program.
@@ -76,8 +81,8 @@ protected:
     virtual std::int32_t PointsForAnswer(float seconds) const;
     /// What an answer after `seconds` on the clock is about, for the player to see.
     virtual QString Stake(float seconds) const;
-    /// Chooses the high-score file.
-    virtual void ChooseScoreFile(c_hMulti&) const {}
+    /// Whose high scores the results go into.
+    virtual game::GameKind Kind() const { return game::GameKind::NormalPlay; }
 
     f_Multi& Board() { return mForms.board; }
     /// Sets the captions of the four choice buttons and shows them in order.
@@ -115,7 +120,10 @@ private:
     void ShowCover();
     bool WaitForContinue();
     void WaitWhileShown(const std::function<bool()>& waiting);
-    void ShowResults();
+    /// Returns whether to play again.
+    bool ShowResults();
+    /// Notes the game, and tells what is worth a notice in it.
+    QStringList Notices();
 
     QString Addressed(const QString& one, const QString& several) const;
     std::int32_t& Score() { return mScores[static_cast<std::size_t>(mPlayer - 1)]; }

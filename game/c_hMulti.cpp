@@ -1,11 +1,11 @@
 #include "game/c_hMulti.h"
 
+#include "game/PlayerColor.h"
 #include "game/RankScores.h"
 #include "game/f_High.h"
 #include "game/f_HighMulti.h"
 #include "platform/File.h"
 #include "platform/Message.h"
-#include "platform/ProgramFolder.h"
 #include "platform/Wait.h"
 
 #include <algorithm>
@@ -29,25 +29,46 @@ std::error_code KeepBeside(const fs::path& file) {
     }
 }
 
+/// With several players it tells them apart and says who won.
+f_HighMulti::Row RowOf(int rank, const game::Standing& standing, bool several) {
+    f_HighMulti::Row row{.rank = rank,
+                         .name = QStringLiteral("Player %1").arg(standing.player),
+                         .score = QString::number(standing.score)};
+    if (several) {
+        row.color = game::PlayerColor(standing.player);
+        row.won = standing.Won();
+    }
+    return row;
+}
+
 } // namespace
 
 c_hMulti::c_hMulti(f_HighMulti& form, f_High& nameForm)
-    : mForm(form), mNameForm(nameForm), mFile(platform::ProgramFolder() / "H1.dat"),
-      mWindowButtons(form) {
+    : mForm(form), mNameForm(nameForm), mWindowButtons(form) {
     bCont.Create(form.pCont, QStringLiteral("Images\\bCont.bmp"), QString());
     form.LayOut();
+    form.CopyBackground();
+    bAgain.Create(form.pAgain, QStringLiteral("Play again"));
+    bOther.Create(form.pOther, game::NameOf(game::Other(mKind)));
     connect(&bCont, &c_SurfButton::Clicked, this, &c_hMulti::bCont_Clicked);
+    connect(&bAgain, &c_PicButton::Clicked, this, &c_hMulti::bAgain_Clicked);
+    connect(&bOther, &c_PicButton::Clicked, this, &c_hMulti::bOther_Clicked);
     connect(&mWindowButtons.bX, &c_SurfButton::Clicked, this, &c_hMulti::bX_Clicked);
     connect(&mWindowButtons.bMin, &c_SurfButton::Clicked, this, &c_hMulti::bMin_Clicked);
 }
 
 c_hMulti::~c_hMulti() { mForm.hide(); }
 
+void c_hMulti::SetGame(game::GameKind kind) {
+    mKind = kind;
+    mFile = game::TableOf(kind);
+}
+
 void c_hMulti::Check(std::int32_t score) {
     if (!Load())
         return;
     Enter(score, QStringLiteral("You got a High Score! Please Enter your name below."));
-    SaveAndShowTable();
+    ShowResult();
 }
 
 void c_hMulti::MultiCheck(const std::vector<std::int32_t>& scores) {
@@ -57,36 +78,80 @@ void c_hMulti::MultiCheck(const std::vector<std::int32_t>& scores) {
     for (const std::int32_t score : scores)
         Enter(score, QStringLiteral("Player %1 got a High Score! Please Enter Their name below.")
                          .arg(++place));
-    SaveAndShowTable();
+    ShowResult();
+}
+
+void c_hMulti::Browse() {
+    mForm.pOther->show();
+    for (mOther = true; mOther; SetGame(game::Other(mKind))) {
+        mOther = false;
+        mTable = {};
+        if (!TakeTable())
+            break;
+        bOther.SetCaption(game::NameOf(game::Other(mKind)));
+        DrawTable(mTable);
+        ShowForm();
+    }
+    mForm.pOther->hide();
 }
 
 void c_hMulti::Enter(std::int32_t score, const QString& prompt) {
     const auto place = mTable.PlaceFor(score);
-    if (!place)
+    if (!place || platform::Quitting())
         return;
-    if (const auto name = mNameForm.GetName(prompt))
+    game::HighScoreTable withoutName = mTable;
+    withoutName.Insert(*place, QString(), score);
+    DrawTable(withoutName);
+    mForm.MarkRow(*place);
+    mForm.pCont->hide();
+    mWindowButtons.Refresh();
+    mForm.ShowInPlace();
+    if (const auto name = mNameForm.GetName(prompt, *place + 1, score))
         mTable.Insert(*place, *name, score);
+    mForm.pCont->show();
 }
 
-void c_hMulti::SetAndShowScores(std::vector<std::int32_t>& scores) {
-    Read(); // the table, which comes next
-    const std::vector<QString> labels = game::RankScores(scores);
+void c_hMulti::ShowResult() {
+    const platform::Answer<bool> saved(
+        [inTheWay = mInTheWay, file = mFile, bytes = mTable.Serialise()](const std::stop_token&) {
+            return !inTheWay && !platform::ReplaceFile(file, bytes);
+        });
+    DrawTable(mTable);
+    mForm.pAgain->show();
+    ShowForm();
+    mForm.pAgain->hide();
+    platform::WaitWhile([&saved] { return !saved.Get(); });
+    if (!saved.Get().value_or(true))
+        platform::ShowMessage(QStringLiteral("Error Writing High Scores."));
+}
+
+void c_hMulti::SetAndShowScores(std::vector<std::int32_t>& scores, const QStringList& notices) {
+    BeginToRead(); // the table, which comes next
+    const std::vector<game::Standing> standings = game::RankScores(scores);
     const int count = static_cast<int>(scores.size());
     for (int first = 0; first < count && !ExitProgram(); first += f_HighMulti::kRows) {
-        mForm.DrawTitle(QStringLiteral("SCORES"));
-        for (int i = first; i < std::min(first + f_HighMulti::kRows, count); ++i) {
-            const auto at = static_cast<std::size_t>(i);
-            mForm.DrawRow(i - first, {i + 1, labels[at], QString::number(scores[at]), false});
+        const int rows = std::min(f_HighMulti::kRows, count - first);
+        mForm.DrawTitle(QStringLiteral("SCORES"), game::NameOf(mKind), rows);
+        for (int line = 0; line < rows; ++line) {
+            const int at = first + line;
+            mForm.DrawRow(line, RowOf(at + 1, standings[static_cast<std::size_t>(at)], count > 1));
         }
+        if (first == 0)
+            mForm.DrawNotices(notices);
+        if (rows == count && count > 1 && standings.front().Won())
+            mForm.DrawPodium(standings);
         ShowForm();
     }
 }
 
-void c_hMulti::ShowTable() {
-    mForm.DrawTitle(QStringLiteral("HIGH SCORES"));
+void c_hMulti::DrawTable(const game::HighScoreTable& table) {
+    mForm.DrawTitle(QStringLiteral("HIGH SCORES"), game::NameOf(mKind),
+                    game::HighScoreTable::kPlaces);
     for (int i = 0; i < game::HighScoreTable::kPlaces; ++i)
-        mForm.DrawRow(i, {i + 1, mTable.Name(i), mTable.Score(i), mTable.IsNew(i)});
-    ShowForm();
+        mForm.DrawRow(i, {.rank = i + 1,
+                          .name = table.Name(i),
+                          .score = table.Score(i),
+                          .isNew = table.IsNew(i)});
 }
 
 bool c_hMulti::ExitProgram() const { return mQuit || platform::Quitting(); }
@@ -101,7 +166,7 @@ void c_hMulti::ShowForm() {
     platform::WaitWhile([this] { return mForm.isVisible(); });
 }
 
-void c_hMulti::Read() {
+void c_hMulti::BeginToRead() {
     mRead.emplace([file = mFile](const std::stop_token&) {
         FileRead read;
         std::error_code error;
@@ -111,33 +176,29 @@ void c_hMulti::Read() {
     });
 }
 
-bool c_hMulti::Load() {
+std::optional<game::HighScoreTable::ReadResult> c_hMulti::TakeTable() {
     if (!mRead)
-        Read();
+        BeginToRead();
     platform::WaitWhile([this] { return !mRead->Get(); });
     const std::optional<FileRead> read = mRead->Get();
     mRead.reset();
-    mInTheWay = false;
-    if (!read || !read->isThere)
-        return read.has_value();
+    if (!read)
+        return std::nullopt;
     using Result = game::HighScoreTable::ReadResult;
+    if (!read->isThere)
+        return Result::Good;
     const Result result = read->error ? Result::Unreadable : mTable.Parse(read->bytes);
     if (result == Result::Unreadable)
         platform::ShowMessage(QStringLiteral("Error loading High Scores."));
-    if (result != Result::Good)
-        KillIt();
-    return true;
+    return result;
 }
 
-void c_hMulti::SaveAndShowTable() {
-    const platform::Answer<bool> saved(
-        [inTheWay = mInTheWay, file = mFile, bytes = mTable.Serialise()](const std::stop_token&) {
-            return !inTheWay && !platform::ReplaceFile(file, bytes);
-        });
-    ShowTable();
-    platform::WaitWhile([&saved] { return !saved.Get(); });
-    if (!saved.Get().value_or(true))
-        platform::ShowMessage(QStringLiteral("Error Writing High Scores."));
+bool c_hMulti::Load() {
+    mInTheWay = false;
+    const auto result = TakeTable();
+    if (result && *result != game::HighScoreTable::ReadResult::Good)
+        KillIt();
+    return result.has_value();
 }
 
 void c_hMulti::KillIt() {
@@ -147,6 +208,16 @@ void c_hMulti::KillIt() {
 }
 
 void c_hMulti::bCont_Clicked() { mForm.hide(); }
+
+void c_hMulti::bAgain_Clicked() {
+    mAgain = true;
+    mForm.hide();
+}
+
+void c_hMulti::bOther_Clicked() {
+    mOther = true;
+    mForm.hide();
+}
 
 void c_hMulti::bMin_Clicked() { mForm.Minimise(); }
 

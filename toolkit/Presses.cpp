@@ -121,6 +121,7 @@ public:
 private:
     struct Press {
         bool counts = true;
+        bool presses = true;
         quint64 time = 0; // milliseconds, by the system's clock
         int changes = 0;  // of what is shown, before it
         QPointF at;       // on the screen; of a button of the mouse
@@ -163,12 +164,15 @@ private:
             static_cast<quint64>(QGuiApplication::styleHints()->mouseDoubleClickInterval());
         const auto [entry, isFirst] = mPresses.try_emplace(SourceOf(event));
         Press& press = entry->second;
-        const bool again =
-            presses && !isFirst && time - press.time < interval && IsNear(press.at, event);
+        // A key that has just pressed something does not type into what came up.
+        const bool again = (presses || press.presses) && !isFirst && time - press.time < interval &&
+                           IsNear(press.at, event);
         const bool goesOn = repeats || again;
         press.counts = press.changes == mChanges || !goesOn;
-        if (press.counts)
+        if (press.counts) {
             press.changes = mChanges;
+            press.presses = presses;
+        }
         press.time = time;
         press.at = PlaceOfPress(event);
         return press.counts;

@@ -28,7 +28,7 @@ SAME = 12  # of 255: what a glyph covers wholly has its colour
 AROUND = 21  # pixels; strokes and shadows take less than half of the picture around each of them
 LEAST_INK = 8  # fewer pixels are no text
 CUT_OFF = 14  # pixels; only a line of the list that is not in sight as a whole is less high
-SCORE_ROW = re.compile(r"(\d+\. .*), (\d+)(, new)?")
+SCORE_ROW = re.compile(r"(\d+\. .*), (\d+)(, new|, winner)?")
 
 
 def luminance(colors):

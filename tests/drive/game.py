@@ -13,7 +13,7 @@ QUICKPLAY = "QuickPlay (Select a Directory of MP3's)"
 PLAYLIST = "PlayList (Select a playlist file)"
 CREATE = "Create Playlist (Use Editor to create a playlist)"
 PLAYERS = re.compile(r"\d+")  # how many, as the list of them shows
-NOT_CHOICES = {"Close", "Minimise", "Hint"}
+NOT_CHOICES = {"Close", "Minimise", "Volume", "Hint"}
 
 
 def sentences(*texts):
@@ -33,6 +33,7 @@ class Game:
         self.scores = [0] * players
         self.told = None  # the score that was announced last
         self.turn = 0
+        self.perfect = list(range(1, players + 1))  # players without a wrong answer
         self.choices = {}  # by their keys
 
     def use(self, name):
@@ -54,7 +55,7 @@ class Game:
         if players > 2:
             self.program.ready(PLAYERS, "combo box")
             hand.key("Home", *["Down"] * (players - 2))
-        self.use("Betting" if self.betting else "Normal Play")
+        self.use(self.kind)
 
     def choose_list(self, playlist):
         self.use(PLAYLIST)
@@ -146,6 +147,7 @@ class Game:
         else:
             verdict = re.escape(sentences(f"{who} Wrong!", "The Correct Answer Is:",
                                           self.right_title))
+            self.perfect = [player for player in self.perfect if player != self.player + 1]
         said = self.program.announced(rf"{verdict}(?: SCORE: (\d+)\.)? By .+")
         points = int(said[1]) if right else 0
         self.scores[self.player] += points
@@ -157,24 +159,39 @@ class Game:
         """The players and their scores, best first."""
         return sorted(enumerate(self.scores, 1), key=lambda entry: -entry[1])
 
+    @property
+    def kind(self):
+        return "Betting" if self.betting else "Normal Play"
+
     def see_scores(self):
-        rows = (f"{place}. Player {player}, {score}" for place, (player, score)
-                in enumerate(self.ranks(), 1))
-        self.program.announced(re.escape(sentences("SCORES", *rows)))
+        best = max(self.scores) if len(self.scores) > 1 else None
+        rows = (f"{place}. Player {player}, {score}" + ", winner" * (score == best > 0)
+                for place, (player, score) in enumerate(self.ranks(), 1))
+        self.program.announced(re.escape(sentences("SCORES", self.kind, *rows, *self.notices())))
+
+    def notices(self):
+        """Of the first game of its kind."""
+        if not self.perfect:
+            return []
+        if len(self.scores) == 1:
+            return ["A perfect game!"]
+        *others, last = map(str, self.perfect)
+        players = f"Players {', '.join(others)} and {last}" if others else f"Player {last}"
+        return [f"{players} played a perfect game!"]
 
     def enter_names(self):
         """The table must have them as its new rows."""
         rows = [(f"Eva {player}", score) for player, score in self.ranks() if score > 0]
-        for place, (name, _) in enumerate(rows, 1):
+        for place, (name, score) in enumerate(rows, 1):
             prompt = ("You got a High Score! Please Enter your name below." if
                       len(self.scores) == 1 else
                       f"Player {place} got a High Score! Please Enter Their name below.")
-            self.program.announced(re.escape(prompt))
+            self.program.announced(rf"Place \d+\. {score} Points\. {re.escape(prompt)}")
             self.program.ready("Name", "text")
             yield f"name {place}"
             hand.write(name)
             hand.key("Return")
-        heard = self.program.announced(rf"HIGH SCORES\.( {ROW}){{10}}")[0]
+        heard = self.program.announced(rf"HIGH SCORES\. {self.kind}\.( {ROW}){{10}}")[0]
         table = re.findall(ROW, heard)
         new = [(row[1], int(row[2])) for row in table if row[3]]
         assert new == rows, f"the new rows are not {rows}: {table}"

@@ -27,6 +27,7 @@ class Tour:
         self.chooser()
         self.normal_play()
         self.betting()
+        self.high_scores()
         hand.key("Escape")
         self.program.ended()
 
@@ -239,6 +240,16 @@ class Tour:
                               "result 1", "bet 2", "result 2", wrong=[1, 5], late=[1], hints=[4]):
             pass
         game.leave()
+
+    def high_scores(self):
+        """Of both games, from the menu and back to it."""
+        self.program.click("High scores")
+        self.rest("high-scores", "Betting")
+        self.hover("high-scores-hover", "Betting")
+        self.program.click("Betting")
+        self.rest("high-scores-betting", "Normal Play")
+        self.program.click("Close")
+        self.program.ready("High scores")
 
 
 def main(source, folder, width="800", height="600"):

@@ -1,5 +1,7 @@
 #include "game/HighScoreTable.h"
 
+#include "game/Evening.h"
+#include "game/PerfectGame.h"
 #include "game/RankScores.h"
 
 #include <gtest/gtest.h>
@@ -104,13 +106,37 @@ TEST(HighScoreTable, NamesKeepTheirBytesAndNeverBreakTheFile) {
     EXPECT_EQ(game::PlayerName("  "), "Blank");
 }
 
-TEST(RankScores, EqualScoresKeepTheOrderOfThePlayers) {
+TEST(RankScores, EqualScoresShareAPlaceAndKeepTheOrderOfThePlayers) {
     std::vector<std::int32_t> scores{10, 30, 10, 40, 30};
     QString ranking;
-    for (const QString& label : game::RankScores(scores))
-        ranking += label + u';';
-    EXPECT_EQ(ranking, "Player 4;Player 2;Player 5;Player 1;Player 3;");
+    for (const game::Standing& standing : game::RankScores(scores))
+        ranking += QString("%1. Player %2;").arg(standing.place).arg(standing.player);
+    EXPECT_EQ(ranking, "1. Player 4;2. Player 2;2. Player 5;4. Player 1;4. Player 3;");
     EXPECT_EQ(scores, (std::vector<std::int32_t>{40, 30, 30, 10, 10}));
+}
+
+TEST(PerfectGame, NamesAllWhoPlayedIt) {
+    const std::pair<std::vector<int>, const char*> cases[] = {
+        {{5}, ""},
+        {{6}, "A perfect game!"},
+        {{5, 6}, "Player 2 played a perfect game!"},
+        {{6, 0, 6, 6}, "Players 1, 3 and 4 played a perfect game!"},
+    };
+    for (const auto& [streaks, text] : cases)
+        EXPECT_EQ(game::PerfectGame(streaks, 6), text);
+}
+
+TEST(Evening, KnowsItsBestScoreOfEachKindOfGameFromTheSecondOn) {
+    using enum game::GameKind;
+    game::Evening evening;
+    const struct {
+        game::GameKind kind;
+        int score;
+        bool isNewBest;
+    } games[] = {{NormalPlay, 20, false}, {Betting, 30, false},    {NormalPlay, 20, false},
+                 {NormalPlay, 21, true},  {NormalPlay, 20, false}, {Betting, 31, true}};
+    for (const auto& each : games)
+        EXPECT_EQ(evening.IsNewBest(each.kind, each.score), each.isNewBest) << each.score;
 }
 
 } // namespace

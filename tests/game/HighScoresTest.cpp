@@ -1,15 +1,19 @@
 #include "game/c_hMulti.h"
 
+#include "game/LastNames.h"
 #include "game/f_High.h"
 #include "game/f_HighMulti.h"
 #include "platform/Aside.h"
+#include "platform/Settings.h"
 #include "platform/Wait.h"
 #include "tests/Quit.h"
 #include "tests/Robot.h"
 #include "tests/SongFolder.h"
 #include "toolkit/Stage.h"
 
+#include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 #include <QTest>
 #include <csignal>
@@ -137,13 +141,82 @@ TEST_F(HighScoresTest, AQuitKeepsTheConfirmedNamesAndEntersNoOthers) {
 TEST_F(HighScoresTest, ClosingThePromptEntersWhatWasTyped) {
     c_hMulti highScores(mScores, mName);
     Robot robot([this] {
-        if (mScores.isVisible())
+        if (!mName.isVisible())
             return ClickOn(mScores.pCont);
         QTest::keyClicks(mName.Text1, "Ann");
         toolkit::Stage::Get().close();
     });
     highScores.Check(10);
     EXPECT_EQ(FirstTwo(mFile), "Ann10 Blank0");
+}
+
+TEST_F(HighScoresTest, ThePromptOffersTheNamesUsedLast) {
+    platform::WriteSetting("Songrush", "Scores", "Names", "");
+    const char* const kLong = "abcdefghijklmnopqrstuvwxyz";
+    const struct {
+        std::function<void()> enter;
+        QString entered;
+        QString offered; // from then on
+    } cases[] = {
+        {[] {}, "Blank", ""},
+        {[&] { QTest::keyClicks(mName.Text1, kLong); }, "abcdefghijklmnopqrst",
+         "abcdefghijklmnopqrst"},
+        {[this] { QTest::keyClicks(mName.Text1, "Bo "); }, "Bo", "Bo,abcdefghijklmnopqrst"},
+        {[this] { QTest::keyClicks(mName.Text1, "Cy"); }, "Cy", "Cy,Bo,abcdefghijklmnopqrst"},
+        {[this] {
+             QTest::keyClick(mName.Text1, Qt::Key_Down);
+             QTest::keyClick(mName.Text1, Qt::Key_Down);
+         },
+         "Bo", "Bo,Cy,abcdefghijklmnopqrst"},
+        {[this] {
+             QTest::keyClicks(mName.Text1, "cy");
+             QTest::keyClick(mName.Text1, Qt::Key_Down);
+             QTest::keyClick(mName.Text1, Qt::Key_Up);
+         },
+         "cy", "cy,Bo,abcdefghijklmnopqrst"},
+        {[this] {
+             const QRect last = mName.Names->visualItemRect(mName.Names->item(2));
+             QTest::mouseClick(mName.Names->viewport(), Qt::LeftButton, {}, last.center());
+         },
+         "abcdefghijklmnopqrst", "abcdefghijklmnopqrst,cy,Bo"},
+    };
+    std::int32_t score = 0;
+    for (const auto& c : cases) {
+        c_hMulti highScores(mScores, mName);
+        Robot robot([&] {
+            if (!mName.isVisible())
+                return ClickOn(mScores.pCont);
+            EXPECT_EQ(mName.Text1->text(), "");
+            c.enter();
+            QTest::keyClick(mName.Text1, Qt::Key_Return);
+        });
+        highScores.Check(++score);
+        EXPECT_EQ(FirstTwo(mFile).section(u' ', 0, 0), c.entered + QString::number(score));
+        EXPECT_EQ(game::LastNames().join(u','), c.offered);
+    }
+    for (int i = 0; i < 10; ++i)
+        game::RememberName(QString::number(i));
+    EXPECT_EQ(game::LastNames().join(u','), "9,8,7,6,5,4,3,2");
+}
+
+TEST_F(HighScoresTest, BrowsingShowsBothTablesAndChangesNoFile) {
+    const QByteArray tampered = OldTable().replace("10", "99");
+    std::ofstream(mFile, std::ios::binary) << OldTable().toStdString();
+    std::ofstream(mFolder.Path() / "H2.dat", std::ios::binary) << tampered.toStdString();
+    c_hMulti highScores(mScores, mName);
+    QStringList seen;
+    Robot robot([&] {
+        const auto labels = mScores.findChildren<QLabel*>();
+        seen << labels[1]->text() + u':' + labels[2]->text();
+        ClickOn(seen.size() < 3 ? mScores.pOther : mScores.pX);
+    });
+    highScores.Browse();
+    const QString normal = "Normal Play:1. Old, 10";
+    EXPECT_EQ(seen, QStringList({normal, "Betting:1. Blank, 0", normal}));
+    EXPECT_EQ(BytesOf(mFile), OldTable().toStdString());
+    EXPECT_EQ(BytesOf(mFolder.Path() / "H2.dat"), tampered.toStdString());
+    EXPECT_FALSE(fs::exists(mFolder.Path() / "H2.dat.old"));
+    EXPECT_FALSE(mScores.pOther->isVisibleTo(&mScores));
 }
 
 } // namespace

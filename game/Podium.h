@@ -1,0 +1,14 @@
+#pragma once
+
+#include "game/RankScores.h"
+#include "toolkit/ApiDraw.h"
+
+#include <vector>
+
+namespace game {
+
+/// Draws, at the bottom of `area`, a podium with the players of the first three places who have
+/// points, one of them at least. Those with equal scores share a step.
+void DrawPodium(toolkit::Hdc dc, const QRect& area, const std::vector<Standing>& standings);
+
+} // namespace game
