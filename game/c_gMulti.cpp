@@ -368,6 +368,8 @@ bool c_gMulti::ShowResults() {
     Board().hide();
     c_hMulti highScores(mForms.scores, mForms.name);
     highScores.SetGame(Kind());
+    if (std::ranges::max(mScores) > 0)
+        audio::Play(audio::Effect::Fanfare);
     highScores.SetAndShowScores(mScores, Notices());
     if (!highScores.ExitProgram()) {
         if (mPlayers == 1)
