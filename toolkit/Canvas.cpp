@@ -14,6 +14,8 @@ namespace {
 
 double gRatio = 1.0;
 
+int PixelsOf(double points) { return static_cast<int>(std::lround(points * 96 / 72)); }
+
 int ToScreen(int logical) { return static_cast<int>(std::lround(logical * gRatio)); }
 
 /// A blit clipped to both images, in screen pixels.
@@ -159,7 +161,17 @@ void FillPixels(QImage& image, const QRect& area, ColorRef color) {
 QFont ScreenFont(double points, bool bold) {
     QFont font(QStringLiteral("Times New Roman"));
     font.setStyleHint(QFont::Serif);
-    font.setPixelSize(static_cast<int>(std::lround(points * 96 / 72)));
+    font.setPixelSize(PixelsOf(points));
+    font.setBold(bold);
+    return font;
+}
+
+QFont RoundFont(double points, bool bold) {
+    // Each weight but two has a family of its own, and the regular one is too thin to be read.
+    QFont font(QStringList{bold ? QStringLiteral("Quicksand") : QStringLiteral("Quicksand Medium"),
+                           QStringLiteral("Liberation Sans")});
+    font.setStyleHint(QFont::SansSerif);
+    font.setPixelSize(PixelsOf(points));
     font.setBold(bold);
     return font;
 }

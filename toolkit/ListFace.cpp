@@ -67,9 +67,7 @@ void DrawHeaderCell(Hdc dc, const QRect& cell, const QString& text, HeaderLook l
                     SortArrow arrow) {
     Drawing(dc).Box(kHeaders[static_cast<int>(look)], cell);
     const QFont own = dc->Font();
-    QFont bold = own;
-    bold.setBold(true);
-    dc->SetFont(bold);
+    dc->SetFont(RoundFont(own.pixelSize() * 0.75, true));
     const double spare = arrow == SortArrow::None ? 0 : kArrowWidth + ListLayout::kMargin;
     DrawTitle(dc, cell, text, kWhite, cell.width() - 2 * ListLayout::kMargin - spare);
     dc->SetFont(own);
