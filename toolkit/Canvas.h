@@ -10,6 +10,7 @@
 #include <memory>
 
 class QPainter;
+class QPainterPath;
 
 namespace toolkit {
 
@@ -42,6 +43,8 @@ public:
     /// Shows the canvas at a widget's top left corner, a pixel of the image on a pixel of the
     /// screen.
     void Show(QPainter& painter) const;
+    /// The same within an outline, which is smooth. Qt's pixels.
+    void Show(QPainter& painter, const QPainterPath& outline) const;
 
     /// Draws on an image of screen pixels. Holds copies of all it needs, because it is called again
     /// when the ratio has changed.

@@ -1,5 +1,6 @@
 #include "toolkit/Form.h"
 
+#include "toolkit/CutPath.h"
 #include "toolkit/Drawing.h"
 #include "toolkit/FittedText.h"
 #include "toolkit/Mous.h"
@@ -73,7 +74,7 @@ Form::Form(const QString& name, const QSize& size)
     setObjectName(name);
     setWindowTitle(QStringLiteral("Songrush"));
     MoveTo(QPoint(0, 0));
-    setAttribute(Qt::WA_OpaquePaintEvent);
+    setAttribute(Qt::WA_OpaquePaintEvent, FillsStage());
     setFocusPolicy(Qt::ClickFocus);
     setMouseTracking(true);
     hide(); // until it is wanted, though the stage may be shown
@@ -165,7 +166,10 @@ void Form::paintEvent(QPaintEvent* event) {
     Stage::Get().CheckDensity(); // the stage does not paint what a form covers
     QPainter painter(this);
     painter.setClipRegion(event->region());
-    mCanvas.Show(painter);
+    if (FillsStage())
+        mCanvas.Show(painter);
+    else
+        mCanvas.Show(painter, CutPath(rect(), kPanelCut * StageScale()));
 }
 
 void Form::mousePressEvent(QMouseEvent* event) {
