@@ -1,5 +1,6 @@
 #include "toolkit/Form.h"
 
+#include "toolkit/CrossFade.h"
 #include "toolkit/CutPath.h"
 #include "toolkit/Drawing.h"
 #include "toolkit/FittedText.h"
@@ -138,6 +139,13 @@ std::vector<QWidget*> Form::FocusControls() {
 }
 
 QAccessibleInterface* Form::NewInterface() { return new AccessibleForm(this); }
+
+/// Whole screens follow each other with a cross-fade.
+void Form::setVisible(bool visible) {
+    if (FillsStage() && visible == isHidden())
+        CrossFade::Begin(Stage::Get().Area());
+    QWidget::setVisible(visible);
+}
 
 bool Form::event(QEvent* event) {
     const bool known = QWidget::event(event);
