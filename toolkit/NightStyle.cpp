@@ -9,6 +9,7 @@
 
 #include <QDialog>
 #include <QPainter>
+#include <QPolygonF>
 #include <QStyleOption>
 #include <cmath>
 #include <functional>
@@ -63,6 +64,15 @@ void DrawButton(QPainter& painter, const QStyleOption& option) {
         painter.setPen(QPen(ToQColor(kGold), 2));
         const QRectF frame = button.adjusted(1, 1, -1, -1);
         painter.drawPath(CutPath(frame, CutOf(frame)));
+    });
+}
+
+/// The sign of a drop-down list, at its right end.
+void DrawListArrow(QPainter& painter, const QRect& list) {
+    Scaled(painter, list, [&painter](const QRectF& area) {
+        const QPointF tip(area.right() - 14, area.center().y() + 2);
+        painter.setPen(QPen(ToQColor(kNightText), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.drawPolyline(QPolygonF({tip - QPointF(4.5, 4.5), tip, tip - QPointF(-4.5, 4.5)}));
     });
 }
 
@@ -160,6 +170,14 @@ void NightStyle::drawControl(ControlElement element, const QStyleOption* option,
                  button->text);
     drawItemText(painter, area, flags, option->palette, enabled, button->text,
                  QPalette::ButtonText);
+}
+
+void NightStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                    QPainter* painter, const QWidget* widget) const {
+    if (control != CC_ComboBox)
+        return QProxyStyle::drawComplexControl(control, option, painter, widget);
+    DrawButton(*painter, *option);
+    DrawListArrow(*painter, option->rect);
 }
 
 void NightStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
