@@ -18,6 +18,8 @@ namespace toolkit {
 
 namespace {
 
+constexpr QColor kRim(76, 88, 190); // of text boxes and lists
+
 const PlainFace& FaceOf(QStyle::State state) {
     static constexpr PlainFace disabled{Rgb(40, 44, 116), Rgb(18, 18, 62), Rgb(70, 76, 140),
                                         Rgb(8, 6, 28), PlainFace::Light::Rest};
@@ -27,8 +29,6 @@ const PlainFace& FaceOf(QStyle::State state) {
         return kBlueFaces[2];
     return kBlueFaces[state.testFlag(QStyle::State_MouseOver) ? 1 : 0];
 }
-
-constexpr QColor kRim(76, 88, 190); // of text boxes and lists
 
 bool ShowsFocus(const QStyleOption& option) {
     return option.state.testFlag(QStyle::State_HasFocus) &&
@@ -141,7 +141,7 @@ int NightStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWid
 
 QRect NightStyle::subElementRect(SubElement element, const QStyleOption* option,
                                  const QWidget* widget) const {
-    constexpr int kBesideText = 4; // room for the rounded corners
+    constexpr int kBesideText = 4; // room for the cut corners
     const QRect area = QProxyStyle::subElementRect(element, option, widget);
     return element == SE_LineEditContents
                ? area.adjusted(Pixels(kBesideText), 0, -Pixels(kBesideText), 0)
