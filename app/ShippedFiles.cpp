@@ -1,13 +1,18 @@
 #include "app/ShippedFiles.h"
 
+#include "app/f_Load.h"
+#include "platform/Aside.h"
 #include "platform/File.h"
 #include "platform/Message.h"
 #include "platform/ProgramFolder.h"
 #include "platform/Text.h"
+#include "platform/Wait.h"
 
+#include <QTimer>
 #include <chrono>
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <optional>
 #include <set>
 #include <sstream>
@@ -120,6 +125,32 @@ std::error_code BringFolder(const fs::path& shipped, const fs::path& own, const 
     return {};
 }
 
+/// Shows the waiting window if there is a wait. Closing it leaves the program.
+class WaitingSign {
+public:
+    WaitingSign() {
+        mSoon.setSingleShot(true);
+        mSoon.callOnTimeout([this] {
+            QObject::connect(&mForm.emplace(), &f_Load::CloseRequested, platform::RequestQuit);
+            mForm->ShowLoading();
+        });
+        mSoon.start(kSoon);
+    }
+
+private:
+    static constexpr std::chrono::milliseconds kSoon{200};
+    QTimer mSoon;
+    std::optional<f_Load> mForm;
+};
+
+/// No error either if the program was asked to quit meanwhile.
+std::error_code BringAside(const fs::path& shipped, const fs::path& own) {
+    const WaitingSign sign;
+    const auto error = std::make_shared<std::error_code>();
+    const auto bring = [=] { *error = BringShippedFiles(shipped, own); };
+    return platform::AwaitAside(bring) ? *error : std::error_code();
+}
+
 QString Reason(const fs::path& folder, const std::error_code& error) {
     return platform::ShownText(folder) + QStringLiteral(":\n") +
            QString::fromStdString(error.message());
@@ -148,7 +179,7 @@ void PrepareProgramFolder() {
     const fs::path shipped = platform::ShippedFolder();
     if (own == shipped)
         return;
-    const std::error_code failure = BringShippedFiles(shipped, own);
+    const std::error_code failure = BringAside(shipped, own);
     if (!failure)
         return;
     std::error_code error;

@@ -10,6 +10,7 @@
 #include "platform/ProgramFolder.h"
 #include "platform/Settings.h"
 #include "platform/SingleInstance.h"
+#include "platform/Volume.h"
 #include "platform/Wait.h"
 #include "toolkit/Picture.h"
 #include "toolkit/Stage.h"
@@ -18,11 +19,11 @@ namespace {
 
 /// Loads the menu's pictures while the rest of the program starts.
 void PreloadMenu() {
-    toolkit::PreloadPictures(QStringLiteral("Images\\Back.bmp"),
-                             {QStringLiteral("Images\\X.bmp"), QStringLiteral("Images\\bMin.bmp"),
-                              QStringLiteral("Images\\bSingle.bmp"),
-                              QStringLiteral("Images\\bMulti.bmp"),
-                              QStringLiteral("Images\\bEditor.bmp")});
+    toolkit::PreloadPictures(
+        QStringLiteral("Images\\Back.bmp"),
+        {QStringLiteral("Images\\X.bmp"), QStringLiteral("Images\\bMin.bmp"),
+         QStringLiteral("Images\\bVolume.bmp"), QStringLiteral("Images\\bSingle.bmp"),
+         QStringLiteral("Images\\bMulti.bmp"), QStringLiteral("Images\\bEditor.bmp")});
 }
 
 } // namespace
@@ -37,7 +38,9 @@ void Start::Run() {
     app::PrepareProgramFolder();
     platform::WritePathSetting(QStringLiteral("Songrush"), QStringLiteral("Dirs"),
                                QStringLiteral("AppPath"), platform::ProgramFolder());
+    platform::Volume::Get().Recall();
     Start().ModeLoop();
+    platform::Volume::Get().Remember();
     stage.Remember();
 }
 

@@ -10,6 +10,7 @@
 #include "library/SongSearch.h"
 #include "library/SongTitle.h"
 #include "library/c_M3U.h"
+#include "platform/Aside.h"
 #include "platform/Message.h"
 #include "platform/ProgramFolder.h"
 #include "platform/Text.h"
@@ -99,7 +100,9 @@ void c_Quick::ShowChooser() {
     if (mLastList.empty())
         return;
     mLastListLook = std::make_unique<platform::Answer<library::UnplayedSongs>>(
-        [list = mLastList](const std::stop_token&) { return library::CountUnplayed(list); });
+        [list = mLastList](const std::stop_token& stop) {
+            return library::CountUnplayed(list, stop);
+        });
 }
 
 /// Shows the fourth place once it is known that the list is still there.
@@ -134,8 +137,12 @@ void c_Quick::bPlayOn_Clicked() {
 void c_Quick::bStartOver_Clicked() {
     mBusy = true;
     mForm.hide();
-    library::MarkJournal(mLastList).NewCycle();
-    PlayLastList();
+    mLoadForm.ShowLoading();
+    const auto begin = [list = mLastList] { library::MarkJournal(list).NewCycle(); };
+    if (platform::AwaitAside(begin, [this] { return mLoadForm.isVisible(); }))
+        PlayLastList();
+    else
+        ShowChooser();
     mBusy = false;
 }
 
@@ -149,7 +156,8 @@ void c_Quick::PlayLastList() {
 /// Looks whether the songs can be played and, if there are some that cannot, asks about them. False
 /// if the player wants something else.
 bool c_Quick::MayPlay() {
-    mLoadForm.ShowLoading();
+    if (!mLoadForm.isVisible())
+        mLoadForm.ShowLoading();
     const platform::Answer<library::SongCheck> check([list = mPath](const std::stop_token& stop) {
         const auto length = [&stop](const fs::path& song) {
             const auto stream = audio::Mp3Stream::Open(song, stop);
@@ -202,16 +210,15 @@ bool c_Quick::QuickPlay() {
     }
     library::SetLastMp3Folder(folder);
 
-    c_M3U list;
-    if (!ScanFolder(folder, list))
-        return false;
+    const auto list = std::make_shared<c_M3U>();
+    const bool written = ScanFolder(folder, *list) && WriteQuickList(list);
     mLoadForm.hide();
-    if (!WriteQuickList(list))
+    if (!written)
         return false;
-    if (list.Count() < game::kFewestSongs) {
+    if (list->Count() < game::kFewestSongs) {
         platform::ShowMessage(QStringLiteral("Songrush Requires atleast 10 MP3's to play.\n"
                                              "This directory has %1 MP3's.")
-                                  .arg(list.Count()),
+                                  .arg(list->Count()),
                               platform::Icon::Critical);
         return false;
     }
@@ -223,16 +230,21 @@ bool c_Quick::QuickPlay() {
                "Do you still wish to play?"));
 }
 
-bool c_Quick::WriteQuickList(const c_M3U& list) {
-    std::error_code error;
-    fs::create_directories(library::PlaylistFolder(), error);
+bool c_Quick::WriteQuickList(const std::shared_ptr<const c_M3U>& list) {
     // So that one can play even if the program's folder cannot be written to.
     for (const fs::path& folder : {library::PlaylistFolder(), platform::CacheFolder()}) {
         mPath = folder / kQuickList;
-        if (list.WriteFile(mPath)) {
-            library::MarkJournal::Forget(mPath);
-            return true;
-        }
+        const auto written = std::make_shared<bool>(false);
+        const auto write = [written, list, file = mPath] {
+            std::error_code error;
+            fs::create_directories(file.parent_path(), error);
+            *written = list->WriteFile(file);
+            if (*written)
+                library::MarkJournal::Forget(file);
+        };
+        const bool ended = platform::AwaitAside(write, [this] { return mLoadForm.isVisible(); });
+        if (!ended || *written)
+            return ended;
     }
     return false;
 }

@@ -37,7 +37,7 @@ public:
 
 private:
     bool QuickPlay();
-    bool WriteQuickList(const c_M3U& list);
+    bool WriteQuickList(const std::shared_ptr<const c_M3U>& list);
     bool ScanFolder(const std::filesystem::path& folder, c_M3U& list);
     void ShowChooser();
     void LayOut();

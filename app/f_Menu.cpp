@@ -26,6 +26,8 @@ protected:
         else if (event->text().isEmpty() || !event->text().front().isPrint() ||
                  event->key() == Qt::Key_Space)
             QComboBox::keyPressEvent(event);
+        else
+            event->ignore();
     }
 };
 

@@ -12,34 +12,41 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr double kPatience = 10; // seconds
+constexpr auto kPatience = std::chrono::seconds(10);
 
 std::vector<Cue*> gCues;
 
 } // namespace
 
-Cue::Cue(std::vector<fs::path> songs, Start start, double shortest)
-    : mSongs(std::move(songs)), mStart(std::move(start)), mShortest(shortest) {
+Cue::Cue(std::vector<fs::path> songs, Track::Start start, double shortest, Clock now)
+    : mSongs(std::move(songs)), mStart(std::move(start)), mShortest(shortest), mNow(now) {
     gCues.push_back(this);
     Try(0);
-    mLook.callOnTimeout([this] { PassOverSlowSong(); });
+    mLook.callOnTimeout([this] { Look(); });
     mLook.start(std::chrono::seconds(1));
 }
 
 Cue::~Cue() { std::erase(gCues, this); }
 
 void Cue::Try(std::size_t first) {
-    mFirst = first;
+    mFirst = mTried = first;
+    mSince = mNow();
     mTrack = std::make_shared<Track>(
         std::vector(mSongs.begin() + static_cast<std::ptrdiff_t>(first), mSongs.end()), mStart,
         mShortest);
 }
 
-void Cue::PassOverSlowSong() {
+/// Passes over a song that takes too long.
+void Cue::Look() {
     if (!Working())
-        mLook.stop();
-    else if (mTrack->Trying() > kPatience)
-        Try(Failed() + 1);
+        return mLook.stop();
+    const std::size_t tried = Failed();
+    if (tried != mTried) {
+        mTried = tried;
+        mSince = mNow();
+    } else if (mNow() - mSince > kPatience) {
+        Try(tried + 1);
+    }
 }
 
 bool Cue::Ready() const { return mTrack->Now() == Track::State::Ready; }

@@ -1,14 +1,14 @@
 #pragma once
 
+#include "audio/Track.h"
+
 #include <QTimer>
+#include <chrono>
 #include <filesystem>
-#include <functional>
 #include <memory>
 #include <vector>
 
 namespace audio {
-
-class Track;
 
 /// Gets a song ready to be heard: opens it, goes to a place in it and decodes its first seconds,
 /// on other threads. While the cue lives, `c_XAudio::OpenFile` of that song, and `SeekTo` that
@@ -16,13 +16,13 @@ class Track;
 /// user interface.
 class Cue {
 public:
-    /// The place to begin at, in seconds, of a song of that length, in seconds. It is called on
-    /// another thread.
-    using Start = std::function<double(double length)>;
+    using Clock = std::chrono::steady_clock::time_point (*)();
 
-    /// Gets the first of `songs` ready that can be opened, answers within 10 s and has `shortest`
-    /// seconds. The end of the work wakes `platform::WaitWhile`.
-    Cue(std::vector<std::filesystem::path> songs, Start start, double shortest = 0);
+    /// Gets the first of `songs` ready that can be opened, answers within 10 s, which `now` tells,
+    /// and has `shortest` seconds. `start` is called on another thread. The end of the work wakes
+    /// `platform::WaitWhile`.
+    Cue(std::vector<std::filesystem::path> songs, Track::Start start, double shortest = 0,
+        Clock now = std::chrono::steady_clock::now);
     ~Cue();
     Cue(const Cue&) = delete;
     Cue& operator=(const Cue&) = delete;
@@ -41,13 +41,16 @@ public:
 
 private:
     void Try(std::size_t first);
-    void PassOverSlowSong();
+    void Look();
 
     const std::vector<std::filesystem::path> mSongs;
-    const Start mStart;
+    const Track::Start mStart;
     const double mShortest;
-    std::size_t mFirst = 0;        // of the songs, that the track was given
-    std::shared_ptr<Track> mTrack; // never none
+    const Clock mNow;
+    std::size_t mFirst = 0;                       // of the songs, that the track was given
+    std::shared_ptr<Track> mTrack;                // never none
+    std::size_t mTried = 0;                       // the song that was tried at the last look
+    std::chrono::steady_clock::time_point mSince; // when it was first seen to be
     QTimer mLook;
 };
 

@@ -47,6 +47,11 @@ void Deck::Expect() {
         mOutput.Expect(mTrack->Rate());
 }
 
+void Deck::Chime(Jingle jingle) {
+    mVoice->Add(std::move(jingle));
+    mOutput.Chime();
+}
+
 double Deck::Position() {
     if (mVoice->Ended(mRun))
         return mTrack->Length();

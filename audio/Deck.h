@@ -20,7 +20,7 @@ public:
     Deck& operator=(const Deck&) = delete;
 
     /// Stops and puts in another track, which is open, at its start and at normal speed; null for
-    /// none. Without a track the other functions must not be called.
+    /// none. Without a track none of the others but `Chime` must be called.
     void Load(std::shared_ptr<Track> track);
 
     /// Plays on from the position; at the song's end nothing is heard.
@@ -37,6 +37,9 @@ public:
 
     /// Speed factor above 0, at once.
     void SetSpeed(double speed) { mVoice->SetSpeed(speed); }
+
+    /// Has a short sound heard beside the track, or without any, and at no other speed.
+    void Chime(Jingle jingle);
 
     /// What is heard now, in seconds; between two calls of the functions above it never falls.
     double Position();

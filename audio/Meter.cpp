@@ -1,6 +1,7 @@
 #include "audio/Meter.h"
 
 #include <algorithm>
+#include <cmath>
 #include <new>
 
 namespace audio {
@@ -42,6 +43,12 @@ double Meter::Loudness() const {
     return lufs;
 }
 
+double Meter::Momentary() const {
+    double lufs = 0;
+    ebur128_loudness_momentary(mState.get(), &lufs);
+    return lufs;
+}
+
 double Meter::TruePeak() const { return Largest(ebur128_true_peak); }
 
 double Meter::LastTruePeak() const { return Largest(ebur128_prev_true_peak); }
@@ -54,6 +61,18 @@ double Meter::Largest(Reading reading) const {
         largest = std::max(largest, peak);
     }
     return largest;
+}
+
+double LoudestMoment(std::span<const Frame> frames, int rate) {
+    Meter meter(rate, Meter::Of::Loudness);
+    double loudest = -HUGE_VAL;
+    while (!frames.empty()) {
+        const std::size_t part = std::min(frames.size(), static_cast<std::size_t>(rate / 100));
+        meter.Add(frames.first(part));
+        loudest = std::max(loudest, meter.Momentary());
+        frames = frames.subspan(part);
+    }
+    return loudest;
 }
 
 } // namespace audio

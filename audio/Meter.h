@@ -24,6 +24,9 @@ public:
     /// Integrated loudness in LUFS, gated; minus infinity for silence and below 0.4 seconds.
     double Loudness() const;
 
+    /// That of the last 0.4 seconds, not gated.
+    double Momentary() const;
+
     /// The largest true peak; 1 is full scale.
     double TruePeak() const;
 
@@ -40,5 +43,9 @@ private:
 
     std::unique_ptr<ebur128_state, Deleter> mState;
 };
+
+/// The loudness of the loudest 0.4 seconds, in LUFS, by which sounds are measured that are too
+/// short to be gated.
+double LoudestMoment(std::span<const Frame> frames, int rate);
 
 } // namespace audio

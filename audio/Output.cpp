@@ -45,14 +45,15 @@ struct Output::Need {
     const std::shared_ptr<Voice> voice;
     std::mutex mutex; // guards the rest
     std::condition_variable_any changed;
-    int rate = 0;
+    int rate = kJingleRate;
     int expected = 0; // how often a song was
     Clock::time_point begun;
     Clock::time_point until; // longer if the voice sounds
     bool none = false;       // no device could be had for the last of these songs
 
 private:
-    bool Now() const { return rate != 0 && (Clock::now() < until || voice->Sounding()); }
+    bool Now() const { return Clock::now() < until || voice->Sounding() || voice->Chiming(); }
+    bool Outdated(int openRate) const;
     void AwaitFade() const;
     void TakeFrames(std::uint64_t self, std::unique_lock<std::mutex>& lock,
                     const std::stop_token& stop);
@@ -73,17 +74,23 @@ void Output::Need::KeepDevice(const std::stop_token& stop) {
         for (bool keep = true; keep;) {
             lock.lock();
             none = failed;
-            changed.wait_for(lock, stop, kPeriod, [&] { return !Now() || rate != openRate; });
-            keep = !stop.stop_requested() && Now() && rate == openRate;
+            changed.wait_for(lock, stop, kPeriod, [&] { return !Now() || Outdated(openRate); });
+            keep = !stop.stop_requested() && Now() && !Outdated(openRate);
             // Without a device the next song is the next occasion to look for one.
             keep = keep && !(failed && expected != openFor);
             lock.unlock();
             keep = keep && (failed || device.Serves());
         }
+        voice->Hush();
         AwaitFade();
         device.Close();
         lock.lock();
     }
+}
+
+/// A short sound that is heard ends before the device gets another rate, unless a song has begun.
+bool Output::Need::Outdated(int openRate) const {
+    return rate != openRate && (voice->Sounding() || !voice->Chiming());
 }
 
 /// Closing cuts off what the device has not taken yet.
@@ -151,6 +158,12 @@ void Output::Begin(int rate) {
 void Output::End() {
     const std::lock_guard lock(mNeed->mutex);
     mNeed->until = Clock::now() + kLinger;
+}
+
+void Output::Chime() {
+    mNeed->mutex.lock(); // the device's thread has either seen it or waits to be woken
+    mNeed->mutex.unlock();
+    Wake();
 }
 
 void Output::Wake() {

@@ -31,6 +31,9 @@ public:
     /// It has ended, perhaps only for an instant.
     void End();
 
+    /// A short sound was added to it, which a device of any rate will do for.
+    void Chime();
+
 private:
     struct Need;
 

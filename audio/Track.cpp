@@ -17,7 +17,6 @@
 namespace audio {
 
 using namespace std::chrono_literals;
-using Clock = std::chrono::steady_clock;
 
 namespace {
 
@@ -44,7 +43,6 @@ struct Track::Work {
     std::condition_variable_any changed;
     State state = State::Opening;
     std::size_t index = 0;
-    Clock::time_point since = Clock::now();
     int rate = 0;
     double length = 0;
     std::shared_ptr<Reel> reel;
@@ -91,7 +89,6 @@ std::unique_ptr<Mp3Stream> Track::Work::OpenFirst(const std::stop_token& stop) {
         {
             const std::lock_guard lock(mutex);
             index = i;
-            since = Clock::now();
         }
         std::unique_ptr<Mp3Stream> stream = Mp3Stream::Open(songs[i], stop);
         if (stream && stream->Length() >= shortest)
@@ -199,11 +196,6 @@ void Track::AwaitOpen() const {
 std::size_t Track::Index() const {
     const std::lock_guard lock(mWork->mutex);
     return mWork->index;
-}
-
-double Track::Trying() const {
-    const std::lock_guard lock(mWork->mutex);
-    return std::chrono::duration<double>(Clock::now() - mWork->since).count();
 }
 
 int Track::Rate() const {

@@ -38,9 +38,6 @@ public:
     /// The index of the song that is open or, until then, tried.
     std::size_t Index() const;
 
-    /// For how long that song has been tried, in seconds.
-    double Trying() const;
-
     // Of an open song:
 
     int Rate() const;      ///< frames a second

@@ -26,14 +26,29 @@ void Voice::SetSpeed(double speed) {
     mSpeed = speed;
 }
 
+void Voice::Add(Jingle jingle) {
+    const std::lock_guard lock(mMutex);
+    mOverlay.Add(std::move(jingle), std::chrono::steady_clock::now());
+}
+
 bool Voice::Sounding() const {
     const std::lock_guard lock(mMutex);
     return mReel != mWanted || (mReel && mEndedRun != mRun);
 }
 
+bool Voice::Chiming() const {
+    const std::lock_guard lock(mMutex);
+    return mOverlay.Sounding(std::chrono::steady_clock::now());
+}
+
+void Voice::Hush() {
+    const std::lock_guard lock(mMutex);
+    mOverlay.Hush();
+}
+
 bool Voice::Fading() const {
     const std::lock_guard lock(mMutex);
-    return mReel != mWanted;
+    return mReel != mWanted || mOverlay.Fading();
 }
 
 bool Voice::Ended(std::uint64_t run) const {
@@ -46,6 +61,8 @@ void Voice::Connect(std::uint64_t device, int rate) {
     mListener = {device, std::chrono::steady_clock::now()};
     mRate = rate;
     mGain = 0;
+    mOverlay.Cut();
+    mVolume.Begin();
     ChangeOver();
 }
 
@@ -55,6 +72,7 @@ void Voice::Disconnect(std::uint64_t device) {
         return;
     mListener = {};
     mGain = 0;
+    mOverlay.Cut();
     ChangeOver();
 }
 
@@ -73,6 +91,8 @@ void Voice::Fill(std::uint64_t device, std::span<Frame> out) noexcept {
         ChangeOver();
     else if (mReel == mWanted && mReel && mReel->rate == mRate)
         Serve(out);
+    mOverlay.Mix(out, mRate, mListener.asked);
+    mVolume.Apply(out, mRate);
 }
 
 void Voice::Serve(std::span<Frame> out) {

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "audio/Frame.h"
+#include "audio/Overlay.h"
 #include "audio/PlayClock.h"
+#include "audio/VolumeRamp.h"
 
 #include <cstdint>
 #include <memory>
@@ -13,7 +15,9 @@ namespace audio {
 struct Reel;
 
 /// The sound between reels and devices: hands frames out at the wanted speed and fades over 4 ms
-/// where sound begins and ends. Any thread may call anything, and none waits for long.
+/// where sound begins and ends. Over them lie short sounds, which do not count for anything that is
+/// told of reels, and all of it has the volume that the player wants. Any thread may call anything,
+/// and none waits for long.
 ///
 /// Of several devices, of which some may hang, only the one that was connected last is served.
 class Voice {
@@ -25,8 +29,17 @@ public:
     /// Speed factor above 0, at once; 1 is normal.
     void SetSpeed(double speed);
 
+    /// Has a short sound heard over it, from now on.
+    void Add(Jingle jingle);
+
     /// Whether there is anything to be handed out, now or as soon as it is decoded.
     bool Sounding() const;
+
+    /// Whether there is a short sound to be handed out.
+    bool Chiming() const;
+
+    /// Fades out the short sounds before a device is closed.
+    void Hush();
 
     /// Whether what sounded before is still being faded out.
     bool Fading() const;
@@ -74,6 +87,8 @@ private:
     int mRate = 44100; // of the listener
     double mSpeed = 1;
     double mGain = 0;
+    Overlay mOverlay;
+    VolumeRamp mVolume;
 };
 
 } // namespace audio

@@ -7,6 +7,8 @@
 namespace audio {
 class Deck;
 class Track;
+enum class Effect;
+void Play(Effect effect);
 } // namespace audio
 
 /// Plays one MP3 file at a time, from any point, on the system's default sound device. Without a
@@ -55,6 +57,8 @@ public:
     void SetRate(double rate);
 
 private:
+    friend void audio::Play(audio::Effect effect);
+
     std::unique_ptr<audio::Deck> mDeck;
     std::shared_ptr<audio::Track> mTrack; // none without an open file
     bool mEverOpened = false;

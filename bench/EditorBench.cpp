@@ -1,4 +1,4 @@
-// The playlist editor filling its list.
+// The playlist editor filling its list, and answering with very many songs in it.
 
 #include "bench/MusicTree.h"
 #include "editor/c_Editor.h"
@@ -6,27 +6,78 @@
 #include "platform/Wait.h"
 #include "toolkit/c_Surface.h"
 
+#include <QLineEdit>
 #include <benchmark/benchmark.h>
+#include <malloc.h>
 
 namespace {
 
-/// The list is drawn as songs come, as far as the screen can show that.
-void AddTenThousandFiles(benchmark::State& state) {
+/// The program's folder and background for as long as there are editors.
+class Ground {
+public:
+    Ground() {
+        platform::SetProgramFolder(SONGRUSH_RUN_DIR);
+        gBack = std::make_unique<c_Surface>();
+        gBack->CreateSurface(800, 600, QString());
+    }
+    ~Ground() {
+        gBack.reset();
+        platform::SetProgramFolder({});
+    }
+};
+
+/// Adds the songs of the music tree that often. The list is drawn as songs come, as far as the
+/// screen can show that.
+void Fill(c_Editor& editor, int times) {
     const std::filesystem::path music = MusicTree();
-    platform::SetProgramFolder(SONGRUSH_RUN_DIR);
-    gBack = std::make_unique<c_Surface>();
-    gBack->CreateSurface(800, 600, QString());
+    editor.Form().ShowInPlace();
+    for (int i = 0; i < times; ++i)
+        editor.AddFolder(music);
+    platform::WaitWhile([&editor] { return editor.Reading(); });
+}
+
+void AddTenThousandFiles(benchmark::State& state) {
+    const Ground ground;
+    MusicTree();
     for (auto _ : state) {
         c_Editor editor;
-        editor.Form().ShowInPlace();
-        editor.AddFolder(music);
-        platform::WaitWhile([&editor] { return editor.Reading(); });
+        Fill(editor, 1);
         if (editor.List().LineCount() != 10'000)
             state.SkipWithError("songs are missing");
     }
-    gBack.reset();
-    platform::SetProgramFolder({});
 }
 BENCHMARK(AddTenThousandFiles)->Unit(benchmark::kMillisecond);
+
+/// Of an editor with 100,000 songs; the counter tells how many bytes each of them takes after it.
+void Answer(benchmark::State& state, void (*act)(c_Editor& editor)) {
+    const Ground ground;
+    const auto used = [] { return static_cast<double>(mallinfo2().uordblks + mallinfo2().hblkhd); };
+    const double before = used();
+    c_Editor editor;
+    Fill(editor, 10);
+    for (auto _ : state) {
+        act(editor);
+        platform::PumpEvents();
+    }
+    platform::WaitFor(3000); // until a copy of it is kept
+    state.counters["bytes/song"] = (used() - before) / editor.List().LineCount();
+}
+
+void Find(c_Editor& editor) {
+    QLineEdit& box = *editor.Form().tFind;
+    box.setText(QStringLiteral("nowhere").left(box.text().size() % 7 + 1));
+}
+
+BENCHMARK_CAPTURE(Answer, SortByName, [](c_Editor& editor) {
+    editor.mList_HeaderSelClicked(0);
+})->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Answer, UndoASort, [](c_Editor& editor) {
+    editor.mList_HeaderSelClicked(0);
+    editor.Undo();
+})->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Answer, Find, Find)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Answer, MoveALine, [](c_Editor& editor) {
+    editor.mList_LinesMoveWanted({1}, 4);
+})->Unit(benchmark::kMillisecond);
 
 } // namespace

@@ -12,6 +12,7 @@
 #include "platform/Message.h"
 #include "platform/ProgramFolder.h"
 #include "platform/Wait.h"
+#include "tests/game/FixedSource.h"
 #include "toolkit/c_Surface.h"
 
 #include <QApplication>
@@ -64,15 +65,6 @@ private:
 
     std::atomic<double> mLongest = 0;
     std::jthread mThread;
-};
-
-struct FixedSource : game::SongSource {
-    explicit FixedSource(fs::path path) : list(std::move(path)) {}
-    fs::path GetM3U() override { return list; }
-    bool ExitProgram() const override { return false; }
-    bool Loading() const override { return true; }
-    void LoadingDone() override {}
-    fs::path list;
 };
 
 struct Waits {

@@ -4,6 +4,7 @@
 #include "library/SongTag.h"
 #include "platform/Aside.h"
 #include "platform/File.h"
+#include "platform/RegularFile.h"
 #include "platform/Text.h"
 
 #include <memory>
@@ -48,7 +49,16 @@ void CompareText(const char* what, const QString& wanted, const Fitting& fitting
                         .arg(name, wanted, fitting.text);
 }
 
+void PutTagBack(SongChange& change, const QByteArray& end) {
+    const fs::path& song = change.before.path;
+    if (c_ID3::PutEnd(song, end))
+        change.problems << WhyNotWritten(song);
+    change.after = FactsOf(song);
+}
+
 void ChangeTag(SongChange& change, const SongFacts& wanted) {
+    if (wanted.end != change.before.end)
+        return PutTagBack(change, wanted.end);
     if (SameTag(wanted, change.before))
         return;
     const fs::path& song = change.before.path;
@@ -85,23 +95,25 @@ void Rename(SongChange& change, const fs::path& name) {
 } // namespace
 
 SongFacts FactsOf(const fs::path& song) {
+    platform::RegularFile file(song);
     c_ID3 tag;
-    tag.GetIdTag(song);
-    SongFacts facts{song, tag.Title(), tag.Artist(), tag.Comment(), {}, {}};
+    tag.GetIdTag(file);
+    SongFacts facts{song, tag.Title(), tag.Artist(), tag.Comment(), {}, {}, c_ID3::EndOf(file)};
     library::SongTag shown;
-    shown.Read(song);
+    shown.Read(file);
     if (shown.IsNewer()) {
         facts.newerTitle = shown.Title();
         facts.newerArtist = shown.Artist();
     }
+    std::error_code error;
+    facts.missing = !fs::is_regular_file(song, error);
     return facts;
 }
 
 SongChange ChangeSong(const SongWish& wish) {
     const SongFacts before = FactsOf(wish.song);
     SongChange change{before, before, {}};
-    std::error_code error;
-    if (!fs::is_regular_file(wish.song, error)) {
+    if (before.missing) {
         change.problems << QStringLiteral("The file is not there any more.");
         return change;
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QStringList>
 #include <filesystem>
 #include <functional>
@@ -8,7 +9,7 @@
 /// What the editor changes of songs' files. Nothing here needs a window.
 namespace editor {
 
-/// A song's file, and what stands in its ID3v1 tag.
+/// A song's file, and what stands in its ID3v1 tag. What other tags say is only read.
 struct SongFacts {
     std::filesystem::path path;
     QString title;
@@ -16,6 +17,8 @@ struct SongFacts {
     QString comment;     ///< in which a long title goes on
     QString newerTitle;  ///< by a newer tag, if there is none above
     QString newerArtist; ///< likewise
+    QByteArray end = {}; ///< see `c_ID3::EndOf`
+    bool missing = false;
 
     /// Those by which the song is asked.
     const QString& ShownTitle() const { return newerTitle.isEmpty() ? title : newerTitle; }
@@ -30,7 +33,8 @@ SongFacts FactsOf(const std::filesystem::path& song);
 /// What a song's file is to become.
 struct SongWish {
     std::filesystem::path song;
-    /// Makes of its facts those that are wanted. The path's file name is the wanted one.
+    /// Makes of its facts those that are wanted. The path's file name is the wanted one. With
+    /// another `end` all of the tag is as it was when that was read.
     std::function<void(SongFacts& facts)> edit;
 };
 

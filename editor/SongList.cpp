@@ -1,5 +1,6 @@
 #include "editor/SongList.h"
 
+#include "editor/PartOrder.h"
 #include "platform/Text.h"
 #include "toolkit/c_PicList.h"
 
@@ -15,13 +16,6 @@ namespace {
 
 QString Songs(std::size_t count) {
     return count == 1 ? QStringLiteral("1 song") : QStringLiteral("%1 songs").arg(count);
-}
-
-std::vector<int> Inverse(const std::vector<int>& order) {
-    std::vector<int> inverse(order.size());
-    for (std::size_t i = 0; i < order.size(); ++i)
-        inverse[static_cast<std::size_t>(order[i])] = static_cast<int>(i);
-    return inverse;
 }
 
 } // namespace
@@ -40,7 +34,8 @@ void SongList::Begin(const fs::path& file, bool foreign) {
     mHistory.Clear();
     mNewer.clear();
     mMissing.clear();
-    mSavedKeys.clear();
+    mSaved = {};
+    mPrint.reset();
     mFile = file;
     mForeign = foreign;
     EndAdding();
@@ -49,17 +44,25 @@ void SongList::Begin(const fs::path& file, bool foreign) {
 void SongList::Append(const std::vector<Line>& lines) {
     for (const Line& line : lines) {
         mList.AddItem(line.text, line.key);
-        if (line.newer)
-            mNewer.insert(line.key);
-        if (line.missing)
-            mMissing.insert(line.key);
+        NoteLook(line);
+        if (mPrint)
+            mPrint->Add(line.key);
     }
+}
+
+/// All lines of a song look alike.
+void SongList::NoteLook(const Line& line) {
+    for (const auto& [look, keys] : {std::pair(line.newer, &mNewer), {line.missing, &mMissing}})
+        if (look)
+            keys->insert(line.key);
+        else
+            keys->remove(line.key);
 }
 
 void SongList::AddSaved(const std::vector<Line>& lines) {
     Append(lines);
     for (const Line& line : lines)
-        mSavedKeys.push_back(line.key);
+        mSaved.Add(line.key);
 }
 
 void SongList::Add(const std::vector<Line>& lines) {
@@ -103,15 +106,14 @@ void SongList::Remove(const std::vector<int>& lines) {
 void SongList::Reordered(const QString& name, const std::vector<int>& before) {
     if (std::is_sorted(before.begin(), before.end()))
         return;
-    const auto undo = [this, before] {
-        Reorder(Inverse(before));
+    mPrint.reset();
+    const auto order = std::make_shared<const PartOrder>(before);
+    const auto reorder = [this, order](bool back) {
+        mPrint.reset();
+        mList.Reorder(order->Of(mList.LineCount(), back));
         return true;
     };
-    const auto redo = [this, before] {
-        Reorder(before);
-        return true;
-    };
-    mHistory.Add({name, undo, redo});
+    mHistory.Add({name, [reorder] { return reorder(true); }, [reorder] { return reorder(false); }});
 }
 
 void SongList::Changed(const std::vector<SongChange>& changes) {
@@ -145,13 +147,8 @@ bool SongList::ChangeBack(std::vector<SongChange>& changes) {
 
 void SongList::ShowChanges(const std::vector<SongChange>& changes) {
     QHash<QString, Line> now;
-    for (const SongChange& change : changes) {
-        const Line line = LineOf(change.after);
-        now.insert(platform::KeyFromPath(change.before.path), line);
-        mNewer.remove(line.key);
-        if (line.newer)
-            mNewer.insert(line.key);
-    }
+    for (const SongChange& change : changes)
+        now.insert(platform::KeyFromPath(change.before.path), LineOf(change.after));
     ShowSongs(now);
 }
 
@@ -191,6 +188,8 @@ void SongList::Replace(const QString& name, const std::vector<std::pair<QString,
 void SongList::SetLine(int line, const Line& now) {
     mList.SetLineText(line, now.text);
     mList.SetLineKey(line, now.key);
+    mPrint.reset();
+    NoteLook(now);
 }
 
 QString SongList::Undo() {
@@ -224,27 +223,34 @@ std::vector<QString> SongList::Keys() const {
     return keys;
 }
 
-bool SongList::Unsaved() const {
-    const auto count = static_cast<std::size_t>(mList.LineCount());
-    bool differs = count != mSavedKeys.size();
-    for (std::size_t line = 0; !differs && line < count; ++line)
-        differs = mList.LineKey(static_cast<int>(line)) != mSavedKeys[line];
-    return count > 0 && differs;
+KeyPrint SongList::Print() const {
+    if (!mPrint) {
+        mPrint.emplace();
+        for (int line = 0; line < mList.LineCount(); ++line)
+            mPrint->Add(mList.LineKey(line));
+    }
+    return *mPrint;
 }
 
-void SongList::Saved(const fs::path& file) {
+bool SongList::Unsaved() const { return mList.LineCount() > 0 && Print() != mSaved; }
+
+void SongList::Saved(const fs::path& file, const KeyPrint& keys) {
     mFile = file;
     mForeign = false;
-    mSavedKeys = Keys();
+    mSaved = keys;
 }
 
-Line SongList::LineAt(int line) const { return {mList.LineText(line), mList.LineKey(line)}; }
+Line SongList::LineAt(int line) const {
+    const QString key = mList.LineKey(line);
+    return {mList.LineText(line), key, IsNewer(key), IsMissing(key)};
+}
 
 SongList::Taken SongList::TakeOut(const std::vector<int>& places) {
     Taken taken{places, {}};
     taken.lines.reserve(places.size());
     for (const int place : places)
         taken.lines.push_back(LineAt(place));
+    mPrint.reset();
     constexpr std::size_t kFew = 100; // after which the list may scroll
     if (places.size() <= kFew) {
         // Downwards, so that the numbers of the lines still to be taken stay right.
@@ -275,19 +281,8 @@ void SongList::PutBack(const Taken& taken) {
     Fill(lines, taken.places.front());
 }
 
-void SongList::Reorder(const std::vector<int>& before) {
-    std::vector<Line> lines;
-    lines.reserve(before.size());
-    for (const int line : before)
-        lines.push_back(LineAt(line));
-    // Lines that were read from the list's file meanwhile.
-    for (auto line = static_cast<int>(before.size()); line < mList.LineCount(); ++line)
-        lines.push_back(LineAt(line));
-    const auto selected = std::ranges::find(before, mList.LineSelectedNum());
-    Fill(lines, selected == before.end() ? 0 : static_cast<int>(selected - before.begin()));
-}
-
 void SongList::Fill(const std::vector<Line>& lines, int selected) {
+    mPrint.reset();
     mList.ClearLines();
     for (const Line& line : lines)
         mList.AddItem(line.text, line.key);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editor/History.h"
+#include "editor/KeyPrint.h"
 #include "editor/SongChange.h"
 #include "editor/SongStream.h"
 
@@ -10,6 +11,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 class c_PicList;
@@ -65,16 +67,19 @@ public:
     const std::filesystem::path& File() const { return mFile; }
     /// Whether the list may be written to that file without asking.
     bool OwnsFile() const { return !mFile.empty() && !mForeign; }
+    /// Of the songs that the file holds, as far as this list knows.
+    const KeyPrint& SavedPrint() const { return mSaved; }
     /// What the list is called: its file's name without ending, or "New list".
     QString Name() const;
     std::vector<QString> Keys() const;
+    KeyPrint Print() const;
     /// Whether there is something that the file does not hold. An empty list has nothing to lose.
     bool Unsaved() const;
-    /// Notes that the list was written to `file`.
-    void Saved(const std::filesystem::path& file);
+    /// Notes that songs of these keys, those of the list, were written to `file`.
+    void Saved(const std::filesystem::path& file, const KeyPrint& keys);
     /// From now on it is a new list, with nothing in it to be saved, as after a load that was
     /// stopped.
-    void ForgetFile() { Saved({}); }
+    void ForgetFile() { Saved({}, Print()); }
 
 private:
     struct Added;
@@ -85,10 +90,10 @@ private:
     };
 
     Line LineAt(int line) const;
+    void NoteLook(const Line& line);
     void Append(const std::vector<Line>& lines);
     Taken TakeOut(const std::vector<int>& places);
     void PutBack(const Taken& taken);
-    void Reorder(const std::vector<int>& before);
     void Fill(const std::vector<Line>& lines, int selected);
     void SetLine(int line, const Line& now);
     Taken ShowSongs(const QHash<QString, Line>& now);
@@ -104,8 +109,9 @@ private:
     QSet<QString> mMissing;
     std::filesystem::path mFile;
     bool mForeign = false;
-    std::vector<QString> mSavedKeys;
-    QString mProblems; // of the last `ChangeBack`
+    KeyPrint mSaved;                        // what the file holds
+    mutable std::optional<KeyPrint> mPrint; // of the lines, unless they have changed
+    QString mProblems;                      // of the last `ChangeBack`
 };
 
 } // namespace editor

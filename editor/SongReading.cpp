@@ -93,7 +93,10 @@ QString NameWithoutCase(const fs::path& file) {
 } // namespace
 
 Line LineOf(const SongFacts& song) {
-    return LineWith(song.path, song.ShownTitle(), song.ShownArtist(), !song.newerTitle.isEmpty());
+    Line line =
+        LineWith(song.path, song.ShownTitle(), song.ShownArtist(), !song.newerTitle.isEmpty());
+    line.missing = song.missing;
+    return line;
 }
 
 Reading ReadFolder(const fs::path& folder) {
@@ -108,6 +111,17 @@ Reading ReadFiles(std::vector<fs::path> songs) {
 
 Reading ReadPlaylist(const fs::path& file) {
     return [file](SongStream& stream) { ReadList(stream, file); };
+}
+
+std::optional<KeyPrint> PrintOf(const fs::path& file) {
+    SongStream stream;
+    std::optional<KeyPrint> print;
+    for (const fs::path& song : SongsOf(stream, file)) {
+        if (!print)
+            print.emplace();
+        print->Add(platform::KeyFromPath(song));
+    }
+    return print;
 }
 
 Reading ReadDropped(std::vector<fs::path> dropped) {

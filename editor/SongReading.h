@@ -1,9 +1,11 @@
 #pragma once
 
+#include "editor/KeyPrint.h"
 #include "editor/SongStream.h"
 
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <vector>
 
 /// What the editor reads on a thread of its own. Each of these takes as long as the disk does, and
@@ -20,6 +22,9 @@ Reading ReadFiles(std::vector<std::filesystem::path> songs);
 
 /// The songs of a playlist. What cannot be read fails; no file is changed.
 Reading ReadPlaylist(const std::filesystem::path& file);
+
+/// Of the songs of a playlist as its file has them now; nothing if it has none.
+std::optional<KeyPrint> PrintOf(const std::filesystem::path& file);
 
 /// What was dropped: songs, folders and playlists, in this order; other files are passed over.
 Reading ReadDropped(std::vector<std::filesystem::path> dropped);

@@ -4,8 +4,11 @@
 #include "platform/File.h"
 #include "platform/ProgramFolder.h"
 #include "platform/Text.h"
+#include "platform/Worker.h"
 
 #include <array>
+#include <future>
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -25,6 +28,12 @@ std::array<fs::path, 2> Places() {
 constexpr std::int16_t kOwnFile = 1;
 constexpr std::int16_t kForeignFile = 2;
 
+/// Never destroyed: the disk may hang.
+platform::Worker& Writer() {
+    static auto* worker = new platform::Worker;
+    return *worker;
+}
+
 std::string BytesOf(const fs::path& list, bool foreign, const std::vector<QString>& keys) {
     std::string bytes;
     library::AppendHeader(bytes);
@@ -35,14 +44,12 @@ std::string BytesOf(const fs::path& list, bool foreign, const std::vector<QStrin
     return bytes;
 }
 
-} // namespace
-
-std::optional<UnsavedCopy::Kept> UnsavedCopy::Read() {
+std::optional<UnsavedCopy::Kept> ReadNow() {
     for (const fs::path& place : Places()) {
         QByteArray bytes;
         if (platform::ReadWholeFile(place, bytes))
             continue;
-        Kept kept;
+        UnsavedCopy::Kept kept;
         library::PlaylistReader reader({bytes.constData(), static_cast<std::size_t>(bytes.size())});
         while (const auto entry = reader.Next()) {
             if (entry->played == 0) {
@@ -58,8 +65,16 @@ std::optional<UnsavedCopy::Kept> UnsavedCopy::Read() {
     return std::nullopt;
 }
 
+} // namespace
+
+std::optional<UnsavedCopy::Kept> UnsavedCopy::Read() {
+    const auto read = std::make_shared<std::packaged_task<std::optional<Kept>()>>(ReadNow);
+    Writer().Do([read] { (*read)(); });
+    return read->get_future().get();
+}
+
 void UnsavedCopy::Keep(const fs::path& list, bool foreign, std::vector<QString> keys) {
-    mWorker.Do([list, foreign, keys = std::move(keys)] {
+    Writer().Do([list, foreign, keys = std::move(keys)] {
         const std::string bytes = BytesOf(list, foreign, keys);
         for (const fs::path& place : Places())
             if (!platform::ReplaceFile(place, bytes))
@@ -68,7 +83,7 @@ void UnsavedCopy::Keep(const fs::path& list, bool foreign, std::vector<QString> 
 }
 
 void UnsavedCopy::Discard() {
-    mWorker.Do([] {
+    Writer().Do([] {
         for (const fs::path& place : Places()) {
             std::error_code ignored;
             fs::remove(place, ignored);

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "platform/Worker.h"
-
 #include <QString>
 #include <filesystem>
 #include <optional>
@@ -19,18 +17,15 @@ public:
         std::vector<std::filesystem::path> songs;
     };
 
-    /// What an earlier run of the program left. May be called by any thread.
+    /// What an earlier run of the program left, after all that this one was asked to write. Takes
+    /// as long as the disk does; may be called by any thread.
     static std::optional<Kept> Read();
 
-    // These return at once. The file is written by a thread, and completely so when this object
-    // goes; what cannot be written is passed over.
+    // These return at once, and the file is written aside. What cannot be written is passed over.
 
     /// Keeps a list of songs by their keys; see `platform::KeyFromPath`.
-    void Keep(const std::filesystem::path& list, bool foreign, std::vector<QString> keys);
-    void Discard();
-
-private:
-    platform::Worker mWorker;
+    static void Keep(const std::filesystem::path& list, bool foreign, std::vector<QString> keys);
+    static void Discard();
 };
 
 } // namespace editor

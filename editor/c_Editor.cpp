@@ -1,29 +1,18 @@
 #include "editor/c_Editor.h"
 
 #include "editor/ColumnSettings.h"
-#include "library/AnyList.h"
-#include "library/MarkJournal.h"
+#include "editor/UnsavedCopy.h"
 #include "library/SongFolders.h"
-#include "library/SongTitle.h"
-#include "library/c_M3U.h"
-#include "platform/Aside.h"
 #include "platform/Message.h"
-#include "platform/ShowInFolder.h"
 #include "platform/Text.h"
 #include "platform/Wait.h"
-#include "toolkit/PopUpMenu.h"
 #include "toolkit/SelectFolder.h"
 #include "toolkit/cDialog.h"
 
 #include <QApplication>
-#include <QDropEvent>
-#include <QKeyEvent>
 #include <QLineEdit>
 #include <QLocale>
-#include <QMimeData>
 #include <QSet>
-#include <QShortcut>
-#include <QUrl>
 #include <algorithm>
 #include <memory>
 #include <utility>
@@ -33,13 +22,6 @@ using namespace toolkit;
 namespace fs = std::filesystem;
 
 namespace {
-
-const QString kTitle = QStringLiteral("Mp3 Editor");
-
-void Tell(const QString& text) {
-    if (!text.isEmpty())
-        platform::ShowMessage(text, platform::Icon::Information, kTitle);
-}
 
 /// The files of a multiple selection: one path, or a folder and names in it, then blanks.
 std::vector<fs::path> ChosenFiles(QString answer) {
@@ -57,34 +39,10 @@ std::vector<fs::path> ChosenFiles(QString answer) {
     return files;
 }
 
-QString WithPlaylistEnding(const QString& name) {
-    const QString ending = QStringLiteral(".m3u");
-    return name.endsWith(ending, Qt::CaseInsensitive) ? name : name + ending;
-}
-
-/// Byte for byte, whatever their names are made of.
-std::vector<fs::path> LocalFiles(const QDropEvent& event) {
-    std::vector<fs::path> files;
-    for (const QUrl& url : event.mimeData()->urls())
-        if (url.isLocalFile())
-            files.emplace_back(
-                QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1())
-                    .toStdString());
-    return files;
-}
-
 } // namespace
 
 c_Editor::c_Editor()
-    : mWindowButtons(mForm),
-      mSongs(mList,
-             [this](const std::vector<editor::SongWish>& wishes) {
-                 mForm.SetBlocked(true);
-                 auto changes = editor::ChangeAside(wishes, [this] { return mForm.isVisible(); });
-                 mForm.SetBlocked(false);
-                 mForm.ResumeFocus();
-                 return changes;
-             }),
+    : mWindowButtons(mForm), mSongs(mList, [this](const auto& wishes) { return Change(wishes); }),
       mFilling([this] { ShowAll(); }) {
     mForm.CopyBackground();
     bAddFile.Create(mForm.pAddFile, QStringLiteral("Add File"));
@@ -103,6 +61,10 @@ c_Editor::c_Editor()
     mKeepSoon.setInterval(kKeepAfter);
     Connect();
     AddKeys();
+}
+
+std::vector<editor::SongChange> c_Editor::Change(const std::vector<editor::SongWish>& wishes) {
+    return Blocked([&](const auto& open) { return editor::ChangeAside(wishes, open); });
 }
 
 c_Editor::~c_Editor() {
@@ -139,28 +101,6 @@ void c_Editor::Connect() {
     mForm.tFind->installEventFilter(this);
 }
 
-void c_Editor::AddKeys() {
-    const auto add = [this](QKeyCombination keys, auto act) {
-        auto* shortcut = new QShortcut(keys, &mForm);
-        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
-        shortcut->setAutoRepeat(false);
-        connect(shortcut, &QShortcut::activated, this, act);
-    };
-    add(Qt::CTRL | Qt::Key_O, &c_Editor::bLoad_Clicked);
-    add(Qt::CTRL | Qt::Key_S, [this] { SaveList(false); });
-    add(Qt::CTRL | Qt::SHIFT | Qt::Key_S, &c_Editor::bSave_Clicked);
-    add(Qt::CTRL | Qt::Key_Z, &c_Editor::Undo);
-    add(Qt::CTRL | Qt::SHIFT | Qt::Key_Z, &c_Editor::Redo);
-    add(Qt::CTRL | Qt::Key_Y, &c_Editor::Redo);
-    add(Qt::Key_F2, &c_Editor::bEdit_Clicked);
-    add(Qt::Key_F3, [this] { FindNext(1); });
-    add(Qt::SHIFT | Qt::Key_F3, [this] { FindNext(-1); });
-    add(Qt::CTRL | Qt::Key_F, [this] {
-        mForm.tFind->setFocus();
-        mForm.tFind->selectAll();
-    });
-}
-
 void c_Editor::SetExitToPlay() { bMenu.SetCaption(QStringLiteral("Play Game")); }
 
 void c_Editor::Run() {
@@ -174,32 +114,12 @@ void c_Editor::Run() {
     mKeepSoon.stop();
     if (platform::Quitting())
         KeepCopy();
-    else if (!mCopied.empty())
-        mCopy.Discard();
+    else if (mCopied)
+        editor::UnsavedCopy::Discard();
     StopReading();
 }
 
 // Leaving
-
-bool c_Editor::MayGo() {
-    if (!mSongs.Unsaved())
-        return true;
-    const QString question =
-        mSongs.File().empty()
-            ? QStringLiteral("The new list is not saved.\nDo you want to save it?")
-            : QStringLiteral("The list \"%1\" has changes that are not saved.\n"
-                             "Do you want to save them?")
-                  .arg(mSongs.Name());
-    switch (platform::AskToSave(question, kTitle)) {
-    case platform::SaveAnswer::Save:
-        return SaveList(false);
-    case platform::SaveAnswer::DontSave:
-        return true;
-    case platform::SaveAnswer::Cancel:
-        break;
-    }
-    return false;
-}
 
 void c_Editor::bMenu_Clicked() {
     if (!MayGo())
@@ -214,48 +134,6 @@ void c_Editor::bX_Clicked() {
 }
 
 void c_Editor::bMin_Clicked() { mForm.Minimise(); }
-
-/// Offers what was being edited when the program ended without being left.
-void c_Editor::OfferKept() {
-    const auto kept = std::make_shared<std::optional<editor::UnsavedCopy::Kept>>();
-    platform::DoAside(
-        &mForm, [kept] { *kept = editor::UnsavedCopy::Read(); },
-        [this, kept] {
-            if (!*kept || !mForm.isVisible() || mList.LineCount() > 0)
-                return;
-            const auto& [list, foreign, songs] = **kept;
-            const QString name =
-                list.empty()
-                    ? QStringLiteral("A new list")
-                    : QStringLiteral("The list \"%1\"").arg(platform::ShownText(list.stem()));
-            if (!platform::AskYesNo(QStringLiteral("%1 was not saved when the program ended.\n"
-                                                   "Do you want to go on with it?")
-                                        .arg(name),
-                                    kTitle)) {
-                if (!platform::Quitting())
-                    mCopy.Discard();
-                return;
-            }
-            for (const fs::path& song : songs)
-                mCopied.push_back(platform::KeyFromPath(song));
-            mSongs.Begin(list, foreign);
-            mRestoring = true;
-            ReadInto(name, editor::ReadFiles(songs));
-        });
-}
-
-void c_Editor::KeepCopy() {
-    if (mRestoring)
-        return; // what was kept is more than what is there
-    std::vector<QString> keys = mSongs.Unsaved() ? mSongs.Keys() : std::vector<QString>();
-    if (keys == mCopied)
-        return;
-    mCopied = std::move(keys);
-    if (mCopied.empty())
-        mCopy.Discard();
-    else
-        mCopy.Keep(mSongs.File(), !mSongs.OwnsFile(), mCopied);
-}
 
 // Filling the list
 
@@ -297,42 +175,6 @@ void c_Editor::ReadInto(const QString& name, editor::Reading reading) {
                  }});
 }
 
-void c_Editor::bLoad_Clicked() {
-    if (!MayGo())
-        return;
-    ChangeToFolder(library::PlaylistFolder());
-    const QString answer =
-        cDialog::GetOpenName(QStringLiteral("Load Playlist"), QStringLiteral("Playlist Files"),
-                             library::ListPatterns(), QString(), false);
-    if (!answer.trimmed().isEmpty())
-        Load(platform::PathFromText(answer));
-}
-
-/// Puts a playlist in the place of the list, and of all that was to be added to it. One without
-/// songs leaves it as it is.
-void c_Editor::Load(const fs::path& file) {
-    StopReading();
-    const auto begun = std::make_shared<bool>(false);
-    mFilling.Do({platform::ShownText(file.filename()), editor::ReadPlaylist(file),
-                 [this, file, begun](const auto& news) {
-                     if (!std::exchange(*begun, true)) {
-                         mLoading = true;
-                         mSongs.Begin(file, news.foreign);
-                         mMarks.Begin(0, -1);
-                     }
-                     if (mLoading)
-                         mSongs.AddSaved(news.lines);
-                     else
-                         mSongs.Add(news.lines);
-                     mMarks.SetLineCount(mList.LineCount());
-                 },
-                 [this](const auto& news) {
-                     mLoading = false;
-                     mSongs.EndAdding();
-                     Tell(news.failure);
-                 }});
-}
-
 void c_Editor::StopReading() {
     mFilling.Stop();
     mRestoring = false;
@@ -341,65 +183,12 @@ void c_Editor::StopReading() {
     ShowAll();
 }
 
-void c_Editor::Drop(const QDropEvent& event) {
-    std::vector<fs::path> files = LocalFiles(event);
-    if (files.size() == 1 && mList.LineCount() == 0 && library::HasListName(files.front().native()))
-        Load(files.front());
-    else if (!files.empty())
-        ReadInto(QStringLiteral("files"), editor::ReadDropped(std::move(files)));
-}
-
-// Saving it
-
-void c_Editor::bSave_Clicked() { SaveList(true); }
-
-bool c_Editor::SaveList(bool askName) {
-    if (mList.LineCount() == 0) {
-        Tell(QStringLiteral("Nothing to save."));
-        return false;
-    }
-    fs::path file = mSongs.File();
-    if (askName || !mSongs.OwnsFile()) {
-        std::error_code ignored;
-        fs::create_directories(library::PlaylistFolder(), ignored);
-        ChangeToFolder(file.empty() ? library::PlaylistFolder() : file.parent_path());
-        const QString answer = cDialog::GetSaveName(
-            QStringLiteral("Save Playlist"), QStringLiteral("PlayList Files"),
-            QStringLiteral("*.m3u"),
-            file.empty() ? QString()
-                         : platform::TextFromPath(file.stem()) + QStringLiteral(".m3u"));
-        if (answer.isEmpty())
-            return false;
-        file = platform::PathFromText(WithPlaylistEnding(answer));
-    }
-    if (UntitledSongs())
-        platform::ShowMessage(
-            QStringLiteral("Warning, This playlist contains MP3s that do not have song titles "
-                           "set.\n"
-                           "If used for a game, the filename will be used for the song title."),
-            platform::Icon::Warning);
-    c_M3U playlist;
-    for (const QString& key : mSongs.Keys())
-        playlist.Add(platform::PathFromKey(key));
-    const bool written = playlist.WriteFile(file);
-    if (written) {
-        library::MarkJournal::Forget(file);
-        mLoading = false; // what is still read is not in the file
-        mSongs.Saved(file);
-    }
-    ShowAll();
-    platform::PumpEvents();
-    return written;
-}
-
-bool c_Editor::UntitledSongs() const {
-    for (int line = 0; line < mList.LineCount(); ++line)
-        if (!library::HasVisible(mList.CellText(line, 1)))
-            return true;
-    return false;
-}
-
 // What is done with songs
+
+void c_Editor::Tell(const QString& text) {
+    if (!text.isEmpty())
+        platform::ShowMessage(text, platform::Icon::Information, f_Editor::Title());
+}
 
 bool c_Editor::TellIfNoneSelected() const {
     if (mList.LineSelectedNum() >= 0)
@@ -431,7 +220,8 @@ void c_Editor::bEdit_Clicked() {
         return;
     editor::Series series{MarkedSongs(), 0};
     for (; series.place < series.songs.size(); ++series.place) {
-        mEdit.Run(series.songs[series.place], series);
+        fs::path& song = series.songs[series.place];
+        song = platform::PathFromKey(mEdit.Run(song, series));
         if (mEdit.Cancelled)
             return;
         mSongs.Changed(mEdit.Changes());
@@ -523,21 +313,7 @@ void c_Editor::FindMissing() {
                  }});
 }
 
-void c_Editor::FindNext(int direction, bool fromHere) {
-    const int count = mList.LineCount();
-    const int selected = mList.LineSelectedNum();
-    const QString text = mForm.tFind->text();
-    int line = -1;
-    if (count > 0 && !text.isEmpty()) {
-        const int from = fromHere || selected < 0 ? std::max(selected, 0) : selected + direction;
-        line = mList.FindText(text, (from + count) % count, direction > 0);
-    }
-    mForm.ShowFound(line >= 0 || text.isEmpty());
-    if (line >= 0)
-        mList.SelectLine(line);
-}
-
-// What the list shows, and its keys
+// What the list shows
 
 /// After lines came or went.
 void c_Editor::LinesChanged() {
@@ -596,79 +372,4 @@ void c_Editor::mList_LinesMoveWanted(const std::vector<int>& lines, int before) 
 void c_Editor::MarkAll() {
     mMarks.MarkAll();
     mList.Refresh();
-}
-
-void c_Editor::mList_LineRightClicked(int, QPoint place) {
-    const auto named = [](const char* what, const QString& step) {
-        return QLatin1String(what) + (step.isEmpty() ? QString() : u' ' + step);
-    };
-    const auto call = [this](void (c_Editor::*act)()) { return [this, act] { (this->*act)(); }; };
-    const QPoint at = FromLogical(QRect(place, QSize(1, 1))).topLeft();
-    PopUpMenu(
-        *mForm.pList, mForm.mapToGlobal(at),
-        {{QStringLiteral("Play"), QStringLiteral("Space"), call(&c_Editor::bPlay_Clicked)},
-         {QStringLiteral("Edit"), QStringLiteral("F2"), call(&c_Editor::bEdit_Clicked)},
-         {QStringLiteral("Remove"), QStringLiteral("Del"), call(&c_Editor::bRemove_Clicked)},
-         {QStringLiteral("Show in folder"), {}, [this] { platform::ShowInFolder(SelectedSong()); }},
-         {QStringLiteral("Find missing"),
-          {},
-          call(&c_Editor::FindMissing),
-          !mSongs.Missing().empty()},
-         {},
-         {named("Undo", mSongs.UndoName()), QStringLiteral("Ctrl+Z"), call(&c_Editor::Undo),
-          !mSongs.UndoName().isEmpty()},
-         {named("Redo", mSongs.RedoName()), QStringLiteral("Ctrl+Y"), call(&c_Editor::Redo),
-          !mSongs.RedoName().isEmpty()}});
-}
-
-/// Stops what is being read, or leaves the box that finds songs; false if there is neither.
-bool c_Editor::Escape() {
-    if (mFilling.Busy()) {
-        StopReading();
-        return true;
-    }
-    if (!mForm.tFind->hasFocus())
-        return false;
-    mForm.tFind->clear();
-    mForm.pList->setFocus();
-    return true;
-}
-
-/// Keys that mean something else here than to the list, the box or the form; false for others.
-bool c_Editor::Key(const QObject* where, const QKeyEvent& event) {
-    const int key = event.key();
-    const bool shift = event.modifiers().testFlag(Qt::ShiftModifier);
-    if (where == &mForm)
-        return key == Qt::Key_Escape && Escape();
-    if (where == mForm.tFind) {
-        const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
-        if (enter)
-            FindNext(shift ? -1 : 1);
-        return enter;
-    }
-    const bool plays = key == Qt::Key_Space && event.modifiers() == Qt::NoModifier;
-    if (plays && !event.isAutoRepeat())
-        bPlay_Clicked();
-    return plays;
-}
-
-bool c_Editor::eventFilter(QObject* watched, QEvent* event) {
-    switch (event->type()) {
-    case QEvent::KeyPress:
-        return Key(watched, *static_cast<QKeyEvent*>(event));
-    case QEvent::DragEnter:
-    case QEvent::DragMove:
-    case QEvent::Drop: {
-        auto& drop = *static_cast<QDropEvent*>(event);
-        if (watched != &mForm || !mForm.isEnabled() || !drop.mimeData()->hasUrls())
-            return false;
-        drop.setDropAction(Qt::CopyAction);
-        drop.accept();
-        if (event->type() == QEvent::Drop)
-            Drop(drop);
-        return true;
-    }
-    default:
-        return false;
-    }
 }

@@ -3,7 +3,6 @@
 #include "editor/Filling.h"
 #include "editor/Marks.h"
 #include "editor/SongList.h"
-#include "editor/UnsavedCopy.h"
 #include "editor/c_player.h"
 #include "editor/f_Edit.h"
 #include "editor/f_Editor.h"
@@ -65,12 +64,17 @@ public:
     void mList_LineRightClicked(int line, QPoint place);
     void mList_LinesMoveWanted(const std::vector<int>& lines, int before);
 
+    void Undo();
+    void Redo();
+
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void Connect();
     void AddKeys();
 
+    /// Shows a message, unless it is empty.
+    static void Tell(const QString& text);
     /// Shows a message when no song is selected, and returns whether it did.
     bool TellIfNoneSelected() const;
     std::filesystem::path SelectedSong() const;
@@ -82,6 +86,17 @@ private:
     void Drop(const QDropEvent& event);
 
     bool SaveList(bool askName);
+    bool TellIfFileChanged();
+    bool Write(const std::filesystem::path& file);
+    /// What a wait returns, which lasts while the editor is open at most; meanwhile it is blocked.
+    template <typename Wait> auto Blocked(Wait wait) {
+        mForm.SetBlocked(true);
+        auto result = wait([this] { return mForm.isVisible(); });
+        mForm.SetBlocked(false);
+        mForm.ResumeFocus();
+        return result;
+    }
+    std::vector<editor::SongChange> Change(const std::vector<editor::SongWish>& wishes);
     /// Whether the list may go: if it is not saved the player is asked, and may save it.
     bool MayGo();
     void OfferKept();
@@ -89,8 +104,6 @@ private:
 
     void OpenInPlayer(int line);
     void PlayOther(int direction);
-    void Undo();
-    void Redo();
     void MarkAll();
     void FindMissing();
     void FindNext(int direction, bool fromHere = false);
@@ -121,11 +134,10 @@ private:
     int mPlayedLine = -1;
     QString mPlayedKey; ///< of the song in the small player
 
-    QString mAnnounced;      ///< the number of songs that screen readers know
-    bool mLoading = false;   ///< the list's own file is still being read
-    bool mRestoring = false; ///< so is what an earlier run of the program left
-    editor::UnsavedCopy mCopy;
-    std::vector<QString> mCopied; ///< the keys in that copy
+    QString mAnnounced;                      ///< the number of songs that screen readers know
+    bool mLoading = false;                   ///< the list's own file is still being read
+    bool mRestoring = false;                 ///< so is what an earlier run of the program left
+    std::optional<editor::KeyPrint> mCopied; ///< of the songs in `editor::UnsavedCopy`, if any
     QTimer mKeepSoon;
     editor::Filling mFilling;
 };

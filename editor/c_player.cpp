@@ -64,6 +64,7 @@ void c_player::Show() {
     SetTopMost(&mForm, true);
     for (c_SurfButton* button : {&bPlay, &bPause, &bStop, &bFF, &bPrev, &bNext, &bX})
         button->Refresh();
+    mForm.pVolume->Draw();
     mForm.Appear();
     platform::PumpEvents();
 }

@@ -167,7 +167,7 @@ QString f_Edit::Run(const fs::path& song, const editor::Series& series) {
         &run, [facts, song] { *facts = editor::FactsOf(song); },
         [this, facts] { LetEdit(*facts); });
     if (WaitForApply())
-        Write(Wishes(song, *facts, series));
+        Write(Wishes(song, series));
     hide();
     return platform::KeyFromPath(mChanges.empty() ? song : mChanges.front().after.path);
 }
@@ -237,14 +237,6 @@ bool f_Edit::WaitForApply() {
     return !Cancelled;
 }
 
-editor::SongFacts f_Edit::Wanted(const editor::SongFacts& before) const {
-    editor::SongFacts wanted = before;
-    wanted.path.replace_filename(NewName(before.path.filename()));
-    wanted.title = platform::TrimBlanks(tSongTitle->text());
-    wanted.artist = platform::TrimBlanks(tArtist->text());
-    return wanted;
-}
-
 fs::path f_Edit::NewName(const fs::path& ownName) const {
     const bool touched = tFileName->text() != mShownName;
     const QString typed = editor::WithEnding(platform::TrimBlanks(tFileName->text()));
@@ -252,17 +244,27 @@ fs::path f_Edit::NewName(const fs::path& ownName) const {
     return named ? platform::PathFromText(typed) : ownName;
 }
 
-std::vector<editor::SongWish> f_Edit::Wishes(const fs::path& song, const editor::SongFacts& before,
+/// What is in the boxes.
+std::vector<editor::SongWish> f_Edit::Wishes(const fs::path& song,
                                              const editor::Series& series) const {
-    const editor::SongFacts wanted = Wanted(before);
+    const QString title = platform::TrimBlanks(tSongTitle->text());
+    const QString artist = platform::TrimBlanks(tArtist->text());
     std::vector<editor::SongWish> wishes = {
-        {song, [wanted](editor::SongFacts& facts) { facts = wanted; }}};
+        {song, [title, artist, name = NewName(song.filename())](editor::SongFacts& facts) {
+             facts.path.replace_filename(name);
+             facts.title = title;
+             facts.artist = artist;
+         }}};
     if (!cAll->isChecked())
         return wishes;
+    // A tag without a title would leave the artist to a newer one.
+    const auto setArtist = [artist](editor::SongFacts& facts) {
+        facts.title = facts.ShownTitle();
+        facts.artist = artist;
+    };
     for (const fs::path& other : series.songs)
         if (other != song)
-            wishes.push_back(
-                {other, [wanted](editor::SongFacts& facts) { facts.artist = wanted.artist; }});
+            wishes.push_back({other, setArtist});
     return wishes;
 }
 

@@ -69,11 +69,8 @@ private:
     void LetEdit(const editor::SongFacts& facts);
     void ShowFacts(const editor::SongFacts& facts);
     bool WaitForApply();
-    /// What is in the boxes.
-    editor::SongFacts Wanted(const editor::SongFacts& before) const;
     std::filesystem::path NewName(const std::filesystem::path& ownName) const;
     std::vector<editor::SongWish> Wishes(const std::filesystem::path& song,
-                                         const editor::SongFacts& before,
                                          const editor::Series& series) const;
     void Write(const std::vector<editor::SongWish>& wishes);
 

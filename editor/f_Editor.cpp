@@ -16,7 +16,6 @@ constexpr int kGap = 8;
 constexpr int kInRow = 4;
 constexpr QRect kName(kMargin, 44, 200, 22);
 constexpr QRect kFind(kMargin + kList.width() - 140, 41, 140, 27);
-const QString kTitle = QStringLiteral("Mp3 Editor");
 constexpr QSize kButton((kList.width() - (kInRow - 1) * kGap) / kInRow, 36);
 
 } // namespace
@@ -33,7 +32,7 @@ f_Editor::f_Editor()
       pSave(new PictureBox(this, QStringLiteral("pSave"), kButton)),
       pMenu(new PictureBox(this, QStringLiteral("pMenu"), kButton)), tFind(new QLineEdit(this)),
       lName(new QLabel(this)) {
-    setWindowTitle(kTitle);
+    setWindowTitle(Title());
     setAcceptDrops(true);
     tFind->setObjectName(QStringLiteral("tFind"));
     tFind->setAccessibleName(QStringLiteral("Find"));
@@ -58,7 +57,7 @@ f_Editor::f_Editor()
 
 void f_Editor::ShowName(const QString& name, bool unsaved) {
     const QString state = unsaved ? QStringLiteral(", not saved") : QString();
-    setWindowTitle(name.isEmpty() ? kTitle : name + state + QStringLiteral(" - ") + kTitle);
+    setWindowTitle(name.isEmpty() ? Title() : name + state + QStringLiteral(" - ") + Title());
     // At some sizes of the stage letters are a little wider.
     const QFontMetrics metrics(RoundFont(kControlFont));
     const int width = kName.width() * 9 / 10 - metrics.horizontalAdvance(state);

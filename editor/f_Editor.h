@@ -11,6 +11,9 @@ class f_Editor : public toolkit::Screen {
 public:
     f_Editor();
 
+    /// What the editor is called, in its caption and those of its messages.
+    static QString Title() { return QStringLiteral("Mp3 Editor"); }
+
     /// Shows what the list is called, if anything, and that it is not saved.
     void ShowName(const QString& name, bool unsaved);
 

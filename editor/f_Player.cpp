@@ -37,6 +37,7 @@ constexpr int kLineY = 57;
 constexpr QRect kBar(162, 43, 136, 28); // what the marker and its glow may cover
 
 constexpr QRect kTimes(172, 84, 116, 22);
+constexpr QPoint kVolume(90, 85);
 constexpr QRect kPressed(168, 44, 124, 26); // where the bar is pressed
 
 QString Clock(double seconds) {
@@ -79,7 +80,8 @@ f_Player::f_Player()
       pNext(new PictureBox(this, QStringLiteral("pNext"), kButtonSize)),
       pTitle(new PictureBox(this, QStringLiteral("pTitle"), kStrip.size())),
       pTimes(new PictureBox(this, QStringLiteral("pTimes"), kTimes.size())),
-      mGround(kSize.width(), kSize.height()), mMarkerLeft(kLineStart) {
+      pVolume(new VolumeBox(this)), mGround(kSize.width(), kSize.height()),
+      mMarkerLeft(kLineStart) {
     constexpr int kButtonStep = 38;
     QPoint place(kStrip.x(), 40);
     for (PictureBox* button : {pPlay, pPause, pStop, pFF, pPrev, pNext}) {
@@ -91,6 +93,7 @@ f_Player::f_Player()
     pX->MoveTo(kSize.width() - pX->Width(), 0);
     pTitle->MoveTo(kStrip.x(), kStrip.y());
     pTimes->MoveTo(kTimes.x(), kTimes.y());
+    pVolume->MoveTo(kVolume.x(), kVolume.y());
     for (PictureBox* text : {pTitle, pTimes})
         text->setAttribute(Qt::WA_TransparentForMouseEvents); // the window is dragged by it, too
     pTimes->Dc()->SetFont(RoundFont(10));

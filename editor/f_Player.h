@@ -1,6 +1,7 @@
 #pragma once
 
 #include "toolkit/Form.h"
+#include "toolkit/VolumeBox.h"
 
 #include <QTimer>
 
@@ -40,6 +41,7 @@ public:
     toolkit::PictureBox* pNext;
     toolkit::PictureBox* pTitle;
     toolkit::PictureBox* pTimes;
+    toolkit::VolumeBox* pVolume;
 
     /// Started with the song, whose position it follows; stops by itself at the song's end.
     QTimer PosTimer;

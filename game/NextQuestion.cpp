@@ -4,8 +4,8 @@
 #include "game/Choices.h"
 #include "game/SongSource.h"
 #include "library/SongCycle.h"
+#include "library/SongTag.h"
 #include "library/SongTitle.h"
-#include "library/c_ID3.h"
 #include "platform/Chance.h"
 #include "platform/Time.h"
 
@@ -34,22 +34,22 @@ Question Draw(const c_M3U& songs, const fs::path& song, bool readTitles) {
     };
     const Choices drawn = DrawChoices(
         songs.Count(), [&songs](int index) { return songs.FileName(index); }, song, titleOf);
-    Question question{.song = song, .titles = {}, .correctSlot = drawn.correctSlot};
+    Question question{.song = song, .artist = {}, .titles = {}, .correctSlot = drawn.correctSlot};
     for (std::size_t i = 0; i < question.titles.size(); ++i)
         question.titles[i] = titleOf(songs.FileName(drawn.candidates[i]));
-    question.titles[static_cast<std::size_t>(drawn.correctSlot)] = titleOf(song);
+    library::SongTag tag;
+    if (readTitles)
+        tag.Read(song);
+    if (library::HasVisible(tag.Artist()))
+        question.artist = tag.Artist();
+    question.titles[static_cast<std::size_t>(drawn.correctSlot)] = library::SongTitle(tag, song);
     return question;
 }
 
 } // namespace
 
-NextQuestion::NextQuestion(library::SongCycle& songs) : mSongs(songs) {
-    mSlow.setSingleShot(true);
-    mSlow.callOnTimeout([this] {
-        if (!mDrawn->Get())
-            DrawChoices(false);
-    });
-}
+NextQuestion::NextQuestion(library::SongCycle& songs, audio::Cue::Clock now)
+    : mSongs(songs), mNow(now) {}
 
 void NextQuestion::Prepare() {
     if (mCue)
@@ -62,7 +62,7 @@ void NextQuestion::TrySongs() {
     mCandidates = mSongs.Upcoming(kTriedAtATime);
     mCue = std::make_unique<audio::Cue>(
         mCandidates, [share = mStart](double length) { return StartOf(length, share); },
-        kShortestSong);
+        kShortestSong, mNow);
 }
 
 NextQuestion::State NextQuestion::Advance() {
@@ -81,19 +81,24 @@ NextQuestion::State NextQuestion::Advance() {
                           mCandidates.begin() + static_cast<std::ptrdiff_t>(failed));
         DrawChoices(true);
     }
-    return mDrawn->Get() ? State::Ready : State::Working;
+    if (mDrawn->Get()) {
+        mLook.stop();
+        return State::Ready;
+    }
+    if (mNow() - mDrawnSince > kPatience)
+        DrawChoices(false);
+    return State::Working;
 }
 
 void NextQuestion::DrawChoices(bool readTitles) {
     platform::Randomize(platform::SecondsSinceMidnight());
     mDrawn.emplace([songs = mSongs.Songs(), song = mCandidates.front(),
                     readTitles](const std::stop_token&) { return Draw(*songs, song, readTitles); });
-    if (readTitles)
-        mSlow.start(kPatience);
+    mDrawnSince = mNow();
+    mLook.start(1s);
 }
 
 Question NextQuestion::Take() {
-    mSlow.stop();
     mSongs.Take();
     const Question question = *mDrawn->Get();
     mDrawn.reset();

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QTimer>
 #include <array>
+#include <chrono>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -19,6 +20,7 @@ namespace game {
 /// A question: a song, and the titles among which its own is the right one.
 struct Question {
     std::filesystem::path song;
+    QString artist; ///< empty if it is not known
     std::array<QString, 4> titles;
     int correctSlot = 0; ///< 0-based
 
@@ -30,8 +32,9 @@ struct Question {
 /// that is seen or heard. Ends at once, whatever the disk does.
 class NextQuestion {
 public:
-    /// `songs` has begun.
-    explicit NextQuestion(library::SongCycle& songs);
+    /// `songs` has begun. What does not come within 10 s, which `now` tells, is done without.
+    explicit NextQuestion(library::SongCycle& songs,
+                          audio::Cue::Clock now = std::chrono::steady_clock::now);
     NextQuestion(const NextQuestion&) = delete;
     NextQuestion& operator=(const NextQuestion&) = delete;
 
@@ -52,11 +55,13 @@ private:
     void DrawChoices(bool readTitles);
 
     library::SongCycle& mSongs;
+    const audio::Cue::Clock mNow;
     std::unique_ptr<audio::Cue> mCue;
     double mStart = 0; // the share of what can be left out of the song before the clip
     std::vector<std::filesystem::path> mCandidates;
     std::optional<platform::Answer<Question>> mDrawn; // none before a song is found
-    QTimer mSlow;
+    std::chrono::steady_clock::time_point mDrawnSince;
+    QTimer mLook; // has `Advance` asked while titles are read
 };
 
 } // namespace game

@@ -28,6 +28,13 @@ void c_gBet::Answered() {
 
 std::int32_t c_gBet::PointsForAnswer(float) const { return game::PointsForBet(mBet); }
 
+QString c_gBet::Stake(float) const {
+    return QStringLiteral("Bet: %1 Second%2, %L3 Points")
+        .arg(mBet)
+        .arg(mBet == 1 ? QString() : QStringLiteral("s"))
+        .arg(game::PointsForBet(mBet));
+}
+
 void c_gBet::ChooseScoreFile(c_hMulti& highScores) const {
     highScores.SetFileName(platform::ProgramFolder() / "H2.dat");
 }

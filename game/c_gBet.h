@@ -14,6 +14,7 @@ protected:
     int ClipSeconds() const override { return mBet; }
     void Answered() override;
     std::int32_t PointsForAnswer(float seconds) const override;
+    QString Stake(float seconds) const override;
     void ChooseScoreFile(c_hMulti& highScores) const override;
 
 private:

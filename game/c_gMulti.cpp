@@ -1,10 +1,13 @@
 #include "game/c_gMulti.h"
 
+#include "audio/Effect.h"
 #include "audio/c_XAudio.h"
 #include "game/Choices.h"
+#include "game/CoverPicture.h"
 #include "game/Scoring.h"
 #include "game/c_hMulti.h"
 #include "game/f_Multi.h"
+#include "library/Cover.h"
 #include "library/SongCycle.h"
 #include "library/c_M3U.h"
 #include "platform/Aside.h"
@@ -17,7 +20,8 @@
 using namespace toolkit;
 
 c_gMulti::c_gMulti(const game::Forms& forms, game::SongSourceFactory newSongSource)
-    : mForms(forms), mNewSongSource(std::move(newSongSource)), mWindowButtons(forms.board) {
+    : mForms(forms), mAnswerScreen(forms.board), mNewSongSource(std::move(newSongSource)),
+      mWindowButtons(forms.board) {
     CreateButtons();
     Board().CopyBackground();
     Board().LayOut();
@@ -25,6 +29,8 @@ c_gMulti::c_gMulti(const game::Forms& forms, game::SongSourceFactory newSongSour
     mTillHeard.setInterval(kLookEvery);
     mTillHeard.setTimerType(Qt::PreciseTimer);
     mTillHeard.callOnTimeout(this, &c_gMulti::BeginWhenHeard);
+    connect(&Board(), &f_Multi::ClockMoved, this,
+            [this](float seconds) { Board().DrawStake(Stake(seconds)); });
 }
 
 c_gMulti::~c_gMulti() { Board().hide(); }
@@ -81,17 +87,18 @@ bool c_gMulti::LoadPlaylist() {
 
 /// Reads the playlist and gets the first question ready, unless the player gives up meanwhile.
 bool c_gMulti::LoadSongs(const game::SongSource& source, const std::filesystem::path& path) {
-    const auto list = std::make_shared<std::shared_ptr<library::SongCycle>>();
-    const auto read = [list, path] {
-        *list = std::make_shared<library::SongCycle>(path);
-        if ((*list)->Count() >= game::kFewestSongs)
-            (*list)->Begin();
-    };
+    const platform::Answer<std::shared_ptr<library::SongCycle>> read(
+        [path](const std::stop_token& stop) {
+            auto list = std::make_shared<library::SongCycle>(path, stop);
+            if (list->Count() >= game::kFewestSongs)
+                list->Begin();
+            return list;
+        });
     const auto wanted = [&source] { return source.Loading(); };
-    const bool isRead = platform::AwaitAside(read, wanted);
-    if (isRead)
-        mList = *list;
-    if (isRead && mList->Count() >= game::kFewestSongs) {
+    platform::WaitWhile([&] { return wanted() && !read.Get(); });
+    if (wanted() && !platform::Quitting())
+        mList = read.Get().value_or(nullptr);
+    if (mList && mList->Count() >= game::kFewestSongs) {
         mNext.emplace(*mList);
         mNext->Prepare();
         platform::WaitWhile([&] { return wanted() && Preparing(); });
@@ -145,12 +152,8 @@ bool c_gMulti::PlayQuestion() {
     ShowChoices(false);
     Board().pTimer->hide();
     Board().ClearBackground();
-    const bool right = choice == mQuestion.correctSlot + 1;
-    Streak() = right ? Streak() + 1 : 0;
-    if (right)
-        DrawRight();
-    else
-        DrawWrong();
+    Board().HideRecordLight();
+    ShowAnswer(choice);
     return WaitForContinue();
 }
 
@@ -185,6 +188,9 @@ void c_gMulti::AskTitle() {
     SetChoiceCaptions(mQuestion.titles);
     DrawStatus();
     board.AskQuestion(QStringLiteral("What is the Title of this Song?"));
+    board.DrawDial();
+    board.DrawStake(Stake(0));
+    board.DrawRing(mPlayer);
     ShowBoard();
     bPlay.Refresh();
     board.pPlay->show();
@@ -202,9 +208,9 @@ void c_gMulti::DrawStatus() {
     Board().DrawRound(kRounds, mRound);
     Board().DrawScore(Score());
     if (mPlayers == 1)
-        Board().DrawSinglePlayer();
-    else
-        Board().DrawPlayer(mPlayer);
+        return Board().DrawSinglePlayer();
+    Board().DrawPlayer(mPlayer);
+    Board().DrawTurn(mPlayer);
 }
 
 void c_gMulti::SetChoiceCaptions(const std::array<QString, 4>& captions) {
@@ -223,6 +229,8 @@ void c_gMulti::ShowChoices(bool shown) {
 
 void c_gMulti::bPlay_Clicked() {
     Board().pPlay->hide();
+    Board().EraseRing();
+    Board().TurnRecord();
     Audio().Play();
     mSincePlay.start();
     mTillHeard.start();
@@ -254,6 +262,7 @@ void c_gMulti::bHint_Clicked() {
         Board().ChoiceBoxes()[static_cast<std::size_t>(slot)]->hide();
     Board().AnnounceChoices();
     Score() = game::ScoreAfterHint(Score());
+    Board().DrawScore(Score());
 }
 
 void c_gMulti::bMin_Clicked() { Board().Minimise(); }
@@ -283,40 +292,53 @@ QString c_gMulti::Addressed(const QString& one, const QString& several) const {
     return mPlayers == 1 ? one : several.arg(mPlayer);
 }
 
-void c_gMulti::DrawRight() {
+QString c_gMulti::Stake(float seconds) const {
+    return QStringLiteral("Worth %L1 Points").arg(PointsForAnswer(seconds));
+}
+
+void c_gMulti::ShowAnswer(int choice) {
+    const bool right = choice == mQuestion.correctSlot + 1;
+    Streak() = right ? Streak() + 1 : 0;
+    if (right)
+        DrawRight(choice);
+    else
+        DrawWrong();
+    mAnswerScreen.ShowSong(mQuestion.Title(), mQuestion.artist);
+    mCover.emplace([song = mQuestion.song](const std::stop_token&) {
+        return game::DecodeCover(library::ReadCover(song), game::LabelRecord::kCoverSide);
+    });
+    if (mPlayers > 1)
+        mAnswerScreen.WriteStandings(mScores);
+}
+
+void c_gMulti::DrawRight(int choice) {
+    constexpr int kStreak = 3; // the first that is noticed
     const float seconds = Board().ElapsedTime();
     const std::int32_t points = PointsForAnswer(seconds);
     Score() = game::AddPoints(Score(), points);
-    Board().SetFontSize(32);
-    Board().WriteCentered(
-        Addressed(QStringLiteral("You are Correct!"), QStringLiteral("Player %1 is Correct!")), 200,
-        kWhite);
-    Board().WriteCentered(game::AnswerTimeText(seconds), 280, Rgb(50, 100, 250));
-    Board().WriteCentered(QStringLiteral("%1 Points").arg(points), 360, kRed);
+    mAnswerScreen.WriteRight(
+        Addressed(QStringLiteral("You are Correct!"), QStringLiteral("Player %1 is Correct!")),
+        game::AnswerTimeText(seconds), points);
+    if (Streak() >= kStreak)
+        mAnswerScreen.WriteNotice(QStringLiteral("%1 right in a row!").arg(Streak()));
+    mAnswerScreen.CountUp(Score(), points);
+    audio::Play(audio::Effect::Right);
+    mAnswerScreen.Celebrate(Board().ChoiceBoxes()[static_cast<std::size_t>(choice - 1)]->Place(),
+                            mPlayer);
 }
 
 void c_gMulti::DrawWrong() {
-    DrawWrongStorm();
-    Board().SetFontSize(32);
-    Board().WriteCentered(
-        Addressed(QStringLiteral("You are Wrong!"), QStringLiteral("Player %1 is Wrong!")), 200,
-        kWhite);
-    Board().WriteCentered(QStringLiteral("The Correct Answer Is:"), 280, Rgb(250, 250, 250));
-    Board().WriteCentered(mQuestion.Title(), 360, Rgb(60, 230, 60));
+    mAnswerScreen.WriteWrong(
+        Addressed(QStringLiteral("You are Wrong!"), QStringLiteral("Player %1 is Wrong!")),
+        mQuestion.Title());
+    mAnswerScreen.CountUp(Score(), 0);
+    audio::Play(audio::Effect::Wrong);
 }
 
-void c_gMulti::DrawWrongStorm() {
-    using platform::Rnd;
-    using platform::RndRounded;
-    Drawing drawing(Board().Dc());
-    for (int i = 0; i < 60; ++i) {
-        Board().SetFontSize(Rnd() * 58 + 14);
-        const int red = RndRounded(100);
-        const int green = RndRounded(100);
-        const int blue = RndRounded(100);
-        const double x = Rnd() * 800 - 100;
-        const double y = Rnd() * 500 + 100;
-        drawing.Text(QStringLiteral("Wrong"), Rgb(red, green, blue), kBlack, x, y, 3);
+void c_gMulti::ShowCover() {
+    if (const auto cover = mCover ? mCover->Get() : std::nullopt) {
+        mAnswerScreen.ShowCover(*cover);
+        mCover.reset();
     }
 }
 
@@ -326,7 +348,12 @@ bool c_gMulti::WaitForContinue() {
     Board().pCont->show();
     Board().pCont->setFocus();
     mAnswer = 0;
-    WaitWhileShown([this] { return mAnswer != kContinue; });
+    WaitWhileShown([this] {
+        ShowCover();
+        return mAnswer != kContinue;
+    });
+    mCover.reset();
+    mAnswerScreen.Close();
     Board().pCont->hide();
     return !mQuit;
 }

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "game/AnswerScreen.h"
 #include "game/NextQuestion.h"
 #include "game/SongSource.h"
+#include "game/f_Multi.h"
 #include "toolkit/Screen.h"
 
 #include <QElapsedTimer>
@@ -22,7 +24,6 @@ class SongCycle;
 class c_hMulti;
 class f_High;
 class f_HighMulti;
-class f_Multi;
 
 namespace game {
 
@@ -73,6 +74,8 @@ protected:
     virtual void Answered() {}
     /// The points for a right answer after `seconds` on the clock.
     virtual std::int32_t PointsForAnswer(float seconds) const;
+    /// What an answer after `seconds` on the clock is about, for the player to see.
+    virtual QString Stake(float seconds) const;
     /// Chooses the high-score file.
     virtual void ChooseScoreFile(c_hMulti&) const {}
 
@@ -106,9 +109,10 @@ private:
     void AwaitSong();
     void AskTitle();
     void BeginWhenHeard();
-    void DrawRight();
+    void ShowAnswer(int choice);
+    void DrawRight(int choice);
     void DrawWrong();
-    void DrawWrongStorm();
+    void ShowCover();
     bool WaitForContinue();
     void WaitWhileShown(const std::function<bool()>& waiting);
     void ShowResults();
@@ -118,6 +122,7 @@ private:
     int& Streak() { return mStreaks[static_cast<std::size_t>(mPlayer - 1)]; }
 
     game::Forms mForms;
+    game::AnswerScreen mAnswerScreen;
     game::SongSourceFactory mNewSongSource;
     int mPlayers = 1;
     int mRound = 0;
@@ -127,6 +132,8 @@ private:
     std::shared_ptr<library::SongCycle> mList;
     std::optional<game::NextQuestion> mNext; ///< of the list
     game::Question mQuestion;
+    std::optional<platform::Answer<QImage>>
+        mCover;               ///< of the song that was heard, until it is shown
     QTimer mTillHeard;        ///< runs from the press on Play to the clip's first sample
     QElapsedTimer mSincePlay; ///< since that press
     int mAnswer = 0;

@@ -44,20 +44,20 @@ c_hMulti::c_hMulti(f_HighMulti& form, f_High& nameForm)
 c_hMulti::~c_hMulti() { mForm.hide(); }
 
 void c_hMulti::Check(std::int32_t score) {
-    Load();
+    if (!Load())
+        return;
     Enter(score, QStringLiteral("You got a High Score! Please Enter your name below."));
-    ShowTable();
-    Save();
+    SaveAndShowTable();
 }
 
 void c_hMulti::MultiCheck(const std::vector<std::int32_t>& scores) {
-    Load();
+    if (!Load())
+        return;
     int place = 0;
     for (const std::int32_t score : scores)
         Enter(score, QStringLiteral("Player %1 got a High Score! Please Enter Their name below.")
                          .arg(++place));
-    ShowTable();
-    Save();
+    SaveAndShowTable();
 }
 
 void c_hMulti::Enter(std::int32_t score, const QString& prompt) {
@@ -69,6 +69,7 @@ void c_hMulti::Enter(std::int32_t score, const QString& prompt) {
 }
 
 void c_hMulti::SetAndShowScores(std::vector<std::int32_t>& scores) {
+    Read(); // the table, which comes next
     const std::vector<QString> labels = game::RankScores(scores);
     const int count = static_cast<int>(scores.size());
     for (int first = 0; first < count && !ExitProgram(); first += f_HighMulti::kRows) {
@@ -100,23 +101,42 @@ void c_hMulti::ShowForm() {
     platform::WaitWhile([this] { return mForm.isVisible(); });
 }
 
-void c_hMulti::Load() {
+void c_hMulti::Read() {
+    mRead.emplace([file = mFile](const std::stop_token&) {
+        FileRead read;
+        std::error_code error;
+        read.isThere = fs::exists(file, error) || error;
+        read.error = platform::ReadWholeFile(file, read.bytes);
+        return read;
+    });
+}
+
+bool c_hMulti::Load() {
+    if (!mRead)
+        Read();
+    platform::WaitWhile([this] { return !mRead->Get(); });
+    const std::optional<FileRead> read = mRead->Get();
+    mRead.reset();
     mInTheWay = false;
-    std::error_code error;
-    if (!fs::exists(mFile, error) && !error)
-        return;
+    if (!read || !read->isThere)
+        return read.has_value();
     using Result = game::HighScoreTable::ReadResult;
-    QByteArray bytes;
-    const Result result =
-        platform::ReadWholeFile(mFile, bytes) ? Result::Unreadable : mTable.Parse(bytes);
+    const Result result = read->error ? Result::Unreadable : mTable.Parse(read->bytes);
     if (result == Result::Unreadable)
         platform::ShowMessage(QStringLiteral("Error loading High Scores."));
     if (result != Result::Good)
         KillIt();
+    return true;
 }
 
-void c_hMulti::Save() {
-    if (mInTheWay || platform::ReplaceFile(mFile, mTable.Serialise()))
+void c_hMulti::SaveAndShowTable() {
+    const platform::Answer<bool> saved(
+        [inTheWay = mInTheWay, file = mFile, bytes = mTable.Serialise()](const std::stop_token&) {
+            return !inTheWay && !platform::ReplaceFile(file, bytes);
+        });
+    ShowTable();
+    platform::WaitWhile([&saved] { return !saved.Get(); });
+    if (!saved.Get().value_or(true))
         platform::ShowMessage(QStringLiteral("Error Writing High Scores."));
 }
 

@@ -1,11 +1,15 @@
 #pragma once
 
 #include "game/HighScoreTable.h"
+#include "platform/Answer.h"
 #include "toolkit/Screen.h"
 
+#include <QByteArray>
 #include <QObject>
 #include <cstdint>
 #include <filesystem>
+#include <optional>
+#include <system_error>
 #include <vector>
 
 class f_High;
@@ -43,14 +47,24 @@ private:
     void Enter(std::int32_t score, const QString& prompt);
     void ShowTable();
     void ShowForm();
-    void Load();
-    void Save();
+    /// Begins to read the table's file.
+    void Read();
+    /// Takes the table from it, once that is done; false if the program was asked to quit before.
+    bool Load();
+    void SaveAndShowTable();
     /// Moves the file out of the way of a new one; reports a failure.
     void KillIt();
+
+    struct FileRead {
+        bool isThere = false;
+        std::error_code error;
+        QByteArray bytes;
+    };
 
     f_HighMulti& mForm;
     f_High& mNameForm;
     std::filesystem::path mFile;
+    std::optional<platform::Answer<FileRead>> mRead;
     game::HighScoreTable mTable;
     bool mInTheWay = false; // a file that could neither be read nor moved aside
     bool mQuit = false;

@@ -2,12 +2,15 @@
 
 #include "audio/Output.h"
 #include "audio/c_XAudio.h"
+#include "game/PlayerColor.h"
 #include "platform/Keyboard.h"
 #include "platform/Time.h"
+#include "toolkit/ButtonFace.h"
 #include "toolkit/Drawing.h"
 #include "toolkit/FittedText.h"
 
 #include <QKeyEvent>
+#include <QPainter>
 #include <algorithm>
 #include <cmath>
 
@@ -17,6 +20,10 @@ namespace {
 
 constexpr int kCenter = 400;
 constexpr int kMargin = 10;
+constexpr QRect kScore(570, 84, 220, 38);
+constexpr QRect kStake(570, 122, 220, 24);
+constexpr QRect kTurn(190, 504, 420, 48); // below the choices
+constexpr QRect kRing(298, 198, 204, 204);
 const QString kTime = QStringLiteral("TIME:");
 
 /// 0 for a key without a digit.
@@ -45,7 +52,8 @@ f_Multi::f_Multi()
       pChoice2(new PictureBox(this, QStringLiteral("pChoice2"), QSize(496, 66))),
       pChoice3(new PictureBox(this, QStringLiteral("pChoice3"), QSize(496, 66))),
       pChoice4(new PictureBox(this, QStringLiteral("pChoice4"), QSize(496, 66))),
-      pTimer(new PictureBox(this, QStringLiteral("pTimer"), QSize(116, 42))) {
+      pTimer(new PictureBox(this, QStringLiteral("pTimer"), QSize(116, 37))),
+      mLight(new game::RecordLight(this)) {
     pPlay->setAccessibleName(QStringLiteral("Play"));
     pHint->setAccessibleName(QStringLiteral("Hint"));
     pCont->setAccessibleName(QStringLiteral("Continue"));
@@ -84,6 +92,7 @@ void f_Multi::InitTimer() {
     mElapsed = 0;
     mStart = platform::TickCount();
     constexpr int kGap = 10;
+    mDial.LightLamp();
     Drawing(Dc()).Text(kTime, kAzure, pTimer->Place().x() - kGap - Dc()->TextWidth(kTime),
                        pTimer->Place().y());
     Refresh();
@@ -101,6 +110,8 @@ void f_Multi::Timer1_Timer() {
             mElapsed = std::min(mElapsed, static_cast<float>(mTimeLimit));
     }
     DrawClock();
+    mDial.PointTo(mElapsed);
+    Q_EMIT ClockMoved(mElapsed);
     if (!mSilenceTold && audio::NoDevice())
         TellOfSilence();
 }
@@ -136,9 +147,7 @@ void f_Multi::TellOfSilence() {
 
 void f_Multi::DrawClock() {
     const Hdc dc = pTimer->Dc();
-    if (gBack)
-        BitBlt(dc, 0, 0, pTimer->Width(), pTimer->Height(), gBack->HDC(0), pTimer->Place().x(),
-               pTimer->Place().y(), RasterOp::SrcCopy);
+    CopyFormBehind(*pTimer);
     const QString text = ClockText(mElapsed);
     Drawing(dc).Text(text, Rgb(50, 0, 100), (pTimer->Width() - dc->TextWidth(text)) / 2, 0);
     pTimer->SetText(kTime + u' ' + text);
@@ -173,13 +182,69 @@ void f_Multi::DrawRound(int total, int current) {
 }
 
 void f_Multi::DrawScore(int score) {
-    const QString text = QStringLiteral("SCORE: %1").arg(score);
-    const double right = Width() - kMargin;
-    Drawing(Dc()).Text(text, kWhite, kBlack, right - Dc()->TextWidth(text), pTimer->Place().y(), 3);
-    AddCaption(text, QRect(Width() / 2, pTimer->Place().y(), Width() / 2 - kMargin,
-                           static_cast<int>(Dc()->TextHeight())));
-    Refresh();
+    ShowScore(score);
+    AddCaption(QStringLiteral("SCORE: %1").arg(score), kScore);
 }
+
+void f_Multi::ShowScore(int score) {
+    CopyBackground(kScore);
+    const QFont own = Dc()->Font();
+    SetFontSize(24);
+    const QString text = QStringLiteral("SCORE: %1").arg(score);
+    Drawing(Dc()).Text(text, kWhite, kBlack, Width() - kMargin - Dc()->TextWidth(text),
+                       pTimer->Place().y(), 3);
+    Dc()->SetFont(own);
+}
+
+void f_Multi::DrawStake(const QString& text) {
+    CopyBackground(kStake);
+    const QFont own = Dc()->Font();
+    SetFontSize(13);
+    Drawing(Dc()).Text(text, kGold, kBlack, Width() - kMargin - Dc()->TextWidth(text), kStake.y(),
+                       2);
+    Dc()->SetFont(own);
+}
+
+void f_Multi::DrawDial() {
+    if (mTimeLimit > 0)
+        mDial.ShowSeconds(mTimeLimit);
+    else
+        mDial.ShowPoints();
+}
+
+void f_Multi::DrawTurn(int player) {
+    const QString text = QStringLiteral("Player %1, it is your turn!").arg(player);
+    const ColorRef color = game::PlayerColor(player);
+    const QFont own = Dc()->Font();
+    SetFontSize(22);
+    Drawing(Dc()).Shapes(kTurn, [=, font = Dc()->Font()](QPainter& painter) {
+        const QRectF band = QRectF(kTurn).adjusted(4, 4, -4, -4);
+        QColor glow = ToQColor(color);
+        glow.setAlpha(70);
+        painter.setPen(QPen(glow, 7));
+        painter.setBrush(ToQColor(color));
+        painter.drawRoundedRect(band, band.height() / 2, band.height() / 2);
+        painter.setFont(font);
+        painter.setPen(QColor(10, 6, 40));
+        painter.drawText(band, Qt::AlignCenter, text);
+    });
+    Dc()->SetFont(own);
+    AddQuietCaption(text, kTurn);
+    Refresh(kTurn);
+}
+
+void f_Multi::DrawRing(int player) {
+    Drawing(Dc()).Shapes(kRing, [color = ToQColor(game::PlayerColor(player))](QPainter& painter) {
+        for (const auto& [width, alpha] :
+             {std::pair(14, 40), std::pair(9, 80), std::pair(4, 255)}) {
+            painter.setPen(QPen(QColor(color.red(), color.green(), color.blue(), alpha), width));
+            painter.drawEllipse(QRectF(kRing).adjusted(8, 8, -8, -8));
+        }
+    });
+    Refresh(kRing);
+}
+
+void f_Multi::EraseRing() { CopyBackground(kRing); }
 
 void f_Multi::AnnounceChoices() {
     int key = 0;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "game/Dial.h"
+#include "game/RecordLight.h"
 #include "toolkit/Screen.h"
 
 #include <QTimer>
@@ -43,8 +45,22 @@ public:
     void AskQuestion(const QString& text);
     void DrawSinglePlayer();
     void DrawPlayer(int player);
+    /// Says whose turn it is so that nobody misses it; and with the ring around the play button in
+    /// the player's colour.
+    void DrawTurn(int player);
+    void DrawRing(int player);
+    void EraseRing();
     void DrawRound(int total, int current);
     void DrawScore(int score);
+    /// Writes another score in its place, of which nothing is said.
+    void ShowScore(int score);
+    /// Writes what the answer is worth below the score; nothing is said of it.
+    void DrawStake(const QString& text);
+    /// Shows on the dial what the clock stands for: the time limit, or else the points that fall.
+    void DrawDial();
+    /// The record turns from now on while the clip is heard.
+    void TurnRecord() { mLight->Start(); }
+    void HideRecordLight() { mLight->Stop(); }
     /// Announces the titles on the visible choice buttons, each with its key.
     void AnnounceChoices();
     void ClearBackground() { CopyBackground(); }
@@ -63,6 +79,10 @@ public:
         return {PChoice1, pChoice2, pChoice3, pChoice4};
     }
 
+Q_SIGNALS:
+    /// The clock shows another time, in seconds.
+    void ClockMoved(float seconds);
+
 protected:
     void keyPressEvent(QKeyEvent* event) override;
 
@@ -74,6 +94,8 @@ private:
     void DrawClock();
     void TellOfSilence();
 
+    game::Dial mDial{*this};
+    game::RecordLight* mLight;
     bool mSilenceTold = false;
     float mElapsed = 0;
     std::int64_t mStart = 0; // milliseconds

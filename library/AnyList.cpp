@@ -64,9 +64,10 @@ std::string_view FileOfPls(std::string_view line) {
                                                          : std::string_view();
 }
 
-void AddForeign(std::string_view text, bool pls, const fs::path& folder, c_M3U& list) {
+void AddForeign(std::string_view text, bool pls, const fs::path& folder, c_M3U& list,
+                const std::stop_token& stop) {
     SongFinder finder(folder);
-    while (!text.empty()) {
+    while (!text.empty() && !stop.stop_requested()) {
         const std::string_view line = TakeLine(text);
         const std::string_view entry = pls ? FileOfPls(line) : line;
         if (entry.empty() || (!pls && entry.front() == '#'))
@@ -78,10 +79,10 @@ void AddForeign(std::string_view text, bool pls, const fs::path& folder, c_M3U& 
 
 } // namespace
 
-ListRead ReadAnyList(const fs::path& file, c_M3U& list) {
+ListRead ReadAnyList(const fs::path& file, c_M3U& list, const std::stop_token& stop) {
     QByteArray bytes;
     if (platform::ReadWholeFile(file, bytes))
-        return {list.ReadFile(file), false};
+        return {list.ReadFile(file, stop), false};
     const std::string name = file.filename().string();
     const bool marked = TakeByteOrderMark(bytes);
     const std::string_view text = ViewOf(bytes);
@@ -89,11 +90,13 @@ ListRead ReadAnyList(const fs::path& file, c_M3U& list) {
     const bool own =
         !marked && !pls && !EndsWith(name, ".m3u8") && !PlaylistReader::FindsForeign(text);
     if (own)
-        return {list.ReadFile(file), false};
+        return {list.ReadFile(file, stop), false};
     if (!IsPlaylistText(text))
         return {make_error_code(std::errc::illegal_byte_sequence), true};
-    std::error_code error;
-    AddForeign(text, pls, fs::absolute(file, error).parent_path(), list);
+    std::error_code ignored;
+    AddForeign(text, pls, fs::absolute(file, ignored).parent_path(), list, stop);
+    if (stop.stop_requested())
+        return {make_error_code(std::errc::operation_canceled), true};
     return {{}, true};
 }
 

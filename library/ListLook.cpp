@@ -16,10 +16,10 @@ bool IsThere(const fs::path& list) { return !platform::RegularFile(list).Error()
 
 } // namespace
 
-UnplayedSongs CountUnplayed(const fs::path& list) {
+UnplayedSongs CountUnplayed(const fs::path& list, const std::stop_token& stop) {
     if (!IsThere(list))
         return {};
-    const SongCycle cycle(list);
+    const SongCycle cycle(list, stop);
     return {cycle.Count(), cycle.Unplayed()};
 }
 
@@ -31,7 +31,7 @@ SongCheck CheckSongs(const fs::path& list, double shortest,
     if (!IsThere(list))
         return {};
     const std::int64_t end = platform::TickCount() + kMostTime;
-    const SongCycle cycle(list);
+    const SongCycle cycle(list, stop);
     SongCheck check{.songs = cycle.Count()};
     while (check.checked < check.songs && platform::TickCount() < end && !stop.stop_requested()) {
         const fs::path song = cycle.Songs()->FileName(check.checked++);

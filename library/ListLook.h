@@ -6,7 +6,8 @@
 
 namespace library {
 
-// Both look at a playlist of any kind and change no file. They take as long as the disk does.
+// Both look at a playlist of any kind and change no file. They take as long as the disk does,
+// unless they are stopped.
 
 struct UnplayedSongs {
     int songs = 0; ///< 0 if the list cannot be read
@@ -14,7 +15,7 @@ struct UnplayedSongs {
 };
 
 /// How many songs of a list have not been played yet, games that were killed included.
-UnplayedSongs CountUnplayed(const std::filesystem::path& list);
+UnplayedSongs CountUnplayed(const std::filesystem::path& list, const std::stop_token& stop);
 
 struct SongCheck {
     int songs = 0;

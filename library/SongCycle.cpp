@@ -7,8 +7,8 @@ namespace library {
 
 namespace fs = std::filesystem;
 
-SongCycle::SongCycle(const fs::path& playlist)
-    : mRead(ReadAnyList(playlist, *mList)), mJournal(playlist), mMarks(mList->Marks()) {}
+SongCycle::SongCycle(const fs::path& playlist, const std::stop_token& stop)
+    : mRead(ReadAnyList(playlist, *mList, stop)), mJournal(playlist), mMarks(mList->Marks()) {}
 
 SongCycle::~SongCycle() {
     mList->SetMarks(mMarks);

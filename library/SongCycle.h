@@ -9,6 +9,7 @@
 #include <deque>
 #include <filesystem>
 #include <memory>
+#include <stop_token>
 #include <system_error>
 #include <unordered_set>
 #include <vector>
@@ -22,8 +23,8 @@ namespace library {
 /// is never written, stay there. May be made and destroyed by any thread.
 class SongCycle {
 public:
-    /// Reads the playlist; see `Error`.
-    explicit SongCycle(const std::filesystem::path& playlist);
+    /// Reads the playlist, which a stop ends at once; see `Error`.
+    explicit SongCycle(const std::filesystem::path& playlist, const std::stop_token& stop = {});
     ~SongCycle();
     SongCycle(const SongCycle&) = delete;
     SongCycle& operator=(const SongCycle&) = delete;

@@ -126,14 +126,34 @@ void c_ID3::PutIdTag(const std::filesystem::path& fileName) {
         *field = SpaceOut(*field, kTextSize);
     mYear = SpaceOut(mYear, kYearSize);
 
-    std::array<char, kTagSize> tail{};
-    if (!platform::ReadTail(fileName, tail))
+    const QByteArray end = EndOf(fileName);
+    if (end.isEmpty())
         return;
+    if (!platform::ReplaceTail(fileName, static_cast<std::size_t>(end.size()), TagBytes()))
+        CleanFields();
+}
+
+QByteArray c_ID3::EndOf(const std::filesystem::path& fileName) {
+    platform::RegularFile file(fileName);
+    return EndOf(file);
+}
+
+QByteArray c_ID3::EndOf(platform::RegularFile& file) {
+    std::array<char, kTagSize> tail{};
+    if (file.Error() || !platform::ReadTail(file, tail))
+        return QByteArray();
     // A new tag begins on the last byte of the sound, not after it. A decoder never misses that
     // byte, and a file comes out the same whichever version of the program tags it.
-    const std::size_t replaced = IsTag({tail.data(), tail.size()}) ? kTagSize : 1;
-    if (!platform::ReplaceTail(fileName, replaced, TagBytes()))
-        CleanFields();
+    const QByteArrayView bytes(tail);
+    return (IsTag({tail.data(), tail.size()}) ? bytes : bytes.last(1)).toByteArray();
+}
+
+std::error_code c_ID3::PutEnd(const std::filesystem::path& fileName, const QByteArray& end) {
+    const QByteArray now = EndOf(fileName);
+    const bool tagged = now.size() == kTagSize || end.size() == kTagSize;
+    if (now.isEmpty() || end.isEmpty() || !tagged)
+        return {};
+    return platform::ReplaceTail(fileName, static_cast<std::size_t>(now.size()), end);
 }
 
 /// A title that does not fit goes on in the comment, where bars keep its spaces from being trimmed.

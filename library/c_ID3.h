@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QString>
 #include <filesystem>
+#include <system_error>
 
 namespace platform {
 class RegularFile;
@@ -40,6 +41,15 @@ public:
     /// has less than 128 bytes stays as it was. The fields then hold what was written; after a
     /// failure they also keep their padding.
     void PutIdTag(const std::filesystem::path& fileName);
+
+    /// The bytes at a file's end that `PutIdTag` replaces: its tag or, without one, its last byte.
+    /// Empty where it writes none.
+    static QByteArray EndOf(const std::filesystem::path& fileName);
+    static QByteArray EndOf(platform::RegularFile& file);
+
+    /// Puts what `EndOf` once was in the place of what it is now, so that tags written meanwhile
+    /// leave no trace. On error the file is as it was.
+    static std::error_code PutEnd(const std::filesystem::path& fileName, const QByteArray& end);
 
     /// `text` without spaces at its ends, and then without line feeds, carriage returns, NULs and
     /// backslashes. Spaces that stood before one of those at the end stay.

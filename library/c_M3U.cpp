@@ -96,7 +96,7 @@ void c_M3U::SetPlayed(int index, std::int16_t mark) {
     mPlayed.at(static_cast<std::size_t>(index)) = mark;
 }
 
-std::error_code c_M3U::ReadFile(const std::filesystem::path& file) {
+std::error_code c_M3U::ReadFile(const std::filesystem::path& file, const std::stop_token& stop) {
     qCDebug(Log) << "Reading M3u";
     mFileName = file;
     mFiles.clear();
@@ -108,15 +108,12 @@ std::error_code c_M3U::ReadFile(const std::filesystem::path& file) {
         error = platform::ReplaceFile(file, {});
     if (!error && !library::IsPlaylistText(ViewOf(mText)))
         error = make_error_code(std::errc::illegal_byte_sequence);
-    if (error) {
-        qCDebug(Log) << "M3u Read Error";
-        mFileName.clear();
-        mText.clear();
-        mPlayedInFile.clear();
-        return error;
-    }
+    if (error)
+        return FailToRead(error);
     library::PlaylistReader reader(ViewOf(mText));
     while (const auto entry = reader.Next()) {
+        if (stop.stop_requested())
+            return FailToRead(make_error_code(std::errc::operation_canceled));
         const auto begin = static_cast<std::size_t>(entry->path.data() - mText.constData());
         mFiles.push_back({begin, entry->path.size()});
         mPlayed.push_back(entry->played);
@@ -126,6 +123,16 @@ std::error_code c_M3U::ReadFile(const std::filesystem::path& file) {
     mOrder.assign(mFiles.size(), 0);
     qCDebug(Log) << "M3u Read";
     return {};
+}
+
+std::error_code c_M3U::FailToRead(std::error_code error) {
+    qCDebug(Log) << "M3u Read Error";
+    mFileName.clear();
+    mText.clear();
+    mFiles.clear();
+    mPlayed.clear();
+    mPlayedInFile.clear();
+    return error;
 }
 
 QString c_M3U::ReadFailure(const std::filesystem::path& file, std::error_code error) {

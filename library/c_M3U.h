@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <stop_token>
 #include <string_view>
 #include <system_error>
 #include <vector>
@@ -53,8 +54,9 @@ public:
 
     /// Replaces the list by the file's contents and makes that file the one to write back to. A
     /// file that does not exist is created empty. An error, `illegal_byte_sequence` for what is no
-    /// text, leaves an empty list, which is never written back.
-    std::error_code ReadFile(const std::filesystem::path& file);
+    /// text or `operation_canceled` after a stop, leaves an empty list, which is never written
+    /// back.
+    std::error_code ReadFile(const std::filesystem::path& file, const std::stop_token& stop = {});
 
     /// What to tell the player about an error of `ReadFile`.
     static QString ReadFailure(const std::filesystem::path& file, std::error_code error);
@@ -76,6 +78,7 @@ private:
         std::size_t size = 0;
     };
 
+    std::error_code FailToRead(std::error_code error);
     std::string_view Bytes(std::size_t index) const;
     bool FileUnchanged(const std::filesystem::path& file) const;
 

@@ -30,7 +30,8 @@ void DoAside(const QObject* context, std::function<void()> work, std::function<v
 /// Does `work` so, and waits for it letting events run, for as long as it is `wanted`. False if it
 /// was not in the end, or if the application was asked to quit; then `work` may still go on. Called
 /// by the thread of the user interface.
-bool AwaitAside(std::function<void()> work, const std::function<bool()>& wanted);
+bool AwaitAside(
+    std::function<void()> work, const std::function<bool()>& wanted = [] { return true; });
 
 /// Waits until all such work has ended, `patience` at most, and returns whether it has. If not, the
 /// process must end without a clean-up, which would take away what the work still uses.

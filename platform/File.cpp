@@ -1,5 +1,6 @@
 #include "platform/File.h"
 
+#include "platform/Aside.h"
 #include "platform/RegularFile.h"
 #include "platform/Text.h"
 
@@ -92,15 +93,18 @@ private:
     static constexpr std::string_view kStart = ".songrush-";
     static constexpr std::string_view kEnd = ".tmp";
 
-    /// Deletes what killed runs of the program have left in a folder, the first time that it is
-    /// written into: whatever is older than this run's first file.
+    /// Deletes aside what killed runs of the program have left in a folder, the first time that it
+    /// is written into: whatever is older than this run's first file.
     static void RemoveLeftovers(const fs::path& folder) {
         static const auto oldest = fs::file_time_type::clock::now() - std::chrono::seconds(1);
         static std::mutex mutex;
         static std::set<fs::path> done;
         const std::lock_guard lock(mutex);
-        if (!done.insert(folder).second)
-            return;
+        if (done.insert(folder).second)
+            Aside([folder](const std::stop_token&) { RemoveOlder(folder, oldest); });
+    }
+
+    static void RemoveOlder(const fs::path& folder, fs::file_time_type oldest) {
         std::error_code error;
         for (fs::directory_iterator entry(folder.empty() ? "." : folder, error), end;
              !error && entry != end; entry.increment(error)) {
@@ -165,7 +169,9 @@ std::error_code ReplaceTail(const fs::path& file, std::size_t replaced, QByteArr
     if (!ReadTail(opened, old))
         return make_error_code(std::errc::io_error);
     const std::int64_t offset = opened.Size() - static_cast<std::int64_t>(replaced);
-    const std::error_code error = opened.WriteAt(offset, bytes);
+    std::error_code error = opened.WriteAt(offset, bytes);
+    if (!error && bytes.size() < static_cast<qsizetype>(replaced))
+        fs::resize_file(file, static_cast<std::uintmax_t>(offset + bytes.size()), error);
     if (error) {
         // Needs no space that the file did not have before, so it is not expected to fail.
         std::error_code ignored;

@@ -21,8 +21,8 @@ std::error_code ReadWholeFile(const std::filesystem::path& file, QByteArray& byt
 bool ReadTail(const std::filesystem::path& file, std::span<char> tail);
 bool ReadTail(RegularFile& file, std::span<char> tail);
 
-/// Writes `bytes` over the file's last `replaced` bytes, in one write; the file grows by the rest
-/// of `bytes`. On error the file is as it was. A read-only file is an error.
+/// Puts `bytes`, in one write, in the place of the file's last `replaced` bytes; the file grows or
+/// shrinks by the difference. On error the file is as it was. A read-only file is an error.
 std::error_code ReplaceTail(const std::filesystem::path& file, std::size_t replaced,
                             QByteArrayView bytes);
 
@@ -33,7 +33,7 @@ std::error_code AppendToFile(const std::filesystem::path& file, QByteArrayView b
 /// of a symbolic link, those of the file it leads to. The file keeps its permissions, except that
 /// its owner may always read and write it. The contents are on the disk before they replace the old
 /// ones in one step; on error the old file is as it was. The first time that a folder is written
-/// into, what killed runs of the program left there is deleted.
+/// into, what killed runs of the program left there is deleted, by another thread.
 std::error_code ReplaceFile(const std::filesystem::path& file, QByteArrayView bytes);
 
 /// Makes what was written to a file, or what was renamed in a folder, last through a power cut,

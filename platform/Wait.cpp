@@ -1,7 +1,6 @@
 #include "platform/Wait.h"
 
 #include "platform/System.h"
-#include "platform/Time.h"
 
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
@@ -94,16 +93,6 @@ std::unique_ptr<Watches> gWatches;
 } // namespace
 
 void PumpEvents() { QCoreApplication::processEvents(); }
-
-void PumpEventsNowAndThen() {
-    constexpr std::int64_t kPause = 10;
-    static std::int64_t last = 0;
-    const std::int64_t now = TickCount();
-    if (now - last < kPause)
-        return;
-    PumpEvents();
-    last = TickCount();
-}
 
 void WaitWhile(const std::function<bool()>& condition) {
     while (!gQuitting && condition())

@@ -7,10 +7,6 @@ namespace platform {
 /// Lets pending window events run, without sleeping.
 void PumpEvents();
 
-/// `PumpEvents` for loops over many small steps: cheap enough to be called at every step, it lets
-/// events run about every 10 milliseconds.
-void PumpEventsNowAndThen();
-
 /// Sleeps until the next event as long as `condition` holds. Also returns once the application is
 /// asked to quit, so every caller must be able to go on with the condition still true.
 void WaitWhile(const std::function<bool()>& condition);

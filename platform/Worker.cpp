@@ -1,29 +1,33 @@
 #include "platform/Worker.h"
 
+#include "platform/Aside.h"
+
 #include <utility>
 
 namespace platform {
 
-void Worker::Do(std::function<void()> job) {
-    {
-        const std::lock_guard lock(mMutex);
-        mJobs.push_back(std::move(job));
-    }
-    mChanged.notify_one();
-    if (!mThread.joinable())
-        mThread = std::jthread([this](const std::stop_token& quit) { Work(quit); });
+Worker::~Worker() {
+    std::unique_lock lock(mMutex);
+    mChanged.wait(lock, [this] { return mJobs.empty(); });
 }
 
-void Worker::Work(const std::stop_token& quit) {
+void Worker::Do(std::function<void()> job) {
+    const std::lock_guard lock(mMutex);
+    mJobs.push_back(std::move(job));
+    if (mJobs.size() == 1)
+        Aside([this](const std::stop_token&) { Work(); });
+}
+
+void Worker::Work() {
     std::unique_lock lock(mMutex);
-    const auto waiting = [this] { return !mJobs.empty(); };
-    while (mChanged.wait(lock, quit, waiting)) {
+    while (!mJobs.empty()) {
         const std::function<void()> job = std::move(mJobs.front());
-        mJobs.pop_front();
         lock.unlock();
         job();
         lock.lock();
+        mJobs.pop_front();
     }
+    mChanged.notify_all();
 }
 
 } // namespace platform

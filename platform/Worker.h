@@ -4,17 +4,14 @@
 #include <deque>
 #include <functional>
 #include <mutex>
-#include <stop_token>
-#include <thread>
 
 namespace platform {
 
-/// Does jobs one after the other on a thread of its own, which starts with the first one and sleeps
-/// when there is none. Used by one thread.
+/// Does jobs one after the other, aside; see `Aside`. May be used by any thread.
 class Worker {
 public:
     Worker() = default;
-    ~Worker() = default; ///< waits until all jobs are done
+    ~Worker(); ///< waits until all jobs are done
     Worker(const Worker&) = delete;
     Worker& operator=(const Worker&) = delete;
 
@@ -22,12 +19,11 @@ public:
     void Do(std::function<void()> job);
 
 private:
-    void Work(const std::stop_token& quit);
+    void Work();
 
     std::mutex mMutex;
-    std::condition_variable_any mChanged;
-    std::deque<std::function<void()>> mJobs; // guarded by the mutex
-    std::jthread mThread;
+    std::condition_variable mChanged;
+    std::deque<std::function<void()>> mJobs; // guarded by the mutex; the first one is being done
 };
 
 } // namespace platform

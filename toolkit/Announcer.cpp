@@ -55,13 +55,16 @@ void Announcer::AddCaption(const QString& text, const QRect& place) {
 void Announcer::AddQuietCaption(const QString& text, const QRect& place) {
     if (text.isEmpty())
         return;
-    QLabel* label = FreeLabel();
+    QLabel* label = LabelFor(place);
     label->setText(text);
     Put(*label, place);
     label->show();
 }
 
-QLabel* Announcer::FreeLabel() {
+QLabel* Announcer::LabelFor(const QRect& place) {
+    for (std::size_t i = 0; i < mUsed; ++i)
+        if (PlaceOf(*mLabels[i]) == place)
+            return mLabels[i];
     if (mUsed == mLabels.size())
         mLabels.push_back(new Caption(parentWidget()));
     return mLabels[mUsed++];

@@ -20,8 +20,9 @@ class Announcer : public QWidget, public Accessible {
 public:
     explicit Announcer(QWidget* form);
 
-    /// Notes that a text was drawn at `place`, in logical pixels of the form. It is announced
-    /// unless it was already there at the last announcement.
+    /// Notes that a text was drawn at `place`, in logical pixels of the form, instead of any that
+    /// was drawn at exactly this place before. It is announced unless it was already there at the
+    /// last announcement.
     void AddCaption(const QString& text, const QRect& place);
 
     /// The same for a text that is not worth an announcement; it can only be read in place.
@@ -37,7 +38,7 @@ public:
     bool eventFilter(QObject* form, QEvent* event) override;
 
 private:
-    QLabel* FreeLabel();
+    QLabel* LabelFor(const QRect& place);
     QStringList TakeNews();
     void Speak();
 

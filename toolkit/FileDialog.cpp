@@ -8,7 +8,9 @@
 
 #include <QDir>
 #include <QEvent>
+#include <QFileIconProvider>
 #include <QLineEdit>
+#include <QMimeDatabase>
 #include <QScreen>
 #include <QStyledItemDelegate>
 #include <QTimer>
@@ -29,6 +31,24 @@ public:
             return sign.isDigit() ? QChar(u'0' + sign.digitValue()) : sign;
         });
         return text;
+    }
+};
+
+/// Tells types of files by their names. Qt's own reads the files, also on the window's thread.
+class TypesByName : public QFileIconProvider {
+public:
+    using QFileIconProvider::icon;
+    QIcon icon(const QFileInfo& file) const override {
+        const QIcon ofType = file.isFile() ? QIcon::fromTheme(TypeOf(file).iconName()) : QIcon();
+        return ofType.isNull() ? QFileIconProvider::icon(file) : ofType;
+    }
+    QString type(const QFileInfo& file) const override {
+        return file.isFile() ? TypeOf(file).comment() : QFileIconProvider::type(file);
+    }
+
+private:
+    static QMimeType TypeOf(const QFileInfo& file) {
+        return QMimeDatabase().mimeTypeForFile(file, QMimeDatabase::MatchExtension);
     }
 };
 
@@ -63,6 +83,8 @@ FileDialog::FileDialog(QWidget* owner, const QString& title, const QString& fold
     mIsQts = name != nullptr;
     if (!mIsQts)
         return;
+    static auto* const types = new TypesByName; // threads of Qt's use it to the end
+    setIconProvider(types);
     // While the completer's list is open and folders are still being read, Qt overwrites what is
     // being typed with rows that it has selected.
     name->setCompleter(nullptr);

@@ -1,5 +1,6 @@
 #include "toolkit/Form.h"
 
+#include "platform/Volume.h"
 #include "toolkit/CrossFade.h"
 #include "toolkit/CutPath.h"
 #include "toolkit/Drawing.h"
@@ -7,6 +8,7 @@
 #include "toolkit/Mous.h"
 #include "toolkit/Presses.h"
 #include "toolkit/Stage.h"
+#include "toolkit/VolumeKeys.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>
@@ -210,7 +212,10 @@ void Form::keyPressEvent(QKeyEvent* event) {
         Stage::Get().Forms().FocusNext();
         return;
     default:
-        QWidget::keyPressEvent(event);
+        if (ChangeVolume(*event))
+            Announce(QStringLiteral("Volume: ") + platform::Volume::Get().Words());
+        else
+            QWidget::keyPressEvent(event);
     }
 }
 

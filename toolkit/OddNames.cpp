@@ -1,5 +1,6 @@
 #include "toolkit/OddNames.h"
 
+#include "platform/Aside.h"
 #include "platform/Text.h"
 
 #include <QDialogButtonBox>
@@ -10,7 +11,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QUrl>
-#include <filesystem>
+#include <memory>
 
 namespace toolkit {
 
@@ -32,6 +33,20 @@ fs::path OnlyLookalike(const fs::path& folder, const fs::path& name) {
         if (!found.empty())
             return {};
         found = file;
+    }
+    return found;
+}
+
+/// The files, or folders, in a folder whose names are not valid text.
+std::vector<fs::path> OddOnes(const fs::path& folder, bool folders) {
+    std::vector<fs::path> found;
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error)) {
+        std::error_code ignored;
+        if (!platform::TextFromPath(entry->path()).isValidUtf16() &&
+            entry->is_directory(ignored) == folders)
+            found.push_back(entry->path());
     }
     return found;
 }
@@ -72,24 +87,34 @@ QString OddNames::Chosen() const {
 }
 
 void OddNames::Fill(const QString& folder) {
+    mFolder = folder;
+    Offer({});
+    const bool folders = mDialog.fileMode() == QFileDialog::Directory;
+    const auto found = std::make_shared<std::vector<fs::path>>();
+    platform::DoAside(
+        this,
+        [found, folder, folders] { *found = OddOnes(platform::PathFromText(folder), folders); },
+        [this, found, folder] {
+            if (folder == mFolder)
+                Offer(*found);
+        });
+}
+
+void OddNames::Offer(const std::vector<fs::path>& files) {
     clear();
     const bool folders = mDialog.fileMode() == QFileDialog::Directory;
-    std::error_code error;
-    for (fs::directory_iterator entry(platform::PathFromText(folder), error), end;
-         !error && entry != end; entry.increment(error)) {
-        const QString path = platform::TextFromPath(entry->path());
-        const QString name = platform::ShownText(entry->path().filename());
-        if (path.isValidUtf16() || entry->is_directory(error) != folders ||
-            !(folders || Offers(name)))
+    for (const fs::path& file : files) {
+        const QString name = platform::ShownText(file.filename());
+        if (!folders && !Matches(name))
             continue;
         auto* item = new QListWidgetItem(name, this);
-        item->setData(Qt::UserRole, path);
+        item->setData(Qt::UserRole, platform::TextFromPath(file));
     }
     setVisible(count() > 0);
     mCaption->setVisible(count() > 0);
 }
 
-bool OddNames::Offers(const QString& name) const {
+bool OddNames::Matches(const QString& name) const {
     const QString filter = mDialog.selectedNameFilter();
     const QString patterns = filter.mid(filter.lastIndexOf(u'(') + 1).chopped(1);
     return QDir::match(patterns.split(u' '), name);

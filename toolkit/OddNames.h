@@ -2,6 +2,8 @@
 
 #include <QListWidget>
 #include <QString>
+#include <filesystem>
+#include <vector>
 
 class QFileDialog;
 class QLabel;
@@ -21,10 +23,12 @@ public:
 
 private:
     void Fill(const QString& folder);
-    bool Offers(const QString& name) const;
+    void Offer(const std::vector<std::filesystem::path>& files);
+    bool Matches(const QString& name) const;
 
     QFileDialog& mDialog;
     QLabel* mCaption;
+    QString mFolder; ///< whose names are shown or still looked for
 };
 
 /// The path that a dialog's answer stands for, as from `platform::TextFromPath`. Desktops answer in

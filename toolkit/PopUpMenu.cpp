@@ -1,5 +1,7 @@
 #include "toolkit/PopUpMenu.h"
 
+#include "toolkit/Presses.h"
+
 #include <QMenu>
 
 namespace toolkit {
@@ -23,6 +25,8 @@ void PopUpMenu(QWidget& owner, const QPoint& at, const std::vector<MenuEntry>& e
         QObject::connect(action, &QAction::triggered, &owner, entry.act, Qt::QueuedConnection);
     }
     menu->popup(at);
+    if (LastInput() == Input::Keys)
+        menu->setActiveAction(menu->actions().constFirst());
 }
 
 } // namespace toolkit

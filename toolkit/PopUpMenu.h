@@ -17,7 +17,7 @@ struct MenuEntry {
 };
 
 /// Opens a menu at a point of the screen and returns; it does what is chosen, if anything. It goes
-/// with `owner`, whose name it has.
+/// with `owner`, whose name it has. Opened by a key it begins on its first entry.
 void PopUpMenu(QWidget& owner, const QPoint& at, const std::vector<MenuEntry>& entries);
 
 } // namespace toolkit

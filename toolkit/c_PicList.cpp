@@ -161,8 +161,8 @@ std::vector<int> c_PicList::SortByHeader(int column, int mode) {
     if (!exists)
         return order;
 
-    Reorder(order);
     const bool changed = column != mState->sortedColumn || downwards != mState->downwards;
+    Reorder(order);
     mState->sortedColumn = column;
     mState->downwards = downwards;
     if (changed)
@@ -179,11 +179,9 @@ std::vector<int> c_PicList::MoveLines(const std::vector<int>& lines, int before)
     const auto place = std::ranges::lower_bound(order.begin(), rest, before);
     std::rotate(place, rest, order.end());
     Reorder(order);
-    ForgetSorting();
     return order;
 }
 
-/// Puts line `order[n]` at n.
 void c_PicList::Reorder(const std::vector<int>& order) {
     EndLineDrag();
     const bool inSight = !CellRect(mState->selected, 0).isEmpty();
@@ -194,6 +192,7 @@ void c_PicList::Reorder(const std::vector<int>& order) {
     if (inSight)
         BringIntoSight(mState->selected);
     mState->linesChanged = true;
+    ForgetSorting();
     Refresh();
 }
 

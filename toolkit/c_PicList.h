@@ -86,6 +86,10 @@ public:
     /// does not exist sorts nothing.
     std::vector<int> SortByHeader(int column, int mode);
 
+    /// Puts line `order[n]` at n. The selection stays on its line, and the list is not known as
+    /// sorted any more.
+    void Reorder(const std::vector<int>& order);
+
     /// Moves lines, in the order that they have, to before the line `before`, or to the end if that
     /// is the number of lines. `lines` ascend and exist. The selection stays on its line. Returns
     /// the number that each line had before.
@@ -161,7 +165,6 @@ private:
 
     bool Exists(int line) const;
     toolkit::ListLayout Layout() const;
-    void Reorder(const std::vector<int>& order);
     void AdjustScroller();
     void MoveBorder(int column, double x);
     void FitColumn(int column);

@@ -101,4 +101,5 @@ def main():
         pathlib.Path(args.mp3).write_bytes(pathlib.Path(mp3).read_bytes() + tag(args.abc))
 
 
-main()
+if __name__ == "__main__":
+    main()

@@ -144,11 +144,11 @@ TEST_F(QuickTest, TheListPlayedLastIsPlayedOnOrFromTheStart) {
         EXPECT_EQ(mPath, list);
         EXPECT_FALSE(mExit);
         EXPECT_EQ(form.pPlayOn->accessibleName(), "Play on: Test (11 of 12 not yet played)");
-        EXPECT_EQ(library::CountUnplayed(list).unplayed, unplayed);
+        EXPECT_EQ(library::CountUnplayed(list, {}).unplayed, unplayed);
     }
     EXPECT_EQ(BytesOf(list), bytes);
     fs::remove(list);
-    EXPECT_EQ(library::CountUnplayed(list).songs, 0);
+    EXPECT_EQ(library::CountUnplayed(list, {}).songs, 0);
     EXPECT_FALSE(fs::exists(list));
 }
 

@@ -97,6 +97,30 @@ TEST_F(Voice, ServesTheDeviceThatWasConnectedLast) {
     EXPECT_EQ(reel->next, 2000);
 }
 
+TEST_F(Voice, CountsTheReelAlone) {
+    const auto chime = std::make_shared<const std::vector<Frame>>(2000, Frame{0.25F, 0.25F});
+    mVoice.Clock().Begin(1, 0);
+    mVoice.Add(chime);
+    EXPECT_TRUE(mVoice.Chiming());
+    EXPECT_FALSE(mVoice.Sounding());
+    EXPECT_EQ(Take(500).back().left, 0.25F);
+    const auto reel = ReelOf(std::vector<Frame>(1000, Frame{0.5F, 0.5F}));
+    reel->complete = true;
+    mVoice.Play(reel, 1);
+    EXPECT_EQ(Take(500).back().left, 0.75F);
+    EXPECT_EQ(reel->next, 500);
+    Take(500);
+    Take(1);
+    EXPECT_TRUE(mVoice.Ended(1)) << "by a sound that goes on";
+    EXPECT_TRUE(mVoice.Chiming());
+    EXPECT_EQ(mVoice.Clock().Position(std::chrono::steady_clock::now() + 1h), 1000 / 44100.0);
+    mVoice.Play(nullptr, 2);
+    mVoice.Add(chime);
+    Take(441);
+    EXPECT_FALSE(mVoice.Sounding());
+    EXPECT_FALSE(mVoice.Fading());
+}
+
 PlayClock::Time At(std::chrono::milliseconds time) { return PlayClock::Time(time); }
 
 TEST(PlayClock, TellsWhatIsHeardAtItsSpeedAndNeverRunsBackwardsWithinARun) {

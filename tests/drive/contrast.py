@@ -14,12 +14,13 @@ from PIL import Image, ImageFilter
 
 from screen import Box
 
+CLOCK = (50, 0, 100)  # on its lamp, where it is read in a hurry
 # What texts are written in.
 COLORS = ((255, 255, 255), (242, 243, 255), (226, 226, 255), (220, 220, 255), (255, 214, 238),
           (255, 221, 120), (190, 190, 250), (160, 168, 240), (150, 152, 190), (214, 112, 122),
           (140, 140, 230), (255, 0, 100), (255, 50, 50), (255, 0, 0), (250, 0, 50), (250, 250, 0),
           (60, 230, 60), (50, 255, 50), (100, 200, 250), (50, 100, 250), (0, 100, 250),
-          (50, 0, 100))
+          CLOCK, (10, 6, 40))
 # The red of a pressed plain button stands on a gradient that leaves it less than its size needs;
 # it is seen for as long as the mouse button is held.
 PRESSED, PRESSED_LIMIT = (255, 0, 100), 2.3
@@ -58,7 +59,8 @@ def measure(pixels):
 def limit(text, color, height):
     """By the size of the font, in points."""
     points = 0.75 * height / (0.9 if re.search("[gjpqy,;()Q]", text) else 0.68)
-    return PRESSED_LIMIT if color == PRESSED else 3 if points > 17 else 4.5
+    large = points > 17 and color != CLOCK
+    return PRESSED_LIMIT if color == PRESSED else 3 if large else 4.5
 
 
 def parts(texts):

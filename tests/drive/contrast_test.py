@@ -25,7 +25,7 @@ class Contrast(unittest.TestCase):
         for ground, text, size, shadow, contrast, least in (
                 (BLACK, WHITE, 32, 2, 21, 3), (GREY, WHITE, 32, 2, 4.54, 3),
                 (GREY, WHITE, 15, 1, 4.54, 4.5), ((20, 20, 60), RED, 20, 1, 4.82, 4.5),
-                ((160, 150, 220), (50, 0, 100), 32, 0, 5.98, 3)):
+                ((160, 150, 220), (50, 0, 100), 32, 0, 5.98, 4.5)):
             with self.subTest(ground=ground, text=text):
                 color, worst, height = measured(ground, text, size, shadow)
                 self.assertEqual(color, text)

@@ -31,6 +31,7 @@ class Game:
         self.program = program
         self.betting = betting
         self.scores = [0] * players
+        self.told = None  # the score that was announced last
         self.turn = 0
         self.choices = {}  # by their keys
 
@@ -94,14 +95,18 @@ class Game:
 
     def begin(self):
         players = len(self.scores)
-        due = sentences(f"Round {(self.turn - 1) // players + 1} of 6",
-                        f"SCORE: {self.scores[self.player]}",
+        due = sentences(f"Round {(self.turn - 1) // players + 1} of 6", *self.new_score(),
                         "Single Player Mode" if players == 1 else f"Player {self.player + 1}")
         if self.betting:
             due += " I can name that MP3 in: " + numbered(dict(enumerate(BETS, 1)))
         else:
             due += " " + QUESTION
         self.program.announced(re.escape(due), skip=self.turn == 1)
+
+    def new_score(self):
+        """What is announced of the player's score."""
+        told, self.told = self.told, self.scores[self.player]
+        return [] if told == self.told else [f"SCORE: {self.told}"]
 
     def bet(self, seconds):
         self.choices = dict(enumerate(BETS, 1))
@@ -118,30 +123,34 @@ class Game:
         song = self.program.asked()
         self.right_title = next(c for c in self.choices.values() if has_title(song, c))
 
-    def read_choices(self, count):
-        """As they are announced; the buttons must be the same."""
-        heard = self.program.announced(" ".join([r"(\d): (.+)[.!?:]"] * count))
+    def read_choices(self, count, before=()):
+        """As they are announced, after other texts; the buttons must be the same."""
+        heard = self.program.announced(" ".join([*before, *[r"(\d): (.+)[.!?:]"] * count]))
         keys = [int(key) for key in heard.groups()[0::2]]
         buttons = [b.get_name() for b in self.program.all("push button")]
         shown = [name for name in buttons if name not in NOT_CHOICES]
         self.choices = dict(zip(keys, shown))
-        assert numbered(self.choices) == heard[0], f"announced was {heard[0]}, shown is {shown}"
+        assert heard[0].endswith(numbered(self.choices)), f"announced was {heard[0]}, shown is {shown}"
 
     def take_hint(self):
         self.use("Hint")
         self.scores[self.player] = max(self.scores[self.player] - 10000, 0)
-        self.read_choices(2)
+        self.read_choices(2, before=[sentences(score) for score in self.new_score()])
 
     def answer(self, right):
         """Returns its points."""
         self.use(next(c for c in self.choices.values() if (c == self.right_title) == right))
         who = "You are" if len(self.scores) == 1 else f"Player {self.player + 1} is"
-        if not right:
-            wrong = sentences(f"{who} Wrong!", "The Correct Answer Is:", self.right_title)
-            self.program.announced(re.escape(wrong))
-            return 0
-        points = int(self.program.announced(rf"{who} Correct! .+ (\d+) Points\.")[1])
+        if right:
+            verdict = rf"{who} Correct! .+ (\d+) Points\.(?: \d right in a row!)?"
+        else:
+            verdict = re.escape(sentences(f"{who} Wrong!", "The Correct Answer Is:",
+                                          self.right_title))
+        said = self.program.announced(rf"{verdict}(?: SCORE: (\d+)\.)? By .+")
+        points = int(said[1]) if right else 0
         self.scores[self.player] += points
+        told = [f"SCORE: {said[said.lastindex]}"] if right else []
+        assert self.new_score() == told, f"not the score of {self.scores}: {said[0]}"
         return points
 
     def ranks(self):

@@ -3,6 +3,7 @@
 #include "library/SongFolders.h"
 #include "library/c_ID3.h"
 #include "library/c_M3U.h"
+#include "platform/Aside.h"
 #include "platform/Text.h"
 #include "platform/Wait.h"
 #include "tests/Quit.h"
@@ -18,10 +19,12 @@
 #include <QPushButton>
 #include <QTest>
 #include <algorithm>
+#include <chrono>
 #include <deque>
 #include <optional>
 
 namespace fs = std::filesystem;
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -161,9 +164,10 @@ TEST_F(EditorTest, SongsWithoutTitlesAreWarnedAboutAndSavedAndLoadedAgain) {
              Press(editor->Form().pLoad, list),
              Press(editor->Form().pLoad, PathText("PlayList/empty.m3u")),
              Press(editor->Form().pLoad, PathText("Music/song1.mp3"))});
-    ASSERT_EQ(told.size(), 2);
+    ASSERT_EQ(told.size(), 3);
     EXPECT_TRUE(told[0].startsWith("Warning, This playlist contains MP3s"));
-    EXPECT_EQ(told[1], "song1.mp3 is not a playlist.");
+    EXPECT_EQ(told[1], "empty.m3u has no songs.");
+    EXPECT_EQ(told[2], "song1.mp3 is not a playlist.");
     EXPECT_EQ(mFrames[0], "Songrush, Warning, OK");
     EXPECT_EQ(Names(), before) << "a list without songs leaves the old one";
 }
@@ -274,22 +278,40 @@ TEST_F(EditorTest, DroppedFilesAreAddedFoundAndHaveAMenu) {
     EXPECT_EQ(Names(), "song3 song2 song2 song2 song1 song1 song1") << "undone by the menu";
 }
 
-TEST_F(EditorTest, ATitleOfANewerTagIsShownAndWrittenByApply) {
+TEST_F(EditorTest, ATitleOfANewerTagIsShownAndWrittenByApplyAndWithAnArtistForAll) {
+    mFolder.MakeSongs(1);
     const std::string title = "Newer title";
     std::string tag = {'I', 'D', '3', 3, 0, 0, 0, 0, 0, static_cast<char>(11 + title.size())};
     tag += std::string("TIT2\0\0\0", 7) + static_cast<char>(title.size() + 1) +
            std::string(3, '\0') + title;
     const fs::path song = mFolder.Path() / "Music" / "new.mp3";
-    fs::create_directory(song.parent_path());
-    std::ofstream(song, std::ios::binary) << tag << std::string(300, '\0');
+    const std::string bytes = tag + std::string(300, '\0');
+    std::ofstream(song, std::ios::binary) << bytes;
     f_Edit& dialog = editor->TitleDialog();
-    QString shown;
-    Run({Add(), Key(Qt::Key_Home), [&] { shown = ShownLine(0); }, Key(Qt::Key_Return),
-         [&] { ClickOn(dialog.cmdApply); }});
-    EXPECT_EQ(shown, "new\\Newer title\\");
-    c_ID3 written;
-    written.GetIdTag(song);
-    EXPECT_EQ(written.Title(), "Newer title");
+    QStringList seen;
+    const auto look = [&] {
+        const editor::SongFacts facts = editor::FactsOf(song);
+        seen << ShownLine(1) + (editor->Songs().IsNewer(editor->List().LineKey(1)) ? "*" : "") +
+                    " - " + facts.title + '\\' + facts.artist;
+    };
+    Run({Add(), ClickHeader(), ClickHeader(), look, Key(Qt::Key_End), Key(Qt::Key_Return),
+         [&] { ClickOn(dialog.cmdApply); }, look, Key(Qt::Key_Z, Qt::ControlModifier),
+         [&] { EXPECT_EQ(BytesOf(song), bytes); }, look, Key(Qt::Key_Home),
+         Key(Qt::Key_A, Qt::ControlModifier), Key(Qt::Key_F2),
+         [&] {
+             dialog.tFileName->setText("renamed");
+             ClickOn(dialog.cmdNext);
+         },
+         [&] {
+             dialog.tArtist->setText("Band");
+             dialog.cAll->setChecked(true);
+             ClickOn(dialog.cmdApply);
+         },
+         look});
+    const QString line = "new\\Newer title\\";
+    EXPECT_EQ(seen, QStringList({line + "* - \\", line + " - Newer title\\", line + "* - \\",
+                                 line + "Band - Newer title\\Band"}));
+    EXPECT_EQ(ShownLine(0), "renamed\\Title 1\\Band");
 }
 
 TEST_F(EditorTest, AnUnsavedListIsAskedAboutBeforeItGoesAndNoOther) {
@@ -319,6 +341,15 @@ TEST_F(EditorTest, AnUnsavedListIsAskedAboutBeforeItGoesAndNoOther) {
     c_M3U saved;
     saved.ReadFile(file.toStdString());
     EXPECT_EQ(saved.Count(), 1);
+    const std::string others = "#EXTM3U\r\n/others/song.mp3\r\n";
+    const QStringList told = Run({Press(form.pLoad, file), Add(),
+                                  [&] {
+                                      mChosen.clear();
+                                      std::ofstream(file.toStdString()) << others;
+                                  },
+                                  ctrl(Qt::Key_S)});
+    EXPECT_EQ(told, QStringList("Another program has changed the file of the list \"mine\"."));
+    EXPECT_EQ(BytesOf(file.toStdString()), others);
 }
 
 TEST_F(EditorTest, WhatWasEditedWhenTheProgramEndedIsOfferedAgain) {
@@ -331,6 +362,7 @@ TEST_F(EditorTest, WhatWasEditedWhenTheProgramEndedIsOfferedAgain) {
         ForgetQuit();
         mQuitWatch.emplace();
         editor = std::make_unique<c_Editor>();
+        EXPECT_TRUE(platform::AsidesEnd(20s));
     };
     const auto offered = [this] { return QTest::qWaitFor([&] { return !Names().isEmpty(); }); };
     Run({Add(), Press(editor->Form().pSave, file)});
@@ -344,6 +376,7 @@ TEST_F(EditorTest, WhatWasEditedWhenTheProgramEndedIsOfferedAgain) {
                     "Do you want to go on with it?"));
     EXPECT_EQ(editor->List().LineCount(), 2);
     editor = std::make_unique<c_Editor>();
+    EXPECT_TRUE(platform::AsidesEnd(20s));
     EXPECT_FALSE(fs::exists(copy)) << "it was left with Don't save";
 }
 

@@ -10,7 +10,11 @@ namespace {
 QString Repeated(const char* text, int count) { return QString(text).repeated(count); }
 
 editor::SongChange Change(const fs::path& song, const editor::SongFacts& wanted) {
-    return editor::ChangeSong({song, [&wanted](editor::SongFacts& facts) { facts = wanted; }});
+    return editor::ChangeSong({song, [&wanted](editor::SongFacts& facts) {
+                                   const QByteArray end = facts.end;
+                                   facts = wanted;
+                                   facts.end = end;
+                               }});
 }
 
 TEST(SongChangeTest, WhatIsNotDoneToTheLetterIsToldAndWhatIsOnDiskIsShown) {
@@ -56,18 +60,28 @@ TEST(SongChangeTest, WhatIsNotDoneToTheLetterIsToldAndWhatIsOnDiskIsShown) {
     }
 }
 
-TEST(SongChangeTest, AChangeIsTakenBackWithALongTitlesComment) {
-    const TemporaryFolder folder;
-    const fs::path song = folder.Write("song.mp3", std::string(300, 'x'));
-    const editor::SongFacts old{song, "Old", "Band", "A comment", {}, {}};
-    Change(song, old);
-    const std::string bytes = BytesOf(song);
-    const editor::SongChange change = Change(
-        song,
-        {folder.Path() / "new.mp3", Repeated("long title ", 4), "New Band", "A comment", {}, {}});
-    EXPECT_TRUE(fs::exists(folder.Path() / "new.mp3"));
-    Change(change.after.path, change.before);
-    EXPECT_EQ(BytesOf(song), bytes);
+TEST(SongChangeTest, AChangeIsTakenBackAndAgainToTheByte) {
+    const std::string sound(300, 'x');
+    const std::string files[] = {
+        sound + "tAg" + std::string(124, '\0') + '\xC8', // which is no genre
+        sound + "TAG" + std::string("Old\0 Title", 10) + std::string(115, ' '),
+        sound + "the last byte!",
+    };
+    for (const std::string& bytes : files) {
+        const TemporaryFolder folder;
+        const fs::path song = folder.Write("song.mp3", bytes);
+        const fs::path renamed = folder.Path() / "new.mp3";
+        editor::SongChange change =
+            Change(song, {renamed, Repeated("- long title", 4), "New Band", "A comment", {}, {}});
+        const std::string changed = BytesOf(renamed);
+        EXPECT_EQ(editor::FactsOf(renamed).title, Repeated("- long title", 4));
+        for (const auto& [path, expected] : {std::pair(song, bytes), {renamed, changed}}) {
+            change = editor::ChangeSong(
+                {change.after.path, [before = change.before](auto& facts) { facts = before; }});
+            EXPECT_EQ(BytesOf(path), expected);
+            EXPECT_TRUE(change.problems.empty());
+        }
+    }
 }
 
 } // namespace

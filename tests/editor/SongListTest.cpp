@@ -92,7 +92,7 @@ TEST_F(SongListTest, OnlyWhatTheFileDoesNotHoldIsUnsaved) {
     EXPECT_FALSE(mSongs.Unsaved());
     mSongs.Remove({1});
     EXPECT_TRUE(mSongs.Unsaved());
-    mSongs.Saved("/lists/Mine.m3u");
+    mSongs.Saved("/lists/Mine.m3u", mSongs.Print());
     EXPECT_FALSE(mSongs.Unsaved());
     EXPECT_EQ(mSongs.Name(), "Mine");
     mSongs.Undo();

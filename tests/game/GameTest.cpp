@@ -10,6 +10,8 @@
 #include "tests/HeldReads.h"
 #include "tests/Robot.h"
 #include "tests/SongFolder.h"
+#include "tests/game/FixedSource.h"
+#include "toolkit/Style.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -21,16 +23,6 @@
 namespace fs = std::filesystem;
 
 namespace {
-
-/// Hands a game the playlist of a test.
-struct FixedSource : game::SongSource {
-    explicit FixedSource(fs::path path) : list(std::move(path)) {}
-    fs::path GetM3U() override { return list; }
-    bool ExitProgram() const override { return false; }
-    bool Loading() const override { return true; }
-    void LoadingDone() override {}
-    fs::path list;
-};
 
 class GameTest : public testing::Test {
 protected:
@@ -242,12 +234,19 @@ TEST_F(GameTest, TheFirstKeyAnswersAndNothingElseOfTheQuestionCounts) {
 }
 
 TEST_F(GameTest, TwelvePlayersTakeTurnsSeeAllScoresAndAreAskedForNamesByTheirRank) {
+    toolkit::WriteNumbersInEnglish();
     StopTime();
     auto game = NewGame<c_gMulti>(12);
     int question = 0;
     int lists = 0;
     Robot robot([&] {
         lists += scores.isVisible();
+        const bool third = question == 26; // the second player's
+        if (board.pCont->isVisible() && Says("3 right in a row!") != third)
+            ADD_FAILURE() << "after question " << question;
+        if (board.pCont->isVisible() && third) {
+            EXPECT_TRUE(Says("Player 2: 360,000") && Says("Player 3: 120,000"));
+        }
         // Only the second player knows the songs, and the third one once.
         if (!GoOn() && Choice(true) != nullptr) {
             const bool knows = question % 12 == 1 || question == 2;

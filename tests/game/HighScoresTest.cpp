@@ -2,6 +2,7 @@
 
 #include "game/f_High.h"
 #include "game/f_HighMulti.h"
+#include "platform/Aside.h"
 #include "platform/Wait.h"
 #include "tests/Quit.h"
 #include "tests/Robot.h"
@@ -38,6 +39,7 @@ protected:
 
     /// The first two entries of the file, or of a new table.
     QString FirstTwo(const fs::path& file) {
+        EXPECT_TRUE(platform::AsidesEnd(std::chrono::seconds(20)));
         game::HighScoreTable table;
         if (fs::is_regular_file(file)) {
             EXPECT_EQ(table.Parse(BytesOf(file)), game::HighScoreTable::ReadResult::Good);

@@ -9,6 +9,7 @@
 #include "tests/audio/ToneFile.h"
 
 #include <QTest>
+#include <chrono>
 #include <fstream>
 #include <set>
 
@@ -16,6 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using State = game::NextQuestion::State;
+using namespace std::chrono_literals;
 
 struct NextQuestionTest : testing::Test {
     fs::path List(int songs, int dead) {
@@ -32,6 +34,11 @@ struct NextQuestionTest : testing::Test {
         EXPECT_TRUE(QTest::qWaitFor([&next] { return next.Advance() != State::Working; }));
         return next.Advance();
     }
+
+    using Time = std::chrono::steady_clock::time_point;
+    static Time Now() { return sNow; }
+    static void PassLongTime() { sNow += 11s; }
+    inline static Time sNow;
 
     SongFolder mFolder;
 };
@@ -70,6 +77,41 @@ TEST_F(NextQuestionTest, ThereIsNoneWithoutASongAndNoneIsWaitedFor) {
         EXPECT_EQ(next.Advance(), State::Working);
     }
     EXPECT_EQ(songs.Unplayed(), 5);
+}
+
+TEST_F(NextQuestionTest, DoesWithoutWhatDoesNotCome) {
+    library::SongCycle songs(List(4, 0));
+    songs.Begin();
+    const HeldReads held("song2.mp3");
+    int waiting = 0;
+    std::set<fs::path> asked;
+    game::NextQuestion next(songs, Now);
+    for (int i = 0; i < 4; ++i) { // one of them comes upon that song
+        next.Prepare();
+        ASSERT_TRUE(QTest::qWaitFor([&] {
+            if (held.Waiting() > waiting) {
+                waiting = held.Waiting();
+                PassLongTime();
+            }
+            return next.Advance() != State::Working;
+        }));
+        ASSERT_EQ(next.Advance(), State::Ready);
+        const game::Question question = next.Take();
+        EXPECT_EQ(question.Title().toStdString() + ".mp3", question.song.filename());
+        asked.insert(question.song.filename());
+    }
+    EXPECT_EQ(asked, std::set<fs::path>({"song1.mp3", "song3.mp3", "song4.mp3"}));
+}
+
+TEST_F(NextQuestionTest, KeepsTheTitlesThatCame) {
+    library::SongCycle songs(List(5, 0));
+    songs.Begin();
+    game::NextQuestion next(songs, Now);
+    ASSERT_EQ(Comes(next), State::Ready);
+    PassLongTime();
+    EXPECT_EQ(next.Advance(), State::Ready);
+    const game::Question question = next.Take();
+    EXPECT_EQ(question.Title(), SongFolder::OpenTitle());
 }
 
 } // namespace

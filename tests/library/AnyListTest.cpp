@@ -44,6 +44,18 @@ struct AnyListTest : testing::Test {
     const TemporaryFolder mFolder;
 };
 
+TEST_F(AnyListTest, AStopEndsTheReading) {
+    std::stop_source stop;
+    stop.request_stop();
+    for (const char* bytes : {"#Songrush:0\r\n/a.mp3\r\n", "#EXTINF:1\n/a.mp3\n"}) {
+        const fs::path file = mFolder.Write("list.m3u", bytes);
+        c_M3U list;
+        EXPECT_EQ(library::ReadAnyList(file, list, stop.get_token()).error,
+                  std::errc::operation_canceled);
+        EXPECT_EQ(list.Count(), 0);
+    }
+}
+
 TEST_F(AnyListTest, ListsOfAllKindsAreToldApartAndRead) {
     const std::string folder = mFolder.Path().string();
     const struct {

@@ -126,6 +126,19 @@ TEST_F(TagTest, ANewTagReplacesTheLastByteButNotOfAShortOrReadOnlyFile) {
     EXPECT_EQ(mFolder.Entries(), 3);
 }
 
+TEST_F(TagTest, ATagIsTakenBackUnlessItIsGone) {
+    const fs::path song = mFolder.Write("song.mp3", std::string(200, 'x') + '!');
+    const QByteArray before = c_ID3::EndOf(song);
+    c_ID3().PutIdTag(song);
+    EXPECT_FALSE(c_ID3::PutEnd(song, before));
+    EXPECT_EQ(BytesOf(song), std::string(200, 'x') + '!');
+    const std::string others = BytesOf(mFolder.Write("song.mp3", std::string(199, 'x')));
+    EXPECT_FALSE(c_ID3::PutEnd(song, before));
+    EXPECT_EQ(BytesOf(song), others);
+    MakeReadOnly(mFolder.Write("song.mp3", TagWith("Title")));
+    EXPECT_TRUE(c_ID3::PutEnd(song, before));
+}
+
 TEST(TagTextTest, TitlesFromFileNames) {
     const std::pair<const char*, const char*> titles[] = {
         {"C:\\Music\\My_Song.MP3", "My Song"}, {"a.mp3.b.MP3", "a.b"},

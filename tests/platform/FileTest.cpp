@@ -1,5 +1,6 @@
 #include "platform/File.h"
 
+#include "platform/Aside.h"
 #include "tests/FileSizeLimit.h"
 #include "tests/TemporaryFolder.h"
 
@@ -62,6 +63,7 @@ TEST(ReplaceFileTest, WhatAKilledWritingLeftGoesAndWhatIsBeingWrittenStays) {
     fs::last_write_time(left, fs::file_time_type::clock::now() - 1h);
     const fs::path written = folder.Write(".songrush-2-1.tmp", "half");
     EXPECT_FALSE(platform::ReplaceFile(folder.Path() / "list", "new"));
+    EXPECT_TRUE(platform::AsidesEnd(20s));
     EXPECT_FALSE(fs::exists(left));
     EXPECT_TRUE(fs::exists(written));
     EXPECT_EQ(folder.Entries(), 2);

@@ -118,7 +118,7 @@ TEST_F(DialogTest, NamesThatAreNoValidTextAreOfferedToo) {
     const auto choose = [](const QString& name, const QString& typed = {}) {
         return [=](QFileDialog& dialog) {
             auto* odd = dialog.findChild<QListWidget*>(QStringLiteral("OddNames"));
-            ASSERT_EQ(odd->count(), 1);
+            ASSERT_TRUE(QTest::qWaitFor([odd] { return odd->count() == 1; }));
             EXPECT_EQ(odd->item(0)->text(), name);
             QTest::mouseClick(odd->viewport(), Qt::LeftButton, {},
                               odd->visualItemRect(odd->item(0)).center());

@@ -1,3 +1,4 @@
+#include "audio/Effect.h"
 #include "audio/LevelledStream.h"
 #include "audio/Meter.h"
 #include "audio/Mp3Stream.h"
@@ -73,17 +74,33 @@ bool Print(const fs::path& song, bool sample) {
     return !wrong;
 }
 
+/// Prints the loudness of a short sound's loudest moment and its true peak.
+bool PrintJingle(const char* file) {
+    const audio::Jingle jingle = audio::ReadJingle(QString::fromLocal8Bit(file));
+    if (!jingle)
+        return false;
+    audio::Meter meter(audio::kJingleRate, audio::Meter::Of::TruePeak);
+    meter.Add(std::span<const audio::Frame>(*jingle));
+    std::printf("%.2f %.2f\n", audio::LoudestMoment(*jingle, audio::kJingleRate),
+                Decibels(meter.TruePeak()));
+    return true;
+}
+
 } // namespace
 
 /// Tells how loud MP3 files are and how the game plays them. With `--samples` fails if one does not
-/// fit among the sample songs.
+/// fit among the sample songs. With `--jingle` measures a short sound as the build makes it.
 int main(int argc, char** argv) {
     std::span<char*> songs = std::span(argv, static_cast<std::size_t>(argc)).subspan(1);
-    const bool samples = !songs.empty() && std::string_view(songs.front()) == "--samples";
+    const std::string_view option = songs.empty() ? "" : songs.front();
+    const bool samples = option == "--samples";
+    if (option == "--jingle" && songs.size() == 2)
+        return PrintJingle(songs[1]) ? 0 : 1;
     if (samples)
         songs = songs.subspan(1);
     if (songs.empty()) {
-        std::fputs("Usage: songrush_loudness [--samples] song.mp3...\n", stderr);
+        std::fputs("Usage: songrush_loudness [--samples] song.mp3... | --jingle sound.pcm\n",
+                   stderr);
         return 2;
     }
     std::puts("  length     LUFS    dBTP    gain   played:LUFS dBTP");

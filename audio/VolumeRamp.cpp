@@ -1,0 +1,33 @@
+#include "audio/VolumeRamp.h"
+
+#include "platform/Volume.h"
+
+#include <algorithm>
+
+namespace audio {
+
+namespace {
+
+/// Half of the way to silence is heard as about half as loud: -12 dB.
+float WantedGain() {
+    const float part = static_cast<float>(platform::HeardVolume()) / 100;
+    return part * part;
+}
+
+} // namespace
+
+void VolumeRamp::Begin() { mGain = WantedGain(); }
+
+void VolumeRamp::Apply(std::span<Frame> frames, int rate) noexcept {
+    constexpr float kSeconds = 0.01F; // from silence to full volume
+    const float wanted = WantedGain();
+    if (mGain == 1 && wanted == 1)
+        return;
+    const float step = 1 / (kSeconds * static_cast<float>(rate));
+    for (Frame& frame : frames) {
+        mGain = std::clamp(wanted, mGain - step, mGain + step);
+        frame = {frame.left * mGain, frame.right * mGain};
+    }
+}
+
+} // namespace audio

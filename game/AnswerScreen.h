@@ -1,0 +1,51 @@
+#pragma once
+
+#include "game/Burst.h"
+#include "game/LabelRecord.h"
+
+#include <QString>
+#include <QVariantAnimation>
+#include <cstdint>
+#include <vector>
+
+class f_Multi;
+
+namespace game {
+
+/// What the board shows after an answer, until the player goes on.
+class AnswerScreen {
+public:
+    explicit AnswerScreen(f_Multi& board);
+
+    /// Three lines one below the other.
+    void WriteRight(const QString& verdict, const QString& time, std::int32_t points);
+    /// The same in a storm of words.
+    void WriteWrong(const QString& verdict, const QString& title);
+
+    /// A burst of light from the button that was chosen, in the player's colour.
+    void Celebrate(const QRect& button, int player);
+    /// A line worth noticing, below the three.
+    void WriteNotice(const QString& text);
+    /// Whose song it was; `artist` may be empty. The record turns for as long as it is heard.
+    void ShowSong(const QString& title, const QString& artist);
+    void ShowCover(const QImage& cover) { mRecord.SetCover(cover); }
+    /// Counts the player's total up to `total`, `points` of which are new.
+    void CountUp(std::int32_t total, std::int32_t points);
+    /// The scores of all players, in their order; the strip shows the first `kMostShown`.
+    void WriteStandings(const std::vector<std::int32_t>& scores);
+
+    /// Ends all that moves.
+    void Close();
+
+    static constexpr int kMostShown = 12;
+
+private:
+    void WriteLine(const QString& text, int y, toolkit::ColorRef color);
+
+    f_Multi& mBoard;
+    LabelRecord mRecord;
+    Burst mBurst;
+    QVariantAnimation mTotal;
+};
+
+} // namespace game

@@ -1,0 +1,77 @@
+#include "game/RecordLight.h"
+
+#include "toolkit/Place.h"
+#include "toolkit/StageSize.h"
+
+#include <QConicalGradient>
+#include <QPainter>
+#include <QRegion>
+#include <array>
+#include <cmath>
+#include <numbers>
+
+using namespace toolkit;
+
+namespace game {
+
+namespace {
+
+constexpr QPointF kMiddle(400, 300); // of the record
+constexpr double kInner = 196;       // radii of the grooves that are lit
+constexpr double kOuter = 262;
+constexpr double kHalfWidth = 14; // degrees
+constexpr std::array kGlints{0.0, 180.0};
+
+/// The dial, the question and the player's line.
+constexpr std::array kInFront{QRect(225, 80, 350, 120), QRect(180, 500, 440, 100)};
+
+QRect PlaceOfGlint(double angle) {
+    QRectF place;
+    for (const double aside : {-kHalfWidth, 0.0, kHalfWidth}) {
+        const double turn = (angle + aside) * std::numbers::pi / 180;
+        for (const double radius : {kInner, kOuter})
+            place |=
+                QRectF(kMiddle + radius * QPointF(std::cos(turn), std::sin(turn)), QSizeF(1, 1));
+    }
+    return place.toAlignedRect().adjusted(-4, -4, 4, 4);
+}
+
+} // namespace
+
+RecordLight::RecordLight(QWidget* board) : TurningPart(board, QStringLiteral("RecordLight")) {
+    Put(*this, QRect(QPoint(0, 0), kStageSize));
+    lower(); // behind the buttons
+}
+
+void RecordLight::Turned(double from, double to) {
+    for (const double glint : kGlints)
+        for (const double angle : {from, to})
+            update(FromLogical(PlaceOfGlint(glint + angle)));
+}
+
+void RecordLight::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.scale(StageScale(), StageScale());
+    QRegion free(QRect(QPoint(0, 0), kStageSize));
+    for (const QRect& place : kInFront)
+        free -= place;
+    painter.setClipRegion(free);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(kMiddle);
+    painter.rotate(Angle());
+    for (const double glint : kGlints) {
+        QConicalGradient light(QPointF(0, 0), -glint);
+        constexpr double kEdge = kHalfWidth / 360;
+        light.setColorAt(0, QColor(170, 180, 255, 110));
+        light.setColorAt(kEdge, QColor(170, 180, 255, 0));
+        light.setColorAt(1 - kEdge, QColor(170, 180, 255, 0));
+        light.setColorAt(1, QColor(170, 180, 255, 110));
+        painter.setPen(QPen(light, 1.2));
+        for (double radius = kInner; radius <= kOuter; radius += 4.5)
+            painter.drawArc(QRectF(-radius, -radius, 2 * radius, 2 * radius),
+                            static_cast<int>(std::lround((-glint - kHalfWidth) * 16)),
+                            static_cast<int>(std::lround(kHalfWidth * 2 * 16)));
+    }
+}
+
+} // namespace game

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string_view>
+#include <tbytevector.h>
+
+namespace library {
+
+/// A copy of bytes as TagLib takes them.
+inline TagLib::ByteVector Vector(std::string_view bytes) {
+    return {bytes.data(), static_cast<unsigned int>(bytes.size())};
+}
+
+} // namespace library

@@ -1,0 +1,110 @@
+#include "toolkit/VolumeBox.h"
+
+#include "platform/Volume.h"
+#include "tests/OnStage.h"
+#include "tests/toolkit/Pictures.h"
+#include "toolkit/Screen.h"
+
+#include <QAccessible>
+#include <QLineEdit>
+#include <QTest>
+#include <QWheelEvent>
+#include <gtest/gtest.h>
+#include <optional>
+
+namespace {
+
+using namespace toolkit;
+using platform::HeardVolume;
+using platform::Volume;
+
+/// A screen with a text box.
+class VolumeOnScreen : public testing::Test {
+protected:
+    VolumeOnScreen() {
+        QImage skin(76, 72, QImage::Format_RGB888);
+        skin.fill(Qt::blue);
+        for (const char* name : {"Images/X.bmp", "Images/bMin.bmp", "Images/bVolume.bmp"})
+            mFolder.Save(QString::fromLatin1(name), skin);
+        mButtons.emplace(mScreen);
+        Put(*mText, QRect(100, 100, 100, 30));
+        mButtons->Refresh();
+        mScreen.ShowInPlace();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&Stage::Get()));
+        Volume::Get().SetPercent(50);
+    }
+    ~VolumeOnScreen() override { Volume::Get().SetPercent(100); }
+
+    QPoint At(int x) const { return OnStage(mScreen, mBox.Place().topLeft() + QPoint(x, 11)); }
+    void Type(Qt::Key key, const QString& text) {
+        QTest::qWait(2); // at the same millisecond it would be a repeat
+        QTest::sendKeyEvent(QTest::Click, StageWindow(), key, text, {});
+    }
+
+    const PictureFolder mFolder;
+    Screen mScreen{QStringLiteral("f_Screen")};
+    std::optional<WindowButtons> mButtons;
+    VolumeBox& mBox = *mScreen.pVolume;
+    QLineEdit* mText = new QLineEdit(&mScreen);
+};
+
+TEST_F(VolumeOnScreen, KeysChangeItAndAreTextInATextBox) {
+    mScreen.pMin->setFocus();
+    const struct {
+        Qt::Key key;
+        const char* text;
+        int heard;
+    } keys[] = {{Qt::Key_Plus, "+", 60},
+                {Qt::Key_Equal, "=", 70},
+                {Qt::Key_Minus, "-", 60},
+                {Qt::Key_M, "m", 0},
+                {Qt::Key_M, "M", 60}};
+    for (const auto& key : keys) {
+        Type(key.key, key.text);
+        EXPECT_EQ(HeardVolume(), key.heard) << key.text;
+    }
+    mText->setFocus();
+    for (const auto& key : keys)
+        Type(key.key, key.text);
+    EXPECT_EQ(mText->text(), "+=-mM");
+    EXPECT_EQ(HeardVolume(), 60);
+}
+
+TEST_F(VolumeOnScreen, TheMouseMutesTurnsAndDraws) {
+    QWindow* stage = StageWindow();
+    const QImage before = mBox.grab().toImage();
+    QTest::mouseClick(stage, Qt::LeftButton, {}, At(15));
+    EXPECT_EQ(HeardVolume(), 0);
+    EXPECT_NE(mBox.grab().toImage(), before);
+    QTest::mousePress(stage, Qt::LeftButton, {}, At(15));
+    QTest::mouseRelease(stage, Qt::LeftButton, {}, At(-40));
+    EXPECT_EQ(HeardVolume(), 0) << "released elsewhere";
+    QTest::mousePress(stage, Qt::LeftButton, {}, At(51));
+    EXPECT_NEAR(HeardVolume(), 50, 4);
+    QTest::mouseMove(stage, At(200));
+    EXPECT_EQ(HeardVolume(), 100);
+    QTest::mouseRelease(stage, Qt::LeftButton, {}, At(200));
+    for (const int turn : {-60, -60, 120, -240}) {
+        QWheelEvent wheel(QPointF(15, 11), QPointF(), {}, QPoint(0, turn), {}, {}, {}, false);
+        QCoreApplication::sendEvent(&mBox, &wheel);
+    }
+    EXPECT_EQ(HeardVolume(), 80);
+}
+
+TEST_F(VolumeOnScreen, IsASliderForScreenReaders) {
+    QAccessibleInterface* slider = QAccessible::queryAccessibleInterface(&mBox);
+    EXPECT_EQ(slider->role(), QAccessible::Slider);
+    EXPECT_EQ(slider->text(QAccessible::Name), "Volume");
+    EXPECT_EQ(slider->text(QAccessible::Value), "50 %");
+    slider->valueInterface()->setCurrentValue(30);
+    EXPECT_EQ(HeardVolume(), 30);
+    slider->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(slider->valueInterface()->currentValue(), 0);
+    mBox.setFocus();
+    Type(Qt::Key_Right, {});
+    EXPECT_EQ(HeardVolume(), 40);
+    Type(Qt::Key_Space, " ");
+    EXPECT_EQ(HeardVolume(), 0);
+}
+
+} // namespace
