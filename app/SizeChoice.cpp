@@ -82,7 +82,7 @@ PictureBox* SizeChoice::MakeBox(const QString& name, int width) {
     constexpr int kHeight = 26;
     constexpr int kBelow = 8;
     auto* box = new PictureBox(&mForm, name, QSize(width, kHeight));
-    box->Dc()->SetFont(ScreenFont(11));
+    box->Dc()->SetFont(RoundFont(10));
     box->MoveTo(mLeft, mForm.Height() - kHeight - kBelow);
     mLeft += width;
     return box;

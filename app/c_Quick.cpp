@@ -117,7 +117,7 @@ void c_Quick::OfferLastList() {
         const bool quick = mLastList.filename() == kQuickList;
         const QString name =
             quick ? QStringLiteral("QuickPlay") : platform::ShownText(mLastList.stem());
-        const QFontMetrics metrics(ScreenFont(15));
+        const QFontMetrics metrics(RoundFont(f_Quick::kChoiceFont, true));
         bPlayOn.SetCaption(QStringLiteral("Play on: %1 (%2 of %3 not yet played)")
                                .arg(metrics.elidedText(name, Qt::ElideMiddle, kNameWidth))
                                .arg(found->unplayed)

@@ -31,6 +31,6 @@ void f_Load::ShowLoading() {
 void f_Load::ShowScan(int songs, const QString& folder) {
     constexpr int kWidth = kSize.width() - 2 * kMargin - 20; // letters may be a little wider
     const QString shown =
-        QFontMetrics(ScreenFont(kControlFont)).elidedText(folder, Qt::ElideMiddle, kWidth);
+        QFontMetrics(RoundFont(kControlFont)).elidedText(folder, Qt::ElideMiddle, kWidth);
     lLoading->setText(QStringLiteral("Searching for MP3s: %1 found\n\n%2").arg(songs).arg(shown));
 }

@@ -50,7 +50,7 @@ f_Menu::f_Menu()
     pMulti->setAccessibleName(QStringLiteral("Several players"));
     pEditor->setAccessibleName(QStringLiteral("Playlist editor"));
     for (PictureBox* choice : {PChoice1, pChoice2, pChoice3})
-        choice->Dc()->SetFont(ScreenFont(18));
+        choice->Dc()->SetFont(RoundFont(16, true));
 
     constexpr int kBelow = 8; // as the row of sizes
     PictureBox& scores = Scores->Box();
@@ -70,7 +70,7 @@ f_Menu::f_Menu()
 
 void f_Menu::DrawBy() {
     const QString credits = QStringLiteral("The Songrush makers");
-    Dc()->SetFont(ScreenFont(10, true));
+    Dc()->SetFont(RoundFont(9, true));
     Drawing(Dc()).Text(credits, Rgb(140, 140, 230), kBlack, 400 - Dc()->TextWidth(credits) / 2, 73,
                        1);
     AddQuietCaption(credits, QRect(0, 73, Width(), static_cast<int>(Dc()->TextHeight())));

@@ -19,9 +19,9 @@ f_Quick::f_Quick()
       pPlayOn(new PictureBox(this, QStringLiteral("pPlayOn"), kChoice)),
       pStartOver(new PictureBox(this, QStringLiteral("pStartOver"), kChoice)) {
     lExplain->setObjectName(QStringLiteral("lExplain"));
-    SetFontPoints(*lExplain, 20);
-    lExplain->setAlignment(Qt::AlignCenter);
-    Put(*lExplain, QRect(100, 120, 600, 80));
+    SetFontPoints(*lExplain, 18);
+    lExplain->setAlignment(Qt::AlignHCenter | Qt::AlignBottom); // clear of the display
+    Put(*lExplain, QRect(100, 120, 600, 70));
     for (PictureBox* choice : {pUseDir, pUsePlayList, pEditor, pPlayOn, pStartOver})
-        choice->Dc()->SetFont(ScreenFont(15));
+        choice->Dc()->SetFont(RoundFont(kChoiceFont, true));
 }

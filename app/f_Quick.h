@@ -10,6 +10,8 @@ class f_Quick : public toolkit::Screen {
 public:
     f_Quick();
 
+    static constexpr double kChoiceFont = 12; // points
+
     QLabel* lExplain;
     toolkit::PictureBox* pUseDir;
     toolkit::PictureBox* pUsePlayList;

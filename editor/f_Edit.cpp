@@ -24,7 +24,7 @@ using namespace toolkit;
 
 namespace {
 
-constexpr QSize kSize(600, 352);
+constexpr QSize kSize(640, 352);
 constexpr int kMargin = 24;
 
 /// Makes `text` the box's text by a single edit of the part that differs, which can be undone.
@@ -136,7 +136,7 @@ void f_Edit::LayOut() {
     top += kHint + 8;
     constexpr int kButton = 34;
     const std::pair<QPushButton*, int> helpers[] = {
-        {cmdCombine, 155}, {cmdGet, 155}, {cmdCapital, 94}, {cmdRemove, 124}};
+        {cmdCombine, 176}, {cmdGet, 176}, {cmdCapital, 96}, {cmdRemove, 120}};
     int left = kMargin;
     for (const auto& [button, width] : helpers) {
         Put(*button, QRect(left, top + 6, width, kButton));
@@ -215,7 +215,7 @@ void f_Edit::ShowFolder(const fs::path& folder, const QString& place) {
     const QString text = place + QDir::toNativeSeparators(platform::ShownText(folder / fs::path()));
     constexpr int kWidth = kSize.width() - 2 * kMargin;
     // At some sizes of the stage letters are a little wider.
-    const QFontMetrics metrics(ScreenFont(kControlFont));
+    const QFontMetrics metrics(RoundFont(kControlFont));
     lPath->setText(metrics.elidedText(text, Qt::ElideMiddle, kWidth - 20));
     lPath->setAccessibleName(text);
     lPath->setToolTip(toolkit::ToolTipOf(text));

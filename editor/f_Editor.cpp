@@ -43,11 +43,11 @@ f_Editor::f_Editor()
     Put(*lName, kName);
     pList->setAccessibleName(QStringLiteral("Songs"));
     pList->MoveTo(kList.x(), kList.y());
-    pList->Dc()->SetFont(ScreenFont(12));
+    pList->Dc()->SetFont(RoundFont(11));
 
     QPoint place(kMargin, kList.y() + kList.height() + kGap);
     for (PictureBox* button : {pAddFile, pAddDir, pRemove, pEdit, pPlay, pLoad, pSave, pMenu}) {
-        button->Dc()->SetFont(ScreenFont(14));
+        button->Dc()->SetFont(RoundFont(13, true));
         button->MoveTo(place.x(), place.y());
         place.rx() += kButton.width() + kGap;
         if (button == pEdit)
@@ -59,7 +59,7 @@ void f_Editor::ShowName(const QString& name, bool unsaved) {
     const QString state = unsaved ? QStringLiteral(", not saved") : QString();
     setWindowTitle(name.isEmpty() ? Title() : name + state + QStringLiteral(" - ") + Title());
     // At some sizes of the stage letters are a little wider.
-    const QFontMetrics metrics(ScreenFont(kControlFont));
+    const QFontMetrics metrics(RoundFont(kControlFont));
     const int width = kName.width() * 9 / 10 - metrics.horizontalAdvance(state);
     lName->setText(metrics.elidedText(name, Qt::ElideRight, width) + state);
     lName->setAccessibleName(name + state);

@@ -96,9 +96,9 @@ f_Player::f_Player()
     pVolume->MoveTo(kVolume.x(), kVolume.y());
     for (PictureBox* text : {pTitle, pTimes})
         text->setAttribute(Qt::WA_TransparentForMouseEvents); // the window is dragged by it, too
-    pTimes->Dc()->SetFont(ScreenFont(11));
+    pTimes->Dc()->SetFont(RoundFont(10));
     pTimes->setAccessibleName(QStringLiteral("Time"));
-    pTitle->Dc()->SetFont(ScreenFont(11));
+    pTitle->Dc()->SetFont(RoundFont(10));
     pPlay->setAccessibleName(QStringLiteral("Play"));
     pPause->setAccessibleName(QStringLiteral("Pause"));
     pStop->setAccessibleName(QStringLiteral("Stop"));

@@ -3,9 +3,9 @@
 # what is missing. `prepare <group>...` with the groups below.
 
 PACKAGES_BUILD=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libgl-dev libmpg123-dev
-    libebur128-dev libsdl2-dev libtag1-dev fonts-liberation
+    libebur128-dev libsdl2-dev libtag1-dev fonts-liberation fonts-quicksand
     python3 abcmidi fluidsynth fluidr3mono-gm-soundfont lame)
-PACKAGES_RUN=(libqt6svg6 qt6-qpa-plugins qt6-wayland fonts-liberation)
+PACKAGES_RUN=(libqt6svg6 qt6-qpa-plugins qt6-wayland fonts-liberation fonts-quicksand)
 PACKAGES_PACKAGE=(dpkg-dev file gzip lintian)
 PACKAGES_TOUR=(xvfb xdotool dbus at-spi2-core gir1.2-atspi-2.0 python3-gi python3-xlib python3-pil
     python3-numpy)

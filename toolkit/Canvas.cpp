@@ -4,6 +4,7 @@
 
 #include <QFontMetricsF>
 #include <QPainter>
+#include <QPainterPath>
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -13,6 +14,8 @@ namespace toolkit {
 namespace {
 
 double gRatio = 1.0;
+
+int PixelsOf(double points) { return static_cast<int>(std::lround(points * 96 / 72)); }
 
 int ToScreen(int logical) { return static_cast<int>(std::lround(logical * gRatio)); }
 
@@ -61,6 +64,18 @@ void Combine(QImage& target, const Overlap& part, const QImage& source, RasterOp
     }
 }
 
+/// The same pixels, which can be taken for the screen's.
+QImage Share(const QImage& own) {
+    return QImage(own.constBits(), own.width(), own.height(), own.bytesPerLine(), own.format());
+}
+
+/// The corner of a widget, which may lie within a screen pixel, but an image's pixels must not.
+QPointF WholePixel(const QPainter& painter) {
+    const QPointF corner(painter.deviceTransform().dx(), painter.deviceTransform().dy());
+    const QPointF whole(std::round(corner.x()), std::round(corner.y()));
+    return (whole - corner) / painter.device()->devicePixelRatioF();
+}
+
 } // namespace
 
 double Canvas::Ratio() { return gRatio; }
@@ -97,15 +112,18 @@ int Canvas::Height() const { return mRecipe->size.height(); }
 const QImage& Canvas::Image() const { return mRecipe->Pixels(); }
 
 void Canvas::Show(QPainter& painter) const {
-    const QImage& own = Image();
-    const double density = painter.device()->devicePixelRatioF();
-    // The same pixels, taken for the screen's.
-    QImage shown(own.constBits(), own.width(), own.height(), own.bytesPerLine(), own.format());
-    shown.setDevicePixelRatio(density);
-    // A widget's corner may lie within a screen pixel, but the image's pixels must not.
-    const QPointF corner(painter.deviceTransform().dx(), painter.deviceTransform().dy());
-    const QPointF whole(std::round(corner.x()), std::round(corner.y()));
-    painter.drawImage((whole - corner) / density, shown);
+    QImage shown = Share(Image());
+    shown.setDevicePixelRatio(painter.device()->devicePixelRatioF());
+    painter.drawImage(WholePixel(painter), shown);
+}
+
+void Canvas::Show(QPainter& painter, const QPainterPath& outline) const {
+    const QPointF start = WholePixel(painter);
+    const double pixel = 1 / painter.device()->devicePixelRatioF();
+    QBrush brush(Share(Image()));
+    brush.setTransform(QTransform(pixel, 0, 0, pixel, start.x(), start.y()));
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillPath(outline, brush);
 }
 
 void Canvas::Draw(const QRect& area, bool covers, Paint paint) {
@@ -159,7 +177,17 @@ void FillPixels(QImage& image, const QRect& area, ColorRef color) {
 QFont ScreenFont(double points, bool bold) {
     QFont font(QStringLiteral("Times New Roman"));
     font.setStyleHint(QFont::Serif);
-    font.setPixelSize(static_cast<int>(std::lround(points * 96 / 72)));
+    font.setPixelSize(PixelsOf(points));
+    font.setBold(bold);
+    return font;
+}
+
+QFont RoundFont(double points, bool bold) {
+    // Each weight but two has a family of its own, and the regular one is too thin to be read.
+    QFont font(QStringList{bold ? QStringLiteral("Quicksand") : QStringLiteral("Quicksand Medium"),
+                           QStringLiteral("Liberation Sans")});
+    font.setStyleHint(QFont::SansSerif);
+    font.setPixelSize(PixelsOf(points));
     font.setBold(bold);
     return font;
 }

@@ -10,6 +10,7 @@
 #include <memory>
 
 class QPainter;
+class QPainterPath;
 
 namespace toolkit {
 
@@ -42,6 +43,8 @@ public:
     /// Shows the canvas at a widget's top left corner, a pixel of the image on a pixel of the
     /// screen.
     void Show(QPainter& painter) const;
+    /// The same within an outline, which is smooth. Qt's pixels.
+    void Show(QPainter& painter, const QPainterPath& outline) const;
 
     /// Draws on an image of screen pixels. Holds copies of all it needs, because it is called again
     /// when the ratio has changed.
@@ -91,8 +94,12 @@ private:
 /// Handle to a canvas; null draws nothing.
 using Hdc = Canvas*;
 
-/// The font of the program's screens; `points` are 1/72 inch at 96 pixels an inch.
+/// The font of the board and the scores; `points` are 1/72 inch at 96 pixels an inch.
 QFont ScreenFont(double points, bool bold = false);
+
+/// The font of everything else: rounded, as the logo's letters are. To be asked for a bold one
+/// rather than made bold, which would only smear it.
+QFont RoundFont(double points, bool bold = false);
 
 /// Fills the part of `area` (logical pixels) that lies on an image of screen pixels.
 void FillPixels(QImage& image, const QRect& area, ColorRef color);

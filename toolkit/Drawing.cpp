@@ -1,5 +1,11 @@
 #include "toolkit/Drawing.h"
 
+#include "toolkit/CutPath.h"
+
+#include <QLinearGradient>
+#include <QPainter>
+#include <QPen>
+
 namespace toolkit {
 
 Drawing::Drawing(Hdc dc) : mDc(dc) {
@@ -38,8 +44,22 @@ void Drawing::Text(const QString& text, ColorRef color, ColorRef shadow, double 
 }
 
 void DrawPanel(Hdc dc) {
-    constexpr Bevel kPanel{kFrameLight, kFrameDark, Rgb(14, 12, 60)};
-    Drawing(dc).Box(kPanel, QRect(0, 0, dc->Width(), dc->Height()));
+    const QRect area(0, 0, dc->Width(), dc->Height());
+    Drawing(dc).Shapes(area, [area](QPainter& painter) {
+        QLinearGradient ground(area.topLeft(), area.bottomLeft());
+        ground.setColorAt(0, QColor(26, 22, 94));
+        ground.setColorAt(0.4, QColor(15, 13, 64));
+        ground.setColorAt(1, QColor(10, 8, 44));
+        painter.fillRect(area, ground);
+        QLinearGradient rim(area.topLeft(), area.bottomLeft());
+        rim.setColorAt(0, QColor(164, 176, 255));
+        rim.setColorAt(1, QColor(70, 80, 188));
+        const QRectF edge(area);
+        painter.strokePath(CutPath(edge.adjusted(3, 3, -3, -3), kPanelCut - 1),
+                           QPen(QColor(138, 154, 255, 30), 4));
+        painter.strokePath(CutPath(edge.adjusted(0.8, 0.8, -0.8, -0.8), kPanelCut - 0.3),
+                           QPen(rim, 1.6));
+    });
 }
 
 } // namespace toolkit

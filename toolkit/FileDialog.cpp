@@ -97,7 +97,7 @@ FileDialog::FileDialog(QWidget* owner, const QString& title, const QString& fold
     for (auto* view : findChildren<QAbstractItemView*>())
         view->setIconSize(QSize(kIcon, kIcon));
     FillSideBar(*this);
-    constexpr QSize kShowsAllColumns(720, 460);
+    constexpr QSize kShowsAllColumns(750, 460);
     resize((QSizeF(kShowsAllColumns) * StageScale()).toSize().boundedTo(screen()->availableSize()));
 }
 

@@ -1,6 +1,8 @@
 #include "toolkit/Form.h"
 
 #include "platform/Volume.h"
+#include "toolkit/CrossFade.h"
+#include "toolkit/CutPath.h"
 #include "toolkit/Drawing.h"
 #include "toolkit/FittedText.h"
 #include "toolkit/Mous.h"
@@ -75,7 +77,7 @@ Form::Form(const QString& name, const QSize& size)
     setObjectName(name);
     setWindowTitle(QStringLiteral("Songrush"));
     MoveTo(QPoint(0, 0));
-    setAttribute(Qt::WA_OpaquePaintEvent);
+    setAttribute(Qt::WA_OpaquePaintEvent, FillsStage());
     setFocusPolicy(Qt::ClickFocus);
     setMouseTracking(true);
     hide(); // until it is wanted, though the stage may be shown
@@ -140,6 +142,13 @@ std::vector<QWidget*> Form::FocusControls() {
 
 QAccessibleInterface* Form::NewInterface() { return new AccessibleForm(this); }
 
+/// Whole screens follow each other with a cross-fade.
+void Form::setVisible(bool visible) {
+    if (FillsStage() && visible == isHidden())
+        CrossFade::Begin(Stage::Get().Area());
+    QWidget::setVisible(visible);
+}
+
 bool Form::event(QEvent* event) {
     const bool known = QWidget::event(event);
     // Sent when controls were shown or hidden.
@@ -167,7 +176,10 @@ void Form::paintEvent(QPaintEvent* event) {
     Stage::Get().CheckDensity(); // the stage does not paint what a form covers
     QPainter painter(this);
     painter.setClipRegion(event->region());
-    mCanvas.Show(painter);
+    if (FillsStage())
+        mCanvas.Show(painter);
+    else
+        mCanvas.Show(painter, CutPath(rect(), kPanelCut * StageScale()));
 }
 
 void Form::mousePressEvent(QMouseEvent* event) {

@@ -75,6 +75,8 @@ public:
 
     QAccessibleInterface* NewInterface() override;
 
+    void setVisible(bool visible) override;
+
 Q_SIGNALS:
     void CloseRequested();
 

@@ -4,6 +4,7 @@
 #include "toolkit/ListLayout.h"
 
 #include <QFontMetricsF>
+#include <QLinearGradient>
 #include <QPainter>
 #include <QPolygonF>
 #include <algorithm>
@@ -25,6 +26,9 @@ constexpr ColorRef kLines[] = {Rgb(9, 7, 32), Rgb(15, 12, 48)};
 constexpr ColorRef kSelected[] = {Rgb(24, 20, 62), Rgb(6, 4, 114)};
 constexpr ColorRef kSelectedEdge[] = {Rgb(92, 92, 160), Rgb(84, 130, 255)};
 
+constexpr ColorRef kRimLight = Rgb(134, 146, 240);
+constexpr ColorRef kRimDark = Rgb(62, 70, 168);
+
 constexpr double kArrowWidth = 9;
 constexpr double kArrowHeight = 6;
 
@@ -41,6 +45,17 @@ void DrawEdges(Hdc dc, const QRect& area, ColorRef light, ColorRef dark) {
     dc->Fill(QRect(area.topLeft(), upright), light);
     dc->Fill(QRect(area.bottomLeft(), flat), dark);
     dc->Fill(QRect(area.topRight(), upright), dark);
+}
+
+/// Light on the upper half of a header, as on the buttons.
+void DrawGlass(Hdc dc, const QRect& cell) {
+    const QRect glass = cell.adjusted(1, 1, -1, -cell.height() / 2);
+    Drawing(dc).Shapes(glass, [glass](QPainter& painter) {
+        QLinearGradient light(glass.topLeft(), glass.bottomLeft());
+        light.setColorAt(0, QColor(255, 255, 255, 48));
+        light.setColorAt(1, QColor(255, 255, 255, 10));
+        painter.fillRect(glass, light);
+    });
 }
 
 void DrawTitle(Hdc dc, const QRect& cell, const QString& text, ColorRef color, double width) {
@@ -66,10 +81,10 @@ void DrawArrow(Hdc dc, const QRect& cell, SortArrow arrow) {
 void DrawHeaderCell(Hdc dc, const QRect& cell, const QString& text, HeaderLook look,
                     SortArrow arrow) {
     Drawing(dc).Box(kHeaders[static_cast<int>(look)], cell);
+    if (look != HeaderLook::Pressed)
+        DrawGlass(dc, cell);
     const QFont own = dc->Font();
-    QFont bold = own;
-    bold.setBold(true);
-    dc->SetFont(bold);
+    dc->SetFont(RoundFont(own.pixelSize() * 0.75, true));
     const double spare = arrow == SortArrow::None ? 0 : kArrowWidth + ListLayout::kMargin;
     DrawTitle(dc, cell, text, kWhite, cell.width() - 2 * ListLayout::kMargin - spare);
     dc->SetFont(own);
@@ -122,7 +137,7 @@ void DrawCellTexts(Hdc dc, const QRect& area, const std::vector<PlacedText>& cel
 void DrawListGround(Hdc dc, const QRect& area) { dc->Fill(area, kListGround); }
 
 void DrawListFrame(Hdc dc) {
-    DrawEdges(dc, QRect(0, 0, dc->Width(), dc->Height()), kFrameLight, kFrameDark);
+    DrawEdges(dc, QRect(0, 0, dc->Width(), dc->Height()), kRimLight, kRimDark);
 }
 
 } // namespace toolkit

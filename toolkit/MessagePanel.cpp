@@ -17,8 +17,9 @@ namespace {
 
 constexpr int kMargin = 22;
 constexpr int kTitleBottom = 44;
-constexpr QSize kButton(96, 34);
+constexpr QSize kButton(108, 36);
 constexpr int kButtonGap = 12;
+constexpr ColorRef kRule = Rgb(62, 68, 170);
 
 /// Where the parts of a panel lie.
 struct Parts {
@@ -30,7 +31,7 @@ struct Parts {
 
 QSize SizeOf(const QString& text) {
     constexpr int kWidest = 620;
-    const QFontMetrics metrics(ScreenFont(kControlFont));
+    const QFontMetrics metrics(RoundFont(kControlFont));
     const QSize size = metrics.boundingRect(QRect(0, 0, kWidest, 0), Qt::TextWordWrap, text).size();
     return size + QSize(size.width() / 20 + 4, 4); // in other sizes lines are a little wider
 }
@@ -63,10 +64,10 @@ Parts PartsOf(const platform::Message& message) {
 }
 
 void DrawTitle(Hdc dc, const QString& title) {
-    dc->SetFont(ScreenFont(kControlFont, true));
+    dc->SetFont(RoundFont(kControlFont, true));
     Drawing drawing(dc);
     drawing.Text(title, kNightText, kBlack, kMargin, (kTitleBottom - dc->TextHeight()) / 2, 1);
-    drawing.Fill(kFrameDark, kMargin, kTitleBottom - 1, dc->Width() - kMargin, kTitleBottom);
+    drawing.Fill(kRule, kMargin, kTitleBottom - 1, dc->Width() - kMargin, kTitleBottom);
 }
 
 } // namespace

@@ -1,35 +1,33 @@
 #include "toolkit/NightStyle.h"
 
 #include "toolkit/Canvas.h"
+#include "toolkit/CutPath.h"
 #include "toolkit/MessageSign.h"
 #include "toolkit/Palette.h"
 #include "toolkit/Place.h"
+#include "toolkit/PlainFace.h"
 
 #include <QDialog>
 #include <QPainter>
+#include <QPolygonF>
 #include <QStyleOption>
 #include <cmath>
+#include <functional>
 
 namespace toolkit {
 
 namespace {
 
-struct Pill {
-    QColor rim;
-    QColor top;
-    QColor bottom;
-};
+constexpr QColor kRim(76, 88, 190); // of text boxes and lists
 
-const Pill& PillOf(QStyle::State state) {
-    static const Pill normal{ToQColor(kPeriwinkle), QColor(66, 84, 216), QColor(16, 20, 88)};
-    static const Pill hover{QColor(201, 184, 255), QColor(118, 98, 250), QColor(40, 18, 132)};
-    static const Pill pressed{ToQColor(kPink), QColor(14, 8, 50), QColor(70, 44, 190)};
-    static const Pill disabled{QColor(70, 76, 140), QColor(30, 34, 92), QColor(18, 18, 62)};
+const PlainFace& FaceOf(QStyle::State state) {
+    static constexpr PlainFace disabled{Rgb(40, 44, 116), Rgb(18, 18, 62), Rgb(70, 76, 140),
+                                        Rgb(8, 6, 28), PlainFace::Light::Rest};
     if (!state.testFlag(QStyle::State_Enabled))
         return disabled;
     if (state.testAnyFlags(QStyle::State_Sunken | QStyle::State_On))
-        return pressed;
-    return state.testFlag(QStyle::State_MouseOver) ? hover : normal;
+        return kBlueFaces[2];
+    return kBlueFaces[state.testFlag(QStyle::State_MouseOver) ? 1 : 0];
 }
 
 bool ShowsFocus(const QStyleOption& option) {
@@ -37,34 +35,50 @@ bool ShowsFocus(const QStyleOption& option) {
            option.state.testFlag(QStyle::State_KeyboardFocusChange);
 }
 
-/// A box with rounded corners whose rim lies entirely inside `area`. `radius` and `width` are
-/// logical pixels.
-void DrawRound(QPainter& painter, const QRect& area, double radius, const QBrush& fill,
-               const QColor& rim, double width) {
-    radius *= StageScale();
-    width *= StageScale();
+/// Lets `paint` draw in logical pixels.
+void Scaled(QPainter& painter, const QRect& area,
+            const std::function<void(const QRectF& area)>& paint) {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(rim, width));
-    painter.setBrush(fill);
-    const double inset = width / 2;
-    painter.drawRoundedRect(QRectF(area).adjusted(inset, inset, -inset, -inset), radius, radius);
+    painter.translate(area.topLeft());
+    painter.scale(StageScale(), StageScale());
+    paint(QRectF(QPointF(0, 0), QSizeF(area.size()) / StageScale()));
     painter.restore();
 }
 
+/// A box with cut corners whose rim lies entirely inside `area`.
+void DrawBox(QPainter& painter, const QRect& area, double cut, const QBrush& fill,
+             const QColor& rim) {
+    Scaled(painter, area, [&](const QRectF& box) {
+        painter.setPen(QPen(rim, 1.2));
+        painter.setBrush(fill);
+        painter.drawPath(CutPath(box.adjusted(0.6, 0.6, -0.6, -0.6), cut));
+    });
+}
+
 void DrawButton(QPainter& painter, const QStyleOption& option) {
-    const Pill& pill = PillOf(option.state);
-    QLinearGradient fill(option.rect.topLeft(), option.rect.bottomLeft());
-    fill.setColorAt(0, pill.top);
-    fill.setColorAt(1, pill.bottom);
-    const bool focus = ShowsFocus(option);
-    DrawRound(painter, option.rect, 8, fill, focus ? ToQColor(kGold) : pill.rim, focus ? 2 : 1);
+    Scaled(painter, option.rect, [&](const QRectF& button) {
+        PaintPlainFace(painter, button, FaceOf(option.state));
+        if (!ShowsFocus(option))
+            return;
+        painter.setPen(QPen(ToQColor(kGold), 2));
+        const QRectF frame = button.adjusted(1, 1, -1, -1);
+        painter.drawPath(CutPath(frame, CutOf(frame)));
+    });
+}
+
+/// The sign of a drop-down list, at its right end.
+void DrawListArrow(QPainter& painter, const QRect& list) {
+    Scaled(painter, list, [&painter](const QRectF& area) {
+        const QPointF tip(area.right() - 14, area.center().y() + 2);
+        painter.setPen(QPen(ToQColor(kNightText), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.drawPolyline(QPolygonF({tip - QPointF(4.5, 4.5), tip, tip - QPointF(-4.5, 4.5)}));
+    });
 }
 
 void DrawField(QPainter& painter, const QStyleOption& option) {
     const bool focus = option.state.testFlag(QStyle::State_HasFocus);
-    DrawRound(painter, option.rect, 5, option.palette.base(),
-              focus ? ToQColor(kGold) : QColor(76, 88, 190), 1);
+    DrawBox(painter, option.rect, 5, option.palette.base(), focus ? ToQColor(kGold) : kRim);
 }
 
 void DrawDialogFrame(QPainter& painter, const QRect& area) {
@@ -77,20 +91,18 @@ void DrawDialogFrame(QPainter& painter, const QRect& area) {
 }
 
 void DrawCheckBox(QPainter& painter, const QStyleOption& option) {
-    DrawRound(painter, option.rect, 4, option.palette.base(),
-              ShowsFocus(option) ? ToQColor(kGold) : ToQColor(kPeriwinkle), 1);
+    DrawBox(painter, option.rect, 3, option.palette.base(),
+            ShowsFocus(option) ? ToQColor(kGold) : ToQColor(kPeriwinkle));
     if (!option.state.testFlag(QStyle::State_On))
         return;
-    const QRectF box = option.rect;
-    const auto at = [&box](double x, double y) {
-        return QPointF(box.x() + x * box.width(), box.y() + y * box.height());
-    };
-    const QPointF tick[] = {at(0.22, 0.52), at(0.42, 0.74), at(0.78, 0.26)};
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(ToQColor(kGold), 2 * StageScale()));
-    painter.drawPolyline(tick, 3);
-    painter.restore();
+    Scaled(painter, option.rect, [&](const QRectF& box) {
+        const auto at = [&box](double x, double y) {
+            return QPointF(x * box.width(), y * box.height());
+        };
+        const QPointF tick[] = {at(0.22, 0.52), at(0.42, 0.74), at(0.78, 0.26)};
+        painter.setPen(QPen(ToQColor(kGold), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.drawPolyline(tick, 3);
+    });
 }
 
 QIcon MessageIcon(platform::Icon icon) {
@@ -103,7 +115,7 @@ QIcon MessageIcon(platform::Icon icon) {
     return QIcon(picture);
 }
 
-int Scaled(int length) { return static_cast<int>(std::lround(length * StageScale())); }
+int Pixels(int length) { return static_cast<int>(std::lround(length * StageScale())); }
 
 } // namespace
 
@@ -117,7 +129,7 @@ int NightStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
                             const QWidget* widget) const {
     if (metric == PM_MenuPanelWidth)
         return 1; // the frame's, which the base style does not draw
-    return Scaled(QProxyStyle::pixelMetric(metric, option, widget));
+    return Pixels(QProxyStyle::pixelMetric(metric, option, widget));
 }
 
 int NightStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
@@ -129,11 +141,43 @@ int NightStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWid
 
 QRect NightStyle::subElementRect(SubElement element, const QStyleOption* option,
                                  const QWidget* widget) const {
-    constexpr int kBesideText = 4; // room for the rounded corners
+    constexpr int kBesideText = 4; // room for the cut corners
     const QRect area = QProxyStyle::subElementRect(element, option, widget);
     return element == SE_LineEditContents
-               ? area.adjusted(Scaled(kBesideText), 0, -Scaled(kBesideText), 0)
+               ? area.adjusted(Pixels(kBesideText), 0, -Pixels(kBesideText), 0)
                : area;
+}
+
+QRect NightStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
+                                 SubControl part, const QWidget* widget) const {
+    constexpr int kBesideText = 6;
+    const QRect area = QProxyStyle::subControlRect(control, option, part, widget);
+    return control == CC_ComboBox && part == SC_ComboBoxEditField
+               ? area.adjusted(Pixels(kBesideText), 0, 0, 0)
+               : area;
+}
+
+void NightStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                             const QWidget* widget) const {
+    const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+    if (element != CE_PushButtonLabel || button == nullptr || !button->icon.isNull())
+        return QProxyStyle::drawControl(element, option, painter, widget);
+    const int flags = Qt::AlignCenter | Qt::TextShowMnemonic;
+    const QRect area = option->rect.translated(0, -Pixels(2)); // the middle of the face
+    const bool enabled = option->state.testFlag(State_Enabled);
+    painter->setPen(Qt::black);
+    drawItemText(painter, area.translated(Pixels(1), Pixels(1)), flags, option->palette, enabled,
+                 button->text);
+    drawItemText(painter, area, flags, option->palette, enabled, button->text,
+                 QPalette::ButtonText);
+}
+
+void NightStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                    QPainter* painter, const QWidget* widget) const {
+    if (control != CC_ComboBox)
+        return QProxyStyle::drawComplexControl(control, option, painter, widget);
+    DrawButton(*painter, *option);
+    DrawListArrow(*painter, option->rect);
 }
 
 void NightStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
@@ -147,6 +191,9 @@ void NightStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
         return DrawCheckBox(*painter, *option);
     case PE_FrameMenu:
         painter->setPen(ToQColor(kFrameLight));
+        return painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+    case PE_Frame:
+        painter->setPen(kRim);
         return painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
     case PE_FrameFocusRect: // the rim shows it
         return;

@@ -1,6 +1,8 @@
 #include "toolkit/PictureBox.h"
 
+#include "toolkit/CutPath.h"
 #include "toolkit/Palette.h"
+#include "toolkit/PlainFace.h"
 #include "toolkit/Presses.h"
 
 #include <QAccessible>
@@ -83,6 +85,11 @@ void PictureBox::SetButton(double radius) {
     setFocusPolicy(Qt::StrongFocus);
 }
 
+void PictureBox::SetPlainButton() {
+    SetButton(0);
+    mIsPlain = true;
+}
+
 void PictureBox::Activate() {
     if (TakesInput())
         Q_EMIT Activated();
@@ -113,7 +120,10 @@ void PictureBox::paintEvent(QPaintEvent*) {
     painter.scale(StageScale(), StageScale());
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(ToQColor(kGold), 2));
-    painter.drawRoundedRect(FocusFrame(), mFocusRadius, mFocusRadius);
+    if (mIsPlain)
+        painter.drawPath(CutPath(FocusFrame(), CutOf(FocusFrame())));
+    else
+        painter.drawRoundedRect(FocusFrame(), mFocusRadius, mFocusRadius);
 }
 
 /// The frame of a button in the form's corner stays open towards the edges, as the button does.

@@ -39,6 +39,8 @@ public:
     /// Makes the box a button for keyboards and screen readers. The frame that shows the focus has
     /// corners with a radius of `radius` logical pixels.
     void SetButton(double radius);
+    /// The same for a button that looks as `PaintPlainFace` has it.
+    void SetPlainButton();
     bool IsButton() const { return mButton; }
 
     /// For screen readers: in words, what a box shows that is not a button. It can be read but is
@@ -98,6 +100,7 @@ private:
     Canvas mCanvas;
     bool mButton = false;
     double mFocusRadius = 0;
+    bool mIsPlain = false;
     bool mFocusShown = false;
     int mHeldKey = 0;
     std::optional<QPointF> mPointer; // while it is in the box

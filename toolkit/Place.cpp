@@ -28,7 +28,7 @@ void ShowAtPlace(QWidget& control) {
 void ShowFont(QWidget& control) {
     const QVariant points = control.property(kPoints);
     if (points.isValid())
-        control.setFont(ScreenFont(points.toDouble() * gScale));
+        control.setFont(RoundFont(points.toDouble() * gScale));
 }
 
 } // namespace
@@ -47,6 +47,13 @@ void SetFontPoints(QWidget& control, double points) {
     ShowFont(control);
 }
 
+void SetControlFonts() {
+    const double points = kControlFont * gScale;
+    QApplication::setFont(RoundFont(points));
+    QApplication::setFont(RoundFont(points, true), "QPushButton");
+    QToolTip::setFont(QApplication::font());
+}
+
 QPointF ToLogical(QPointF pixels) { return pixels / gScale; }
 
 QRect FromLogical(const QRect& area) {
@@ -57,8 +64,7 @@ QRect FromLogical(const QRect& area) {
 
 void Rescale(QWidget& area, double scale) {
     gScale = scale;
-    QApplication::setFont(ScreenFont(kControlFont * scale));
-    QToolTip::setFont(QApplication::font());
+    SetControlFonts();
     for (QWidget* control : area.findChildren<QWidget*>()) {
         ShowFont(*control);
         ShowAtPlace(*control);

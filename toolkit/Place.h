@@ -20,7 +20,10 @@ QRect PlaceOf(const QWidget& control);
 
 /// Gives a control the program's font in a size other than `kControlFont`, in points.
 void SetFontPoints(QWidget& control, double points);
-constexpr double kControlFont = 12;
+constexpr double kControlFont = 11;
+
+/// Gives all other controls theirs, at the scale of the time.
+void SetControlFonts();
 
 /// Qt's pixels as logical ones, and the reverse; adjacent areas neither overlap nor leave a gap.
 QPointF ToLogical(QPointF pixels);

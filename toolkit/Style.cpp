@@ -46,7 +46,7 @@ QPalette NightPalette() {
 void ApplyStyle() {
     QApplication::setStyle(new NightStyle);
     QApplication::setPalette(NightPalette());
-    QApplication::setFont(ScreenFont(kControlFont * StageScale()));
+    SetControlFonts();
 }
 
 void WriteNumbersInEnglish() {
@@ -55,7 +55,8 @@ void WriteNumbersInEnglish() {
 
 void PreloadFont() {
     static std::future<void> preloading = std::async(std::launch::async, [] {
-        [[maybe_unused]] const double width = QFontMetricsF(ScreenFont(12)).horizontalAdvance(u'S');
+        for (const QFont& font : {RoundFont(12, true), RoundFont(12), ScreenFont(12)})
+            [[maybe_unused]] const double width = QFontMetricsF(font).horizontalAdvance(u'S');
     });
 }
 

@@ -1,12 +1,13 @@
 #pragma once
 
 #include "toolkit/PictureBox.h"
+#include "toolkit/PlainFace.h"
 
 #include <QObject>
 #include <array>
 
-/// A rectangular button drawn without a skin: a bevelled outline, a diagonal gradient and a
-/// centred caption, in one of three colour schemes.
+/// A rectangular button drawn without a skin: a `PlainFace` in one of three colour schemes and a
+/// centred caption.
 class c_PicButton : public QObject {
     Q_OBJECT
 public:
@@ -25,14 +26,11 @@ public:
     /// Raises `Clicked` as if the player had clicked.
     void Click() { Q_EMIT Clicked(); }
 
-    /// Colours of one look.
+    /// One look and the colours of its caption.
     struct Look {
-        toolkit::ColorRef gradientStart;
-        toolkit::ColorRef gradientEnd;
+        toolkit::PlainFace face;
         toolkit::ColorRef caption;
         toolkit::ColorRef captionShadow;
-        toolkit::ColorRef lightEdge;
-        toolkit::ColorRef darkEdge;
     };
 
 Q_SIGNALS:

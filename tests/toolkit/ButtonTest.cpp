@@ -138,9 +138,9 @@ protected:
     PicButton() { mButton.Create(&mBox, QString()); }
 
     QChar Look() const override {
-        // The first of the gradient's colours tells the looks of the blue scheme apart.
-        const RgbParts parts = SplitRgb(At(3, 3));
-        return parts.red > 100 ? u'1' : parts.blue > 150 ? u'0' : u'2';
+        // Where the gradient begins, below the glass, its colour tells the blue looks apart.
+        const RgbParts parts = SplitRgb(At(4, 14));
+        return parts.red > 60 ? u'1' : parts.blue > 150 ? u'0' : u'2';
     }
 
     c_PicButton mButton;

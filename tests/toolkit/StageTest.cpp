@@ -1,10 +1,12 @@
 #include "toolkit/Stage.h"
+#include "platform/Motion.h"
 #include "tests/OnStage.h"
 #include "tests/toolkit/Pictures.h"
 #include "toolkit/Form.h"
 #include "toolkit/MessagePanel.h"
 #include "toolkit/Mous.h"
 
+#include <QGraphicsEffect>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -85,6 +87,28 @@ TEST_F(Stages, ShowEverythingAsLargeAsTheWindowIs) {
         const QImage shown = mForm.grab().toImage();
         EXPECT_EQ(shown.pixelColor(box.center() + QPoint(-box.width(), 0)), QColor(9, 90, 9));
         EXPECT_EQ(mBox.Place(), QRect(400, 300, 40, 20));
+    }
+}
+
+TEST_F(Stages, FadeFromScreenToScreenUnlessLessMotionIsWanted) {
+    const QRect all(QPoint(0, 0), kStageSize);
+    mForm.Dc()->Fill(all, Rgb(9, 90, 9));
+    Form next(QStringLiteral("f_Next"));
+    next.Dc()->Fill(all, Rgb(200, 0, 0));
+    const auto seen = [this] { return mStage.grab().toImage().pixelColor(10, 10); };
+    const auto still = [this] { return mStage.Area().graphicsEffect() == nullptr; };
+    for (const bool reduced : {false, true}) {
+        mForm.ShowInPlace();
+        ASSERT_TRUE(QTest::qWaitFor(still));
+        const auto before = platform::ReplaceMotionWish([reduced] { return reduced; });
+        mForm.hide();
+        next.ShowInPlace();
+        EXPECT_EQ(seen(), reduced ? QColor(200, 0, 0) : QColor(9, 90, 9));
+        EXPECT_EQ(mStage.childAt(10, 10), &next) << "it can be pressed at once";
+        EXPECT_TRUE(QTest::qWaitFor(still));
+        EXPECT_EQ(seen(), QColor(200, 0, 0));
+        next.hide();
+        platform::ReplaceMotionWish(before);
     }
 }
 
