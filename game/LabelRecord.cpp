@@ -57,15 +57,19 @@ LabelRecord::LabelRecord(QWidget* board) : TurningPart(board, QStringLiteral("La
 
 void LabelRecord::SetCover(const QImage& cover) {
     mCover = QPixmap::fromImage(cover);
+    mRecord = QPixmap();
     update();
 }
 
-void LabelRecord::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    painter.scale(StageScale(), StageScale());
+/// The record before it turns, in the pixels of the screen.
+QPixmap LabelRecord::PaintRecord() const {
+    const double scale = StageScale() * devicePixelRatioF();
+    QPixmap record((QSizeF(kSide, kSide) * scale).toSize());
+    record.fill(Qt::transparent);
+    QPainter painter(&record);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    painter.scale(scale, scale);
     painter.translate(kRadius, kRadius);
-    painter.rotate(Angle());
     PaintGrooves(painter);
     if (mCover.isNull()) {
         PaintOwnLabel(painter);
@@ -80,6 +84,20 @@ void LabelRecord::paintEvent(QPaintEvent*) {
     painter.setPen(Qt::NoPen);
     painter.setBrush(QColor(6, 5, 20));
     painter.drawEllipse(QPointF(0, 0), kHole, kHole);
+    return record;
 }
+
+void LabelRecord::paintEvent(QPaintEvent*) {
+    if (mRecord.isNull())
+        mRecord = PaintRecord();
+    QPainter painter(this);
+    painter.scale(StageScale(), StageScale());
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.translate(kRadius, kRadius);
+    painter.rotate(Angle());
+    painter.drawPixmap(QRectF(-kRadius, -kRadius, kSide, kSide), mRecord, QRectF(mRecord.rect()));
+}
+
+void LabelRecord::resizeEvent(QResizeEvent*) { mRecord = QPixmap(); }
 
 } // namespace game

@@ -19,9 +19,13 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
+    QPixmap PaintRecord() const;
+
     QPixmap mCover;
+    QPixmap mRecord; ///< null until it is needed as it is now
 };
 
 } // namespace game

@@ -21,6 +21,7 @@ constexpr double kInner = 196;       // radii of the grooves that are lit
 constexpr double kOuter = 262;
 constexpr double kHalfWidth = 14; // degrees
 constexpr std::array kGlints{0.0, 180.0};
+constexpr QRect kGlint(188, -66, 76, 132); // around one, from the record's middle
 
 /// The dial, the question and the player's line.
 constexpr std::array kInFront{QRect(225, 80, 350, 120), QRect(180, 500, 440, 100)};
@@ -49,6 +50,27 @@ void RecordLight::Turned(double from, double to) {
             update(FromLogical(PlaceOfGlint(glint + angle)));
 }
 
+/// A glint as it lies to the right of the record's middle, in the pixels of the screen.
+QPixmap RecordLight::PaintGlint() const {
+    const double scale = StageScale() * devicePixelRatioF();
+    QPixmap glint((QSizeF(kGlint.size()) * scale).toSize());
+    glint.fill(Qt::transparent);
+    QPainter painter(&glint);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(scale, scale);
+    painter.translate(-kGlint.topLeft());
+    QConicalGradient light(QPointF(0, 0), 0);
+    for (const double at : {0.0, 1.0})
+        light.setColorAt(at, QColor(170, 180, 255, 110));
+    for (const double at : {kHalfWidth / 360, 1 - kHalfWidth / 360})
+        light.setColorAt(at, QColor(170, 180, 255, 0));
+    painter.setPen(QPen(light, 1.2));
+    for (double radius = kInner; radius <= kOuter; radius += 4.5)
+        painter.drawArc(QRectF(-radius, -radius, 2 * radius, 2 * radius),
+                        static_cast<int>(-kHalfWidth * 16), static_cast<int>(kHalfWidth * 2 * 16));
+    return glint;
+}
+
 void RecordLight::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.scale(StageScale(), StageScale());
@@ -56,22 +78,17 @@ void RecordLight::paintEvent(QPaintEvent*) {
     for (const QRect& place : kInFront)
         free -= place;
     painter.setClipRegion(free);
-    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.translate(kMiddle);
     painter.rotate(Angle());
+    if (mGlint.isNull())
+        mGlint = PaintGlint();
     for (const double glint : kGlints) {
-        QConicalGradient light(QPointF(0, 0), -glint);
-        constexpr double kEdge = kHalfWidth / 360;
-        light.setColorAt(0, QColor(170, 180, 255, 110));
-        light.setColorAt(kEdge, QColor(170, 180, 255, 0));
-        light.setColorAt(1 - kEdge, QColor(170, 180, 255, 0));
-        light.setColorAt(1, QColor(170, 180, 255, 110));
-        painter.setPen(QPen(light, 1.2));
-        for (double radius = kInner; radius <= kOuter; radius += 4.5)
-            painter.drawArc(QRectF(-radius, -radius, 2 * radius, 2 * radius),
-                            static_cast<int>(std::lround((-glint - kHalfWidth) * 16)),
-                            static_cast<int>(std::lround(kHalfWidth * 2 * 16)));
+        painter.rotate(glint);
+        painter.drawPixmap(QRectF(kGlint), mGlint, QRectF(mGlint.rect()));
     }
 }
+
+void RecordLight::resizeEvent(QResizeEvent*) { mGlint = QPixmap(); }
 
 } // namespace game

@@ -2,6 +2,8 @@
 
 #include "game/TurningPart.h"
 
+#include <QPixmap>
+
 namespace game {
 
 /// Glints on the grooves of the record behind the board, so that it is seen to turn. What stands on
@@ -12,7 +14,13 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void Turned(double from, double to) override;
+
+private:
+    QPixmap PaintGlint() const;
+
+    QPixmap mGlint; ///< null until it is needed in this size
 };
 
 } // namespace game

@@ -9,7 +9,7 @@
 namespace game {
 
 TurningPart::TurningPart(QWidget* board, const QString& name) : QWidget(board) {
-    constexpr int kFrame = 40; // milliseconds
+    constexpr int kFrame = 50; // milliseconds
     setObjectName(name);
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setFocusPolicy(Qt::NoFocus);
@@ -34,7 +34,7 @@ void TurningPart::Turned(double, double) { update(); }
 
 void TurningPart::Turn() {
     constexpr double kDegreesPerSecond = 200; // 33 1/3 turns a minute
-    constexpr int kPatience = 25;             // frames; a clip may take a while to begin
+    constexpr int kPatience = 20;             // frames; a clip may take a while to begin
     const double heard = Audio().Position();
     const double moved = heard - std::exchange(mHeard, heard);
     mStill = moved == 0 ? mStill + 1 : 0;
