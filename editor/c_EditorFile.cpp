@@ -105,6 +105,8 @@ bool c_Editor::SaveList(bool askName) {
 /// Shows a message when the list's file holds other songs than it had here, and returns whether it
 /// did.
 bool c_Editor::TellIfFileChanged() {
+    if (mSongs.SavedPrint() == editor::KeyPrint()) // kept by an earlier run of the program
+        return false;
     const auto now = std::make_shared<std::optional<editor::KeyPrint>>();
     const auto look = [now, file = mSongs.File()] { *now = editor::PrintOf(file); };
     if (!Blocked([&](const auto& open) { return platform::AwaitAside(look, open); }) || !*now ||
