@@ -50,7 +50,7 @@ void PaintPlayer(QPainter& painter, const QRectF& place, int player) {
     painter.setPen(Qt::NoPen);
     painter.setBrush(ToQColor(PlayerColor(player)));
     painter.drawEllipse(place);
-    painter.setPen(QColor(10, 6, 40));
+    painter.setPen(QColor(50, 0, 100));
     painter.setFont(ScreenFont(9, true));
     painter.drawText(place, Qt::AlignCenter, QString::number(player));
 }

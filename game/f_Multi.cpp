@@ -225,7 +225,7 @@ void f_Multi::DrawTurn(int player) {
         painter.setBrush(ToQColor(color));
         painter.drawRoundedRect(band, band.height() / 2, band.height() / 2);
         painter.setFont(font);
-        painter.setPen(QColor(10, 6, 40));
+        painter.setPen(QColor(50, 0, 100));
         painter.drawText(band, Qt::AlignCenter, text);
     });
     Dc()->SetFont(own);

@@ -20,7 +20,7 @@ COLORS = ((255, 255, 255), (242, 243, 255), (226, 226, 255), (220, 220, 255), (2
           (255, 221, 120), (190, 190, 250), (160, 168, 240), (150, 152, 190), (214, 112, 122),
           (140, 140, 230), (255, 0, 100), (255, 50, 50), (255, 0, 0), (250, 0, 50), (250, 250, 0),
           (60, 230, 60), (50, 255, 50), (100, 200, 250), (50, 100, 250), (0, 100, 250),
-          CLOCK, (10, 6, 40))
+          CLOCK)
 # The red of a pressed plain button stands on a gradient that leaves it less than its size needs;
 # it is seen for as long as the mouse button is held.
 PRESSED, PRESSED_LIMIT = (255, 0, 100), 2.3

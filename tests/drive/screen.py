@@ -40,11 +40,13 @@ class Screen:
         return Image.fromarray(self.pixels())
 
     def settle(self, box=None):
-        """Waits until two looks are alike, but not for long: a running clock never keeps still."""
+        """Waits until three looks are alike, but not for long: a running clock never keeps still."""
         before = self.pixels(box)
-        for _ in range(15):
+        alike = 1
+        for _ in range(20):
             time.sleep(0.05)
             now = self.pixels(box)
-            if numpy.array_equal(now, before):
+            alike = alike + 1 if numpy.array_equal(now, before) else 1
+            if alike == 3:
                 return
             before = now

@@ -207,7 +207,9 @@ TEST_F(HighScoresTest, BrowsingShowsBothTablesAndChangesNoFile) {
     QStringList seen;
     Robot robot([&] {
         const auto labels = mScores.findChildren<QLabel*>();
-        seen << labels[1]->text() + u':' + labels[2]->text();
+        const QString table = labels[1]->text() + u':' + labels[2]->text();
+        if (!seen.endsWith(table)) // a second click that comes too soon is none
+            seen << table;
         ClickOn(seen.size() < 3 ? mScores.pOther : mScores.pX);
     });
     highScores.Browse();
