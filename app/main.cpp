@@ -1,5 +1,6 @@
 #include "app/Start.h"
 #include "platform/Aside.h"
+#include "platform/FontList.h"
 #include "platform/Wait.h"
 #include "toolkit/Style.h"
 
@@ -10,6 +11,7 @@
 #include <cstdlib>
 
 int main(int argc, char* argv[]) {
+    platform::PreloadFontList();
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     toolkit::PreloadFont();
