@@ -23,8 +23,9 @@ constexpr double kHalfWidth = 14; // degrees
 constexpr std::array kGlints{0.0, 180.0};
 constexpr QRect kGlint(188, -66, 76, 132); // around one, from the record's middle
 
-/// The dial, the question and the player's line.
-constexpr std::array kInFront{QRect(225, 80, 350, 120), QRect(180, 500, 440, 100)};
+/// The name of the game, the dial with the question, the score, and the player's line.
+constexpr std::array kInFront{QRect(0, 0, 800, 62), QRect(225, 80, 350, 120),
+                              QRect(570, 84, 220, 62), QRect(180, 500, 440, 100)};
 
 QRect PlaceOfGlint(double angle) {
     QRectF place;
