@@ -54,7 +54,7 @@ f_Menu::f_Menu()
 
     constexpr int kBelow = 8; // as the row of sizes
     PictureBox& scores = Scores->Box();
-    scores.Dc()->SetFont(ScreenFont(11));
+    scores.Dc()->SetFont(RoundFont(10));
     scores.MoveTo(Width() - 14 - kScores.width(), Height() - kScores.height() - kBelow);
 
     lPlayers->setObjectName(QStringLiteral("lPlayers"));
