@@ -30,7 +30,7 @@ public:
         const auto* form = static_cast<Form*>(widget());
         if (form->GetLayer() == Form::Layer::Messages)
             return QAccessible::AlertMessage;
-        return form->FillsStage() ? QAccessible::Pane : QAccessible::Dialog;
+        return form->FillsStage() ? QAccessible::Client : QAccessible::Dialog;
     }
     QString text(QAccessible::Text kind) const override {
         return kind == QAccessible::Name ? widget()->windowTitle() : QAccessibleWidget::text(kind);
