@@ -8,6 +8,8 @@ Screen::Screen(const QString& name)
       pVolume(new VolumeBox(this)) {
     pX->setAccessibleName(QStringLiteral("Close"));
     pMin->setAccessibleName(QStringLiteral("Minimise"));
+    for (PictureBox* box : {pX, pMin})
+        box->SetButton(0); // screen readers may ask what it is before a controller draws it
 }
 
 void Screen::CopyBackground() {
