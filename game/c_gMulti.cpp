@@ -180,6 +180,7 @@ void c_gMulti::AwaitSong() {
     if (!Preparing())
         return;
     DrawStatus();
+    Board().HoldCaptions(); // they are told with the question
     Board().AskQuestion(QStringLiteral("Loading..."));
     ShowBoard();
     WaitWhileShown([this] { return Preparing(); });

@@ -28,6 +28,10 @@ public:
     /// The same for a text that is not worth an announcement; it can only be read in place.
     void AddQuietCaption(const QString& text, const QRect& place);
 
+    /// Announces none of the captions that are waiting for it. They can be read in place, and are
+    /// announced if they are added again.
+    void HoldCaptions() { mCaptions.clear(); }
+
     /// Notes that all captions were painted over.
     void ClearCaptions();
 

@@ -39,6 +39,7 @@ public:
     void AddQuietCaption(const QString& text, const QRect& place) {
         mAnnouncer->AddQuietCaption(text, place);
     }
+    void HoldCaptions() { mAnnouncer->HoldCaptions(); }
     void ClearCaptions() { mAnnouncer->ClearCaptions(); }
     void Announce(const QString& text) { mAnnouncer->Announce(text); }
 
