@@ -24,12 +24,23 @@ constexpr int kInside = kSize.width() - 2 * kMargin;
 constexpr QRect kNames(kMargin, 252, kInside, 176);
 constexpr int kLongestName = 20;
 
+/// Tells screen readers nothing of its marked name: the text box has it as well.
+class QuietList : public QListWidget {
+public:
+    using QListWidget::QListWidget;
+
+protected:
+    void selectionChanged(const QItemSelection& now, const QItemSelection& before) override {
+        QAbstractItemView::selectionChanged(now, before);
+    }
+};
+
 } // namespace
 
 f_High::f_High()
     : Form(QStringLiteral("f_High"), kSize), Label1(new QLabel(this)), Text1(new QLineEdit(this)),
       cmdContinue(new QPushButton(QStringLiteral("Continue"), this)),
-      lNames(new QLabel(QStringLiteral("Names used last:"), this)), Names(new QListWidget(this)) {
+      lNames(new QLabel(QStringLiteral("Names used last:"), this)), Names(new QuietList(this)) {
     SetModal();
     Label1->setObjectName(QStringLiteral("Label1"));
     Label1->setAlignment(Qt::AlignCenter);
@@ -44,6 +55,7 @@ f_High::f_High()
     cmdContinue->setObjectName(QStringLiteral("cmdContinue"));
     Put(*cmdContinue, QRect((kSize.width() - 130) / 2, 192, 130, 34));
     lNames->setObjectName(QStringLiteral("lNames"));
+    lNames->setBuddy(Names);
     Put(*lNames, QRect(kMargin, 231, kInside, 20));
     Names->setObjectName(QStringLiteral("Names"));
     Names->setAccessibleName(lNames->text());
@@ -73,7 +85,6 @@ std::optional<QString> f_High::GetName(const QString& prompt, int rank, std::int
     OfferNames();
     Draw(rank, score);
     mWaiting = true;
-    Announce(prompt);
     MoveTo(kPlace);
     Appear();
     Text1->setFocus();
@@ -90,7 +101,7 @@ void f_High::Draw(int rank, std::int32_t score) {
     constexpr double kCenter = kSize.width() / 2.0;
     constexpr QSize kCrown(72, 54);
     const auto write = [this](const QString& text, double points, int top, ColorRef color) {
-        Dc()->SetFont(ScreenFont(points, true));
+        Dc()->SetFont(RoundFont(points, true));
         CenteredText(Dc(), text, kCenter, top, kInside, color, 2);
         AddCaption(text, QRect(kMargin, top, kInside, static_cast<int>(Dc()->TextHeight())));
     };

@@ -186,7 +186,8 @@ class Game:
             prompt = ("You got a High Score! Please Enter your name below." if
                       len(self.scores) == 1 else
                       f"Player {place} got a High Score! Please Enter Their name below.")
-            self.program.announced(rf"Place \d+\. {score} Points\. {re.escape(prompt)}")
+            self.program.announced(rf"Place \d+\. {score} Points\.")
+            self.program.find(prompt, "label")
             self.program.ready("Name", "text")
             yield f"name {place}"
             hand.write(name)
