@@ -70,9 +70,11 @@ f_HighMulti::f_HighMulti()
       pOther(new PictureBox(this, QStringLiteral("pOther"), kBeside)) {
     pCont->setAccessibleName(QStringLiteral("Continue"));
     for (PictureBox* box : {pAgain, pOther}) {
-        box->Dc()->SetFont(ScreenFont(16));
+        box->Dc()->SetFont(RoundFont(16, true));
         box->hide();
     }
+    for (PictureBox* box : {pCont, pAgain, pOther})
+        box->SetButton(0); // screen readers may ask what it is before the controller draws it
 }
 
 void f_HighMulti::LayOut() {
