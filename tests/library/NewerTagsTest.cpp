@@ -1,7 +1,7 @@
+#include "library/Cover.h"
 #include "library/SongTag.h"
 #include "library/SongTitle.h"
 #include "tests/TemporaryFolder.h"
-#include "tests/library/MadeTags.h"
 
 #include <QString>
 #include <string>
@@ -11,6 +11,43 @@ namespace {
 
 namespace fs = std::filesystem;
 using namespace std::string_literals;
+
+/// A number in `bytes` bytes with `bits` bits each, the highest first.
+std::string Number(std::size_t number, int bytes, int bits) {
+    std::string text;
+    for (int i = bytes - 1; i >= 0; --i)
+        text += static_cast<char>(number >> (i * bits) & ((1U << bits) - 1));
+    return text;
+}
+
+/// A frame of ID3v2.`version` that says to have `size` bytes; with 0 as many as it has.
+std::string Frame(int version, const std::string& id, const std::string& bytes,
+                  std::size_t size = 0, const std::string& flags = "\0\0"s) {
+    const std::size_t said = size > 0 ? size : bytes.size();
+    const std::string number = Number(said, version == 2 ? 3 : 4, version == 4 ? 7 : 8);
+    return id + number + (version == 2 ? "" : flags) + bytes;
+}
+
+std::string Tag(char version, const std::string& frames, char flags = 0, std::size_t size = 0) {
+    return "ID3"s + version + '\0' + flags + Number(size > 0 ? size : frames.size(), 4, 7) + frames;
+}
+
+std::string Little(std::size_t number) {
+    std::string text = Number(number, 4, 8);
+    return {text.rbegin(), text.rend()};
+}
+
+std::string Item(const std::string& key, const std::string& value, std::size_t flags = 0) {
+    return Little(value.size()) + Little(flags) + key + '\0' + value;
+}
+
+std::string Ape(const std::string& items, std::size_t count, std::size_t size = 0) {
+    return items + "APETAGEX" + Little(2000) + Little(size > 0 ? size : items.size() + 32) +
+           Little(count) + std::string(12, '\0');
+}
+
+constexpr char kUnsynchronised = '\x80';
+constexpr char kExtended = 0x40;
 
 /// Title T and artist A.
 std::string Both(int version) {
@@ -62,13 +99,13 @@ TEST_F(NewerTagsTest, ATitleIsTakenFromTheFirstTagThatHasOne) {
          Tag(4, "TIT2" + Number(301, 4, 8) + "\0\0\0"s + std::string(299, ' ') + "T" +
                     Frame(4, "TPE1", "\0A"s)),
          "A: T newer"},
-        {"extended headers", Tag(3, Number(6, 4, 8) + std::string(6, '\0') + Both(3), 0x40),
+        {"extended headers", Tag(3, Number(6, 4, 8) + std::string(6, '\0') + Both(3), kExtended),
          "A: T newer"},
-        {"extended headers", Tag(4, Number(6, 4, 7) + "\1\0"s + Both(4), 0x40), "A: T newer"},
-        {"2.3 unsynchronised", Tag(3, Frame(3, "PRIV", "\xFF\0\0"s, 2) + Both(3), 0x80),
+        {"extended headers", Tag(4, Number(6, 4, 7) + "\1\0"s + Both(4), kExtended), "A: T newer"},
+        {"2.3 unsynchronised", Tag(3, Frame(3, "PRIV", "\xFF\0\0"s, 2) + Both(3), kUnsynchronised),
          "A: T newer"},
         {"2.4 unsynchronised",
-         Tag(4, Frame(4, "TIT2", "\1\xFF\0\xFE\xE9\0"s, -1, "\0\2"s) + Frame(4, "TPE1", "\0A"s)),
+         Tag(4, Frame(4, "TIT2", "\1\xFF\0\xFE\xE9\0"s, 0, "\0\2"s) + Frame(4, "TPE1", "\0A"s)),
          "A: \xC3\xA9 newer"},
         {"UTF-16, UTF-16BE, UTF-8",
          Tag(4, Frame(4, "TIT2", "\1\xFF\xFE\x16\x04\n\0"s + "\x3C\xD8\xB5\xDF"s) +
@@ -103,6 +140,68 @@ TEST_F(NewerTagsTest, AHugePictureIsNotReadAndAPipeIsNotWaitedFor) {
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     EXPECT_EQ(Read(pipe), ": ");
     EXPECT_EQ(library::SongTitle(pipe), "pipe");
+    for (const fs::path& song : {pipe, mFolder.Path(), mFolder.Path() / "missing.mp3"})
+        EXPECT_TRUE(library::ReadCover(song).isEmpty()) << song;
+}
+
+constexpr char kFront = 3;
+constexpr char kBack = 4;
+constexpr std::size_t kBinary = 2; // flags of an APE item
+constexpr std::size_t kLocator = 4;
+constexpr int kLimit = 8 << 20;
+
+std::string Picture(int version, char type, const std::string& picture, std::size_t size = 0) {
+    const std::string kind = version == 2 ? "\0JPG"s : "\0image/jpeg\0"s;
+    return Frame(version, version == 2 ? "PIC" : "APIC", kind + type + "its name\0"s + picture,
+                 size);
+}
+
+std::string ApeCover(const std::string& picture, std::size_t flags = kBinary) {
+    return Item("Cover Art (front)", "cover.jpg\0"s + picture, flags);
+}
+
+TEST_F(NewerTagsTest, TheFrontCoverComesFirstFromTheFirstTagThatHasPictures) {
+    const std::string sound(300, 'x');
+    const std::string title = Frame(3, "TIT2", "\0T"s);
+    const std::string large(300'000, 'p');
+    const std::string ape = Ape(Item("Title", "T") + ApeCover("ape") + Item("Year", "1"), 3);
+    const std::string back = Picture(3, kBack, "back");
+    const std::string compressed = qCompress(QByteArray("\0image/jpeg\0\3\0p", 15)).toStdString();
+    const struct {
+        const char* what;
+        std::string bytes;
+        std::string cover;
+    } cases[] = {
+        {"2.2", Tag(2, Frame(2, "TT2", "\0T"s) + Picture(2, kFront, large)), large},
+        {"2.3", Tag(3, title + Picture(3, kFront, large) + title) + sound, large},
+        {"2.4", Tag(4, Picture(4, kFront, large)) + sound + Id3v1("", ""), large},
+        {"2.2 unsynchronised", Tag(2, Picture(2, kFront, "\xFF\0\xE0p"s, 17), kUnsynchronised),
+         "\xFF\xE0p"},
+        {"2.3 unsynchronised",
+         Tag(3, Frame(3, "PRIV", "\xFF\0\0"s, 2) + Picture(3, kFront, large), kUnsynchronised),
+         large},
+        {"the front", Tag(3, back + Picture(3, kFront, large) + Picture(3, kFront, "2")), large},
+        {"else the first", Tag(3, title + back + Picture(3, 0, large)) + ape, "back"},
+        {"else APE", Tag(3, title) + sound + ape, "ape"},
+        {"APE before ID3v1", sound + Ape(ApeCover(large), 1) + Id3v1("", ""), large},
+        {"APE by its name only", Ape(Item("Cover Art (Back)", "\0b"s, kBinary), 1), ""},
+        {"links", Tag(3, Frame(3, "APIC", "\0-->\0\3\0http://x"s) + back), "back"},
+        {"links in APE", Ape(ApeCover("x", kLocator), 1), ""},
+        {"compressed", Tag(3, Frame(3, "APIC", compressed, 0, "\0\x80"s) + back), "back"},
+        {"no bytes", Tag(3, Picture(3, kFront, "") + back), "back"},
+        {"the limit", Tag(4, Picture(4, kFront, std::string(kLimit - 100, 'p'))),
+         std::string(kLimit - 100, 'p')},
+        {"beyond it", Tag(3, Picture(3, kFront, std::string(kLimit + 1, 'p')) + back), "back"},
+        {"APE beyond it", Ape(ApeCover(std::string(kLimit + 1, 'p')), 1), ""},
+        {"a size beyond the file", Tag(3, Picture(3, kFront, "p", 1000), 0, 5'000'000), ""},
+        {"a cut file", Tag(4, Picture(4, kFront, large)).substr(0, 200'000), ""},
+        {"APE beyond the tag", Ape(Little(40) + ApeCover("ape").substr(4), 1), ""},
+    };
+    for (const auto& [what, bytes, cover] : cases) {
+        const QByteArray read = library::ReadCover(mFolder.Write("song.mp3", bytes));
+        EXPECT_TRUE(read == QByteArray::fromStdString(cover))
+            << what << ": " << read.size() << " bytes, " << read.left(20).toStdString();
+    }
 }
 
 } // namespace
