@@ -2,6 +2,7 @@
 
 #include "platform/Wait.h"
 #include "toolkit/MessagePanel.h"
+#include "toolkit/Screen.h"
 #include "toolkit/Stage.h"
 
 #include <QApplication>
@@ -87,6 +88,13 @@ bool AnswerFileDialog(const QString& chosen) {
     edit->setText(chosen);
     QTest::keyClick(edit, Qt::Key_Return);
     return true;
+}
+
+bool Minimises(Screen& screen) {
+    ClickOn(screen.pMin);
+    const bool minimised = screen.window()->isMinimized();
+    screen.window()->showNormal();
+    return minimised;
 }
 
 void ClickOn(QWidget* widget) { QTest::mouseClick(widget, Qt::LeftButton); }

@@ -7,6 +7,9 @@
 #include <ostream>
 
 class QWidget;
+namespace toolkit {
+class Screen;
+}
 
 /// Sits at the program while it waits: every few milliseconds it closes what message box is open,
 /// or else looks and acts. Gives the program up when it takes too long.
@@ -44,6 +47,9 @@ inline void PrintTo(const QString& text, std::ostream* out) { *out << text.toStd
 /// Answers an open file dialog with the path `chosen`, or cancels it if that is empty; whether
 /// there was one.
 bool AnswerFileDialog(const QString& chosen);
+
+/// Whether the minimise button of a screen works; brings the window back.
+bool Minimises(toolkit::Screen& screen);
 
 /// A click of the left mouse button in the middle of a visible widget.
 void ClickOn(QWidget* widget);

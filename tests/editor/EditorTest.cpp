@@ -9,6 +9,7 @@
 #include "tests/Quit.h"
 #include "tests/Robot.h"
 #include "tests/SongFolder.h"
+#include "toolkit/Place.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -76,14 +77,30 @@ protected:
         return Press(editor->Form().pAddDir, PathText(folder));
     }
 
-    std::function<void()> Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
-        return [=, this] { QTest::keyClick(editor->Form().pList, key, modifiers); };
+    /// Keys pressed on the list one after the other, as in "Home Shift+Down".
+    std::function<void()> Keys(const QString& keys) {
+        return [=, this] {
+            for (const QString& name : keys.split(u' ')) {
+                const QKeyCombination key = QKeySequence(name)[0];
+                QTest::keyClick(editor->Form().pList, key.key(), key.keyboardModifiers());
+            }
+        };
     }
 
-    /// On the header's first column.
-    std::function<void()> ClickHeader() {
-        const QPoint header(20, 8);
-        return [=, this] { QTest::mouseClick(editor->Form().pList, Qt::LeftButton, {}, header); };
+    /// A click on the first column of a line; the header is line -1.
+    std::function<void()> Click(int line, Qt::KeyboardModifiers with = {}) {
+        return [=, this] {
+            const QPoint at = toolkit::FromLogical(editor->List().CellRect(line, 0)).center();
+            QTest::mouseClick(editor->Form().pList, Qt::LeftButton, with, at);
+        };
+    }
+
+    /// Types into one of the dialog's boxes and presses a button.
+    std::function<void()> Type(QLineEdit* box, const QString& text, QPushButton* button) {
+        return [=] {
+            box->setText(text);
+            ClickOn(button);
+        };
     }
 
     QString PathText(const char* name) const {
@@ -119,9 +136,8 @@ TEST_F(EditorTest, AFolderIsListedAndSortedUpAndDownByItsHeaderAndASongIsHeard) 
     QStringList seen;
     const auto look = [&] { seen << Names(); };
     const auto hear = [&] { seen << SongFolder::OpenTitle(); };
-    Run({Add(), ClickHeader(), look, ClickHeader(), look, Key(Qt::Key_End), Key(Qt::Key_Space),
-         hear, Press(editor->Player().Form().pNext), hear, Press(editor->Player().Form().pPrev),
-         hear});
+    Run({Add(), Click(-1), look, Click(-1), look, Keys("End Space"), hear,
+         Press(editor->Player().Form().pNext), hear, Press(editor->Player().Form().pPrev), hear});
     EXPECT_EQ(seen[0], "song1 song2 song3 song4 song5 song6 song7 song8 song9 song10 song11");
     EXPECT_EQ(seen[1], "song11 song10 song9 song8 song7 song6 song5 song4 song3 song2 song1");
     EXPECT_EQ(seen.mid(2).join(' '), "Title 1 Title 1 Title 2") << "the last one has no next";
@@ -131,26 +147,39 @@ TEST_F(EditorTest, AFolderIsListedAndSortedUpAndDownByItsHeaderAndASongIsHeard) 
 
 TEST_F(EditorTest, MarkedAndSelectedLinesAreRemovedAlsoAfterSorting) {
     mFolder.MakeSongs(9);
-    const auto down = Key(Qt::Key_Down);
-    const auto range = Key(Qt::Key_Down, Qt::ShiftModifier);
-    const auto to = [this](Qt::Key key) { return Key(key, Qt::ControlModifier); };
-    const auto toggle = Key(Qt::Key_Space, Qt::ControlModifier);
     // Marks 2 to 4, then 9 and 8, but 8 not after all; upside down they must be on the same songs.
-    Run({Add(), ClickHeader(), Key(Qt::Key_Home), down, range, range, to(Qt::Key_End), toggle,
-         to(Qt::Key_Up), toggle, toggle, ClickHeader(), Key(Qt::Key_Delete)});
+    Run({Add(), Click(-1),
+         Keys("Home Down Shift+Down Shift+Down Ctrl+End Ctrl+Space Ctrl+Up Ctrl+Space Ctrl+Space"),
+         Click(-1), Press(editor->Form().pRemove)});
     EXPECT_EQ(Names(), "song8 song7 song6 song5 song1");
-    Run({Key(Qt::Key_Home), down, Press(editor->Form().pRemove)});
-    EXPECT_EQ(Names(), "song8 song6 song5 song1") << "without marks only the selected line";
-    Run({Key(Qt::Key_Home), to(Qt::Key_End), toggle, Key(Qt::Key_Delete)});
-    EXPECT_EQ(Names(), "song6 song5") << "the first mark is that of the line selected before";
-    Run({Key(Qt::Key_Home), to(Qt::Key_End), toggle, to(Qt::Key_Home), toggle,
-         Key(Qt::Key_Delete)});
-    EXPECT_EQ(Names(), "song6") << "what lost its mark stays";
-    Run({Key(Qt::Key_A, Qt::ControlModifier), Press(editor->Form().pRemove)});
-    EXPECT_EQ(Names(), "");
-    Run({Add(), ClickHeader(), Key(Qt::Key_A, Qt::ControlModifier), Key(Qt::Key_Home),
-         Key(Qt::Key_Delete)});
-    EXPECT_EQ(editor->List().LineCount(), 8) << "a plain selection takes all marks away";
+    const struct {
+        const char* what;
+        Steps marking;
+        QString left; // of all nine songs
+    } cases[] = {
+        {"the selected line", {Click(1)}, "song1 song3 song4 song5 song6 song7 song8 song9"},
+        {"to the line selected before",
+         {Click(6), Click(3, Qt::ShiftModifier)},
+         "song1 song2 song3 song8 song9"},
+        {"and the line selected before",
+         {Click(1), Click(8, Qt::ControlModifier)},
+         "song1 song3 song4 song5 song6 song7 song8"},
+        {"but those that lose their marks",
+         {Keys("Home Ctrl+End Ctrl+Space Ctrl+Home Ctrl+Space")},
+         "song1 song2 song3 song4 song5 song6 song7 song8"},
+        {"a plain selection takes all marks away",
+         {Keys("Ctrl+A Home")},
+         "song2 song3 song4 song5 song6 song7 song8 song9"},
+        {"all", {Keys("Ctrl+A")}, ""},
+    };
+    Run({Keys("Ctrl+A Delete"), Add(), Click(-1)});
+    for (const auto& [what, marking, left] : cases) {
+        Steps steps = marking;
+        steps.push_back(Keys("Delete"));
+        Run(steps);
+        EXPECT_EQ(Names(), left) << what;
+        Run({Keys("Ctrl+Z")});
+    }
 }
 
 TEST_F(EditorTest, SongsWithoutTitlesAreWarnedAboutAndSavedAndLoadedAgain) {
@@ -160,8 +189,7 @@ TEST_F(EditorTest, SongsWithoutTitlesAreWarnedAboutAndSavedAndLoadedAgain) {
     QString before;
     const QStringList told =
         Run({Add(), [&] { before = Names(); }, Press(editor->Form().pSave, list),
-             Key(Qt::Key_A, Qt::ControlModifier), Key(Qt::Key_Delete),
-             Press(editor->Form().pLoad, list),
+             Keys("Ctrl+A Delete"), Press(editor->Form().pLoad, list),
              Press(editor->Form().pLoad, PathText("PlayList/empty.m3u")),
              Press(editor->Form().pLoad, PathText("Music/song1.mp3"))});
     ASSERT_EQ(told.size(), 3);
@@ -177,17 +205,11 @@ TEST_F(EditorTest, AnEditedSongIsShownAsItIsOnDiskInAllItsLines) {
     const fs::path odd = song.parent_path() / "what?.mp3";
     fs::rename(song, odd);
     f_Edit& dialog = editor->TitleDialog();
-    const auto type = [&dialog](QLineEdit* box, const QString& text) {
-        return [&dialog, box, text] {
-            box->setText(text);
-            ClickOn(dialog.cmdApply);
-        };
-    };
     const QStringList told =
-        Run({Add(), Add(), ClickHeader(), ClickHeader(), Key(Qt::Key_Home), Key(Qt::Key_Return),
-             type(dialog.tSongTitle, "Schön"), Key(Qt::Key_Return),
-             type(dialog.tArtist, "Я, a band whose name fills a tag"), Key(Qt::Key_Return),
-             type(dialog.tFileName, "song2")});
+        Run({Add(), Add(), Click(-1), Click(-1), Keys("Home Return"),
+             Type(dialog.tSongTitle, "Schön", dialog.cmdApply), Keys("Return"),
+             Type(dialog.tArtist, "Я, a band whose name fills a tag", dialog.cmdApply),
+             Keys("Return"), Type(dialog.tFileName, "song2", dialog.cmdApply)});
     EXPECT_EQ(told.size(), 2);
     const QString after = "what?\\Schön\\?, a band whose name fills a t";
     for (int line = 0; line < 2; ++line)
@@ -197,26 +219,25 @@ TEST_F(EditorTest, AnEditedSongIsShownAsItIsOnDiskInAllItsLines) {
 TEST_F(EditorTest, MarkedSongsAreEditedOneAfterTheOtherOrGetTheSameArtist) {
     mFolder.MakeSongs(3);
     f_Edit& dialog = editor->TitleDialog();
-    const auto fill = [&dialog](const QString& title, QPushButton* button, bool all = false) {
-        return [&dialog, title, button, all] {
-            dialog.tSongTitle->setText(title);
-            dialog.tArtist->setText("Band");
-            dialog.cAll->setChecked(all);
-            ClickOn(button);
-        };
+    const auto fillAll = [&dialog] {
+        dialog.tArtist->setText("Band");
+        dialog.cAll->setChecked(true);
     };
-    QString undo;
-    Run({Add(), ClickHeader(), Key(Qt::Key_A, Qt::ControlModifier), Key(Qt::Key_Home),
-         Key(Qt::Key_A, Qt::ControlModifier), Key(Qt::Key_F2), fill("One", dialog.cmdNext),
-         fill("Two", dialog.cmdApply), Key(Qt::Key_F2), fill("First", dialog.cmdNext, true),
-         [&dialog] { ClickOn(dialog.cmdCancel); }, [&] { undo = editor->Songs().UndoName(); },
-         [this] {
-             EXPECT_EQ(ShownLine(0) + ' ' + ShownLine(1) + ' ' + ShownLine(2),
-                       "song1\\First\\Band song2\\Two\\Band song3\\Title 3\\Band");
-         },
-         Key(Qt::Key_Z, Qt::ControlModifier)});
-    EXPECT_EQ(undo, "Edit 2 songs");
-    EXPECT_EQ(ShownLine(0) + ' ' + ShownLine(2), "song1\\One\\Band song3\\Title 3\\");
+    QStringList seen;
+    const auto look = [&] {
+        seen << ShownLine(0) + ' ' + ShownLine(1) + ' ' + ShownLine(2) + ' ' +
+                    editor->Songs().UndoName();
+    };
+    Run({Add(), Click(-1), Keys("Ctrl+A Home Ctrl+A F2"),
+         Type(dialog.tSongTitle, "One", dialog.cmdNext),
+         Type(dialog.tSongTitle, "Two", dialog.cmdApply), look, Keys("F2"), fillAll,
+         Type(dialog.tSongTitle, "First", dialog.cmdNext), [&] { ClickOn(dialog.cmdCancel); }, look,
+         Keys("Ctrl+Z"), look});
+    const QString before = "song1\\One\\ song2\\Two\\ song3\\Title 3\\ Edit song2.mp3";
+    EXPECT_EQ(seen, QStringList({before,
+                                 "song1\\First\\Band song2\\Two\\Band song3\\Title 3\\Band "
+                                 "Edit 3 songs",
+                                 before}));
 }
 
 TEST_F(EditorTest, DroppedFilesAreAddedFoundAndHaveAMenu) {
@@ -235,14 +256,15 @@ TEST_F(EditorTest, DroppedFilesAreAddedFoundAndHaveAMenu) {
             QApplication::sendEvent(&editor->Form(), &event);
         };
     };
-    const auto type = [this](const QString& text) {
-        return [this, text] { QTest::keyClicks(editor->Form().tFind, text); };
-    };
-    const auto enter = [this](Qt::KeyboardModifiers with = {}) {
-        return [this, with] { QTest::keyClick(editor->Form().tFind, Qt::Key_Return, with); };
-    };
     QList<int> found;
-    const auto look = [&] { found << editor->List().LineSelectedNum(); };
+    const auto find = [&](const QString& text, Qt::KeyboardModifiers with = {}) {
+        return [&, text, with] {
+            QTest::keyClicks(editor->Form().tFind, text);
+            if (text.isEmpty())
+                QTest::keyClick(editor->Form().tFind, Qt::Key_Return, with);
+            found << editor->List().LineSelectedNum();
+        };
+    };
     QStringList menu;
     const auto choose = [&] {
         auto* open = qobject_cast<QMenu*>(QApplication::activePopupWidget());
@@ -252,26 +274,9 @@ TEST_F(EditorTest, DroppedFilesAreAddedFoundAndHaveAMenu) {
         QTest::keyClick(open, Qt::Key_Up);
         QTest::keyClick(open, Qt::Key_Return);
     };
-    Run({drop({"PlayList/other.m3u"}),
-         drop({"Music", "PlayList/other.m3u", "Images/X.bmp"}),
-         ClickHeader(),
-         ClickHeader(),
-         Key(Qt::Key_Home),
-         Key(Qt::Key_F, Qt::ControlModifier),
-         type("TITLE 2"),
-         look,
-         enter(),
-         look,
-         enter(),
-         look,
-         enter(Qt::ShiftModifier),
-         look,
-         type("2"),
-         look,
-         Key(Qt::Key_Escape),
-         Key(Qt::Key_Delete),
-         Key(Qt::Key_F10, Qt::ShiftModifier),
-         choose});
+    Run({drop({"PlayList/other.m3u"}), drop({"Music", "PlayList/other.m3u", "Images/X.bmp"}),
+         Click(-1), Click(-1), Keys("Home Ctrl+F"), find("TITLE 2"), find(""), find(""),
+         find("", Qt::ShiftModifier), find("2"), Keys("Escape Delete Shift+F10"), choose});
     EXPECT_EQ(found, QList<int>({1, 2, 3, 2, 2}));
     EXPECT_EQ(menu.join(u' '), "Play Edit Remove Show in folder -Find missing  "
                                "Undo Remove 1 song -Redo");
@@ -294,19 +299,10 @@ TEST_F(EditorTest, ATitleOfANewerTagIsShownAndWrittenByApplyAndWithAnArtistForAl
         seen << ShownLine(1) + (editor->Songs().IsNewer(editor->List().LineKey(1)) ? "*" : "") +
                     " - " + facts.title + '\\' + facts.artist;
     };
-    Run({Add(), ClickHeader(), ClickHeader(), look, Key(Qt::Key_End), Key(Qt::Key_Return),
-         [&] { ClickOn(dialog.cmdApply); }, look, Key(Qt::Key_Z, Qt::ControlModifier),
-         [&] { EXPECT_EQ(BytesOf(song), bytes); }, look, Key(Qt::Key_Home),
-         Key(Qt::Key_A, Qt::ControlModifier), Key(Qt::Key_F2),
-         [&] {
-             dialog.tFileName->setText("renamed");
-             ClickOn(dialog.cmdNext);
-         },
-         [&] {
-             dialog.tArtist->setText("Band");
-             dialog.cAll->setChecked(true);
-             ClickOn(dialog.cmdApply);
-         },
+    Run({Add(), Click(-1), Click(-1), look, Keys("End Return"), [&] { ClickOn(dialog.cmdApply); },
+         look, Keys("Ctrl+Z"), [&] { EXPECT_EQ(BytesOf(song), bytes); }, look,
+         Keys("Home Ctrl+A F2"), Type(dialog.tFileName, "renamed", dialog.cmdNext),
+         [&] { dialog.cAll->setChecked(true); }, Type(dialog.tArtist, "Band", dialog.cmdApply),
          look});
     const QString line = "new\\Newer title\\";
     EXPECT_EQ(seen, QStringList({line + "* - \\", line + " - Newer title\\", line + "* - \\",
@@ -318,22 +314,20 @@ TEST_F(EditorTest, AnUnsavedListIsAskedAboutBeforeItGoesAndNoOther) {
     mFolder.MakeSongs(2);
     f_Editor& form = editor->Form();
     const QString file = PathText("PlayList/mine.m3u");
-    const auto ctrl = [this](Qt::Key key) { return Key(key, Qt::ControlModifier); };
     QStringList titles;
     const auto look = [&] { titles << form.windowTitle().section(" - ", 0, 0); };
     mSaving = "Cancel";
     Run({look, Press(form.pX)});
     EXPECT_EQ(mSaveQuestions, 0);
-    Run({Add(), look, Press(form.pMenu), Press(form.pX), Key(Qt::Key_Escape), Press(form.pLoad),
-         ctrl(Qt::Key_O), look});
+    Run({Add(), look, Press(form.pMenu), Press(form.pX), Keys("Escape"), Press(form.pLoad),
+         Keys("Ctrl+O"), look});
     EXPECT_EQ(mSaveQuestions, 5);
     mSaving = "Save";
     Run({Press(form.pX), look, Press(form.pX, file)});
     EXPECT_EQ(mSaveQuestions, 2) << "the dialog was cancelled, then it was left";
     EXPECT_TRUE(editor->ExitProgram);
-    Run({look, ctrl(Qt::Key_A), Key(Qt::Key_Delete), Press(form.pLoad, file), look,
-         Key(Qt::Key_Home), Key(Qt::Key_Delete), look, ctrl(Qt::Key_Z), look, ctrl(Qt::Key_Y),
-         ctrl(Qt::Key_S), look, Press(form.pX)});
+    Run({look, Keys("Ctrl+A Delete"), Press(form.pLoad, file), look, Keys("Home Delete"), look,
+         Keys("Ctrl+Z"), look, Keys("Ctrl+Y Ctrl+S"), look, Press(form.pX)});
     EXPECT_EQ(mSaveQuestions, 0);
     EXPECT_EQ(titles, QStringList({"Mp3 Editor", "New list, not saved", "New list, not saved",
                                    "New list, not saved", "mine", "mine", "mine, not saved", "mine",
@@ -347,7 +341,7 @@ TEST_F(EditorTest, AnUnsavedListIsAskedAboutBeforeItGoesAndNoOther) {
                                       mChosen.clear();
                                       std::ofstream(file.toStdString()) << others;
                                   },
-                                  ctrl(Qt::Key_S)});
+                                  Keys("Ctrl+S")});
     EXPECT_EQ(told, QStringList("Another program has changed the file of the list \"mine\"."));
     EXPECT_EQ(BytesOf(file.toStdString()), others);
 }
@@ -357,7 +351,7 @@ TEST_F(EditorTest, WhatWasEditedWhenTheProgramEndedIsOfferedAgain) {
     const fs::path copy = mFolder.Path() / ".unsaved.m3u";
     const QString file = PathText("PlayList/mine.m3u");
     const auto quitAndStart = [this] {
-        Run({Key(Qt::Key_Home), Key(Qt::Key_Delete), [] { platform::RequestQuit(); }});
+        Run({Keys("Home Delete"), [] { platform::RequestQuit(); }});
         EXPECT_EQ(mSaveQuestions, 0);
         ForgetQuit();
         mQuitWatch.emplace();
@@ -382,9 +376,17 @@ TEST_F(EditorTest, WhatWasEditedWhenTheProgramEndedIsOfferedAgain) {
 
 TEST_F(EditorTest, AnEmptyListIsToldAndCancelledDialogsDoNothing) {
     f_Editor& form = editor->Form();
+    QStringList captions;
+    for (const auto* box : {form.pAddFile, form.pAddDir, form.pRemove, form.pEdit, form.pPlay,
+                            form.pLoad, form.pSave, form.pMenu, form.pList})
+        captions << box->accessibleName();
+    EXPECT_EQ(captions.join(u'|'),
+              "Add File|Add Directory|Remove|Edit Title/Artist|Play|Load PlayList|Save PlayList|"
+              "Exit Editor|Songs");
     library::SetLastMp3Folder(mFolder.Path());
     EXPECT_EQ(Run({Press(form.pEdit), Press(form.pPlay), Press(form.pSave), Press(form.pRemove),
-                   Press(form.pLoad), Press(form.pAddFile), Press(form.pAddDir)}),
+                   Press(form.pLoad), Press(form.pAddFile), Press(form.pAddDir),
+                   [&form] { EXPECT_TRUE(Minimises(form)); }}),
               QStringList({"No songs in list", "No songs in list", "Nothing to save."}));
     EXPECT_EQ(mFrames, QStringList(3, "Mp3 Editor, Information, OK"));
     EXPECT_EQ(library::LastMp3Folder(), mFolder.Path());
@@ -419,8 +421,8 @@ TEST_F(EditorTest, EscapeFirstStopsAScanAndThenLeaves) {
     const auto begun = [this] {
         EXPECT_TRUE(QTest::qWaitFor([this] { return editor->List().LineCount() > 0; }));
     };
-    const auto escape = [this] { QTest::keyClick(editor->Form().pList, Qt::Key_Escape); };
-    Run({Add("many"), begun, escape, [&] { EXPECT_FALSE(editor->Reading()); }, escape});
+    Run({Add("many"), begun, Keys("Escape"), [&] { EXPECT_FALSE(editor->Reading()); },
+         Keys("Escape")});
     EXPECT_TRUE(editor->ExitProgram);
     EXPECT_GT(editor->List().LineCount(), 0);
     EXPECT_LT(editor->List().LineCount(), 20000);
@@ -428,9 +430,7 @@ TEST_F(EditorTest, EscapeFirstStopsAScanAndThenLeaves) {
 
 TEST(FillingTest, WhatIsAskedForMeanwhileComesInItsTurnUntilAllIsStopped) {
     const TemporaryFolder folder;
-    for (const char* name : {"one", "two"})
-        for (int song = 0; song < 20; ++song)
-            folder.Write(fs::path(name) / (std::to_string(song) + ".mp3"), "");
+    folder.Write("one/song.mp3", "");
     const std::vector<fs::path> gone(30, folder.Path() / "list" / "song.mp3");
     QStringList seen;
     editor::Filling filling([] {});
@@ -447,13 +447,11 @@ TEST(FillingTest, WhatIsAskedForMeanwhileComesInItsTurnUntilAllIsStopped) {
     add("files", editor::ReadFiles(gone));
     add("list", editor::ReadPlaylist(folder.Path() / "none.m3u"));
     ASSERT_TRUE(done());
-    EXPECT_EQ(seen.count("one"), 20);
-    EXPECT_EQ(seen.indexOf("files missing"), 21);
-    EXPECT_EQ(seen.count("files missing"), 30);
+    EXPECT_EQ(seen.mid(0, 32), QStringList({"one", ""}) + QStringList(30, "files missing"));
     EXPECT_TRUE(seen.back().startsWith("none.m3u cannot be read"));
-    EXPECT_EQ(folder.Entries(), 2) << "a list was made by looking for it";
+    EXPECT_EQ(folder.Entries(), 1) << "a list was made by looking for it";
     seen.clear();
-    add("two", editor::ReadFolder(folder.Path() / "two"));
+    add("one", editor::ReadFolder(folder.Path() / "one"));
     filling.Stop();
     ASSERT_TRUE(done());
     QTest::qWait(50);

@@ -3,6 +3,7 @@
 #include "audio/c_XAudio.h"
 #include "library/SongCycle.h"
 #include "library/c_M3U.h"
+#include "platform/Chance.h"
 #include "tests/HeldReads.h"
 #include "tests/Robot.h"
 #include "tests/SongFolder.h"
@@ -112,6 +113,19 @@ TEST_F(NextQuestionTest, KeepsTheTitlesThatCame) {
     EXPECT_EQ(next.Advance(), State::Ready);
     const game::Question question = next.Take();
     EXPECT_EQ(question.Title(), SongFolder::OpenTitle());
+}
+
+TEST_F(NextQuestionTest, BeginsSomewhereInALongSong) {
+    const auto before = platform::ReplaceRandom([] { return 0.5; });
+    const fs::path song = mFolder.Path() / "long.mp3";
+    std::ofstream(song, std::ios::binary) << tonefile::Encode(35);
+    library::SongCycle songs(mFolder.MakePlaylist({song}));
+    songs.Begin();
+    game::NextQuestion next(songs);
+    ASSERT_EQ(Comes(next), State::Ready);
+    next.Take();
+    EXPECT_NEAR(Audio().Position(), 5, 0.1) << "25 s are left from there on";
+    platform::ReplaceRandom(before);
 }
 
 } // namespace
