@@ -151,11 +151,11 @@ TEST(Screens, CloseByTheirCloseButton) {
     for (const char* name : {"Images/X.bmp", "Images/bMin.bmp"})
         folder.Save(QString::fromLatin1(name), skin);
     Screen screen(QStringLiteral("f_Screen"));
-    WindowButtons buttons(screen);
-    QSignalSpy clicks(&buttons.bX, &c_SurfButton::Clicked);
     QAccessibleInterface* close = QAccessible::queryAccessibleInterface(screen.pX);
     EXPECT_EQ(close->text(QAccessible::Name), QStringLiteral("Close"));
-    EXPECT_EQ(close->role(), QAccessible::Button);
+    EXPECT_EQ(close->role(), QAccessible::Button) << "even before it can be pressed";
+    WindowButtons buttons(screen);
+    QSignalSpy clicks(&buttons.bX, &c_SurfButton::Clicked);
     const auto press = [close] {
         close->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
         platform::PumpEvents();
