@@ -46,6 +46,17 @@ void DrawStorm(f_Multi& board) {
     }
 }
 
+/// Under the three lines and the song, as wide as the title that is written there.
+void PaintGroundOfWrong(Hdc dc, const QString& title) {
+    constexpr double kNarrowest = 620;
+    constexpr double kWidest = 780; // of a line on the board
+    constexpr int kBeside = 10;
+    const double line = FitText(title, ScreenFont(32), kWidest).width;
+    const int wide = static_cast<int>(std::max(line + 2 * kBeside, kNarrowest));
+    Drawing drawing(dc);
+    PaintGround(drawing, QRect(kMiddle - wide / 2, 188, wide, 318), 24);
+}
+
 void PaintPlayer(QPainter& painter, const QRectF& place, int player) {
     painter.setPen(Qt::NoPen);
     painter.setBrush(ToQColor(PlayerColor(player)));
@@ -78,10 +89,7 @@ void AnswerScreen::WriteRight(const QString& verdict, const QString& time, std::
 
 void AnswerScreen::WriteWrong(const QString& verdict, const QString& title) {
     DrawStorm(mBoard);
-    {
-        Drawing drawing(mBoard.Dc());
-        PaintGround(drawing, QRect(90, 188, 620, 318), 24);
-    }
+    PaintGroundOfWrong(mBoard.Dc(), title);
     mBoard.SetFontSize(32);
     WriteLine(verdict, kLines[0], kWhite);
     WriteLine(QStringLiteral("The Correct Answer Is:"), kLines[1], Rgb(250, 250, 250));
@@ -99,10 +107,11 @@ void AnswerScreen::WriteNotice(const QString& text) {
 
 void AnswerScreen::ShowSong(const QString& title, const QString& artist) {
     constexpr double kWidest = 440;
+    constexpr double kSmallest = 0.75; // the artist is written small already
     constexpr int kGap = 14;
     const Hdc dc = mBoard.Dc();
-    const FittedText name = FitText(title, ScreenFont(18), kWidest);
-    const FittedText by = FitText(artist, ScreenFont(13), kWidest);
+    const FittedText name = FitText(title, ScreenFont(18), kWidest, kSmallest);
+    const FittedText by = FitText(artist, ScreenFont(13), kWidest, kSmallest);
     const double wide = LabelRecord::kSide + kGap + std::max(name.width, by.width);
     const int left = static_cast<int>(kMiddle - wide / 2);
     const int text = left + LabelRecord::kSide + kGap;
