@@ -74,44 +74,28 @@ std::string Part(int rate) {
 }
 
 TEST(Mp3Stream, SongsOfDifferentRatesJoinedArePlayedRightAtEachPlace) {
-    constexpr int kRates[] = {48000, 44100, 32000, 24000, 22050, 16000, 12000, 11025, 8000};
     constexpr double kDelay = 1105; // samples by which the encoder's tone comes late
     const TemporaryFolder folder;
-    const auto lengthOf = [&](const std::string& song) {
-        return Mp3Stream::Open(folder.Write("part.mp3", song))->Length();
-    };
-    for (const int rate : kRates) {
-        for (const int secondRate : kRates) {
-            SCOPED_TRACE(testing::Message() << rate << " and " << secondRate);
-            const std::string first = Part(rate);
-            const std::string second = Part(secondRate);
-            const auto stream = Mp3Stream::Open(folder.Write("joined.mp3", first + second));
-            ASSERT_TRUE(stream);
-            ASSERT_EQ(stream->Rate(), rate);
-            const double length = lengthOf(first);
-            EXPECT_NEAR(stream->Length(), length + lengthOf(second), 0.001);
-            const auto frames = static_cast<double>(stream->Frames());
-            EXPECT_NEAR(static_cast<double>(Skip(*stream, 1'000'000)), frames, 0.001 * rate);
-            for (const double place : {2.25, 0.25, 1.75}) {
-                ExpectTone(*stream, length + kDelay / secondRate + place, place);
-                ExpectTone(*stream, kDelay / rate + place, place);
-            }
+    const std::vector<int> rates[] = {
+        {48000, 44100, 32000, 24000, 22050, 16000, 12000, 11025, 8000}, {8000, 48000, 11025}};
+    for (const std::vector<int>& joined : rates) {
+        std::string song;
+        std::vector<double> starts = {0};
+        for (const int rate : joined) {
+            song += Part(rate);
+            const auto part = Mp3Stream::Open(folder.Write("part.mp3", Part(rate)));
+            starts.push_back(starts.back() + part->Length());
         }
+        const auto stream = Mp3Stream::Open(folder.Write("joined.mp3", song));
+        ASSERT_TRUE(stream);
+        ASSERT_EQ(stream->Rate(), joined.front());
+        EXPECT_NEAR(stream->Length(), starts.back(), 0.001);
+        const auto frames = static_cast<double>(stream->Frames());
+        EXPECT_NEAR(static_cast<double>(Skip(*stream, 2'000'000)), frames, 0.001 * stream->Rate());
+        for (std::size_t i = joined.size(); i-- > 0;)
+            for (const double place : {2.25, 0.25, 1.75})
+                ExpectTone(*stream, starts[i] + kDelay / joined[i] + place, place);
     }
-}
-
-/// A song with ten bad sectors, missing pieces or flipped bits, by the kind of damage, 0 to 2.
-std::string Damaged(std::string song, int kind, std::mt19937& random) {
-    for (int i = 0; i < 10; ++i) {
-        const std::size_t at = random() % (song.size() - 1000);
-        if (kind == 0)
-            song.replace(at, 512, 512, '\0');
-        else if (kind == 1)
-            song.erase(at, random() % 1000);
-        else
-            song[at] = static_cast<char>(song[at] ^ (1 << random() % 8));
-    }
-    return song;
 }
 
 TEST(Mp3Stream, ADamagedSongNeverGivesMoreThanItHas) {
@@ -119,14 +103,18 @@ TEST(Mp3Stream, ADamagedSongNeverGivesMoreThanItHas) {
     std::mt19937 random(7);
     const std::string songs[] = {Part(44100), Part(22050) + Part(8000), Part(48000) + Part(32000),
                                  tonefile::Encode(3), tonefile::Encode(3, {.variable = true})};
-    for (int i = 0; i < 500; ++i) {
+    for (int i = 0; i < 150; ++i) {
         SCOPED_TRACE(i);
-        const std::string song = Damaged(songs[i % 5], i % 3, random);
+        std::string song = songs[i % 5];
+        for (int damage = 0; damage < 10; ++damage) { // bad sectors, missing pieces, wrong bytes
+            const std::size_t at = random() % (song.size() - 1000);
+            song.replace(at, at % 600, at % 3 * 256, static_cast<char>(at));
+        }
         const auto stream = Mp3Stream::Open(folder.Write("damaged.mp3", song));
         if (!stream)
             continue;
         const auto frames = static_cast<std::size_t>(stream->Frames());
-        for (int turn = 0; turn < 10; ++turn) {
+        for (int turn = 0; turn < 6; ++turn) {
             const std::size_t place = random() % frames;
             stream->SeekTo(static_cast<std::int64_t>(place));
             const bool heard = !Read(*stream, 5000).empty();

@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cmath>
 #include <functional>
 #include <thread>
 #include <vector>
@@ -23,30 +22,9 @@ inline bool Eventually(const std::function<bool()>& condition) {
     return true;
 }
 
-class ClipPlayer : public testing::Test {
-protected:
-    ClipPlayer() { setenv("SDL_AUDIODRIVER", "dummy", 1); }
-    std::filesystem::path Song(int seconds) const {
-        const std::filesystem::path path = mFolder.Path() / std::to_string(seconds);
-        return exists(path) ? path : mFolder.Write(path, tonefile::Encode(seconds));
-    }
-    bool Passes(double seconds) const {
-        return Eventually([&] { return mPlayer.Position() > seconds; });
-    }
-    bool Ends() const {
-        return Eventually([&] { return mPlayer.Position() == mPlayer.Length(); });
-    }
-
-    const TemporaryFolder mFolder;
-    /// The player's threads go on a little after it.
-    struct End {
-        ~End() { EXPECT_TRUE(platform::AsidesEnd(std::chrono::seconds(20))); }
-    } mEnd;
-    c_XAudio mPlayer;
-};
-
-/// With a sound device that writes what it is given to a file, faster than it would be heard.
-class RecordedPlayer : public ClipPlayer {
+/// A player with a sound device that writes what it is given to a file, faster than it would be
+/// heard.
+class RecordedPlayer : public testing::Test {
 protected:
     static constexpr int kRate = 44100;
 
@@ -55,9 +33,22 @@ protected:
         setenv("SDL_DISKAUDIODELAY", "1", 1);
         Rewind();
     }
+    std::filesystem::path Song(int seconds) const {
+        const std::filesystem::path path = mFolder.Path() / std::to_string(seconds);
+        return exists(path) ? path : mFolder.Write(path, tonefile::Encode(seconds));
+    }
+    bool Passes(double seconds) const {
+        return Eventually([&] { return mPlayer.Position() > seconds; });
+    }
+    bool PlaysPast(double seconds) {
+        mPlayer.Play();
+        return Passes(seconds);
+    }
+    bool Ends() const {
+        return Eventually([&] { return mPlayer.Position() == mPlayer.Length(); });
+    }
     /// Has the device write to a new file when it is opened the next time.
     void Rewind() {
-        std::filesystem::remove(mSoundFile);
         mSoundFile += "'";
         setenv("SDL_DISKAUDIOFILE", mSoundFile.c_str(), 1);
     }
@@ -73,10 +64,10 @@ protected:
     }
     /// What was played since the device was opened.
     std::vector<audio::Frame> Recording() const {
-        std::ifstream file(mSoundFile, std::ios::binary);
-        std::vector<audio::Frame> frames;
-        for (audio::Frame frame; file.read(reinterpret_cast<char*>(&frame), sizeof frame);)
-            frames.push_back(frame);
+        const std::uintmax_t size = std::filesystem::file_size(mSoundFile);
+        std::vector<audio::Frame> frames(size / sizeof(audio::Frame));
+        std::ifstream(mSoundFile, std::ios::binary)
+            .read(reinterpret_cast<char*>(frames.data()), static_cast<std::streamsize>(size));
         return frames;
     }
     /// That without the silent frames: those between sounds, and gaps that a slow machine leaves.
@@ -85,16 +76,24 @@ protected:
         std::erase_if(frames, [](const audio::Frame& frame) { return frame.left == 0; });
         return frames;
     }
-    /// The pitch `seconds` after the start or, below 0, before the end.
-    double PitchAt(double seconds) const {
+    /// Expects that the sound `seconds` after the start or, below 0, before the end, is that of a
+    /// place in the song, at `speed`.
+    void ExpectHeard(double seconds, double place, double speed = 1) const {
         const std::vector<audio::Frame> sound = Sound();
-        const auto size = static_cast<double>(sound.size());
-        const double start = seconds * kRate + (seconds < 0 ? size : 0);
-        if (start < 0 || start + kRate / 10 > size)
-            return -1;
-        const auto first = static_cast<std::size_t>(start);
-        return sound::Pitch(std::span(sound).subspan(first, kRate / 10), kRate);
+        const double end = seconds < 0 ? static_cast<double>(sound.size()) : 0;
+        const auto first = static_cast<std::size_t>(end + seconds * kRate);
+        ASSERT_LE(first + kRate / 10, sound.size()) << seconds;
+        EXPECT_NEAR(sound::Pitch(std::span(sound).subspan(first, kRate / 10), kRate),
+                    speed * tonefile::Pitch(place), 25)
+            << seconds;
     }
+
+    const TemporaryFolder mFolder;
+    /// The player's threads go on a little after it.
+    struct End {
+        ~End() { EXPECT_TRUE(platform::AsidesEnd(std::chrono::seconds(20))); }
+    } mEnd;
+    c_XAudio mPlayer;
 
 private:
     std::filesystem::path mSoundFile = mFolder.Path() / "sound";
