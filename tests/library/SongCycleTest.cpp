@@ -18,8 +18,13 @@ using library::SongCycle;
 
 class SongCycleTest : public testing::Test {
 protected:
-    SongCycleTest() { platform::SetProgramFolder(mFolder.Path()); }
+    SongCycleTest() { EnterProgramFolder(mFolder.Path() / "0"); }
     ~SongCycleTest() override { platform::SetProgramFolder({}); }
+
+    void EnterProgramFolder(const fs::path& folder) {
+        platform::SetProgramFolder(folder);
+        mList = folder / "PlayList/list.m3u";
+    }
 
     /// A list of songs named by letters, each with its mark: "a0 b1".
     void List(const std::string& songs) const {
@@ -64,7 +69,7 @@ protected:
     }
 
     const TemporaryFolder mFolder;
-    const fs::path mList = mFolder.Path() / "PlayList/list.m3u";
+    fs::path mList;
     int mTries = 0;
 };
 
@@ -118,12 +123,10 @@ TEST_F(SongCycleTest, AFileThatOthersReplacedStaysAndGetsTheMarksTheNextTime) {
     EXPECT_EQ(std::distance(fs::directory_iterator(mList.parent_path()), {}), 1);
 }
 
-TEST_F(SongCycleTest, MarksSurviveAKill) {
-    const fs::path folder = mList.parent_path();
-    const fs::path killed = mFolder.Path() / "killed"; // the files at that moment
-    const auto journal = [&folder, this] {
+TEST_F(SongCycleTest, MarksSurviveAKillAndMoveWithTheProgram) {
+    const auto journal = [this] {
         std::size_t bytes = 0;
-        for (const auto& entry : fs::directory_iterator(folder))
+        for (const auto& entry : fs::directory_iterator(mList.parent_path()))
             bytes += entry.path() != mList ? entry.file_size() : 0;
         return bytes;
     };
@@ -135,13 +138,13 @@ TEST_F(SongCycleTest, MarksSurviveAKill) {
     } cases[] = {{"a0 b1 c0 d0", 2, 34, 4}, {"a1 b0 c1 d1", 3, 46, 3}};
     for (const auto& c : cases) {
         List(c.list);
+        const fs::path moved = mFolder.Path() / c.list; // with the files at the moment of the kill
         Play(c.played, {}, [&] {
             while (journal() < c.journal)
                 std::this_thread::sleep_for(std::chrono::milliseconds(1));
-            fs::copy(folder, killed);
+            fs::copy(platform::ProgramFolder(), moved, fs::copy_options::recursive);
         });
-        fs::remove_all(folder);
-        fs::rename(killed, folder);
+        EnterProgramFolder(moved);
         EXPECT_EQ(InFile(), c.list);
         EXPECT_EQ(SongCycle(mList).Count(), 4); // a list that is only looked at loses nothing
         EXPECT_EQ(Play(1).size(), 1u);
