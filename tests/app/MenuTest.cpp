@@ -41,9 +41,10 @@ TEST_F(MenuTest, AWayBackLeadsToOnePlayer) {
 
 TEST_F(MenuTest, ADoubleClickOnOnePlayerChoosesNoGame) {
     Robot robot([this] {
-        if (form.pChoice3->isVisible())
+        if (form.pChoice3->isVisible()) {
+            EXPECT_TRUE(Minimises(form));
             ClickOn(form.pX);
-        else if (form.pSingle->isVisible())
+        } else if (form.pSingle->isVisible())
             QTest::mouseDClick(StageWindow(), Qt::LeftButton, {},
                                OnStage(form, form.pSingle->Place().center()));
     });

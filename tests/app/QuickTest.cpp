@@ -1,6 +1,7 @@
 #include "app/c_Quick.h"
 #include "app/f_Load.h"
 #include "app/f_Quick.h"
+#include "editor/f_Editor.h"
 #include "library/ListLook.h"
 #include "library/MarkJournal.h"
 #include "library/c_ID3.h"
@@ -9,6 +10,7 @@
 #include "platform/Wait.h"
 #include "tests/Robot.h"
 #include "tests/SongFolder.h"
+#include "toolkit/Stage.h"
 
 #include <QTest>
 
@@ -25,8 +27,10 @@ protected:
         Robot robot([&] {
             if (AnswerFileDialog(QString::fromStdString(chosen.string())))
                 return mAnswered();
-            if (form.isVisible() && (pressed || button->isVisible()))
+            if (form.isVisible() && (pressed || button->isVisible())) {
+                EXPECT_TRUE(pressed || Minimises(form));
                 ClickOn(std::exchange(pressed, true) ? form.pX : button);
+            }
         });
         robot.mSaysYes = saysYes;
         c_Quick quick(form, load);
@@ -112,6 +116,25 @@ TEST_F(QuickTest, APlaylistIsPickedAndItsFolderIsTheCurrentOne) {
     EXPECT_EQ(mPath, list);
     EXPECT_FALSE(mExit);
     EXPECT_EQ(fs::current_path(), mFolder.Path());
+}
+
+TEST_F(QuickTest, TheEditorLeadsBackUnlessItEndsTheProgram) {
+    for (const bool ends : {true, false}) {
+        int choosers = 0;
+        Robot robot([&] {
+            const auto* editor = dynamic_cast<f_Editor*>(toolkit::Stage::Get().Forms().Current());
+            if (editor != nullptr)
+                ClickOn(ends ? editor->pX : editor->pMenu);
+            else if (form.isVisible())
+                QTimer::singleShot(0, &form, [&, first = choosers++ == 0] { // its click lasts
+                    ClickOn(first ? form.pEditor : form.pX);
+                });
+        });
+        c_Quick quick(form, load);
+        EXPECT_EQ(quick.GetM3U(), "");
+        EXPECT_TRUE(quick.ExitProgram());
+        EXPECT_EQ(choosers, ends ? 1 : 2);
+    }
 }
 
 TEST_F(QuickTest, SongsThatCannotBePlayedAreToldBefore) {
