@@ -173,28 +173,6 @@ def the_song_list_is_a_table_to_a_screen_reader(scene):
 
 
 @case
-def a_list_that_was_not_saved_outlives_the_program(scene):
-    program = scene.go_to("editor")
-    program.click("Load PlayList")
-    program.choose_file("Load Playlist", scene.list)
-    program.click("Canon in D", "table cell")
-    hand.key("Delete")
-    program.find("Sample, not saved", "label")
-    program.process.terminate()
-    program.ended()
-    program = scene.go_to("menu")
-    program.click("Playlist editor")
-    program.answer('The list "Sample" was not saved.*')
-    program.find("Sample, not saved", "label")
-    copy = scene.folder / ".unsaved.m3u"
-    program.click("Exit Editor")
-    program.answer('The list "Sample" has changes.*', "s")
-    program.ready("One player")
-    assert song_count(scene.list) == 22, f"{song_count(scene.list)} songs were saved"
-    program.wait("the end of the copy", lambda: not copy.exists())
-
-
-@case
 def a_second_copy_only_says_so(scene):
     def snapshot():
         return {file: (file.stat().st_size, file.stat().st_mtime_ns)
