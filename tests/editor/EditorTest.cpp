@@ -155,21 +155,15 @@ TEST_F(EditorTest, MarkedAndSelectedLinesAreRemovedAlsoAfterSorting) {
     const struct {
         const char* what;
         Steps marking;
-        QString left; // of all nine songs
+        QString left; // of songs 1 to 9
     } cases[] = {
-        {"the selected line", {Click(1)}, "song1 song3 song4 song5 song6 song7 song8 song9"},
-        {"to the line selected before",
-         {Click(6), Click(3, Qt::ShiftModifier)},
-         "song1 song2 song3 song8 song9"},
-        {"and the line selected before",
-         {Click(1), Click(8, Qt::ControlModifier)},
-         "song1 song3 song4 song5 song6 song7 song8"},
-        {"but those that lose their marks",
+        {"the selected line", {Click(1)}, "13456789"},
+        {"to the line selected before", {Click(6), Click(3, Qt::ShiftModifier)}, "12389"},
+        {"with the line selected before", {Click(1), Click(8, Qt::ControlModifier)}, "1345678"},
+        {"not what lost its mark",
          {Keys("Home Ctrl+End Ctrl+Space Ctrl+Home Ctrl+Space")},
-         "song1 song2 song3 song4 song5 song6 song7 song8"},
-        {"a plain selection takes all marks away",
-         {Keys("Ctrl+A Home")},
-         "song2 song3 song4 song5 song6 song7 song8 song9"},
+         "12345678"},
+        {"one line after a plain selection", {Keys("Ctrl+A Home")}, "23456789"},
         {"all", {Keys("Ctrl+A")}, ""},
     };
     Run({Keys("Ctrl+A Delete"), Add(), Click(-1)});
@@ -177,7 +171,7 @@ TEST_F(EditorTest, MarkedAndSelectedLinesAreRemovedAlsoAfterSorting) {
         Steps steps = marking;
         steps.push_back(Keys("Delete"));
         Run(steps);
-        EXPECT_EQ(Names(), left) << what;
+        EXPECT_EQ(Names().remove("song").remove(u' '), left) << what;
         Run({Keys("Ctrl+Z")});
     }
 }
