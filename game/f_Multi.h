@@ -45,9 +45,9 @@ public:
     void AskQuestion(const QString& text);
     void DrawSinglePlayer();
     void DrawPlayer(int player);
-    /// Says whose turn it is so that nobody misses it; and with the ring around the play button in
-    /// the player's colour.
+    /// Says in the player's colour whose turn it is, below the choices; a quiet caption.
     void DrawTurn(int player);
+    /// Puts a ring of the player's colour around the play button.
     void DrawRing(int player);
     void EraseRing();
     void DrawRound(int total, int current);
