@@ -5,14 +5,13 @@
 
 namespace platform {
 
+// Qt takes the thread of its first object for the main one, so the library is made here.
 void PreloadFontList() {
-    std::thread([] {
-        QLibrary fontconfig(QStringLiteral("fontconfig"), 1);
-        fontconfig.setLoadHints(QLibrary::PreventUnloadHint);
-        using Init = int (*)();
-        if (const auto init = reinterpret_cast<Init>(fontconfig.resolve("FcInit")))
-            init();
-    }).detach();
+    QLibrary fontconfig(QStringLiteral("fontconfig"), 1);
+    fontconfig.setLoadHints(QLibrary::PreventUnloadHint);
+    using Init = int (*)();
+    if (const auto init = reinterpret_cast<Init>(fontconfig.resolve("FcInit")))
+        std::thread(init).detach();
 }
 
 } // namespace platform
