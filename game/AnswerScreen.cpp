@@ -127,10 +127,10 @@ void AnswerScreen::ShowSong(const QString& title, const QString& artist) {
     drawing.Text(by.text, kNightText, kBlack, text, top + below, 2);
     dc->SetFont(name.font);
     drawing.Text(name.text, kWhite, kBlack, text, top, 2);
-    const QRect place(left, kSong, static_cast<int>(wide), LabelRecord::kSide);
-    mBoard.AddQuietCaption(title, place);
+    mBoard.AddQuietCaption(title, QRectF(text, top, name.width, below).toAlignedRect());
     if (!artist.isEmpty())
-        mBoard.AddCaption(QStringLiteral("By %1").arg(artist), place);
+        mBoard.AddCaption(QStringLiteral("By %1").arg(artist),
+                          QRectF(text, top + below, by.width, high - below).toAlignedRect());
     mBoard.Refresh();
 }
 
