@@ -24,12 +24,12 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// Tells which files were given; it is written when all of them are there.
+// Lists the files that were copied; written once all of them are there.
 constexpr const char* kRecord = ".shipped";
 
 constexpr const char* kFolders[] = {"Music", "PlayList"};
 
-/// By what a file is known to be untouched. A copy has that of the file it was made of.
+/// What tells that a file is untouched. A copy has the stamp of the file that it was made from.
 struct Stamp {
     std::int64_t seconds = 0;
     std::uintmax_t size = 0;
@@ -47,7 +47,8 @@ std::optional<Stamp> StampOf(const fs::path& file) {
     return Stamp{std::chrono::floor<std::chrono::seconds>(time.time_since_epoch()).count(), size};
 }
 
-/// What was given, by its place in the folder: lines of seconds, size and place.
+/// The files that were copied, by their place in the folder; in the file, lines of seconds, size
+/// and place.
 using Record = std::map<std::string, Stamp>;
 
 Record ReadRecord(const fs::path& file) {
@@ -69,7 +70,7 @@ std::error_code WriteRecord(const fs::path& file, const Record& record) {
     return platform::ReplaceFile(file, QByteArray::fromStdString(lines.str()));
 }
 
-/// Copies a file to where none is or an untouched copy; whole or not at all.
+/// Copies a file to where there is none, or over an untouched copy; whole or not at all.
 std::error_code Give(const fs::path& from, const fs::path& to) {
     // Always the same name, so that a killed program leaves nothing that the next start does not
     // tidy up.
@@ -98,7 +99,7 @@ std::set<fs::path> FilesIn(const fs::path& folder, std::error_code& error) {
     return files;
 }
 
-/// Brings the files of one folder, and notes them in `record`.
+/// Copies the files of one folder, and notes them in `record`.
 std::error_code BringFolder(const fs::path& shipped, const fs::path& own, const char* folder,
                             Record& record) {
     std::error_code error;
@@ -143,7 +144,7 @@ private:
     std::optional<f_Load> mForm;
 };
 
-/// No error either if the program was asked to quit meanwhile.
+/// Returns no error if the program was asked to quit meanwhile.
 std::error_code BringAside(const fs::path& shipped, const fs::path& own) {
     const WaitingSign sign;
     const auto error = std::make_shared<std::error_code>();

@@ -12,7 +12,7 @@
 #include <memory>
 
 /// Runs the program: makes sure that it is the only copy, stores the program's folder in the
-/// settings, loads the background and goes from mode to mode until one of them ends the program.
+/// settings, loads the background and goes from mode to mode until the player leaves.
 class Start {
 public:
     /// Runs the program and returns when it is over. A second copy says so and returns at once.
@@ -26,7 +26,7 @@ public:
     void ModeLoop();
 
 private:
-    /// The forms of both games, created for the first game so that the menu appears sooner.
+    /// The forms of both games, created with the first game so that the menu appears sooner.
     struct GameForms {
         f_Quick quick;
         f_Load load;

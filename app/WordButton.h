@@ -4,7 +4,7 @@
 
 #include <QObject>
 
-/// A button that is only words over the form's image.
+/// A button that is nothing but words over the form's image.
 class WordButton : public QObject {
     Q_OBJECT
 public:
@@ -17,7 +17,7 @@ public:
 
     static constexpr toolkit::ColorRef kQuiet = toolkit::Rgb(190, 190, 250);
 
-    /// Draws the button; `chosen` if it stands for what is so now.
+    /// Draws the button; `chosen` if it stands for the present choice.
     void Refresh(bool chosen);
 
     toolkit::PictureBox& Box() const { return *mBox; }

@@ -105,7 +105,7 @@ void c_Quick::ShowChooser() {
         });
 }
 
-/// Shows the fourth place once it is known that the list is still there.
+/// Offers the last list once it is known to be still there.
 void c_Quick::OfferLastList() {
     const auto found = mLastListLook ? mLastListLook->Get() : std::nullopt;
     if (!found)

@@ -4,7 +4,7 @@
 
 class QLabel;
 
-/// The waiting window while a folder is scanned and while a game loads.
+/// The window shown while a folder is scanned and while a game loads.
 class f_Load : public toolkit::Form {
     Q_OBJECT
 public:

@@ -52,7 +52,7 @@ f_Menu::f_Menu()
     for (PictureBox* choice : {PChoice1, pChoice2, pChoice3})
         choice->Dc()->SetFont(RoundFont(16, true));
 
-    constexpr int kBelow = 8; // as the row of sizes
+    constexpr int kBelow = 8; // the same as for the row of sizes
     PictureBox& scores = Scores->Box();
     scores.Dc()->SetFont(RoundFont(10));
     scores.MoveTo(Width() - 14 - kScores.width(), Height() - kScores.height() - kBelow);

@@ -4,7 +4,7 @@
 
 class QLabel;
 
-/// The window of the game-source chooser.
+/// The window in which the player chooses where a game's songs come from.
 class f_Quick : public toolkit::Screen {
     Q_OBJECT
 public:

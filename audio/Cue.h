@@ -10,16 +10,16 @@
 
 namespace audio {
 
-/// Gets a song ready to be heard: opens it, goes to a place in it and decodes its first seconds,
-/// on other threads. While the cue lives, `c_XAudio::OpenFile` of that song, and `SeekTo` that
-/// place, take over what is ready. Ends at once, whatever the disk does. Used by the thread of the
-/// user interface.
+/// Gets a song ready to be played: opens it, seeks to a place in it and decodes the first seconds
+/// from there, on other threads. While the cue lives, `c_XAudio::OpenFile` of that song, and
+/// `SeekTo` that place, use what is ready. Destroying it never waits for the disk. Used by the user
+/// interface's thread.
 class Cue {
 public:
     using Clock = std::chrono::steady_clock::time_point (*)();
 
-    /// Gets the first of `songs` ready that can be opened, answers within 10 s, which `now` tells,
-    /// and has `shortest` seconds. `start` is called on another thread. The end of the work wakes
+    /// Gets the first of `songs` ready that can be opened within 10 s, timed by `now`, and lasts at
+    /// least `shortest` seconds. `start` is called on another thread. The end of the work wakes
     /// `platform::WaitWhile`.
     Cue(std::vector<std::filesystem::path> songs, Track::Start start, double shortest = 0,
         Clock now = std::chrono::steady_clock::now);
@@ -30,13 +30,14 @@ public:
     /// Whether a song is ready.
     bool Ready() const;
 
-    /// How many of the songs, the first ones, were found not to be playable.
+    /// How many songs, counted from the first, have turned out not to be playable.
     std::size_t Failed() const;
 
-    /// Whether the work goes on: no song is ready and not all have failed.
+    /// Whether it is still at work: no song is ready, and not all have failed.
     bool Working() const { return !Ready() && Failed() < mSongs.size(); }
 
-    /// The track of a song that is ready, or has failed, or else one that begins to be opened now.
+    /// The track of a song that a cue has ready or has failed to open; else a new one, which starts
+    /// opening it.
     static std::shared_ptr<Track> Claim(const std::filesystem::path& song);
 
 private:
@@ -47,10 +48,10 @@ private:
     const Track::Start mStart;
     const double mShortest;
     const Clock mNow;
-    std::size_t mFirst = 0;                       // of the songs, that the track was given
-    std::shared_ptr<Track> mTrack;                // never none
+    std::size_t mFirst = 0;                       // index of the first song given to the track
+    std::shared_ptr<Track> mTrack;                // never null
     std::size_t mTried = 0;                       // the song that was tried at the last look
-    std::chrono::steady_clock::time_point mSince; // when it was first seen to be
+    std::chrono::steady_clock::time_point mSince; // when that look was the first to see it
     QTimer mLook;
 };
 

@@ -10,8 +10,8 @@ namespace audio {
 
 class Track;
 
-/// Plays one track. The functions belong to one thread and return at once: decoding and the
-/// device's affairs happen on other threads.
+/// Plays one track. All functions are called on one thread and return at once: other threads decode
+/// and deal with the device.
 class Deck {
 public:
     Deck() = default;
@@ -19,11 +19,11 @@ public:
     Deck(const Deck&) = delete;
     Deck& operator=(const Deck&) = delete;
 
-    /// Stops and puts in another track, which is open, at its start and at normal speed; null for
-    /// none. Without a track none of the others but `Chime` must be called.
+    /// Stops and loads another track, which must be open, at its start and at normal speed; null
+    /// for none. Without a track only `Chime` may be called.
     void Load(std::shared_ptr<Track> track);
 
-    /// Plays on from the position; at the song's end nothing is heard.
+    /// Plays from the present position; at the song's end nothing is heard.
     void Run();
 
     /// Stops and keeps the position: the next `Run` goes on with the next sample.
@@ -32,16 +32,17 @@ public:
     /// Goes to `seconds`, from 0 to the song's length, and plays on there if it was playing.
     void Seek(double seconds);
 
-    /// `Run` will probably be called within the next seconds, as is expected after `Load`.
+    /// Says that `Run` will probably be called within the next seconds; `Load` does so, too.
     void Expect();
 
     /// Speed factor above 0, at once.
     void SetSpeed(double speed) { mVoice->SetSpeed(speed); }
 
-    /// Has a short sound heard beside the track, or without any, and at no other speed.
+    /// Plays a short sound over the track, if any, always at normal speed.
     void Chime(Jingle jingle);
 
-    /// What is heard now, in seconds; between two calls of the functions above it never falls.
+    /// The position that is heard now, in seconds; between two calls of the functions above it
+    /// never falls.
     double Position();
 
 private:
@@ -52,9 +53,9 @@ private:
     Output mOutput{mVoice};
     std::shared_ptr<Track> mTrack;
     std::shared_ptr<Reel> mReel; // what was heard of it last; none before the first sound
-    std::int64_t mFrom = 0;      // where it begins if there is none
+    std::int64_t mFrom = 0;      // the frame at which a new one begins
     bool mRunning = false;
-    std::uint64_t mRun = 0; // number of what is played, or silent, since the last change
+    std::uint64_t mRun = 0; // numbers each stretch of playing or silence
 };
 
 } // namespace audio

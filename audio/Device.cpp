@@ -13,7 +13,7 @@ namespace {
 
 constexpr int kBuffersPerSecond = 100;
 
-/// SDL does not keep its beginning and its end apart on several threads, as two players have them.
+/// SDL must not start and stop on two threads at a time, as it would with two players.
 std::mutex gSdlMutex;
 
 } // namespace
@@ -43,7 +43,7 @@ Device::~Device() {
     const std::lock_guard lock(gSdlMutex);
     if (mStarted)
         mSdl->QuitSubSystem(SDL_INIT_AUDIO);
-    mSdl->TLSCleanup(); // on a thread that SDL did not make nobody else does it
+    mSdl->TLSCleanup(); // SDL does so itself only on threads that it made
 }
 
 bool Device::Open(int rate) {

@@ -8,12 +8,12 @@ namespace audio {
 struct Sdl;
 class Voice;
 
-/// A number for `Voice::Connect`, another one each time. Any thread may ask.
+/// A number for `Voice::Connect`, a different one each time. Any thread may call this.
 std::uint64_t NewDeviceNumber();
 
-/// The system's default sound device, through which a voice is heard. Made, used and destroyed by
-/// one thread, which has no other business with SDL. Each call may take as long as the device
-/// pleases; the device calls the voice on a thread of its own.
+/// The system's default sound device, which plays a voice. Created, used and destroyed on one
+/// thread, which does nothing else with SDL. Each call may take as long as the device does; the
+/// device calls the voice on a thread of its own.
 class Device {
 public:
     explicit Device(std::shared_ptr<Voice> voice);
@@ -21,13 +21,14 @@ public:
     Device(const Device&) = delete;
     Device& operator=(const Device&) = delete;
 
-    /// Opens the device, which takes `rate` frames a second from now on; false if none can be had.
+    /// Opens the device, which then takes `rate` frames a second; false if there is none.
     bool Open(int rate);
 
-    /// Whether it still plays the voice: it was not unplugged, nor replaced by another listener.
+    /// Whether it still plays the voice: it has neither been unplugged nor replaced by another
+    /// listener.
     bool Serves() const;
 
-    /// Closes the device, if it is open, after what it was handed has been heard.
+    /// Closes the device, if it is open, once it has played what it was given.
     void Close();
 
 private:

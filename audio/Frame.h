@@ -2,7 +2,7 @@
 
 namespace audio {
 
-/// One stereo sample; 1.0 is full scale. Lies in memory as the decoder and the device have it.
+/// One stereo sample; 1.0 is full scale. The decoder and the device use the same layout in memory.
 struct Frame {
     float left = 0;
     float right = 0;

@@ -9,7 +9,7 @@ namespace audio {
 /// and sizes differ. MPEG frames are numbered from 0.
 class FrameMap {
 public:
-    /// What lies at a place: MPEG frame `number`, which begins at frame `start`.
+    /// MPEG frame `number`, which begins at frame `start`.
     struct Place {
         std::int64_t number = 0;
         std::int64_t start = 0;

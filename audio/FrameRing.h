@@ -13,7 +13,7 @@ namespace audio {
 /// A queue of frames between one writing and one reading thread that never blocks either.
 class FrameRing {
 public:
-    static constexpr std::size_t kCapacity = 262144; // a power of two; about 6 s of a CD's rate
+    static constexpr std::size_t kCapacity = 262144; // a power of two; about 6 s at a CD's rate
 
     /// Writer: how many frames fit in.
     std::size_t Space() const noexcept {

@@ -15,8 +15,8 @@ namespace audio {
 /// time does not cost a system call each. Used by one thread at a time.
 class InputFile {
 public:
-    /// Opens the file once. False, without ever blocking, if it cannot be read or is anything but
-    /// a regular file. From `stop` on nothing more can be read.
+    /// Opens the file once. False, without ever blocking, if it cannot be read or is anything but a
+    /// regular file. After a stop nothing more can be read.
     bool Open(const std::filesystem::path& path, std::stop_token stop);
 
     /// Reads up to `count` bytes; less only at the end of the file. -1 on an error.

@@ -14,11 +14,11 @@
 
 namespace audio {
 
-/// A song as it is played: at the loudness of all songs and with true peaks below full scale.
-/// `Rate` and `Length` may be asked by any thread, the rest used by one thread at a time.
+/// A song as it is played: as loud as all songs, and with true peaks below full scale. `Rate` and
+/// `Length` may be called on any thread, the rest on one thread at a time.
 class LevelledStream {
 public:
-    /// `level` may still be measured.
+    /// The measuring of `level` may still be under way.
     LevelledStream(std::unique_ptr<Mp3Stream> stream, std::shared_ptr<SongLevel> level);
 
     /// Frames a second.
@@ -30,15 +30,15 @@ public:
     /// Makes `frame` (0-based) the next one read.
     void SeekTo(std::int64_t frame);
 
-    /// Reads into `frames`, room for at least one, and returns how many; 0 only at the end. The
-    /// first frames after `SeekTo` have the gain known then or, if nothing is known, one got by
-    /// listening to what follows for an instant; it changes slowly if more becomes known.
+    /// Reads into `frames`, which is not empty, and returns how many; 0 only at the end. The first
+    /// frames after `SeekTo` have the gain known by then or, if none is, one measured on the half
+    /// second that follows. The gain slides to a better one when more becomes known.
     std::size_t Read(std::span<Frame> frames);
 
     /// The frame that is read next.
     std::int64_t Next() const { return mNext; }
 
-    /// Measures the level; see `SongLevel::Measure`. `goOn` may read.
+    /// Measures the level; see `SongLevel::Measure`. `goOn` may call `Read`.
     void Listen(const std::function<bool()>& goOn);
 
 private:
@@ -51,7 +51,7 @@ private:
     std::optional<Limiter> mLimiter; // none before the first sound
     std::int64_t mNext = 0;
     std::int64_t mDecoded = 0; // the frame that the limiter gets next
-    bool mAway = false;        // the stream stands somewhere else
+    bool mAway = false;        // the stream is not at mDecoded
     float mGain = 1;
 };
 

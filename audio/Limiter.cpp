@@ -8,7 +8,7 @@ namespace audio {
 
 namespace {
 
-constexpr std::size_t kAhead = 8; // blocks in which the gain comes down; 12 ms of a CD's rate
+constexpr std::size_t kAhead = 8; // blocks in which the gain comes down; 12 ms at a CD's rate
 constexpr float kRecoverySeconds = 0.25F; // in which it rises by the factor e
 
 } // namespace
@@ -26,11 +26,12 @@ void Limiter::Put(std::span<const Frame> frames) {
 
 void Limiter::End() {
     if (mFilling.count > 0)
-        Weigh(mFilling); // what lies behind its frames is silent
+        Weigh(mFilling); // the rest of the block is silent
     mEnded = true;
 }
 
-/// Queues the block, with gains low enough for it at both its ends and a straight way down there.
+/// Queues the block with gains low enough at both its ends, and has the gain before it fall evenly
+/// to there.
 void Limiter::Weigh(Block& block) {
     const float peak = Peak(block);
     const float highest = peak > mCeiling ? mCeiling / peak : 1.0F;
@@ -48,8 +49,8 @@ void Limiter::Weigh(Block& block) {
 }
 
 /// The block's true peak, or its largest sample where that is too small to matter: the curve
-/// through samples below half the ceiling stays below the ceiling. What a loud block leads to is
-/// only known in the next.
+/// through samples below half the ceiling stays below the ceiling. A loud block's peak may only
+/// show in the next one.
 float Limiter::Peak(const Block& block) {
     float largest = 0;
     for (const Frame& frame : block.frames)

@@ -10,9 +10,9 @@
 
 namespace audio {
 
-/// Turns sound down, gently and in time, wherever its true peak would be beyond a ceiling; what
-/// stays below passes unchanged. What is put in comes out again frame for frame, some frames later.
-/// Used by one thread.
+/// Turns sound down, gently and ahead of time, wherever its true peak would exceed a ceiling; the
+/// rest passes unchanged. Every frame put in comes out again, some frames later. Used by one
+/// thread.
 class Limiter {
 public:
     /// For sound of `rate` frames a second; full scale is a `ceiling` of 1.
@@ -27,7 +27,7 @@ public:
     /// Moves what is ready into `out`, as much as fits, and returns how many frames that were.
     std::size_t Take(std::span<Frame> out);
 
-    /// Whether the end was taken out.
+    /// Whether all has been taken out after `End`.
     bool Drained() const { return mEnded && mBlocks.empty(); }
 
 private:
@@ -48,7 +48,7 @@ private:
     std::deque<Block> mBlocks;
     Block mFilling;
     float mNextGain = 1; // at the first frame of the next block
-    bool mLoud = false;  // whether the block before was worth a close look
+    bool mLoud = false;  // whether the block before was measured closely
     std::size_t mTaken = 0;
     bool mEnded = false;
 };

@@ -8,8 +8,8 @@
 
 namespace audio {
 
-/// Measures sound by EBU R128 (ITU-R BS.1770): its loudness or its true peak, that of the curve
-/// through the samples, which a loudspeaker follows. Used by one thread.
+/// Measures sound by EBU R128 (ITU-R BS.1770): its loudness or its true peak, which is that of the
+/// curve through the samples, as a loudspeaker plays it. Used by one thread.
 class Meter {
 public:
     enum class Of { Loudness, TruePeak, Both };
@@ -17,14 +17,14 @@ public:
     /// For sound of `rate` samples a second; `channels` is 1 or 2.
     Meter(int rate, Of what, unsigned channels = 2);
 
-    /// Measures what follows what was added before.
+    /// Adds the sound that follows what was added before.
     void Add(std::span<const Frame> frames);
     void Add(std::span<const float> mono);
 
     /// Integrated loudness in LUFS, gated; minus infinity for silence and below 0.4 seconds.
     double Loudness() const;
 
-    /// That of the last 0.4 seconds, not gated.
+    /// The loudness of the last 0.4 seconds, not gated.
     double Momentary() const;
 
     /// The largest true peak; 1 is full scale.

@@ -84,7 +84,7 @@ bool Mp3Stream::MapFrames() {
         return result == MPG123_OK || result == MPG123_NEW_FORMAT;
     };
     mpg123_frameinfo frame = {};
-    do { // the format was that of the first, so the decoder stands on it
+    do { // asking for the format has brought the decoder to the first one
         if (mpg123_info(handle, &frame) != MPG123_OK || frame.rate <= 0)
             break;
         const double slower = static_cast<double>(mRate) / static_cast<double>(frame.rate);
@@ -93,7 +93,7 @@ bool Mp3Stream::MapFrames() {
     return mMap->Frames() > 0 && mpg123_seek_frame(handle, 0, SEEK_SET) == 0;
 }
 
-/// Has the rate of the first frame kept to the end.
+/// Keeps the rate of the first frame to the end.
 bool Mp3Stream::FixFormat() {
     long rate = 0;
     int channels = 0;

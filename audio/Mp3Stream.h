@@ -15,14 +15,14 @@
 
 namespace audio {
 
-/// An MP3 file as a row of stereo frames at one rate. Lengths and places are exact, with gapless
-/// information honoured, because the whole file is looked through when it is opened. `Rate`,
-/// `Frames` and `Length` may be asked by any thread, the rest used by one thread at a time.
+/// An MP3 file as a sequence of stereo frames at one rate. Lengths and places are exact and honour
+/// gapless information, because opening a file scans all of it. `Rate`, `Frames` and `Length` may
+/// be called on any thread, the rest on one thread at a time.
 class Mp3Stream {
 public:
-    /// Opens the file at its start; nothing if it is no playable MP3 file. Never blocks on what
-    /// is no regular file. Takes about 1 ms for 4 minutes of music. `stop` ends it at once, and
-    /// whatever is read from the stream later.
+    /// Opens the file at its start; null if it is not a playable MP3 file. Never blocks on anything
+    /// but a regular file. Takes about 1 ms for 4 minutes of music. `stop` ends this, and later
+    /// reads from the stream, at once.
     static std::unique_ptr<Mp3Stream> Open(const std::filesystem::path& path,
                                            std::stop_token stop = {});
 

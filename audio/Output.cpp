@@ -19,13 +19,13 @@ using Clock = std::chrono::steady_clock;
 
 namespace {
 
-/// For how long a device is kept open in silence: a waiting player presses Play soon, or much
-/// later; and the next song usually follows at once.
+/// How long a device is kept open in silence, before a song and after one: players press Play soon,
+/// or much later, and the next song usually follows at once.
 constexpr auto kAhead = 10s;
 constexpr auto kLinger = 100ms;
-/// The device is opened while the voice, which has begun, may not yet have anything to say.
+/// How long it is kept open for a voice that has begun, but has nothing decoded yet.
 constexpr auto kBeginning = 2s;
-/// A device that has not asked for frames for so long is not waited for.
+/// A device that has not asked for frames for this long counts as not working.
 constexpr auto kPatience = 800ms;
 constexpr auto kPeriod = 20ms;
 
@@ -46,7 +46,7 @@ struct Output::Need {
     std::mutex mutex; // guards the rest
     std::condition_variable_any changed;
     int rate = kJingleRate;
-    int expected = 0; // how often a song was
+    int expected = 0; // how many songs were
     Clock::time_point begun;
     Clock::time_point until; // longer if the voice sounds
     bool none = false;       // no device could be had for the last of these songs
@@ -59,8 +59,8 @@ private:
                     const std::stop_token& stop);
 };
 
-/// Has the device open whenever it is needed. Opening and closing may take any time, and are done
-/// without the lock, so that nobody waits for them.
+/// Keeps the device open whenever it is needed. Opening and closing may take any time, so they are
+/// done without the lock.
 void Output::Need::KeepDevice(const std::stop_token& stop) {
     Device device(voice);
     std::unique_lock lock(mutex);
@@ -76,7 +76,7 @@ void Output::Need::KeepDevice(const std::stop_token& stop) {
             none = failed;
             changed.wait_for(lock, stop, kPeriod, [&] { return !Now() || Outdated(openRate); });
             keep = !stop.stop_requested() && Now() && !Outdated(openRate);
-            // Without a device the next song is the next occasion to look for one.
+            // Without a device one is looked for again with the next song.
             keep = keep && !(failed && expected != openFor);
             lock.unlock();
             keep = keep && (failed || device.Serves());
@@ -88,7 +88,7 @@ void Output::Need::KeepDevice(const std::stop_token& stop) {
     }
 }
 
-/// A short sound that is heard ends before the device gets another rate, unless a song has begun.
+/// A short sound is played to its end before the device gets another rate, unless a song has begun.
 bool Output::Need::Outdated(int openRate) const {
     return rate != openRate && (voice->Sounding() || !voice->Chiming());
 }
@@ -161,7 +161,7 @@ void Output::End() {
 }
 
 void Output::Chime() {
-    mNeed->mutex.lock(); // the device's thread has either seen it or waits to be woken
+    mNeed->mutex.lock(); // so that a thread about to wait does not miss the wake-up
     mNeed->mutex.unlock();
     Wake();
 }

@@ -9,20 +9,20 @@ namespace audio {
 
 class Voice;
 
-/// Whether nothing is heard because no sound device could be had, or none that works, the last time
-/// that one was needed. Any thread may ask.
+/// Whether nothing is heard because there was no working sound device the last time one was needed.
+/// Any thread may call this.
 bool NoDevice();
 
-/// Has a voice heard: keeps the sound device open while it is needed and, while there is none that
-/// works, takes the frames at the pace at which they would be heard. Used by one thread, which
-/// never waits for the device.
+/// Plays a voice: keeps the sound device open while it is needed and, while none works, takes the
+/// frames at the pace at which they would be played. Used by one thread, which never waits for the
+/// device.
 class Output {
 public:
     explicit Output(std::shared_ptr<Voice> voice);
     Output(const Output&) = delete;
     Output& operator=(const Output&) = delete;
 
-    /// The voice will probably begin within the next seconds, at `rate` frames a second.
+    /// Says that the voice will probably begin within the next seconds, at `rate` frames a second.
     void Expect(int rate);
 
     /// It has begun.
@@ -31,7 +31,7 @@ public:
     /// It has ended, perhaps only for an instant.
     void End();
 
-    /// A short sound was added to it, which a device of any rate will do for.
+    /// Says that a short sound was added to it, which a device of any rate can play.
     void Chime();
 
 private:

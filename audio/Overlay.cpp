@@ -17,7 +17,8 @@ std::chrono::duration<double> Length(const std::vector<Frame>& frames) {
     return std::chrono::duration<double>(static_cast<double>(frames.size()) / kJingleRate);
 }
 
-/// Leaves what a song reaches by itself as it is, and bends what is more to below full scale.
+/// Leaves levels that songs reach by themselves as they are, and compresses more to below full
+/// scale.
 float Limited(float sample) {
     constexpr float kKnee = 0.9F;
     constexpr float kRoom = 1 - kKnee;

@@ -10,8 +10,8 @@ namespace audio {
 /// Tells what is heard right now from what was handed to the device. Any thread may call anything;
 /// `Note` never waits for another thread.
 ///
-/// Time is divided into runs, numbered by the caller: within one the position only grows, and what
-/// is still noted for an earlier run counts no more.
+/// Time is divided into runs, numbered by the caller: within one the position only grows, and notes
+/// for an earlier run are ignored.
 class PlayClock {
 public:
     using Time = std::chrono::steady_clock::time_point;
@@ -30,8 +30,8 @@ public:
     /// Begins a run at `position`, where the clock stands until something is handed over.
     void Begin(std::uint64_t run, double position);
 
-    /// Takes note of a buffer, unless another thread uses the clock at this moment; then the
-    /// note before it has to do.
+    /// Takes note of a buffer, unless another thread is using the clock at this moment; then the
+    /// note before it stays.
     void Note(const Handover& handover) noexcept;
 
     /// The place in the song heard at `now`, in seconds.

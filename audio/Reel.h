@@ -7,8 +7,8 @@
 
 namespace audio {
 
-/// A song's decoded frames from one place on, as far as they wait to be heard. One thread winds
-/// frames on, another one takes them off.
+/// A song's decoded frames, from one place on, that wait to be heard. One thread winds frames on,
+/// another takes them off.
 struct Reel {
     /// `start` is the first frame, 0-based, of a song with `frameRate` frames a second.
     Reel(int frameRate, std::int64_t start) : rate(frameRate), from(start), next(start) {}

@@ -5,7 +5,7 @@
 
 namespace audio {
 
-/// What the program uses of SDL.
+/// The functions of SDL that the program uses.
 struct Sdl {
     decltype(&SDL_SetMainReady) SetMainReady;
     decltype(&SDL_SetHint) SetHint;
@@ -18,11 +18,11 @@ struct Sdl {
     decltype(&SDL_CloseAudioDevice) CloseAudioDevice;
 };
 
-/// Has these functions called instead by all devices that are made from now on; null for SDL's.
+/// Makes all devices created from now on call these functions instead; null for SDL's own.
 void ReplaceSdl(const Sdl* sdl);
 
-/// SDL, loaded by the first call, from any thread; null where there is none. It brings thirty
-/// libraries with it, for which the program's start need not wait.
+/// SDL, loaded by the first call, on any thread; null if it is not installed. It is loaded late
+/// because the thirty libraries that it needs would slow the program's start.
 const Sdl* LoadSdl();
 
 } // namespace audio

@@ -23,8 +23,8 @@ namespace {
 /// Frames decoded ahead while the loudness, and with it the gain, may still change.
 constexpr std::size_t kFewFrames = 65536;
 constexpr auto kFeedPause = 20ms;
-/// Between pieces of a song that is measured, so that the program's own work comes first also on a
-/// busy machine.
+/// Between pieces of a song that is measured, so that the program's other work comes first even on
+/// a busy machine.
 constexpr auto kRest = 5ms;
 
 } // namespace
@@ -142,7 +142,8 @@ void Track::Work::WindOn(Reel& onto, std::size_t most, const std::function<bool(
     }
 }
 
-/// Once the loudness is known: winds a reel that nobody has heard yet at the right gain.
+/// Once the loudness is known, winds the reel again at the right gain, if nothing of it has been
+/// heard.
 void Track::Work::Rewind() {
     const auto wanted = [this] {
         const std::lock_guard guard(mutex);
@@ -171,7 +172,7 @@ bool Track::Work::Rest(const std::stop_token& stop, std::chrono::milliseconds pa
     return !stop.stop_requested();
 }
 
-/// Sleeps until the reel needs more frames or is another one.
+/// Sleeps until the reel needs more frames or is replaced.
 void Track::Work::Sleep(const std::stop_token& stop) {
     std::unique_lock lock(mutex);
     changed.wait(lock, stop, [this] { return mFed != reel || (heard && !mFed->complete); });

@@ -12,7 +12,7 @@ constexpr double kFadeSeconds = 0.004;
 }
 
 void Voice::Play(std::shared_ptr<Reel> reel, std::uint64_t run) {
-    std::shared_ptr<Reel> old; // goes after the lock
+    std::shared_ptr<Reel> old; // destroyed after the lock is released
     const std::lock_guard lock(mMutex);
     old = std::exchange(mOld, nullptr);
     mWanted = std::move(reel);
@@ -109,7 +109,7 @@ void Voice::Serve(std::span<Frame> out) {
 
 /// Writes frames until `out` is full, the fade is over or the queue has run dry; returns how many.
 std::size_t Voice::Render(std::span<Frame> out, bool sounding) {
-    const bool complete = mReel->complete; // asked first: then what waits is all there is
+    const bool complete = mReel->complete; // asked first: if so, what waits is all there is
     const std::size_t waiting = mReel->frames.Readable();
     const std::size_t needed = complete ? 1 : 2;
     const double fadeStep = 1 / (kFadeSeconds * mRate);
@@ -119,8 +119,8 @@ std::size_t Voice::Render(std::span<Frame> out, bool sounding) {
         const Frame frame = Interpolated(taken, waiting);
         const auto gain = static_cast<float>(mGain);
         out[done++] = {frame.left * gain, frame.right * gain};
-        // A file cut short ends in the middle of its sound, and a slow disk makes the decoder late:
-        // whatever the queue runs dry of is faded too.
+        // A file cut short ends in the middle of its sound, and a slow disk makes the decoder late,
+        // so sound is also faded out when the queue runs dry.
         const double left = static_cast<double>(waiting - taken) / mSpeed;
         const bool ends = left * fadeStep <= mGain;
         mGain = std::clamp(mGain + (sounding && !ends ? fadeStep : -fadeStep), 0.0, 1.0);
@@ -147,7 +147,7 @@ double Voice::Place() const {
     return (static_cast<double>(mReel->next) + mReel->phase) / mReel->rate;
 }
 
-/// Begins with what is wanted, once nothing sounds any more.
+/// Changes to the wanted reel, once nothing sounds.
 void Voice::ChangeOver() {
     if (mReel != mWanted) {
         mOld = std::exchange(mReel, mWanted);

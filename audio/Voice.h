@@ -14,22 +14,22 @@ namespace audio {
 
 struct Reel;
 
-/// The sound between reels and devices: hands frames out at the wanted speed and fades over 4 ms
-/// where sound begins and ends. Over them lie short sounds, which do not count for anything that is
-/// told of reels, and all of it has the volume that the player wants. Any thread may call anything,
-/// and none waits for long.
+/// Stands between reels and devices: hands out a reel's frames at the wanted speed, and fades over
+/// 4 ms where sound begins and ends. Short sounds are added to them, and all of it gets the volume
+/// that the player wants. What is said here of reels does not concern short sounds. Any thread may
+/// call anything, and none waits for long.
 ///
-/// Of several devices, of which some may hang, only the one that was connected last is served.
+/// Of several devices, some of which may hang, only the one that was connected last is served.
 class Voice {
 public:
-    /// Has `reel` heard from now on, after what sounds now was faded out; nothing for none. Noted
-    /// under `run` of the clock. A reel goes on where it was left.
+    /// Plays `reel` from now on, once what sounds now has faded out; null for silence. The clock
+    /// notes it under `run`. A reel goes on where it was left.
     void Play(std::shared_ptr<Reel> reel, std::uint64_t run);
 
     /// Speed factor above 0, at once; 1 is normal.
     void SetSpeed(double speed);
 
-    /// Has a short sound heard over it, from now on.
+    /// Plays a short sound over it, from now on.
     void Add(Jingle jingle);
 
     /// Whether there is anything to be handed out, now or as soon as it is decoded.
@@ -44,14 +44,14 @@ public:
     /// Whether what sounded before is still being faded out.
     bool Fading() const;
 
-    /// Whether all of what `run` plays was handed out.
+    /// Whether all of what `run` plays has been handed out.
     bool Ended(std::uint64_t run) const;
 
-    /// Serves the device of this number, above 0 and another one each time, which takes `rate`
+    /// Serves the device of this number, which is above 0 and never used twice. It takes `rate`
     /// frames a second; only a reel of that rate is heard.
     void Connect(std::uint64_t device, int rate);
 
-    /// Serves none until the next `Connect`, if it is this one that is served.
+    /// If this device is the one served, serves none until the next `Connect`.
     void Disconnect(std::uint64_t device);
 
     /// The device that is served, 0 for none, and when it last asked for frames, or was connected.
@@ -61,10 +61,10 @@ public:
     };
     Listener Served() const;
 
-    /// A device: its next `out.size()` frames, silence where there are none.
+    /// For a device: fills in its next `out.size()` frames, silence where there are none.
     void Fill(std::uint64_t device, std::span<Frame> out) noexcept;
 
-    /// Tells what is heard.
+    /// Knows what is heard now.
     PlayClock& Clock() { return mClock; }
 
 private:

@@ -8,7 +8,7 @@ namespace audio {
 
 namespace {
 
-/// Half of the way to silence is heard as about half as loud: -12 dB.
+/// Half of full volume is -12 dB, which sounds about half as loud.
 float WantedGain() {
     const float part = static_cast<float>(platform::HeardVolume()) / 100;
     return part * part;

@@ -6,11 +6,11 @@
 
 namespace audio {
 
-/// Brings sound to the volume that the player wants; another one is reached within 10 ms, without a
-/// click. Used by one thread at a time.
+/// Applies the volume that the player wants; a change takes up to 10 ms, so that there is no click.
+/// Used by one thread at a time.
 class VolumeRamp {
 public:
-    /// Begins at that volume.
+    /// Starts at the present volume.
     void Begin();
 
     /// Turns the next frames down; at full volume they stay as they are.

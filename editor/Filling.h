@@ -11,28 +11,27 @@
 
 namespace editor {
 
-/// Reads songs for the editor, one job after the other, each on a thread of its own, and hands what
-/// they give over between events. What is asked for during that is only noted and comes in its
-/// turn.
+/// Reads songs for the editor, one job after the other, each on a thread of its own, and hands over
+/// the results from the event loop. Jobs asked for meanwhile wait for their turn.
 class Filling {
 public:
     struct Job {
-        QString name; ///< what is done, to be shown while nothing better is known
+        QString name; ///< in words, shown until the reading tells how far it is
         Reading read;
         /// Lines were read since the last call.
         std::function<void(const SongStream::News& news)> take;
-        /// There are no more. Not called when stopped.
+        /// Called when there are no more lines; not after a stop.
         std::function<void(const SongStream::News& news)> end = [](const auto&) {};
     };
 
-    /// `show` is called when there is something new to be seen.
+    /// `show` is called when `Busy` or `Progress` may have changed.
     explicit Filling(std::function<void()> show);
     ~Filling();
 
     /// Does a job after all that was asked for before.
     void Do(Job job);
 
-    /// Gives up the job under way and all others. Their threads are left alone.
+    /// Gives up the job under way and all others, without waiting for threads.
     void Stop();
 
     bool Busy() const { return mStream != nullptr; }

@@ -6,22 +6,21 @@
 
 namespace editor {
 
-/// The steps that a player took and can take back, and take again.
+/// The steps that the player can undo and redo.
 class History {
 public:
     struct Step {
         QString name; ///< in words: "Remove 3 songs"
-        /// False if it could not be done; the step is then forgotten. Neither may be called again
-        /// before it has returned, so events may run.
+        /// Both return false if it could not be done; the step is then forgotten. They may let
+        /// events run: nothing is undone or redone meanwhile.
         std::function<bool()> undo;
         std::function<bool()> redo;
     };
 
-    /// Notes a step that was taken. Those undone before can no longer be redone; of very many the
-    /// oldest are forgotten.
+    /// Notes a step that was taken. Undone steps are forgotten, and so are the oldest of very many.
     void Add(Step step);
 
-    /// Gives the last step another name, when more of the same came to it.
+    /// Gives the last step another name, after more was added to it.
     void RenameLast(const QString& name) { mSteps.back().name = name; }
 
     /// The names of the steps that come next; empty if there are none.
@@ -39,7 +38,7 @@ private:
     bool Take(const std::function<bool()>& step, std::size_t place);
 
     std::deque<Step> mSteps;
-    std::size_t mDone = 0; // those before this one
+    std::size_t mDone = 0; // how many of them; the others are undone
     bool mWorking = false;
 };
 

@@ -6,11 +6,11 @@
 
 namespace editor {
 
-/// Stands for the keys of a list's songs in their order: two lists that have the same one are the
-/// same, as far as chance allows. Needs no memory for each song.
+/// A hash of the keys of a list's songs, in their order: lists with the same one hold the same
+/// songs, with near certainty. Needs no memory for each song.
 class KeyPrint {
 public:
-    /// Notes the key that comes next.
+    /// Adds the next key.
     void Add(const QString& key) {
         mHash = qHash(key, mHash);
         ++mCount;

@@ -5,8 +5,7 @@
 
 namespace editor {
 
-/// An order of lines, line i being that of number `before[i]` so far; keeps only the part in which
-/// they are others.
+/// A new order of lines, in which line i was line `before[i]`. Stores only the part that changes.
 class PartOrder {
 public:
     explicit PartOrder(const std::vector<int>& before) {
@@ -21,7 +20,8 @@ public:
         mBefore.assign(before.begin() + mFirst, before.begin() + end);
     }
 
-    /// Of all lines of a list, to which some may have come; the one that takes it `back`, too.
+    /// The order for a list of `lines` lines, which may have grown; with `back` the one that undoes
+    /// it.
     std::vector<int> Of(int lines, bool back) const {
         std::vector<int> order(static_cast<std::size_t>(lines));
         std::iota(order.begin(), order.end(), 0);

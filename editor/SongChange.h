@@ -6,10 +6,10 @@
 #include <functional>
 #include <vector>
 
-/// What the editor changes of songs' files. Nothing here needs a window.
+/// What the editor changes in the files of songs. Nothing here needs a window.
 namespace editor {
 
-/// A song's file, and what stands in its ID3v1 tag. What other tags say is only read.
+/// A song's file and what its ID3v1 tag says. Other tags are only read.
 struct SongFacts {
     std::filesystem::path path;
     QString title;
@@ -20,21 +20,21 @@ struct SongFacts {
     QByteArray end = {}; ///< see `c_ID3::EndOf`
     bool missing = false;
 
-    /// Those by which the song is asked.
+    /// Title and artist as a question uses them.
     const QString& ShownTitle() const { return newerTitle.isEmpty() ? title : newerTitle; }
     const QString& ShownArtist() const { return newerTitle.isEmpty() ? artist : newerArtist; }
 
     bool operator==(const SongFacts&) const = default;
 };
 
-/// As they are on disk; without a tag the texts are empty.
+/// Reads them from the disk; without a tag the texts are empty.
 SongFacts FactsOf(const std::filesystem::path& song);
 
 /// What a song's file is to become.
 struct SongWish {
     std::filesystem::path song;
-    /// Makes of its facts those that are wanted. The path's file name is the wanted one. With
-    /// another `end` all of the tag is as it was when that was read.
+    /// Changes the song's facts to those wanted: title, artist, comment and the path's file name.
+    /// Another `end` instead restores the whole tag that was read with it.
     std::function<void(SongFacts& facts)> edit;
 };
 
@@ -42,19 +42,18 @@ struct SongWish {
 struct SongChange {
     SongFacts before;
     SongFacts after;      ///< as they are on disk now
-    QStringList problems; ///< in sentences, what was not done, or not to the letter, and why
+    QStringList problems; ///< sentences on what was not done, or not exactly, and why
 
-    /// Whether the file is another than before.
+    /// Whether the file has changed.
     bool Any() const { return !(before == after); }
 };
 
-/// Makes a song's tag and its name in its folder what is wanted, in this order, as far as they are
-/// others. A read-only file keeps its tag and, if it gets another name, becomes writable.
-/// No other file is ever replaced.
+/// Changes a song's tag and then its file name as wanted, where they differ. A read-only file keeps
+/// its tag and becomes writable if it is renamed. No other file is ever replaced.
 SongChange ChangeSong(const SongWish& wish);
 
-/// Changes songs one after the other on a thread of its own and waits for it, letting events run,
-/// as long as it is `wanted`; nothing if it was not in the end.
+/// Changes songs one after the other on a thread of its own, and waits for it while events run, as
+/// long as `wanted` returns true; empty if it stopped waiting.
 std::vector<SongChange> ChangeAside(const std::vector<SongWish>& wishes,
                                     const std::function<bool()>& wanted);
 

@@ -129,7 +129,7 @@ void SongList::Changed(const std::vector<SongChange>& changes) {
     mHistory.Add({QStringLiteral("Edit ") + what, back, back});
 }
 
-/// Takes changes back on disk; they are then those that were made by that. False if none was.
+/// Undoes changes on disk, and replaces them by those that this made. False if it made none.
 bool SongList::ChangeBack(std::vector<SongChange>& changes) {
     // The last one first: songs may have passed on a name.
     std::ranges::reverse(changes);
@@ -152,7 +152,7 @@ void SongList::ShowChanges(const std::vector<SongChange>& changes) {
     ShowSongs(now);
 }
 
-/// Puts what songs have become in all their lines, by their keys so far. Returns these lines.
+/// Replaces all lines of songs by new ones, given by the old keys. Returns the old lines.
 SongList::Taken SongList::ShowSongs(const QHash<QString, Line>& now) {
     Taken before;
     for (int line = 0; line < mList.LineCount(); ++line) {

@@ -18,25 +18,26 @@ class c_PicList;
 
 namespace editor {
 
-/// What the editor works on: the lines of its list, how they came to be, and the playlist file that
-/// they belong to. All changes but `Begin` can be undone. Needs no window.
+/// What the editor works on: the lines of its list, their history, and the playlist file that they
+/// belong to. Changes can be undone unless it says otherwise here. Needs no window.
 class SongList {
 public:
-    /// Changes songs on disk; see `ChangeSong`. Fewer answers than wishes if that was given up.
+    /// Changes songs on disk; see `ChangeSong`. Returns fewer changes than wishes if it was given
+    /// up.
     using Change = std::function<std::vector<SongChange>(const std::vector<SongWish>& wishes)>;
 
-    /// `list` holds the lines and goes after this object.
+    /// `list` holds the lines and must outlive this object.
     SongList(c_PicList& list, Change change);
 
-    /// Begins an empty list, that of a file or, without one, a new one. A foreign file lends its
-    /// name only.
+    /// Begins an empty list: that of a file or, with an empty path, a new one. A foreign file only
+    /// lends its name. Cannot be undone.
     void Begin(const std::filesystem::path& file, bool foreign = false);
 
-    /// Appends lines; they are one step with those before if nothing else was done meanwhile.
+    /// Appends lines, in one step with those added before if nothing else was done in between.
     void Add(const std::vector<Line>& lines);
-    /// The same for lines that were read from the list's own file, which is no step.
+    /// Appends lines that were read from the list's own file. Cannot be undone.
     void AddSaved(const std::vector<Line>& lines);
-    /// What is added from now on is a step of its own.
+    /// Makes what is added from now on a step of its own.
     void EndAdding() { mAdded.reset(); }
 
     void Remove(const std::vector<int>& lines);
@@ -44,15 +45,16 @@ public:
     /// Notes that the lines were put in another order: line i was `before[i]`.
     void Reordered(const QString& name, const std::vector<int>& before);
 
-    /// Shows what songs on disk have become, in all their lines.
+    /// Shows changes that were made to songs on disk, in all their lines.
     void Changed(const std::vector<SongChange>& changes);
 
-    /// Puts other files in the place of songs, in all their lines: keys by the keys before.
+    /// Replaces songs by other files, in all their lines. `songs` has the old keys and the new
+    /// lines.
     void Replace(const QString& name, const std::vector<std::pair<QString, Line>>& songs);
 
     QString UndoName() const { return mHistory.UndoName(); }
     QString RedoName() const { return mHistory.RedoName(); }
-    /// These return what was not done to the letter, to be told.
+    /// Both return what was not done, or not exactly, in words for the player.
     QString Undo();
     QString Redo();
 
@@ -60,32 +62,31 @@ public:
     bool IsNewer(const QString& key) const { return mNewer.contains(key); }
     /// Whether a song was not there when it was read.
     bool IsMissing(const QString& key) const { return mMissing.contains(key); }
-    /// The keys of such songs that are in the list, each once.
+    /// The keys of the missing songs in the list, each once.
     std::vector<QString> Missing() const;
 
     /// The list's file; empty for a new list.
     const std::filesystem::path& File() const { return mFile; }
     /// Whether the list may be written to that file without asking.
     bool OwnsFile() const { return !mFile.empty() && !mForeign; }
-    /// Of the songs that the file holds, as far as this list knows.
+    /// The print of the songs in the file, as far as this list knows.
     const KeyPrint& SavedPrint() const { return mSaved; }
     /// What the list is called: its file's name without ending, or "New list".
     QString Name() const;
     std::vector<QString> Keys() const;
     KeyPrint Print() const;
-    /// Whether there is something that the file does not hold. An empty list has nothing to lose.
+    /// Whether the list differs from its file. An empty list has nothing to lose.
     bool Unsaved() const;
-    /// Notes that songs of these keys, those of the list, were written to `file`.
+    /// Notes that the list was written to `file`; `keys` is the print of what was written.
     void Saved(const std::filesystem::path& file, const KeyPrint& keys);
-    /// From now on it is a new list, with nothing in it to be saved, as after a load that was
-    /// stopped.
+    /// Makes it a new list that counts as saved, for a load that was stopped.
     void ForgetFile() { Saved({}, Print()); }
 
 private:
     struct Added;
     /// Lines that were taken out, and where they were.
     struct Taken {
-        std::vector<int> places; // upwards
+        std::vector<int> places; // ascending
         std::vector<Line> lines;
     };
 

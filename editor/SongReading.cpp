@@ -60,12 +60,12 @@ bool ReadSongs(SongStream& stream, const std::vector<fs::path>& songs, const QSt
     return goOn;
 }
 
-/// A list's songs by absolute paths: those in it begin at its own folder.
+/// A list's songs by absolute paths: relative ones in it start from its own folder.
 std::vector<fs::path> SongsOf(SongStream& stream, const fs::path& file) {
     c_M3U playlist;
     library::ListRead read{make_error_code(std::errc::no_such_file_or_directory)};
     std::error_code error;
-    if (fs::exists(file, error)) // it would be made
+    if (fs::exists(file, error)) // reading would create it
         read = library::ReadAnyList(file, playlist);
     if (read.error)
         stream.Fail(c_M3U::ReadFailure(file, read.error));

@@ -9,7 +9,7 @@
 #include <vector>
 
 /// What the editor reads on a thread of its own. Each of these takes as long as the disk does, and
-/// stops where the stream says so.
+/// stops when the stream says so.
 namespace editor {
 
 using Reading = std::function<void(SongStream& stream)>;
@@ -20,20 +20,21 @@ Reading ReadFolder(const std::filesystem::path& folder);
 /// These songs.
 Reading ReadFiles(std::vector<std::filesystem::path> songs);
 
-/// The songs of a playlist. What cannot be read fails; no file is changed.
+/// Reads the songs of a playlist. If it cannot be read, the stream fails; no file is changed.
 Reading ReadPlaylist(const std::filesystem::path& file);
 
-/// Of the songs of a playlist as its file has them now; nothing if it has none.
+/// The print of the songs in a playlist file; nothing if it has none.
 std::optional<KeyPrint> PrintOf(const std::filesystem::path& file);
 
-/// What was dropped: songs, folders and playlists, in this order; other files are passed over.
+/// Reads what was dropped: songs, folders and playlists, in the order given; other files are
+/// skipped.
 Reading ReadDropped(std::vector<std::filesystem::path> dropped);
 
-/// The songs in a folder, and below it, that have the file names of those with these keys, without
-/// regard to case.
+/// Reads the songs in a folder, and below it, that have the file names of the songs with these
+/// keys, ignoring case.
 Reading FindByName(const std::filesystem::path& folder, const std::vector<QString>& keys);
 
-/// For each of these keys the first of the songs found by its name, if there is one.
+/// For each of these keys the first song found that has its file name, if there is one.
 std::vector<std::pair<QString, Line>> MatchByName(const std::vector<QString>& keys,
                                                   const std::vector<Line>& found);
 

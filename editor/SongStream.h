@@ -20,7 +20,7 @@ struct Line {
 
 Line LineOf(const SongFacts& song);
 
-/// What a thread has read of songs, on its way to the window. For one thread at each end.
+/// Takes what a thread reads of songs to the window. For one thread at each end.
 class SongStream {
 public:
     // For the reader; a false answer tells it to stop.
@@ -40,7 +40,7 @@ public:
         const std::lock_guard lock(mMutex);
         mForeign = true;
     }
-    /// Why there is nothing to read, as a sentence.
+    /// Says, in a sentence, why there is nothing to read.
     void Fail(const QString& why) {
         const std::lock_guard lock(mMutex);
         mFailure = why;

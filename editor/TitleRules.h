@@ -3,8 +3,8 @@
 #include <QString>
 #include <optional>
 
-/// How the title and artist dialog makes texts from one another. Only U+0020 is a space; letters
-/// are compared without regard to case.
+/// How the title and artist dialog makes one text from another. Only U+0020 is a space; letters are
+/// compared without regard to case.
 namespace editor {
 
 /// `text` in lower case except for the first character of each word. Little words ("of", "the")
@@ -37,13 +37,13 @@ QString WithEnding(const QString& name);
 
 /// How a text comes out of a tag.
 struct Fitting {
-    QString text;      ///< what can be read from the tag, if it is written
-    bool lost = false; ///< it has letters that Windows-1252 lacks, and "?" stands for them
+    QString text;      ///< what could be read from the tag
+    bool lost = false; ///< "?" stands for letters that Windows-1252 lacks
     int length = 0;    ///< of the whole text
-    int room = 0;      ///< for so much of it
+    int room = 0;      ///< how much of it the tag can hold
 
     bool Cut() const { return length > room; }
-    /// In words, how much fits and what would become of the rest.
+    /// Says how much fits and what would become of the rest.
     QString Hint() const;
 };
 

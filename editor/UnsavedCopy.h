@@ -7,8 +7,8 @@
 
 namespace editor {
 
-/// A copy of the list that is being edited, among the program's data: there as long as it has what
-/// was not saved, so that neither a kill nor the end of the desktop's session takes it along.
+/// A copy of the list that is being edited, among the program's data. It exists while there are
+/// unsaved changes, so that neither a crash nor the end of the desktop's session loses them.
 class UnsavedCopy {
 public:
     struct Kept {
@@ -17,11 +17,13 @@ public:
         std::vector<std::filesystem::path> songs;
     };
 
-    /// What an earlier run of the program left, after all that this one was asked to write. Takes
-    /// as long as the disk does; may be called by any thread.
+    /// What is kept, by an earlier run of the program or by this one; nothing if there is no song.
+    /// Waits for earlier calls of the functions below, and for the disk. May be called by any
+    /// thread.
     static std::optional<Kept> Read();
 
-    // These return at once, and the file is written aside. What cannot be written is passed over.
+    // These return at once; the file is written on another thread. What cannot be written is
+    // dropped.
 
     /// Keeps a list of songs by their keys; see `platform::KeyFromPath`.
     static void Keep(const std::filesystem::path& list, bool foreign, std::vector<QString> keys);

@@ -280,7 +280,7 @@ void c_Editor::mList_HeaderSelClicked(int column) {
 void c_Editor::Undo() {
     if (mSongs.UndoName().isEmpty())
         return;
-    StopReading(); // it would go on with what is taken back
+    StopReading(); // it would go on adding to what is undone
     const QString problems = mSongs.Undo();
     LinesChanged();
     Tell(problems);

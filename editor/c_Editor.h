@@ -88,7 +88,8 @@ private:
     bool SaveList(bool askName);
     bool TellIfFileChanged();
     bool Write(const std::filesystem::path& file);
-    /// What a wait returns, which lasts while the editor is open at most; meanwhile it is blocked.
+    /// Blocks the editor during a wait and returns what that returns. `wait` gets a function that
+    /// is true while the editor is open.
     template <typename Wait> auto Blocked(Wait wait) {
         mForm.SetBlocked(true);
         auto result = wait([this] { return mForm.isVisible(); });
@@ -97,7 +98,7 @@ private:
         return result;
     }
     std::vector<editor::SongChange> Change(const std::vector<editor::SongWish>& wishes);
-    /// Whether the list may go: if it is not saved the player is asked, and may save it.
+    /// Whether the list may be discarded: if it is unsaved the player is asked, and may save it.
     bool MayGo();
     void OfferKept();
     void KeepCopy();

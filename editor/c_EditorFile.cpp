@@ -1,4 +1,4 @@
-// How the playlist editor loads and saves its list, and lets none get lost.
+// How the playlist editor loads and saves its list, and keeps it from getting lost.
 
 #include "editor/c_Editor.h"
 
@@ -42,8 +42,8 @@ void c_Editor::bLoad_Clicked() {
         Load(platform::PathFromText(answer));
 }
 
-/// Puts a playlist in the place of the list, and of all that was to be added to it. One without
-/// songs leaves it as it is.
+/// Replaces the list, and all that was to be added to it, by a playlist. One without songs leaves
+/// it as it is.
 void c_Editor::Load(const fs::path& file) {
     StopReading();
     const auto begun = std::make_shared<bool>(false);
@@ -194,7 +194,7 @@ void c_Editor::OfferKept() {
 
 void c_Editor::KeepCopy() {
     if (mRestoring)
-        return; // what was kept is more than what is there
+        return; // what was kept is more than what has been read so far
     const auto print = mSongs.Unsaved() ? std::optional(mSongs.Print()) : std::nullopt;
     if (print == mCopied)
         return;

@@ -20,7 +20,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Byte for byte, whatever their names are made of.
+/// The paths byte for byte, even if they are not valid text.
 std::vector<fs::path> LocalFiles(const QDropEvent& event) {
     std::vector<fs::path> files;
     for (const QUrl& url : event.mimeData()->urls())

@@ -22,11 +22,11 @@ public:
     /// shown.
     void Show();
 
-    /// Opens a song at its start, without playing it; it is ready some time later. One that cannot
-    /// be played says so.
+    /// Opens a song at its start, without playing it. It is ready some time later; if it cannot be
+    /// played the window says so.
     void OpenFile(const std::filesystem::path& song);
 
-    /// Whether that is still under way.
+    /// Whether a song is still being opened.
     bool Loading() const { return mCue.has_value(); }
 
     /// Whether a song is played, or paused, for this window.

@@ -172,7 +172,7 @@ QString f_Edit::Run(const fs::path& song, const editor::Series& series) {
     return platform::KeyFromPath(mChanges.empty() ? song : mChanges.front().after.path);
 }
 
-/// What is typed before the song was read would be lost.
+/// Only once the song has been read: what was typed before would be lost.
 void f_Edit::LetEdit(const editor::SongFacts& facts) {
     ShowFacts(facts);
     for (QLineEdit* box : {tFileName, tSongTitle, tArtist})
@@ -244,7 +244,7 @@ fs::path f_Edit::NewName(const fs::path& ownName) const {
     return named ? platform::PathFromText(typed) : ownName;
 }
 
-/// What is in the boxes.
+/// The changes that the boxes ask for.
 std::vector<editor::SongWish> f_Edit::Wishes(const fs::path& song,
                                              const editor::Series& series) const {
     const QString title = platform::TrimBlanks(tSongTitle->text());
@@ -327,5 +327,5 @@ void f_Edit::cmdNext_Click() {
 
 void f_Edit::cmdCancel_Click() {
     if (!std::exchange(mWaiting, false))
-        hide(); // the disk keeps nobody
+        hide(); // nobody waits for the disk
 }

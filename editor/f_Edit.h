@@ -27,9 +27,9 @@ public:
     f_Edit();
 
     /// Shows the song's fields and waits until the dialog is closed. If it was applied, writes the
-    /// tag and renames the file, as `Changes` then tells. Returns the list key (see
-    /// `platform::KeyFromPath`) of the file's path after that. An empty file name, or one left
-    /// as it was, keeps the file's own name, which may contain what the box cannot show.
+    /// tag and renames the file; `Changes` then tells what was done. Returns the list key (see
+    /// `platform::KeyFromPath`) of the file's path after that. An empty file name, or one left as
+    /// it was, keeps the file's own name, which may contain what the box cannot show.
     QString Run(const std::filesystem::path& song, const editor::Series& series = {});
 
     /// Whether the last `Run` was applied to go on with the next song of its series.
@@ -52,7 +52,7 @@ public:
     QPushButton* cmdGet;
     QPushButton* cmdCapital;
     QPushButton* cmdRemove;
-    QCheckBox* cAll; ///< the artist is that of the whole series
+    QCheckBox* cAll; ///< the artist is written to the whole series
     QLabel* lTitleFits;
     QLabel* lArtistFits;
     QPushButton* cmdNext;

@@ -14,10 +14,10 @@ public:
     /// What the editor is called, in its caption and those of its messages.
     static QString Title() { return QStringLiteral("Mp3 Editor"); }
 
-    /// Shows what the list is called, if anything, and that it is not saved.
+    /// Shows the list's name, if it has one, and whether it is unsaved.
     void ShowName(const QString& name, bool unsaved);
 
-    /// Shows whether there is what is looked for.
+    /// Shows whether the text in the find box was found.
     void ShowFound(bool found);
 
     toolkit::PictureBox* pList;

@@ -164,7 +164,7 @@ void f_Player::mouseMoveEvent(QMouseEvent* event) {
         Form::mouseMoveEvent(event);
 }
 
-/// Whether the bar is meant, which is pressed or along which the mouse is drawn.
+/// Whether the press, or drag, is on the bar, which then seeks.
 bool f_Player::PressBar(const QMouseEvent& event) {
     const QPointF at = ToLogical(event.position());
     if (!event.buttons().testFlag(Qt::LeftButton) || !QRectF(kPressed).contains(at))

@@ -22,16 +22,18 @@ public:
     /// The same in a storm of words.
     void WriteWrong(const QString& verdict, const QString& title);
 
-    /// A burst of light from the button that was chosen, in the player's colour.
+    /// Shows a burst of light from the button that was chosen, in the player's colour (1-based).
     void Celebrate(const QRect& button, int player);
-    /// A line worth noticing, below the three.
+    /// Writes a notice below the three lines.
     void WriteNotice(const QString& text);
-    /// Whose song it was; `artist` may be empty. The record turns for as long as it is heard.
+    /// Shows the song's title and artist, which may be empty. The record turns while the song is
+    /// heard.
     void ShowSong(const QString& title, const QString& artist);
     void ShowCover(const QImage& cover) { mRecord.SetCover(cover); }
     /// Counts the player's total up to `total`, `points` of which are new.
     void CountUp(std::int32_t total, std::int32_t points);
-    /// The scores of all players, in their order; the strip shows the first `kMostShown`.
+    /// Writes a strip with the scores of the players, in their order; only the first `kMostShown`
+    /// of them.
     void WriteStandings(const std::vector<std::int32_t>& scores);
 
     /// Ends all that moves.

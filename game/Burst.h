@@ -7,8 +7,8 @@
 
 namespace game {
 
-/// A burst of light over the board, less than a second long. Presses go through it; there is none
-/// if the user wants less motion.
+/// A burst of light over the board, less than a second long. Mouse presses go through it. Shows
+/// nothing if the user wants less motion.
 class Burst : public QWidget {
     Q_OBJECT
 public:

@@ -15,7 +15,7 @@ class Dial {
 public:
     explicit Dial(toolkit::Screen& board) : mBoard(board) {}
 
-    /// Shows the scale of the points that fall with the time, the needle at its start.
+    /// Shows a scale of the points, which fall with time, and the needle at its start.
     void ShowPoints();
     /// Shows a scale of `seconds`, at least 1.
     void ShowSeconds(int seconds);

@@ -10,8 +10,8 @@ namespace game {
 /// What was played since the program started.
 class Evening {
 public:
-    /// Notes the best score of a game; whether it beats that of every game of its kind before,
-    /// which takes at least one.
+    /// Notes the best score of a game. Returns whether it beats all earlier games of its kind;
+    /// false for the first one.
     bool IsNewBest(GameKind kind, std::int32_t score);
 
 private:

@@ -12,7 +12,7 @@ constexpr GameKind Other(GameKind kind) {
     return kind == GameKind::Betting ? GameKind::NormalPlay : GameKind::Betting;
 }
 
-/// The name by which players know it.
+/// Its name for players.
 QString NameOf(GameKind kind);
 
 /// The file of its high scores.

@@ -18,7 +18,7 @@ QString ComparedTitle(const QString& title) {
     static const QRegularExpression kAddition(
         QStringLiteral("\\([^()]*\\)|\\[[^\\[\\]]*\\]|\\{[^{}]*\\}"));
     QString without = title;
-    for (QString before; before != without;) { // they may lie in each other
+    for (QString before; before != without;) { // brackets may be nested
         before = without;
         without.remove(kAddition);
     }

@@ -4,9 +4,9 @@
 
 namespace game {
 
-/// What is left of a title when two are compared by what one reads in passing: without case,
-/// blanks, punctuation and additions in brackets, such as "(live)". Never empty for a title that is
-/// not.
+/// A title as it is compared with another one, so that those which look alike at a glance are
+/// equal: without case, blanks, punctuation and additions in brackets, such as "(live)". Empty only
+/// for an empty title.
 QString ComparedTitle(const QString& title);
 
 } // namespace game

@@ -20,7 +20,7 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr std::size_t kTriedAtATime = 256;
-constexpr double kHeard = 25; // seconds that a clip has at least, in a song that is so long
+constexpr double kHeard = 25; // seconds left for the clip, in a song that is long enough
 /// A disk that holds back a title for longer is not asked again.
 constexpr auto kPatience = 10s;
 

@@ -17,37 +17,38 @@ class SongCycle;
 
 namespace game {
 
-/// A question: a song, and the titles among which its own is the right one.
+/// A question: a song and four titles, one of them the song's own.
 struct Question {
     std::filesystem::path song;
-    QString artist; ///< empty if it is not known
+    QString artist; ///< empty if unknown
     std::array<QString, 4> titles;
     int correctSlot = 0; ///< 0-based
 
     const QString& Title() const { return titles[static_cast<std::size_t>(correctSlot)]; }
 };
 
-/// Gets a question ready while the one before it is played: finds a song that can be played, has
-/// its first seconds decoded and reads the titles, on other threads. Until it is taken nothing of
-/// that is seen or heard. Ends at once, whatever the disk does.
+/// Gets a question ready while the one before it is played: finds a song that can be played,
+/// decodes its first seconds and reads the titles, on other threads. Until it is taken nothing of
+/// it is seen or heard. Destroying it never waits for the disk.
 class NextQuestion {
 public:
-    /// `songs` has begun. What does not come within 10 s, which `now` tells, is done without.
+    /// `songs` must have begun. Whatever takes longer than 10 s, timed by `now`, is done without.
     explicit NextQuestion(library::SongCycle& songs,
                           audio::Cue::Clock now = std::chrono::steady_clock::now);
     NextQuestion(const NextQuestion&) = delete;
     NextQuestion& operator=(const NextQuestion&) = delete;
 
-    /// Begins with a question, unless it has begun already.
+    /// Starts on a question, unless it has already.
     void Prepare();
 
     enum class State { Working, Ready, NoSongLeft };
 
-    /// Takes the steps that are due and tells how far it is. Asked whenever events have run.
+    /// Takes the steps that are due and returns how far it is. To be called whenever events have
+    /// run.
     State Advance();
 
-    /// The question that is ready: its song is marked as played, and open on the clip player at the
-    /// place where the clip begins.
+    /// Returns the question that is ready. Its song is then marked as played, and is open on the
+    /// clip player at the place where the clip begins.
     Question Take();
 
 private:
@@ -61,7 +62,7 @@ private:
     std::vector<std::filesystem::path> mCandidates;
     std::optional<platform::Answer<Question>> mDrawn; // none before a song is found
     std::chrono::steady_clock::time_point mDrawnSince;
-    QTimer mLook; // has `Advance` asked while titles are read
+    QTimer mLook; // has `Advance` called while titles are read
 };
 
 } // namespace game

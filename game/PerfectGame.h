@@ -5,8 +5,8 @@
 
 namespace game {
 
-/// Says who answered all of `rounds` questions right, by each player's right answers in a row up to
-/// the end; empty if nobody did.
+/// A sentence about who answered all of `rounds` questions right; empty if nobody did. `streaks`
+/// has each player's number of right answers in a row at the end.
 QString PerfectGame(const std::vector<int>& streaks, int rounds);
 
 } // namespace game

@@ -18,7 +18,7 @@ constexpr int kCrown = 22; // its height
 
 struct Step {
     int place;
-    double height; // of the first one's
+    double height; // as a part of the first one's
     ColorRef metal;
 };
 
@@ -84,7 +84,7 @@ struct Sizes {
     int height; // of the first step
 };
 
-/// With balls so small that there is room for a step under all who share it.
+/// Chooses balls small enough to leave room for the steps below them.
 Sizes SizesIn(const QRect& area, const std::vector<Standing>& standings) {
     constexpr int kLargest = 34;
     constexpr int kSmallest = 16;

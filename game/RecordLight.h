@@ -6,8 +6,8 @@
 
 namespace game {
 
-/// Glints on the grooves of the record behind the board, so that it is seen to turn. What stands on
-/// the board in front of the record is left alone.
+/// Glints on the grooves of the record behind the board, which show it turning. What stands in
+/// front of the record is left alone.
 class RecordLight : public TurningPart {
 public:
     explicit RecordLight(QWidget* board);

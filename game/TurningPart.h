@@ -5,12 +5,12 @@
 
 namespace game {
 
-/// A part of the board that turns as a record does, for as long as the clip is heard. It is only
-/// looked at: presses go to what lies behind it. Keeps still if the user wants less motion.
+/// A part of the board that turns like a record while the clip is heard. Mouse presses go to what
+/// lies behind it. Keeps still if the user wants less motion.
 class TurningPart : public QWidget {
     Q_OBJECT
 public:
-    /// `name` is the object's.
+    /// `name` is its object name.
     TurningPart(QWidget* board, const QString& name);
 
     /// Shows it, and lets it turn while the clip plays from now on.
@@ -21,7 +21,7 @@ public:
 protected:
     /// How far it has turned, in degrees, clockwise.
     double Angle() const { return mAngle; }
-    /// Paints again what the turn from one angle to another changes.
+    /// Repaints what a turn from one angle to another changes.
     virtual void Turned(double from, double to);
 
 private:
@@ -30,7 +30,7 @@ private:
     QTimer mTimer;
     double mAngle = 0;
     double mHeard = 0; // position of the clip, seconds
-    int mStill = 0;    // how often it was found where it was before
+    int mStill = 0;    // frames in which that has not changed
 };
 
 } // namespace game

@@ -40,7 +40,8 @@ c_gMulti::c_gMulti(const game::Forms& forms, game::SongSourceFactory newSongSour
 c_gMulti::~c_gMulti() { Board().hide(); }
 
 void c_gMulti::CreateButtons() {
-    constexpr int kBulletWidth = 56; // the record on the skin, and as much on the other side
+    constexpr int kBulletWidth =
+        56; // of the record on the skin; the other side keeps as much clear
     f_Multi& board = Board();
     bPlay.Create(board.pPlay, QStringLiteral("Images\\bPlayBig.bmp"), QString());
     bHint.Create(board.pHint, QStringLiteral("Images\\bHint.bmp"), QString());
@@ -180,7 +181,7 @@ void c_gMulti::AwaitSong() {
     if (!Preparing())
         return;
     DrawStatus();
-    Board().HoldCaptions(); // they are told with the question
+    Board().HoldCaptions(); // they are announced with the question
     Board().AskQuestion(QStringLiteral("Loading..."));
     ShowBoard();
     WaitWhileShown([this] { return Preparing(); });
@@ -243,7 +244,7 @@ void c_gMulti::bPlay_Clicked() {
     mTillHeard.start();
 }
 
-/// A device that takes its time does not cost the player any; nor does one that never begins.
+/// Waits for the sound, so that a slow device costs the player no time, but not forever.
 void c_gMulti::BeginWhenHeard() {
     constexpr int kLongest = 1000; // milliseconds
     if (!Board().ClipBegun() && mSincePlay.elapsed() < kLongest)
@@ -287,7 +288,7 @@ int c_gMulti::WaitForChoice() {
 
 void c_gMulti::WaitWhileShown(const std::function<bool()>& waiting) {
     platform::WaitWhile([&] {
-        mNext->Advance(); // so that it goes on meanwhile
+        mNext->Advance(); // goes on preparing the next question
         return Board().isVisible() && waiting();
     });
     mQuit = mQuit || platform::Quitting();

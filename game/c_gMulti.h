@@ -73,15 +73,15 @@ protected:
 
     /// Takes the bet; false if the player left.
     virtual bool TakeBet() { return true; }
-    /// The length of a clip; 0 for no limit.
+    /// The length of a clip in seconds; 0 for no limit.
     virtual int ClipSeconds() const { return 0; }
     /// Called after an answer, once the clock is off.
     virtual void Answered() {}
     /// The points for a right answer after `seconds` on the clock.
     virtual std::int32_t PointsForAnswer(float seconds) const;
-    /// What an answer after `seconds` on the clock is about, for the player to see.
+    /// What an answer after `seconds` on the clock is worth, in words for the player.
     virtual QString Stake(float seconds) const;
-    /// Whose high scores the results go into.
+    /// The kind of game, in whose high scores the results are entered.
     virtual game::GameKind Kind() const { return game::GameKind::NormalPlay; }
 
     f_Multi& Board() { return mForms.board; }
@@ -122,7 +122,7 @@ private:
     void WaitWhileShown(const std::function<bool()>& waiting);
     /// Returns whether to play again.
     bool ShowResults();
-    /// Notes the game, and tells what is worth a notice in it.
+    /// Records the game for the evening, and returns what is worth a notice in it.
     QStringList Notices();
 
     QString Addressed(const QString& one, const QString& several) const;

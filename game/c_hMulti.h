@@ -27,24 +27,24 @@ public:
     c_hMulti(f_HighMulti& form, f_High& nameForm);
     ~c_hMulti() override;
 
-    /// The kind of game, whose table is meant; Normal Play unless set.
+    /// Sets the kind of game, and with it the table; Normal Play unless set.
     void SetGame(game::GameKind kind);
 
-    /// The table's file, if it is another one.
+    /// Uses another file for the table.
     void SetFileName(const std::filesystem::path& file) { mFile = file; }
 
-    /// Takes the score of a single player into the table and shows it.
+    /// Enters the score of a single player, if it is good enough, and shows the table.
     void Check(std::int32_t score);
 
     /// The same for the scores of several players, in their order.
     void MultiCheck(const std::vector<std::int32_t>& scores);
 
-    /// Shows the tables of all kinds of game, one at a time, until the player has seen enough; the
-    /// close button ends no more than that. Changes no file.
+    /// Shows the tables of all kinds of game, one at a time, until the player leaves them; here the
+    /// close button does not leave the program. Changes no file.
     void Browse();
 
-    /// Sorts the scores of a game, best first, and shows them until the player goes on, with what
-    /// else is worth a notice.
+    /// Sorts the scores of a game, best first, and shows them, with the notices, until the player
+    /// goes on.
     void SetAndShowScores(std::vector<std::int32_t>& scores, const QStringList& notices = {});
 
     /// Whether the player wants the same game again.
@@ -67,10 +67,10 @@ private:
     void ShowForm();
     /// Begins to read the table's file.
     void BeginToRead();
-    /// Takes the table from it, once that is done, or leaves it as it stands if there is none.
-    /// Reports a failure. Nothing if the program was asked to quit before.
+    /// Waits for the file and takes the table from it; without a file the table stays as it is.
+    /// Reports a failure. Nothing if the program was asked to quit meanwhile.
     std::optional<game::HighScoreTable::ReadResult> TakeTable();
-    /// The same, and moves a file that is no good out of the way; false if there was a quit.
+    /// The same, and moves a bad file out of the way; false if the program was asked to quit.
     bool Load();
     /// Moves the file out of the way of a new one; reports a failure.
     void KillIt();

@@ -24,7 +24,7 @@ constexpr int kInside = kSize.width() - 2 * kMargin;
 constexpr QRect kNames(kMargin, 252, kInside, 176);
 constexpr int kLongestName = 20;
 
-/// Tells screen readers nothing of its marked name: the text box has it as well.
+/// Tells screen readers nothing about its selected name, which the text box has as well.
 class QuietList : public QListWidget {
 public:
     using QListWidget::QListWidget;

@@ -29,7 +29,7 @@ void WriteCell(Drawing& drawing, const QString& text, double x, double y, double
     dc->SetFont(own);
 }
 
-/// What so many rows leave free: the place below them or, if that is too little, beside them.
+/// The place that the rows leave free: below them or, if that is too small, beside them.
 QRect FreeBy(int rows, int rowHeight) {
     constexpr int kMostAbove = 5;
     constexpr int kGap = 12;
@@ -78,7 +78,7 @@ f_HighMulti::f_HighMulti()
 }
 
 void f_HighMulti::LayOut() {
-    constexpr int kBelow = 4; // all that the table leaves
+    constexpr int kBelow = 4; // there is no more room below the table
     constexpr int kGap = 20;
     pCont->MoveTo((Width() - pCont->Width()) / 2, Height() - kBelow - pCont->Height());
     const QRect cont = pCont->Place();

@@ -7,8 +7,8 @@
 #include <optional>
 #include <vector>
 
-/// The screen of the score lists: a title with the game's name, up to twelve rows and what else is
-/// to be seen of a game.
+/// The screen of the score lists: a title with the game's name, up to twelve rows, notices and a
+/// podium.
 class f_HighMulti : public toolkit::Screen {
     Q_OBJECT
 public:

@@ -30,7 +30,7 @@ const QString kTime = QStringLiteral("TIME:");
 int DigitOf(const QKeyEvent& event) {
     if (event.key() >= Qt::Key_0 && event.key() <= Qt::Key_9)
         return event.key() - Qt::Key_0;
-    // Without Num Lock the keypad moves, and so comes here also with these keys.
+    // Without Num Lock the keypad sends keys that move, so these arrive here as well.
     const bool command =
         event.modifiers().testAnyFlags(Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
     return command ? 0 : platform::DigitOnKey(event.nativeScanCode());
@@ -123,7 +123,7 @@ void f_Multi::SetTimeLimit(int seconds) {
 
 double f_Multi::SecondsHeard() const { return Audio().Position() - mClipStart; }
 
-/// A clip that falters is played on until all that was bet was heard, or the song ends.
+/// A clip that stutters goes on until all of the bet has been heard, or the song ends.
 bool f_Multi::LimitReached() const {
     return mElapsed >= static_cast<float>(mTimeLimit) &&
            (SecondsHeard() >= mTimeLimit || Audio().Position() >= Audio().Length());

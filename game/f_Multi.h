@@ -29,12 +29,12 @@ public:
     /// The time limit of a clip that was stopped at its limit.
     static constexpr int kClipStopped = -1;
 
-    /// The clip, which stands at its beginning, is stopped, and the clock with it, once `seconds`
-    /// of it were heard; 0 for no limit.
+    /// Stops the clip, which must be at its beginning, and the clock once `seconds` of it have been
+    /// heard; 0 for no limit.
     void SetTimeLimit(int seconds);
     int TimeLimit() const { return mTimeLimit; }
 
-    /// Whether anything was heard of the clip since then.
+    /// Whether any of the clip has been heard since `SetTimeLimit`.
     bool ClipBegun() const { return SecondsHeard() > 0; }
 
     void SetFontSize(double points);
@@ -52,13 +52,13 @@ public:
     void EraseRing();
     void DrawRound(int total, int current);
     void DrawScore(int score);
-    /// Writes another score in its place, of which nothing is said.
+    /// Writes another score in its place, without announcing it.
     void ShowScore(int score);
-    /// Writes what the answer is worth below the score; nothing is said of it.
+    /// Writes what the answer is worth below the score, without announcing it.
     void DrawStake(const QString& text);
     /// Shows on the dial what the clock stands for: the time limit, or else the points that fall.
     void DrawDial();
-    /// The record turns from now on while the clip is heard.
+    /// Makes the record turn, from now on, while the clip is heard.
     void TurnRecord() { mLight->Start(); }
     void HideRecordLight() { mLight->Stop(); }
     /// Announces the titles on the visible choice buttons, each with its key.

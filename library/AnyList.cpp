@@ -19,7 +19,7 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::array<std::string_view, 3> kEndings = {".m3u", ".m3u8", ".pls"};
-constexpr std::string_view kBlanks = " \t\x1A"; // the last ended files once
+constexpr std::string_view kBlanks = " \t\x1A"; // \x1A: end of file, in old texts
 
 std::string_view ViewOf(const QByteArray& bytes) {
     return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
@@ -33,8 +33,8 @@ bool EndsWith(std::string_view text, std::string_view end) {
     return text.size() >= end.size() && StartsWith(text.substr(text.size() - end.size()), end);
 }
 
-/// Takes the byte order mark from `bytes` and, where it says that they are UTF-16, makes them
-/// UTF-8. Whether there was one.
+/// Removes a byte order mark from `bytes` and converts them from UTF-16 to UTF-8 if it says so.
+/// Returns whether there was one.
 bool TakeByteOrderMark(QByteArray& bytes) {
     const auto encoding = QStringConverter::encodingForData(bytes);
     if (!encoding || !(bytes.startsWith("\xEF\xBB\xBF") || bytes.startsWith("\xFF\xFE") ||
@@ -56,7 +56,7 @@ std::string_view TakeLine(std::string_view& text) {
     return line.substr(0, line.find_last_not_of(kBlanks) + 1);
 }
 
-/// What a line of a PLS list, "File1=...", names; empty for other lines.
+/// The file that a line "File1=..." of a PLS list names; empty for other lines.
 std::string_view FileOfPls(std::string_view line) {
     constexpr std::string_view kKey = "File";
     const std::size_t equals = line.find('=');

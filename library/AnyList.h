@@ -10,25 +10,25 @@ class c_M3U;
 
 namespace library {
 
-/// What reading a playlist of any kind came to.
+/// The result of reading a playlist of any kind.
 struct ListRead {
     std::error_code error; ///< see `c_M3U::ReadFailure`
-    /// Whether another program has written the file; then it must never be written.
+    /// Whether another program wrote the file, which then must never be overwritten.
     bool foreign = false;
 };
 
-/// Reads a playlist of any kind that is understood into `list`: one of the program's own as
-/// `c_M3U::ReadFile` does; of another's, M3U or PLS, the songs, by absolute paths, are added to
-/// `list`, which is empty and stays without a file of its own. An entry that is no file, such as an
-/// Internet address, is left out. Takes its time where files are gone; a stop ends it at once, with
-/// the error `operation_canceled`. May be called by any thread.
+/// Reads a playlist of any supported kind into `list`, which must be empty. One of the program's
+/// own is read as by `c_M3U::ReadFile`. Of another program's, M3U or PLS, the songs are added by
+/// their absolute paths, and `list` has no file to write back to; an entry that is not a file, such
+/// as an Internet address, is left out. May be slow if files are missing; a stop ends it at once,
+/// with the error `operation_canceled`. May be called on any thread.
 ListRead ReadAnyList(const std::filesystem::path& file, c_M3U& list,
                      const std::stop_token& stop = {});
 
-/// The patterns of all playlists that can be read, for the dialogs that offer them: "*.m3u ...".
+/// The file name patterns of all playlists that can be read, for file dialogs: "*.m3u ...".
 QString ListPatterns();
 
-/// Whether a file has the name of a playlist.
+/// Whether a file is named like a playlist.
 bool HasListName(std::string_view file);
 
 } // namespace library

@@ -10,18 +10,19 @@
 
 namespace library {
 
-/// An item of an APE tag, by what its head says.
+/// An item of an APE tag, as its header describes it.
 struct ApeItem {
-    std::string key;        ///< in capitals
-    std::int64_t begin = 0; ///< of its head
-    std::int64_t size = 0;  ///< of all of it, in bytes
+    std::string key;        ///< in upper case
+    std::int64_t begin = 0; ///< of its header, in the file
+    std::int64_t size = 0;  ///< of the whole item, in bytes
 };
 
-/// The items of an APE tag, one after the other. Reads their heads, and of the rest only what is
-/// asked for; at the first damage the tag ends.
+/// Goes through the items of an APE tag. Reads their headers, and the rest only on request. The tag
+/// ends at the first damage.
 class ApeItems {
 public:
-    /// Where the APE tag of a file may end: before an ID3v1 tag, or with the file.
+    /// The offsets at which a file's APE tag may end: before an ID3v1 tag, and at the end of the
+    /// file.
     static std::array<std::int64_t, 2> Ends(const Pieces& file);
 
     /// The items of the tag that ends at `end`, if there is one.
@@ -35,7 +36,7 @@ public:
 
 private:
     Pieces& mFile;
-    unsigned int mLeft = 0; // to be looked at
+    unsigned int mLeft = 0; // items still to come
     std::int64_t mAt = 0;
     std::int64_t mEnd = 0; // of the items
 };

@@ -12,7 +12,7 @@ namespace {
 
 using TagLib::ID3v2::AttachedPictureFrame;
 
-constexpr std::int64_t kLargest = 8 << 20; // field with a picture
+constexpr std::int64_t kLargest = 8 << 20; // bytes of a field with a picture
 
 QByteArray Copy(const TagLib::ByteVector& bytes) {
     return {bytes.data(), static_cast<qsizetype>(bytes.size())};
@@ -23,10 +23,10 @@ struct Picture {
     QByteArray bytes;
 };
 
-/// What the first `most` bytes of a frame hold of a picture.
+/// The picture in the first `most` bytes of a frame, which may cut it off.
 std::optional<Picture> ReadPicture(Id3v2Frames& frames, const Id3v2Frame& frame,
                                    std::int64_t most) {
-    // What is compressed may become a thousand times as large.
+    // A compressed frame may expand a thousandfold.
     if ((frame.id != "APIC" && frame.id != "PIC") || frame.size > kLargest || frame.compressed)
         return {};
     const auto parsed = frames.Parse(frame, most);

@@ -17,7 +17,7 @@ namespace {
 
 constexpr std::int64_t kHeaderSize = 10;
 
-/// A number of `bits` for each byte, the first one being the highest.
+/// A big-endian number with `bits` bits in each byte.
 std::int64_t Number(std::string_view bytes, int bits = 8) {
     std::int64_t number = 0;
     for (const char byte : bytes)
@@ -25,7 +25,7 @@ std::int64_t Number(std::string_view bytes, int bits = 8) {
     return number;
 }
 
-/// The opposite, as `count` bytes.
+/// The reverse, as `count` bytes.
 std::string Bytes(std::size_t number, std::size_t count, int bits) {
     std::string bytes(count, '\0');
     for (auto byte = bytes.rbegin(); byte != bytes.rend(); ++byte, number >>= bits)
@@ -33,7 +33,7 @@ std::string Bytes(std::size_t number, std::size_t count, int bits) {
     return bytes;
 }
 
-/// The first `size` bytes of a tag whose lengths are true only when it is decoded as a whole.
+/// The first `size` bytes of a tag, decoded; the lengths in it count decoded bytes.
 std::string Decoded(platform::RegularFile& file, std::int64_t size) {
     std::string bytes(static_cast<std::size_t>(size), '\0');
     bytes.resize(
@@ -95,7 +95,7 @@ std::unique_ptr<ID3v2::Frame> Id3v2Frames::Parse(const Id3v2Frame& frame, std::i
     const std::string held = mPieces->Copy(frame.begin, std::min(frame.size, most));
     if (held.empty())
         return nullptr;
-    // TagLib goes by the size in the head, which must be that of the bytes it gets.
+    // TagLib trusts the size in the header, which must match the bytes it gets.
     const std::string size =
         mVersion == 2 ? Bytes(held.size(), 3, 8) : Bytes(held.size(), 4, mVersion == 4 ? 7 : 8);
     std::string bytes = frame.head;
@@ -117,7 +117,7 @@ std::int64_t Id3v2Frames::FrameSize(const std::string& head) {
     const std::int64_t plain = Number(head.substr(4, 4));
     if (mVersion == 3)
         return plain;
-    // Some programs write the sizes of 2.4 as those of 2.3, which shows after the frame.
+    // Some programs write sizes in 2.4 as in 2.3; what follows the frame shows which it is.
     const std::int64_t size = Number(head.substr(4, 4), 7);
     const auto leadsOn = [&](std::int64_t frame) {
         const std::int64_t next = mAt + static_cast<std::int64_t>(head.size()) + frame;

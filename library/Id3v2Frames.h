@@ -11,28 +11,28 @@
 
 namespace library {
 
-/// A frame of an ID3v2 tag, by what its head says.
+/// A frame of an ID3v2 tag, as its header describes it.
 struct Id3v2Frame {
     std::string head;
     std::string id;         ///< three letters in ID3v2.2, four from 2.3 on
-    std::int64_t begin = 0; ///< of what it holds
-    std::int64_t size = 0;  ///< of what it holds, in bytes; within the tag
+    std::int64_t begin = 0; ///< of its content
+    std::int64_t size = 0;  ///< of its content, in bytes; within the tag
     bool compressed = false;
 };
 
-/// The frames of the ID3v2 tag (2.2 to 2.4) at the start of a file, one after the other. Reads
-/// their heads, and of what they hold only what is asked for; at the first damage the tag ends.
-/// TagLib would read the tag as a whole, pictures and all, so it is handed single frames.
+/// Goes through the frames of the ID3v2 tag (2.2 to 2.4) at the start of a file. Reads their
+/// headers, and their content only on request. The tag ends at the first damage. TagLib would read
+/// the whole tag, pictures and all, so it only gets single frames.
 class Id3v2Frames {
 public:
-    /// Of a tag that has to be decoded as a whole to be walked, only the first `mostDecoded` bytes
-    /// count.
+    /// If a tag must be decoded as a whole before its frames can be found, only its first
+    /// `mostDecoded` bytes are used.
     Id3v2Frames(platform::RegularFile& file, std::int64_t mostDecoded);
 
     /// The next frame; none at the end.
     std::optional<Id3v2Frame> Next();
 
-    /// The frame with the first `most` bytes of what it holds; null if that cannot be read.
+    /// The frame with the first `most` bytes of its content; null if they cannot be read.
     std::unique_ptr<TagLib::ID3v2::Frame> Parse(const Id3v2Frame& frame, std::int64_t most);
 
 private:

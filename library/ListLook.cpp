@@ -11,7 +11,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Whether there is such a list; reading one that is missing would make it.
+/// Whether there is such a list; reading a missing one would create it.
 bool IsThere(const fs::path& list) { return !platform::RegularFile(list).Error(); }
 
 } // namespace

@@ -19,8 +19,8 @@ namespace {
 
 constexpr std::string_view kNewCycle = "#New cycle\r\n";
 
-/// A name that tells lists apart, however long their paths are; that of a list in the program's
-/// folder moves with the folder.
+/// A file name that tells lists apart, however long their paths are. For a list in the program's
+/// folder it stays the same when that folder is moved.
 std::string NameOf(const fs::path& list) {
     const fs::path within = list.lexically_proximate(platform::ProgramFolder());
     const bool inside = *within.begin() != "..";

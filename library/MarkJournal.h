@@ -8,15 +8,15 @@
 
 namespace library {
 
-/// Keeps the marks that songs of one playlist got since the playlist was written, so that a crash
-/// takes none along; of a list that is never written, all of them. It is a file in the program's
-/// folder, itself a playlist, and goes when the marks stand in the list.
+/// Keeps the marks that the songs of one playlist got since it was written, so that a crash loses
+/// none; for a list that is never written, all its marks. The journal is a file in the program's
+/// folder, itself a playlist, and is deleted once the marks are in the list.
 class MarkJournal {
 public:
-    /// Of the playlist at the absolute path `list`, whether or not there is something to keep.
+    /// The journal of the playlist at the absolute path `list`; its file need not exist.
     explicit MarkJournal(const std::filesystem::path& list);
 
-    /// Deletes what is kept for a playlist that was written anew.
+    /// Deletes the journal of a playlist that has just been written.
     static void Forget(const std::filesystem::path& list);
 
     struct Marks {
@@ -24,11 +24,11 @@ public:
         std::set<std::string> played; ///< the songs' paths, byte for byte
     };
 
-    /// What was kept and not discarded, by whichever run of the program.
+    /// What was kept and not discarded, by this or an earlier run of the program.
     Marks Read() const;
 
-    // The following return at once; the file is written by a thread, and completely so when the
-    // journal goes. What cannot be written is passed over.
+    // The following return at once: a thread writes the file, and the destructor waits for it. What
+    // cannot be written is dropped.
 
     void Played(const std::filesystem::path& song);
 

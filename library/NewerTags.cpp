@@ -14,7 +14,7 @@ namespace {
 namespace ID3v2 = TagLib::ID3v2;
 namespace APE = TagLib::APE;
 
-constexpr std::int64_t kLongestField = Pieces::kPiece; // that is read
+constexpr std::int64_t kLongestField = Pieces::kPiece; // bytes; longer ones are skipped
 
 QString OneLine(const TagLib::StringList& values) {
     constexpr int kLongest = 255;

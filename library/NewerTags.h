@@ -14,9 +14,9 @@ struct TitleAndArtist {
 };
 
 /// Title and artist of a song by its ID3v2 tag (2.2 to 2.4) or, if that has no title, by its APE
-/// tag; empty when neither has one. Both are one line of at most 255 characters. Pictures are not
-/// read, however large; what is damaged counts as missing. Knows no tag but one at the very start
-/// and one at the end, before an ID3v1 tag.
+/// tag; empty when neither has one. Each is one line of at most 255 characters. Pictures are
+/// skipped unread, and damaged fields count as missing. Looks for a tag only at the very start and
+/// at the end, before an ID3v1 tag.
 TitleAndArtist ReadNewerTags(platform::RegularFile& file);
 
 } // namespace library

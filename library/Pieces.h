@@ -11,8 +11,8 @@ class RegularFile;
 
 namespace library {
 
-/// A file, or bytes of one, looked at in pieces: a look reads a piece at most. What was handed in
-/// must last as long.
+/// A file, or bytes from one, read in pieces of limited size. The file or bytes must outlive the
+/// object.
 class Pieces {
 public:
     static constexpr std::int64_t kPiece = 4096;
@@ -24,11 +24,11 @@ public:
 
     std::int64_t End() const { return mEnd; }
 
-    /// `size` bytes, at most a piece, from `offset` on; empty if there are not so many. They last
-    /// until the next call.
+    /// `size` bytes, at most `kPiece`, from `offset` on; empty if there are fewer. Valid until the
+    /// next call.
     std::string_view At(std::int64_t offset, std::int64_t size);
 
-    /// The same of any size. Only what there is takes memory.
+    /// A copy of any `size`. A size beyond the end gives nothing and takes no memory.
     std::string Copy(std::int64_t offset, std::int64_t size);
 
 private:

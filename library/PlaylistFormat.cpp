@@ -21,9 +21,9 @@ constexpr std::string_view kHeader = "#EXTM3U\r\n";
 constexpr std::string_view kMarkTag = "#Songrush:";
 constexpr std::string_view kLengthTag = " bytes=";
 constexpr bool kBackslashSeparates = std::filesystem::path::preferred_separator == '\\';
-constexpr std::string_view kTextControls = "\t\n\r\x1A"; // the last ended files once
+constexpr std::string_view kTextControls = "\t\n\r\x1A"; // \x1A: end of file, in old texts
 
-/// A mark too big for its type only has to stay a mark.
+/// A mark too big for its type need only stay different from 0.
 std::int16_t MarkFromText(std::string_view text) {
     using Limits = std::numeric_limits<std::int16_t>;
     const double number =
@@ -31,7 +31,7 @@ std::int16_t MarkFromText(std::string_view text) {
     return static_cast<std::int16_t>(platform::RoundHalfEven(number));
 }
 
-/// The whole of `text` as a number of bytes; 0 when it is none.
+/// `text` as a number of bytes; 0 if it is anything else.
 std::size_t LengthFromText(std::string_view text) {
     std::size_t length = 0;
     const char* end = text.data() + text.size();
@@ -39,7 +39,7 @@ std::size_t LengthFromText(std::string_view text) {
     return error == std::errc() && stop == end ? length : 0;
 }
 
-/// Whether the path would not come back from a plain line.
+/// Whether reading a plain line would not give the path back.
 bool NeedsLength(std::string_view path) {
     if (path.empty())
         return false; // names no file, so it need not come back
@@ -73,7 +73,7 @@ std::optional<PlaylistEntry> PlaylistReader::Next() {
         }
         if (!marked && line.find(kMarkTag) == std::string_view::npos)
             continue;
-        // The format has the mark at this place of the line even when the tag stands further on.
+        // The mark is read from here even if the tag stands further on in the line.
         const std::string_view markText = line.substr(kMarkTag.size());
         played = MarkFromText(markText);
         const auto path = marked ? TakeMeasuredPath(markText) : std::nullopt;
@@ -91,8 +91,8 @@ bool PlaylistReader::FindsForeign(std::string_view bytes) {
     return reader.mSawForeign;
 }
 
-/// The line of a path that the program has written follows its mark and may hold other line ends,
-/// or a "\" that separates nothing.
+/// A path that the program wrote follows its mark and may hold other line ends, or a "\" that is
+/// not a separator.
 void PlaylistReader::Watch(std::string_view line, bool marked) {
     const bool comment = line.starts_with('#');
     const bool otherEnds = line.find('\n') != line.npos || line.find('\r') != line.npos;

@@ -19,7 +19,7 @@ struct PlaylistEntry {
 /// whatever they are.
 class PlaylistReader {
 public:
-    /// `bytes`, the file's contents, must outlive the reader and what it gives.
+    /// `bytes`, the file's contents, must outlive the reader and its entries.
     explicit PlaylistReader(std::string_view bytes) : mRest(bytes) {}
 
     /// The next entry; nothing at the end.
@@ -39,16 +39,16 @@ private:
     bool mSawForeign = false;
 };
 
-/// Whether a line of a playlist is the address (URL) of something, which no path is.
+/// Whether a line of a playlist is a URL rather than a path.
 bool IsAddress(std::string_view line);
 
 /// Whether the bytes of a file are text that may be a playlist.
 bool IsPlaylistText(std::string_view bytes);
 
-/// Appends what opens a playlist file.
+/// Appends the header of a playlist file.
 void AppendHeader(std::string& file);
 
-/// Appends the lines of one entry, from which the reader above makes the same entry again.
+/// Appends the lines of one entry, which `PlaylistReader` reads back as the same entry.
 void AppendEntry(std::string& file, const PlaylistEntry& entry);
 
 } // namespace library

@@ -16,14 +16,14 @@
 
 namespace library {
 
-/// The songs of a playlist in the order of play, none twice before all were played. A song that
-/// cannot be played is passed over for as long as the object lives and keeps its mark in the list.
-/// The marks go into the playlist file with the object, unless another program has changed the file
-/// meanwhile; then they wait in a journal, as after a crash. Those of another program's list, which
-/// is never written, stay there. May be made and destroyed by any thread.
+/// The songs of a playlist in the order of play: none comes twice before all have been played. A
+/// song that cannot be played is skipped while the object lives and keeps its mark in the list. The
+/// destructor writes the marks into the playlist file, unless another program has changed the file
+/// meanwhile; then they stay in a journal, as after a crash. So do those of another program's list,
+/// which is never written. May be created and destroyed on any thread.
 class SongCycle {
 public:
-    /// Reads the playlist, which a stop ends at once; see `Error`.
+    /// Reads the playlist; a stop ends that at once. See `Error`.
     explicit SongCycle(const std::filesystem::path& playlist, const std::stop_token& stop = {});
     ~SongCycle();
     SongCycle(const SongCycle&) = delete;
@@ -34,24 +34,26 @@ public:
 
     int Count() const { return mList->Count(); }
 
-    /// The songs, for any thread that still needs them when this object has gone.
+    /// The songs, for a thread that may still need them when this object has been destroyed.
     std::shared_ptr<const c_M3U> Songs() const { return mList; }
 
-    /// How many songs have not been played in this cycle, with those of games that were killed.
+    /// How many songs have not been played in this cycle. Those played in games that were killed
+    /// count as played.
     int Unplayed() const;
 
-    /// Puts the songs into an order of play, with the marks that a crash has left in the journal.
-    /// Called once, before the functions below; a list that never begins is left alone.
+    /// Puts the songs into an order of play and takes over the marks that a crash left in the
+    /// journal. To be called once, before the functions below; without it the list's file is not
+    /// touched.
     void Begin();
 
-    /// The songs that come next, `most` of them if there are as many before a new cycle; none if
-    /// all of the list were passed over. Changes no mark.
+    /// The songs that come next: `most` of them, or fewer at the end of a cycle; none if all songs
+    /// of the list were passed over. Changes no mark.
     std::vector<std::filesystem::path> Upcoming(std::size_t most);
 
     /// Passes over the first `count` of them, which cannot be played.
     void PassOver(std::size_t count);
 
-    /// The first of them, which is thereby played.
+    /// Takes the first of them, which then counts as played.
     std::filesystem::path Take();
 
 private:
@@ -65,12 +67,12 @@ private:
     bool AnyLeft() const { return static_cast<int>(mFailed.size()) < Count(); }
     void NextTurn();
 
-    std::shared_ptr<c_M3U> mList = std::make_shared<c_M3U>(); // ahead of the play, as are its marks
+    std::shared_ptr<c_M3U> mList = std::make_shared<c_M3U>(); // its marks are those after `mTurns`
     ListRead mRead;
     MarkJournal mJournal;
     bool mBegun = false;
-    std::vector<std::int16_t> mMarks; // as the play has made them
-    std::ptrdiff_t mUnplayed = 0;     // by the list's own marks
+    std::vector<std::int16_t> mMarks; // as of the last `Take`
+    std::ptrdiff_t mUnplayed = 0;     // songs, after `mTurns`
     std::deque<Turn> mTurns;
     bool mNewCycle = false;          // began since the last of these turns
     std::unordered_set<int> mFailed; // by index, the songs that cannot be played

@@ -21,7 +21,7 @@ constexpr bool kBackslashSeparates = fs::path::preferred_separator == '\\';
 
 std::string Utf8(const QString& text) { return text.toUtf8().toStdString(); }
 
-/// A name in the one spelling that all its cases have, composed letters and all.
+/// A name without differences of case or of composed letters, for comparing.
 std::string Folded(std::string_view name) {
     const auto isAscii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
     if (!std::all_of(name.begin(), name.end(), isAscii))
@@ -33,7 +33,7 @@ std::string Folded(std::string_view name) {
     return folded;
 }
 
-/// `text` with the bytes that "%20" and the like stand for; as it is if any "%" stands for itself.
+/// `text` with "%20" and the like decoded; unchanged if any "%" is not such a code.
 std::string WithoutPercents(const std::string& text) {
     const auto isHex = [&text](std::size_t at) {
         return at < text.size() && std::isxdigit(static_cast<unsigned char>(text[at])) != 0;

@@ -8,16 +8,17 @@
 
 namespace library {
 
-/// Finds the files that the entries of another program's playlist mean. A folder is listed only
-/// where a name does not lead anywhere as it is spelt, and only once.
+/// Finds the files that the entries of another program's playlist mean. A folder is listed only if
+/// a name is not found as it is spelt, and only once.
 class SongFinder {
 public:
-    /// Of a playlist in the absolute `folder`, from which relative paths begin.
+    /// For a playlist in the absolute `folder`, from which relative paths start.
     explicit SongFinder(const std::filesystem::path& folder);
 
-    /// The path, byte for byte, of the file that an entry means: a path with "/" or "\", in UTF-8
-    /// or Windows-1252, spelt in any mixture of cases, or a `file:` address. If there is none, as
-    /// near as can be said. Nothing for what can be no song: another address or a playlist.
+    /// The path, byte for byte, of the file that an entry means. The entry may be a path with "/"
+    /// or "\", in UTF-8 or Windows-1252 and in any mixture of cases, or a `file:` address. The
+    /// likeliest path if there is no such file. Nothing for what cannot be a song: another kind of
+    /// address, or a playlist.
     std::optional<std::string> Find(std::string_view entry);
 
 private:

@@ -45,7 +45,7 @@ fs::path LastMp3Folder() {
 }
 
 void SetLastMp3Folder(const fs::path& folder) {
-    gLook.reset(); // it knows of another one
+    gLook.reset(); // it is about another folder
     platform::WritePathSetting(kApplication, kDirs, kMp3Dir, folder);
 }
 

@@ -4,12 +4,12 @@
 
 namespace library {
 
-/// The folder in which MP3 files were chosen last; the root of the file system when it is gone. The
+/// The folder in which MP3 files were chosen last; the root of the file system if it is gone. The
 /// first time it is the user's music folder or, if that holds no song, that of the sample songs.
-/// Waits for no disk: what `LookForMp3Folder` has not found out counts as being there.
+/// Never waits for a disk: until `LookForMp3Folder` knows better, the folder counts as being there.
 std::filesystem::path LastMp3Folder();
 
-/// Begins to find out what `LastMp3Folder` is to give; for a screen on which it may be asked for.
+/// Starts finding out what `LastMp3Folder` should return; called by a screen that may need it.
 void LookForMp3Folder();
 
 /// Remembers `folder` for `LastMp3Folder`.

@@ -38,13 +38,13 @@ struct Batch {
 };
 
 /// One thread lists the folders, several read the tags of what it has listed, batch by batch, and
-/// the caller's tells of the batches in the order of the list.
+/// the caller's thread reports the batches in the order of the list.
 class Scan {
 public:
     explicit Scan(const ScanCalls& calls) : mCalls(calls) {}
 
     void Run(const fs::path& start) {
-        // A disk that must seek serves many at once best.
+        // A disk that has to seek works fastest for many readers at once.
         constexpr int kReaders = 8;
         std::vector<std::jthread> threads;
         threads.emplace_back([this, &start] { ListAll(start); });
@@ -66,7 +66,8 @@ private:
     // The thread that lists.
 
     void ListAll(const fs::path& start) {
-        // A stack of its own instead of recursion: trees may be deep, and one handle is enough.
+        // A stack instead of recursion: trees may be deep, and only one folder need be open at a
+        // time.
         mPending.push_back(start);
         while (!mPending.empty()) {
             const fs::path folder = std::move(mPending.back());

@@ -9,7 +9,7 @@
 
 namespace library {
 
-/// `ScanSongs` on a thread of its own that holds nobody up, whatever the disk does.
+/// `ScanSongs` on a thread of its own, so that nobody waits for the disk.
 class SongSearch {
 public:
     struct Song {
@@ -19,7 +19,7 @@ public:
 
     struct News {
         std::vector<Song> songs;      ///< in the order of `ScanSongs`
-        std::filesystem::path folder; ///< entered last; empty as long as none could be read
+        std::filesystem::path folder; ///< the last one entered; empty until one could be read
         bool ended = false;
     };
 

@@ -8,12 +8,11 @@ class RegularFile;
 
 namespace library {
 
-/// The tag by which a song is asked: ID3v1, in which title and artist are those of a newer tag
-/// (ID3v2, then APE) where it has no title itself.
+/// The tag that a question uses: ID3v1, with title and artist of a newer tag (ID3v2, then APE) if
+/// it has no title itself.
 class SongTag : public c_ID3 {
 public:
-    /// Reads the tags of a file; what cannot be read, or is no regular file, has none. Never waits
-    /// for more than the disk.
+    /// Reads the tags of a file; one that cannot be read, or is not a regular file, has none.
     void Read(const std::filesystem::path& song);
     void Read(platform::RegularFile& song);
 

@@ -7,14 +7,14 @@ class c_ID3;
 
 namespace library {
 
-/// Whether anything of a text can be seen: more than blanks, control and format characters.
+/// Whether a text has a visible character: one that is not a blank, control or format character.
 bool HasVisible(const QString& text);
 
-/// What a song is asked by: the title of its tag, else one made from its file's name. Never without
-/// a visible character.
+/// The title that a question uses: that of the song's tag, else one made from its file name. Always
+/// has a visible character.
 QString SongTitle(const c_ID3& tag, const std::filesystem::path& song);
 
-/// The same by the song's `SongTag`, which is read.
+/// The same, reading the song's `SongTag`.
 QString SongTitle(const std::filesystem::path& song);
 
 } // namespace library

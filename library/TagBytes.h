@@ -5,7 +5,7 @@
 
 namespace library {
 
-/// A copy of bytes as TagLib takes them.
+/// A copy of the bytes as a TagLib vector.
 inline TagLib::ByteVector Vector(std::string_view bytes) {
     return {bytes.data(), static_cast<unsigned int>(bytes.size())};
 }

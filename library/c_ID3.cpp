@@ -18,8 +18,8 @@ constexpr int kJoinedTitleSize = kTextSize - 1; // then comes the mark of a titl
 constexpr QChar kGoesOn = u'|';
 constexpr std::string_view kIdentifier = "TAG";
 
-/// The genres by their number in the tag. The odd spellings are those that tags of this program
-/// are known by.
+/// The genres by their number in the tag. The odd spellings stay: `Genre` and `SetGenre` know the
+/// genres by these names.
 // clang-format off
 constexpr const char* mGenres[] = {
     "Blues", "Classic Rock", "Country", "Dance", "Disco", "Funk", "Grunge", "Hip-Hop", "Jazz",
@@ -142,8 +142,8 @@ QByteArray c_ID3::EndOf(platform::RegularFile& file) {
     std::array<char, kTagSize> tail{};
     if (file.Error() || !platform::ReadTail(file, tail))
         return QByteArray();
-    // A new tag begins on the last byte of the sound, not after it. A decoder never misses that
-    // byte, and a file comes out the same whichever version of the program tags it.
+    // A new tag begins on the last byte of the sound, not after it. Decoders do not miss that byte,
+    // and every version of the program tags a file in the same way.
     const QByteArrayView bytes(tail);
     return (IsTag({tail.data(), tail.size()}) ? bytes : bytes.last(1)).toByteArray();
 }

@@ -10,7 +10,7 @@ class RegularFile;
 }
 
 /// The ID3v1 tag of an MP3 file: its last 128 bytes, Windows-1252. A title of more than 30
-/// characters goes on in the comment. What cannot be read or written is passed over silently.
+/// characters goes on in the comment. Failing to read or write is silent.
 class c_ID3 {
 public:
     QString Title() const { return mTitle; }
@@ -30,24 +30,24 @@ public:
     void SetYear(const QString& year) { mYear = year; }
     void SetGenre(const QString& genre) { mGenre = genre; }
 
-    /// Reads the file's tag. Without one the fields are empty but for `Genre`, which stays.
+    /// Reads the file's tag. Without one the fields become empty, except `Genre`, which stays.
     void GetIdTag(const std::filesystem::path& fileName);
 
-    /// The same of a file that is open already, if it could be opened.
+    /// The same for an open file; for one that could not be opened, as without a tag.
     void GetIdTag(platform::RegularFile& file);
 
     /// Writes the fields over the file's tag, or adds one, which replaces the file's last byte. A
     /// `Genre` without a number is written as Blues. A file that cannot be written, is read-only or
-    /// has less than 128 bytes stays as it was. The fields then hold what was written; after a
-    /// failure they also keep their padding.
+    /// has fewer than 128 bytes stays as it was. Afterwards the fields hold what was written; after
+    /// a failure they also keep their padding.
     void PutIdTag(const std::filesystem::path& fileName);
 
     /// The bytes at a file's end that `PutIdTag` replaces: its tag or, without one, its last byte.
-    /// Empty where it writes none.
+    /// Empty for a file that is too short or cannot be read.
     static QByteArray EndOf(const std::filesystem::path& fileName);
     static QByteArray EndOf(platform::RegularFile& file);
 
-    /// Puts what `EndOf` once was in the place of what it is now, so that tags written meanwhile
+    /// Replaces what `EndOf` is now by `end`, what it was earlier, so that tags written in between
     /// leave no trace. On error the file is as it was.
     static std::error_code PutEnd(const std::filesystem::path& fileName, const QByteArray& end);
 

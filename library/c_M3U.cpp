@@ -72,7 +72,7 @@ void c_M3U::RandomizeList() {
     platform::Randomize(platform::SecondsSinceMidnight());
     mPlayedUpTo = 0;
     std::iota(mOrder.begin(), mOrder.end(), 0);
-    // Three passes of swapping each place with any place, which is what a play order is here.
+    // Each place is swapped with a random one, in three passes.
     for (int pass = 0; pass < 3; ++pass) {
         for (std::int32_t& place : mOrder) {
             const double other = platform::Rnd() * Count();
@@ -149,7 +149,7 @@ bool c_M3U::WriteBack() {
     return FileUnchanged(file) && WriteFile(file);
 }
 
-/// Whether a file holds what was read, so that nothing that others wrote meanwhile is lost.
+/// Whether the file still holds what was read; writing would lose what others wrote meanwhile.
 bool c_M3U::FileUnchanged(const std::filesystem::path& file) const {
     QByteArray now;
     return !platform::ReadWholeFile(file, now) && now == QByteArrayView(mText).first(mTextRead);

@@ -10,8 +10,9 @@
 #include <system_error>
 #include <vector>
 
-/// A playlist with a played mark for each song, so that no song comes back before all were played.
-/// The marks are kept in the playlist file: a list that was read writes them back when it goes.
+/// A playlist with a played mark for each song, so that no song comes back before all have been
+/// played. The marks are kept in the playlist file: the destructor of a list that was read writes
+/// them back.
 class c_M3U {
 public:
     c_M3U() = default;
@@ -19,7 +20,7 @@ public:
     c_M3U(const c_M3U&) = delete;
     c_M3U& operator=(const c_M3U&) = delete;
 
-    /// Appends an unplayed song; it has its place in the play order after the next `RandomizeList`.
+    /// Appends an unplayed song, which enters the play order with the next `RandomizeList`.
     void Add(const std::filesystem::path& song);
 
     /// Number of songs.
@@ -31,8 +32,8 @@ public:
     /// The song at `index`, 0-based, in list order; empty when there is none.
     std::filesystem::path FileName(int index) const;
 
-    /// The next song to play, which is thereby played. When all are, a new cycle begins in a new
-    /// order. Empty for an empty list. Needs a `RandomizeList` after reading or adding.
+    /// The next song to play, which then counts as played. When all have been, a new cycle begins
+    /// in a new order. Empty for an empty list. Needs a `RandomizeList` after reading or adding.
     std::filesystem::path NextUnplayed() { return FileName(TakeUnplayed()); }
 
     /// As `NextUnplayed`, by index; -1 for an empty list.
@@ -46,14 +47,14 @@ public:
     /// The played marks in list order, 0 for songs not played.
     const std::vector<std::int16_t>& Marks() const { return mPlayed; }
 
-    /// Sets all marks; as many as there are songs.
+    /// Sets all marks; `marks` has one for each song.
     void SetMarks(const std::vector<std::int16_t>& marks);
 
-    /// Sets the mark of the song at `index`, which there is.
+    /// Sets the mark of the song at `index`, which must exist.
     void SetPlayed(int index, std::int16_t mark);
 
     /// Replaces the list by the file's contents and makes that file the one to write back to. A
-    /// file that does not exist is created empty. An error, `illegal_byte_sequence` for what is no
+    /// file that does not exist is created empty. An error, `illegal_byte_sequence` for what is not
     /// text or `operation_canceled` after a stop, leaves an empty list, which is never written
     /// back.
     std::error_code ReadFile(const std::filesystem::path& file, const std::stop_token& stop = {});
@@ -62,13 +63,12 @@ public:
     static QString ReadFailure(const std::filesystem::path& file, std::error_code error);
 
     /// Writes the list to the file that it was read from, if marks have changed and the file still
-    /// holds what was read. Done once, by whoever asks first or when the list goes. Returns whether
-    /// the file has the marks now.
+    /// holds what was read. Only the first call does so, or else the destructor. Returns whether
+    /// the file has the marks.
     bool WriteBack();
 
-    /// Writes the list, replacing the file even if it is read-only. An empty list leaves it
-    /// alone. An error is told in a message box and leaves the old file as it was; then the answer
-    /// is false.
+    /// Writes the list, replacing the file even if it is read-only. An empty list leaves it alone.
+    /// An error shows a message box, leaves the old file as it was and returns false.
     bool WriteFile(const std::filesystem::path& file) const;
 
 private:
@@ -82,7 +82,7 @@ private:
     std::string_view Bytes(std::size_t index) const;
     bool FileUnchanged(const std::filesystem::path& file) const;
 
-    QByteArray mText; ///< the file's bytes as read and those of songs added, with all paths
+    QByteArray mText; ///< the file's bytes as read and the paths added
     qsizetype mTextRead = 0;
     std::vector<Slice> mFiles;
     std::vector<std::int16_t> mPlayed;

@@ -12,11 +12,12 @@
 
 namespace platform {
 
-/// What is found out aside, for a caller who cannot wait for it. When the object goes before it is
-/// known, the asking is to stop.
+/// A value that another thread finds out, for a caller who cannot wait for it. Destroying the
+/// object asks that thread to stop.
 template <typename Value> class Answer {
 public:
-    /// Begins to ask. `ask` must own, or share, all that it uses. The answer wakes `WaitWhile`.
+    /// Starts `ask` on a thread. It must own, or share, everything it uses. Its answer wakes
+    /// `WaitWhile`.
     explicit Answer(std::function<Value(const std::stop_token&)> ask)
         : mAsking([shared = mShared, ask = std::move(ask)](const std::stop_token& stop) {
               Value value = ask(stop);

@@ -40,7 +40,7 @@ Aside::Aside(std::function<void(const std::stop_token& stop)> work) {
     Change(1);
     std::thread([work = std::move(work), stop = mStop.get_token()]() mutable {
         work(stop);
-        work = nullptr; // what it owns goes before it counts as ended
+        work = nullptr; // destroys what it owns before it counts as ended
         Change(-1);
     }).detach();
 }

@@ -16,8 +16,8 @@ double Rnd();
 /// are half as likely as the others.
 int RndRounded(int highest);
 
-/// Makes `source` give the random numbers from now on and returns what gave them before. An empty
-/// source stands for the program's own generator, the only one that `Randomize` reseeds.
+/// Takes random numbers from `source` from now on and returns the previous source. An empty one
+/// means the program's own generator, the only one that `Randomize` reseeds.
 std::function<double()> ReplaceRandom(std::function<double()> source);
 
 } // namespace platform

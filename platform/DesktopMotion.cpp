@@ -18,7 +18,7 @@ namespace {
 
 constexpr int kPatience = 2000; // milliseconds until the portal counts as missing
 
-/// Where a desktop tells about motion, and the value that asks for less of it.
+/// Where a desktop keeps its setting for motion, and the value that asks for less.
 struct Place {
     const char* name; // namespace of the portal
     const char* key;
@@ -31,7 +31,7 @@ constexpr Place kPortalPlaces[] = {
     {"org.kde.kdeglobals.KDE", "AnimationDurationFactor", 0},
 };
 
-/// A truth value, a number or either of them as text.
+/// The number in a value that is a number, a boolean (0 or 1), or either of them as text.
 std::optional<double> Number(const QVariant& value) {
     const QString text = value.toString();
     if (text.compare(u"true", Qt::CaseInsensitive) == 0)

@@ -9,11 +9,11 @@
 
 namespace platform {
 
-/// Asks the desktop portal, and where there is none the files of the desktops, whether the user
+/// Asks the desktop portal or, without one, the settings files of the desktops whether the user
 /// wants less motion; `tell` gets the answer later, from the event loop.
 void AskDesktopAboutMotion(std::function<void(bool)> tell);
 
-/// Answer of the portal's `ReadAll`: namespaces with their keys and values.
+/// The portal's answer to `ReadAll`: namespaces with their keys and values.
 using PortalSettings = QMap<QString, QVariantMap>;
 
 /// What the portal's settings say; nothing when they do not mention motion.

@@ -28,7 +28,7 @@ using Access = RegularFile::Access;
 
 namespace {
 
-/// Leads `file` along symbolic links to where they end; there need be nothing.
+/// Makes `file` the target of the symbolic links that it names, which need not exist.
 std::error_code FollowLinks(fs::path& file) {
     constexpr int kMostLinks = 40; // as the Linux kernel does
     for (int i = 0; i < kMostLinks; ++i) {
@@ -52,7 +52,7 @@ public:
         const std::string start =
             std::string(kStart) + std::to_string(QCoreApplication::applicationPid()) + '-';
         do {
-            // Not made from the final name, which may be as long as names can be.
+            // Not based on the final name, which may have the greatest length already.
             mPath = folder / (start + std::to_string(++number)).append(kEnd);
             mFile.emplace(mPath, Access::Create);
         } while (mFile->Error() == std::errc::file_exists);
@@ -93,8 +93,8 @@ private:
     static constexpr std::string_view kStart = ".songrush-";
     static constexpr std::string_view kEnd = ".tmp";
 
-    /// Deletes aside what killed runs of the program have left in a folder, the first time that it
-    /// is written into: whatever is older than this run's first file.
+    /// Deletes, on another thread, what killed runs of the program left in a folder: files older
+    /// than this run's first one. Only the first call for a folder does so.
     static void RemoveLeftovers(const fs::path& folder) {
         static const auto oldest = fs::file_time_type::clock::now() - std::chrono::seconds(1);
         static std::mutex mutex;
@@ -122,8 +122,8 @@ private:
     std::error_code mError;
 };
 
-/// For systems that cannot refuse to replace: takes the name with an empty file, which works only
-/// if nothing had it, and renames over that.
+/// For systems whose rename always replaces: claims the name with an empty file, which fails if the
+/// name is taken, and renames over that.
 std::error_code ClaimAndRename(const fs::path& from, const fs::path& to) {
     if (const std::error_code error = RegularFile(to, Access::Create).Error())
         return error;
@@ -226,7 +226,7 @@ std::error_code FlushToDisk(const fs::path&) { return {}; }
 #endif
 
 std::error_code RenameNoReplace(const fs::path& from, const fs::path& to) {
-    // On a file system that does not tell cases apart the new name leads to the file itself.
+    // On a file system that ignores case the new name leads to the file itself.
     std::error_code error;
     if (from != to && TextFromPath(from).compare(TextFromPath(to), Qt::CaseInsensitive) == 0 &&
         fs::equivalent(from, to, error)) {

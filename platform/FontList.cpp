@@ -5,7 +5,7 @@
 
 namespace platform {
 
-// Qt takes the thread of its first object for the main one, so the library is made here.
+// Qt takes the thread of its first object for the main one, so the library object is created here.
 void PreloadFontList() {
     QLibrary fontconfig(QStringLiteral("fontconfig"), 1);
     fontconfig.setLoadHints(QLibrary::PreventUnloadHint);

@@ -12,7 +12,7 @@ namespace platform {
 
 namespace {
 
-/// As GTK's `GList`.
+/// Laid out like GTK's `GList`.
 struct Windows {
     void* window;
     Windows* next;

@@ -3,7 +3,7 @@
 namespace platform {
 
 /// Closes the messages that GTK shows in front of its dialogs, as the player would. Each of them
-/// waits in a loop of its own, which does not hear that the program is asked to quit.
+/// runs a loop of its own, which does not notice that the program is asked to quit.
 void CloseGtkMessages();
 
 } // namespace platform

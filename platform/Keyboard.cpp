@@ -8,7 +8,7 @@ namespace platform {
 #if defined(Q_OS_LINUX) && !defined(SONGRUSH_PORTABLE)
 
 int DigitOnKey(quint32 nativeScanCode) {
-    // X and Wayland both count the kernel's keys from 8 on.
+    // X and Wayland both add 8 to the kernel's key codes.
     constexpr quint32 kRow = 10;
     constexpr std::array<quint32, 9> kPad = {87, 88, 89, 83, 84, 85, 79, 80, 81};
     if (nativeScanCode >= kRow && nativeScanCode < kRow + 9)

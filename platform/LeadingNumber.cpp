@@ -13,7 +13,7 @@ double LeadingNumber(QByteArrayView bytes) {
     const bool negative = text.starts_with('-');
     if (negative || text.starts_with('+'))
         text.remove_prefix(1);
-    // The library would take words such as "inf", too.
+    // `from_chars` would also accept words such as "inf".
     if (text.find_first_of(".0123456789") != 0)
         return 0;
     double number = 0;

@@ -12,13 +12,14 @@ struct Message {
     QString text;
     Icon icon;
     QString title;
-    QStringList buttons; ///< from left to right, "&" before the letter that presses one
+    QStringList buttons; ///< from left to right, "&" before a shortcut letter
 };
 
-// Once the program was asked to quit, no message is shown and every question has its last answer.
+// Once the program has been asked to quit, no message is shown, and a question returns its last
+// answer.
 
-/// Shows a message with one OK button and waits until it is closed. From another thread than that
-/// of the user interface it is shown as soon as events run, and not waited for.
+/// Shows a message with one OK button and waits until it is closed. Called on any thread but the
+/// user interface's, it returns at once, and the message is shown from the event loop.
 void ShowMessage(const QString& text, Icon icon = Icon::Information,
                  const QString& title = QStringLiteral("Songrush"));
 
@@ -30,8 +31,8 @@ enum class SaveAnswer { Save, DontSave, Cancel };
 /// Asks whether something is to be saved before it is lost; closing the question means Cancel.
 SaveAnswer AskToSave(const QString& text, const QString& title = QStringLiteral("Songrush"));
 
-/// Lets `box` show messages, instead of windows of their own, and return the number of the button
-/// that was pressed, from 0; closing a message presses its last one.
+/// Makes `box` show all messages, instead of windows of their own. It returns the 0-based number of
+/// the button pressed; closing a message counts as pressing the last one.
 void SetMessageBox(std::function<int(const Message&)> box);
 
 } // namespace platform

@@ -8,11 +8,11 @@ namespace platform {
 /// system has answered `AskAboutMotion`.
 bool MotionReduced();
 
-/// Asks the system anew as soon as the program is idle, without ever waiting for the answer.
+/// Asks the system again a moment later, without waiting for the answer.
 void AskAboutMotion();
 
-/// Makes `wish` answer `MotionReduced` from now on and returns what answered before; an empty one
-/// stands for the system.
+/// Makes `wish` answer `MotionReduced` from now on and returns the previous one; an empty one means
+/// the system.
 std::function<bool()> ReplaceMotionWish(std::function<bool()> wish);
 
 } // namespace platform

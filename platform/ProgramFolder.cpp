@@ -18,7 +18,7 @@ fs::path gFolder;
 
 fs::path ExecutableFolder() {
 #ifdef SONGRUSH_POSIX
-    // Linux tells it: Qt's text would lose the bytes of a folder that is no valid UTF-8.
+    // Asked of Linux itself: Qt's text would lose the bytes of a path that is not valid UTF-8.
     std::error_code error;
     const fs::path executable = fs::read_symlink("/proc/self/exe", error);
     if (!error)
@@ -31,7 +31,7 @@ fs::path UserFolder(QStandardPaths::StandardLocation kind) {
     return fs::path(QStandardPaths::writableLocation(kind).toStdU16String());
 }
 
-/// Asked anew each time: the folder may be renamed while the program runs.
+/// Found out each time: the folder may be renamed while the program runs.
 ProgramFolders Folders() {
     return FoldersOf(ExecutableFolder(), UserFolder(QStandardPaths::GenericDataLocation));
 }

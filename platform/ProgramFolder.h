@@ -10,38 +10,38 @@ struct ProgramFolders {
     std::filesystem::path shipped; ///< what came with the program; read-only when it is not `own`
 };
 
-/// The folders of a program whose executable lies in `executable`. Both are that folder; but for a
-/// program that was installed for all users, with what came with it under the system's shared data
-/// instead of beside it, the own one is `Songrush` in the user's data folder `userData`.
+/// The folders of a program whose executable lies in `executable`. Both are that folder, unless the
+/// program was installed for all users, with its files under the system's shared data: then `own`
+/// is `Songrush` in the user's data folder `userData`.
 ProgramFolders FoldersOf(const std::filesystem::path& executable,
                          const std::filesystem::path& userData);
 
 /// The folder with `PlayList`, `Music`, the score files and the player's own `Images`; absolute,
-/// without a trailing separator. The program's start makes it when it is not where the program
-/// lies.
+/// without a trailing separator. The program creates it at its start if it is not where the
+/// executable lies.
 std::filesystem::path ProgramFolder();
 
-/// Where a file is that lay at `path` when the program started: somewhere else if it lay in the
-/// program's folder and that was renamed since.
+/// Where the file is that lay at `path` when the program started: elsewhere if it is in the
+/// program's folder and that has been renamed.
 std::filesystem::path WhereNow(const std::filesystem::path& path);
 
-/// Makes another folder the program's folder from now on; an empty path undoes it.
+/// Makes another folder the program's folder; an empty path undoes that.
 void SetProgramFolder(const std::filesystem::path& folder);
 
-/// The folder with all that came with the program; of a program that can be moved anywhere the
-/// same as `ProgramFolder`.
+/// The folder with everything that came with the program; the same as `ProgramFolder` unless the
+/// program was installed for all users.
 std::filesystem::path ShippedFolder();
 
 /// The user's documents folder.
 std::filesystem::path DocumentsFolder();
 
-/// The user's music folder, where songs are looked for the first time.
+/// The user's music folder, where the first search for songs starts.
 std::filesystem::path MusicFolder();
 
 /// The user's home folder.
 std::filesystem::path HomeFolder();
 
-/// A folder of the user's, made if need be, for files that can be made again.
+/// The user's folder for files that can be made again; created if need be.
 std::filesystem::path CacheFolder();
 
 /// The root of the file system.

@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Why the last call failed; streams usually tell, too.
+/// Why the last call failed; streams usually set `errno`, too.
 std::error_code LastError() {
     return errno != 0 ? std::error_code(errno, std::generic_category())
                       : make_error_code(std::errc::io_error);
@@ -92,7 +92,7 @@ std::error_code RegularFile::WriteAt(std::int64_t offset, QByteArrayView bytes) 
 
 namespace {
 
-/// Why a file may not be opened so, as far as can be told before.
+/// Why a file must not be opened with this access, as far as can be told beforehand.
 std::error_code Refusal(const fs::path& file, RegularFile::Access access) {
     using Access = RegularFile::Access;
     constexpr fs::perms kWriters =
@@ -124,8 +124,8 @@ RegularFile::RegularFile(const fs::path& file, Access access) : mError(Refusal(f
     if (access != Access::Read)
         mode |= std::ios::out;
     if (!fs::exists(file, mError))
-        mode |= std::ios::trunc; // makes it
-    // Without a buffer, in which bytes that could not be written would stay to be written later.
+        mode |= std::ios::trunc; // creates it
+    // Unbuffered: bytes that could not be written would stay in a buffer and be written later.
     mStream.rdbuf()->pubsetbuf(nullptr, 0);
     errno = 0;
     mStream.open(file, mode);

@@ -19,13 +19,13 @@ class RegularFile {
 public:
     enum class Access {
         Read,
-        Change,         ///< read and write; of a read-only file an error, for the superuser too
-        ChangeOrCreate, ///< the same, of a file that is made if need be
-        Create,         ///< a new file; an error where anything has the name
+        Change,         ///< read and write; an error if read-only, even for the superuser
+        ChangeOrCreate, ///< the same, creating the file if need be
+        Create,         ///< a new file; an error if anything of that name exists
     };
 
-    /// Opens the file, or what a link leads to, without ever waiting: what is no regular file, a
-    /// pipe for one, is an error; see `Error`.
+    /// Opens the file, following links, and never blocks: anything but a regular file, such as a
+    /// pipe, is an error; see `Error`.
     explicit RegularFile(const std::filesystem::path& file, Access access = Access::Read);
     ~RegularFile();
     RegularFile(const RegularFile&) = delete;

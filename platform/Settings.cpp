@@ -16,7 +16,7 @@ QString StoreOf(const QString& application) {
         .arg(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation), application);
 }
 
-/// Qt would wait for ever for what is no regular file, a pipe for one.
+/// Qt would wait forever for anything but a regular file, such as a pipe.
 bool Usable(const QString& file) {
     const QFileInfo info(file);
     return !info.exists() || info.isFile();

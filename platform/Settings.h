@@ -10,15 +10,15 @@ namespace platform {
 QString ReadSetting(const QString& application, const QString& section, const QString& key,
                     const QString& fallback);
 
-/// Stores a value for this user. A store that cannot be written is passed over silently.
+/// Stores a value for this user. Does nothing if the settings cannot be written.
 void WriteSetting(const QString& application, const QString& section, const QString& key,
                   const QString& value);
 
-/// What a settings file of the desktop's (INI) has under section/key; nothing when it has nothing
-/// or cannot be read.
+/// The value of section/key in a settings file of the desktop's (INI); null if there is none or the
+/// file cannot be read.
 QVariant ReadStored(const std::filesystem::path& file, const QString& key);
 
-/// As `ReadSetting`, for a path, even one whose bytes are no valid UTF-8.
+/// As `ReadSetting`, for a path, even one whose bytes are not valid UTF-8.
 std::filesystem::path ReadPathSetting(const QString& application, const QString& section,
                                       const QString& key, const std::filesystem::path& fallback);
 

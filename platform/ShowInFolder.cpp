@@ -12,7 +12,7 @@ namespace platform {
 
 namespace {
 
-/// Of a path whose bytes need be no text.
+/// The `file:` address of a path, whose bytes need not be valid text.
 QByteArray AddressOf(const std::filesystem::path& path) {
     return "file://" + QByteArray::fromStdString(path.generic_string()).toPercentEncoding("/");
 }

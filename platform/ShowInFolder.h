@@ -5,7 +5,7 @@
 namespace platform {
 
 /// Shows a file in the desktop's file manager, selected where that can be asked for. Returns at
-/// once; a desktop without one is passed over.
+/// once; does nothing on a desktop without one.
 void ShowInFolder(const std::filesystem::path& file);
 
 } // namespace platform

@@ -26,7 +26,7 @@ bool ClaimSingleInstance() {
     const std::string file = folder + "/songrush-" + std::to_string(getuid()) + ".lock";
     const int handle = open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
     if (handle < 0)
-        return true; // nowhere to note it: better two copies than none
+        return true; // no place for the lock: better two copies than none
     // The kernel drops the lock with the process, so a killed copy leaves none behind.
     if (flock(handle, LOCK_EX | LOCK_NB) == 0)
         return true;

@@ -2,8 +2,8 @@
 
 #include <QtGlobal>
 
-/// SONGRUSH_POSIX: the calls of POSIX systems may be used. Beside each use of them stands the
-/// portable way; the preset `portable` takes it on every system, so that it is tested.
+/// SONGRUSH_POSIX: POSIX calls may be used. Each use has a portable alternative beside it, which
+/// the preset `portable` builds on any system, so that it is tested.
 #if defined(Q_OS_UNIX) && !defined(SONGRUSH_PORTABLE)
 #define SONGRUSH_POSIX
 #endif

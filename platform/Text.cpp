@@ -25,7 +25,7 @@ char16_t FromWindows1252(unsigned char byte) {
     return byte >= 128 && byte < 160 ? kWindows1252[byte - 128u] : byte;
 }
 
-/// Decodes UTF-8; nothing if it is not valid. A byte order mark is a character like others.
+/// Decodes UTF-8; nothing if it is not valid. A byte order mark is a character like any other.
 std::optional<QString> Utf8(std::string_view bytes) {
     using Flag = QStringDecoder::Flag;
     QStringDecoder decoder(QStringDecoder::Utf8, Flag::Stateless | Flag::ConvertInitialBom);
@@ -74,7 +74,7 @@ template <typename View> View WithoutBlanks(View text) {
     return View(first, last.base());
 }
 
-constexpr QChar kEscape(0xFDD0); // a noncharacter, of no use in a real name
+constexpr QChar kEscape(0xFDD0); // a noncharacter, which no real name has
 
 struct Escape {
     QChar plain;
@@ -95,7 +95,7 @@ std::filesystem::path PathFromText(const QString& text) {
     qsizetype from = 0;
     for (qsizetype i = 0; i < text.size(); ++i) {
         if (text[i].isHighSurrogate() && i + 1 < text.size()) {
-            ++i; // a pair, whose second half stands for itself
+            ++i; // a pair, whose second half is not a byte
         } else if (StandsForByte(text[i])) {
             bytes += QStringView(text).mid(from, i - from).toUtf8();
             bytes += static_cast<char>(text[i].unicode() & 0xFF);
@@ -137,7 +137,8 @@ QString TrimBlanks(const QString& text) { return WithoutBlanks(QStringView(text)
 std::string_view TrimBlanks(std::string_view text) { return WithoutBlanks(text); }
 
 QString AfterLastSeparator(const QString& text) {
-    // Beside a "/" a backslash may be part of a name; alone it can only come from elsewhere.
+    // With a "/" in the text, a backslash may be part of a name; without one the path must come
+    // from another system.
     if (!kBackslashSeparates && text.contains(u'/'))
         return text.mid(text.lastIndexOf(u'/') + 1);
     return text.mid(std::max(text.lastIndexOf(u'/'), text.lastIndexOf(u'\\')) + 1);

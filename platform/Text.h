@@ -7,9 +7,9 @@
 
 namespace platform {
 
-/// Text of a path, one to one: `PathFromText` gives the same bytes back. Bytes that are no valid
-/// UTF-8 become lone surrogates U+DC80 to U+DCFF, so the text may not be fit to be shown. Where "\"
-/// separates, it becomes "/".
+/// Text of a path, one to one: `PathFromText` gives the same bytes back. Bytes that are not valid
+/// UTF-8 become lone surrogates U+DC80 to U+DCFF, so the text may not be fit for display. Where "\"
+/// is the separator, it becomes "/".
 QString TextFromPath(const std::filesystem::path& path);
 
 /// The path whose text is `text`; see `TextFromPath`.

@@ -18,7 +18,7 @@ struct TimeSource {
     std::function<std::int64_t()> tickCount;
 };
 
-/// Makes `source` tell the time from now on and returns what told it before.
+/// Takes the time from `source` from now on and returns the previous source.
 TimeSource ReplaceTimeSource(TimeSource source);
 
 } // namespace platform

@@ -22,14 +22,14 @@ public:
     /// What is to be heard, in words: "70 %" or "Muted".
     QString Words() const;
 
-    /// Sets it, brought into 0 to 100, and ends muting.
+    /// Sets it, clamped to 0 to 100, and ends muting.
     void SetPercent(int percent);
-    /// The next multiple of `kStep` that is louder (1) or less loud (-1).
+    /// Goes to the next multiple of `kStep`, louder (1) or quieter (-1), and ends muting.
     void Step(int direction);
-    /// Mutes, or else has something heard again.
+    /// Mutes or, if nothing is heard, ends muting and makes it at least `kStep`.
     void ToggleMuted();
 
-    /// Takes what was kept at the end of the last run.
+    /// Restores what `Remember` kept in an earlier run.
     void Recall();
     /// Keeps it for the next run.
     void Remember() const;
@@ -41,7 +41,7 @@ private:
     void Set(int percent, bool muted);
 };
 
-/// The percent to be heard, 0 while muted. Any thread may ask.
+/// The percentage to play at, 0 while muted. Any thread may call this.
 int HeardVolume();
 
 } // namespace platform

@@ -33,7 +33,7 @@ public:
 #ifdef SONGRUSH_POSIX
 int gSignalPipe[2] = {-1, -1};
 
-/// Whoever sends a signal is not kept waiting, even if a disk keeps the main thread.
+/// The program ends this soon after a signal, even if a disk blocks the main thread.
 constexpr unsigned kLongestEnd = 2; // seconds
 
 extern "C" void EndNow(int) { _exit(0); }
@@ -61,7 +61,7 @@ public:
         for (const int number : {SIGTERM, SIGINT, SIGHUP})
             std::signal(number, SignalHandler);
         std::signal(SIGALRM, EndNow);
-        std::signal(SIGXFSZ, SIG_IGN); // the write that goes beyond the limit fails
+        std::signal(SIGXFSZ, SIG_IGN); // the write beyond the limit then only fails
     }
     ~SignalWatch() {
         alarm(0);

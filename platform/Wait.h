@@ -7,11 +7,12 @@ namespace platform {
 /// Lets pending window events run, without sleeping.
 void PumpEvents();
 
-/// Sleeps until the next event as long as `condition` holds. Also returns once the application is
-/// asked to quit, so every caller must be able to go on with the condition still true.
+/// Waits as long as `condition` holds, checking it after each event and sleeping in between. Also
+/// returns once the application is asked to quit, so every caller must cope with the condition
+/// still being true.
 void WaitWhile(const std::function<bool()>& condition);
 
-/// Has a `WaitWhile` that sleeps look at its condition again. Any thread may call it.
+/// Makes a sleeping `WaitWhile` check its condition again. Any thread may call this.
 void WakeUp();
 
 /// Sleeps for `milliseconds`, letting events run meanwhile; shorter when asked to quit.

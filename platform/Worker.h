@@ -7,7 +7,7 @@
 
 namespace platform {
 
-/// Does jobs one after the other, aside; see `Aside`. May be used by any thread.
+/// Does jobs one after the other on a thread of its own. May be used by any thread.
 class Worker {
 public:
     Worker() = default;
@@ -15,7 +15,7 @@ public:
     Worker(const Worker&) = delete;
     Worker& operator=(const Worker&) = delete;
 
-    /// Hands a job over and returns at once.
+    /// Queues a job and returns at once.
     void Do(std::function<void()> job);
 
 private:
