@@ -13,8 +13,7 @@ namespace toolkit {
 
 /// Tells screen readers what a form shows by drawing: captions, which can be read in place and are
 /// announced as they appear, and any other announcements. Whatever arrives before events run again
-/// becomes one announcement, made as soon as the form can be used. Nothing of it is
-/// visible.
+/// becomes one announcement, made as soon as the form can be used. Nothing here is visible.
 class Announcer : public QWidget, public Accessible {
     Q_OBJECT
 public:

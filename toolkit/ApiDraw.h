@@ -51,7 +51,7 @@ void PenLineTo(double x, double y);
 /// `start` at the top left to `end` at the bottom right. One column when x1 equals x2.
 void GradientBox(double x1, double y1, double x2, double y2, ColorRef start, ColorRef end);
 
-/// Lets `paint` draw, within `area`, what has no routine here: curves, smooth edges, other
+/// Lets `paint` draw, within `area`, what no routine here can: curves, smooth edges, other
 /// gradients. It must hold copies of all it needs; see `Canvas::Draw`.
 void PaintShapes(const QRect& area, const std::function<void(QPainter&)>& paint);
 

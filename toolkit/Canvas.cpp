@@ -64,12 +64,12 @@ void Combine(QImage& target, const Overlap& part, const QImage& source, RasterOp
     }
 }
 
-/// The same pixels, which can be taken for the screen's.
+/// An image that shares the pixels but has no device pixel ratio.
 QImage Share(const QImage& own) {
     return QImage(own.constBits(), own.width(), own.height(), own.bytesPerLine(), own.format());
 }
 
-/// The corner of a widget, which may lie within a screen pixel, but an image's pixels must not.
+/// A widget's corner may lie within a screen pixel; the image is moved to the nearest whole one.
 QPointF WholePixel(const QPainter& painter) {
     const QPointF corner(painter.deviceTransform().dx(), painter.deviceTransform().dy());
     const QPointF whole(std::round(corner.x()), std::round(corner.y()));
@@ -128,7 +128,7 @@ void Canvas::Show(QPainter& painter, const QPainterPath& outline) const {
 
 void Canvas::Draw(const QRect& area, bool covers, Paint paint) {
     if (mRecipe.use_count() > 1) {
-        // What was copied from this canvas is drawn anew where another ratio asks for it.
+        // Others may have copied from the old recipe. They redraw its pixels if they need them.
         const auto kept = std::exchange(mRecipe, std::make_shared<Recipe>(*mRecipe));
         kept->image = QImage();
         kept->ratio = 0;

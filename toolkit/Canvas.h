@@ -24,7 +24,7 @@ enum class RasterOp : std::uint32_t {
 
 /// What forms, picture boxes and surfaces draw on: a persistent 32-bit image, measured in logical
 /// pixels. The only class that knows how many screen pixels there are to a logical pixel. It
-/// remembers what was drawn, so that it can show the same at any ratio.
+/// remembers what was drawn, so that it can redraw it at any ratio.
 class Canvas {
 public:
     /// A black canvas of `width` x `height` logical pixels.
@@ -50,12 +50,12 @@ public:
     /// when the ratio has changed.
     using Paint = std::function<void(QImage&)>;
 
-    /// Draws. `paint` changes nothing outside `area` (logical pixels); with `covers` it leaves
-    /// nothing of what the area showed before.
+    /// Draws with `paint`, which changes nothing outside `area` (logical pixels). `covers` says
+    /// that it leaves nothing of what the area showed before.
     void Draw(const QRect& area, bool covers, Paint paint);
 
     /// Makes a picture of `size` logical pixels the content. `load` returns its screen pixels at
-    /// the ratio of the time.
+    /// the current ratio.
     void SetPicture(const QSize& size, const std::function<QImage()>& load);
 
     const QFont& Font() const { return mFont; }
@@ -97,8 +97,8 @@ using Hdc = Canvas*;
 /// The font of the board and the scores; `points` are 1/72 inch at 96 pixels an inch.
 QFont ScreenFont(double points, bool bold = false);
 
-/// The font of everything else: rounded, as the logo's letters are. To be asked for a bold one
-/// rather than made bold, which would only smear it.
+/// The font of everything else: rounded, as the logo's letters are. Pass `bold` instead of calling
+/// `QFont::setBold`, which would only smear it.
 QFont RoundFont(double points, bool bold = false);
 
 /// Fills the part of `area` (logical pixels) that lies on an image of screen pixels.

@@ -55,7 +55,7 @@ void CrossFade::Step() {
 }
 
 void CrossFade::draw(QPainter* painter) {
-    // Not by `drawSource`: a painter does not survive the painters of the widgets that it draws.
+    // Not by `drawSource`, which breaks the painter when the widgets use painters of their own.
     QPoint corner;
     const QPixmap now = sourcePixmap(Qt::LogicalCoordinates, &corner, NoPad);
     painter->drawPixmap(corner, now);

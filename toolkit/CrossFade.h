@@ -7,13 +7,13 @@
 
 namespace toolkit {
 
-/// Lets what an area of the window showed fade out over what it shows now. Only looks like it: the
-/// mouse, keys and screen readers find what is there, at once.
+/// Lets what an area of the window showed fade out over what it shows now. Only the picture fades:
+/// the mouse, keys and screen readers find the new content at once.
 class CrossFade : public QGraphicsEffect {
     Q_OBJECT
 public:
-    /// To be called before the area changes. Does nothing if it is not in sight, or if the user
-    /// wants less motion.
+    /// To be called before the area changes. Does nothing if the area is not visible, or if the
+    /// user wants less motion.
     static void Begin(QWidget& area);
 
 protected:
@@ -26,7 +26,7 @@ private:
     QWidget& mArea;
     QPixmap mBefore;
     QTimer mTimer;
-    QElapsedTimer mClock; // from the first step on: what comes may not be ready before
+    QElapsedTimer mClock; // from the first step on: the new content may take a while to be ready
 };
 
 } // namespace toolkit

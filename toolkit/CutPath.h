@@ -5,11 +5,11 @@
 
 namespace toolkit {
 
-/// The rectangle without its corners, of which `cut` goes each way: the outline that plain buttons,
+/// The rectangle with its corners cut off, `cut` long each way: the outline that plain buttons,
 /// text boxes and panels share.
 QPainterPath CutPath(const QRectF& area, double cut);
 
-/// Of the forms that do not fill the stage, in logical pixels.
+/// The cut of the forms that do not fill the stage, in logical pixels.
 constexpr double kPanelCut = 12;
 
 } // namespace toolkit

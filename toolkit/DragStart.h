@@ -5,7 +5,8 @@
 
 namespace toolkit {
 
-/// Tells a drag from a click: it begins as far from the place of the press as the desktop wants.
+/// Tells a drag from a click: a drag begins once the pointer is as far from the press as the
+/// desktop says.
 class DragStart {
 public:
     /// The button was pressed, at a place on the screen.

@@ -34,7 +34,8 @@ public:
     }
 };
 
-/// Tells types of files by their names. Qt's own reads the files, also on the window's thread.
+/// Tells types of files by their names. Qt's own provider reads the files, even on the window's
+/// thread.
 class TypesByName : public QFileIconProvider {
 public:
     using QFileIconProvider::icon;
@@ -83,7 +84,7 @@ FileDialog::FileDialog(QWidget* owner, const QString& title, const QString& fold
     mIsQts = name != nullptr;
     if (!mIsQts)
         return;
-    static auto* const types = new TypesByName; // threads of Qt's use it to the end
+    static auto* const types = new TypesByName; // Qt's threads use it to the end
     setIconProvider(types);
     // While the completer's list is open and folders are still being read, Qt overwrites what is
     // being typed with rows that it has selected.
@@ -93,7 +94,7 @@ FileDialog::FileDialog(QWidget* owner, const QString& title, const QString& fold
     constexpr int kTime = 3;
     for (const int column : {kSize, kTime})
         files->setItemDelegateForColumn(column, new PlainDigits(this));
-    constexpr int kIcon = 16; // those with a sign for links have no other size
+    constexpr int kIcon = 16; // pixels; icons marked as links have no other size
     for (auto* view : findChildren<QAbstractItemView*>())
         view->setIconSize(QSize(kIcon, kIcon));
     FillSideBar(*this);
@@ -104,7 +105,7 @@ FileDialog::FileDialog(QWidget* owner, const QString& title, const QString& fold
 FileDialog::~FileDialog() {
     if (!mIsQts)
         return;
-    // Qt stores them for the dialogs of all programs.
+    // Restored, because Qt stores them for the dialogs of all programs.
     setSidebarUrls(mSideBar);
     if (fileMode() == Directory)
         setViewMode(mViewMode);
@@ -183,7 +184,7 @@ void FileDialog::accept() {
 }
 
 bool FileDialog::IsPortals() const {
-    // As Qt finds out whether to use the portal.
+    // The same conditions as in Qt, which chooses the portal by them.
     return !mIsQts &&
            (qEnvironmentVariable("QT_QPA_PLATFORMTHEME") == QStringLiteral("xdgdesktopportal") ||
             QFile::exists(QStringLiteral("/.flatpak-info")) || qEnvironmentVariableIsSet("SNAP"));

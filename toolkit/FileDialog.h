@@ -16,7 +16,7 @@ public:
     /// Shows only the files that match one of `patterns` ("*.m3u *.pls"), without regard to case.
     void OfferFiles(const QString& description, const QString& patterns);
 
-    /// Offers a name for the file that is saved.
+    /// Suggests a name for the file to be saved.
     void OfferName(const QString& name) { mName = name; }
 
     /// Shows only folders, one of which is chosen.
@@ -35,7 +35,7 @@ protected:
     /// If not, the dialog opens again.
     virtual bool Takes(const QString&) { return true; }
 
-    /// Whether it is a portal's, which asks before a file is replaced even if it is told not to.
+    /// Whether it is a portal's dialog, which asks before replacing a file even if told not to.
     bool IsPortals() const;
 
 private:
@@ -44,7 +44,7 @@ private:
     void Wait();
 
     QString mName;                 ///< see `OfferName`
-    bool mIsQts;                   ///< rather than the desktop's
+    bool mIsQts;                   ///< Qt's own dialog, not the desktop's
     OddNames* mOddNames = nullptr; ///< in Qt's dialogs that open something, from `Choose` on
     QList<QUrl> mSideBar;          ///< as other programs have it
     ViewMode mViewMode;            ///< likewise

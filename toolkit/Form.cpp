@@ -42,7 +42,8 @@ bool TakesFocus(const QWidget& control, const QWidget& form) {
            (control.focusPolicy() & Qt::TabFocus) != 0;
 }
 
-/// How far `to` lies from `from` in the direction of an arrow key; nothing when it lies elsewhere.
+/// How far `to` lies from `from` in the direction of an arrow key; nothing if it does not lie
+/// there.
 std::optional<int> Way(const QRect& from, const QRect& to, int key) {
     const int left = from.left() - to.right();
     const int right = to.left() - from.right();

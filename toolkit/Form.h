@@ -60,7 +60,7 @@ public:
     /// Shows the form in the middle of the stage, which a whole screen fills, and gives it the
     /// keyboard focus.
     void ShowInPlace();
-    /// The same where it was put last.
+    /// The same, in the place where it was put last.
     void Appear();
 
     /// Minimises the program's window.
@@ -68,10 +68,10 @@ public:
 
     /// Gives the keyboard focus to the first control, for a form that has just appeared.
     void PlaceFocus();
-    /// Gives it back to the control that had it last.
+    /// Gives the keyboard focus back to the control that had it last.
     void ResumeFocus();
 
-    /// Whether a form in front keeps this one from being used.
+    /// Says whether a form in front keeps this one from being used.
     void SetBlocked(bool blocked);
 
     QAccessibleInterface* NewInterface() override;
@@ -84,7 +84,8 @@ Q_SIGNALS:
 protected:
     bool event(QEvent* event) override;
     bool focusNextPrevChild(bool next) override;
-    /// Whether a control belongs to the window's frame; no screen starts with the focus on it.
+    /// Whether a control belongs to the window's frame; no screen starts with the focus on such a
+    /// one.
     virtual bool IsOfFrame(const QWidget*) const { return false; }
     void paintEvent(QPaintEvent* event) override;
     void hideEvent(QHideEvent* event) override;

@@ -4,8 +4,8 @@
 
 namespace toolkit {
 
-/// What glides: `width` x `height` logical pixels of a sprite and its mask, both taken from
-/// (sourceX, sourceY).
+/// A sprite that glides: `width` x `height` logical pixels of an image and its mask, both taken
+/// from (sourceX, sourceY).
 struct Sprite {
     Hdc image;
     Hdc mask;

@@ -4,7 +4,7 @@
 
 namespace toolkit {
 
-/// How the columns of a list share its width. A border is numbered as the column before it.
+/// How the columns of a list share its width. A border has the number of the column before it.
 class ListColumns {
 public:
     ListColumns() = default;
@@ -23,7 +23,7 @@ public:
     void MoveBorder(int border, int x, int width);
 
     std::vector<int> Widths(int width) const;
-    /// Nothing happens if there are not as many columns, or if one of them is too narrow.
+    /// Does nothing unless there is one width for each column and none is too narrow.
     void SetWidths(const std::vector<int>& widths);
 
 private:

@@ -25,7 +25,7 @@ void DrawSubHeaderCell(Hdc dc, const QRect& cell, const QString& text, HeaderLoo
 /// The ground of a line; every other line is a little lighter.
 void DrawLineGround(Hdc dc, const QRect& line, bool lighter, LineLook look);
 
-/// The edge of a line that the keyboard is on, but that is not selected.
+/// The edge of a line that has the keyboard cursor but is not selected.
 void DrawLineFrame(Hdc dc, const QRect& line);
 
 /// Where dragged lines would go: between two lines, at `y`, in or at the edge of `area`.

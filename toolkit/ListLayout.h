@@ -14,7 +14,7 @@ class ListLayout {
 public:
     enum class Part { None, Header, Border, SubHeader, Lines, Scroller };
 
-    /// A part, and its column if it has columns. A border is the end of a column in the header.
+    /// A part, and the column if it has columns. A border is the end of a column in the header.
     struct Spot {
         Part part = Part::None;
         int column = -1;

@@ -36,7 +36,7 @@ QString ShownColumn(const QString& text, int column) {
 }
 
 bool ShownAsItIs(const QString& text) {
-    // No control character, and none that may be an escape or a part of another character.
+    // No control character, and none that may be an escape or part of a surrogate pair.
     return std::ranges::all_of(text, [](QChar c) {
         return c >= QChar(0xA0) ? c < QChar(0xD800) : c >= QChar(0x20) && c < QChar(0x7F);
     });

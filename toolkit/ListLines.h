@@ -10,7 +10,7 @@ namespace toolkit {
 /// One of the "\"-separated columns of a line's text, ready to be shown; empty if there is none.
 QString ShownColumn(const QString& text, int column);
 
-/// Whether there is nothing in the text that is shown in another way than it is written.
+/// Whether the text is displayed exactly as it is stored.
 bool ShownAsItIs(const QString& text);
 
 /// The lines of a list, each a text and a key. Line numbers must exist.
@@ -37,7 +37,8 @@ private:
 
     std::uint32_t Place(int line) const { return mOrder[static_cast<std::size_t>(line)]; }
 
-    // So that removing one of very many lines only moves small numbers.
+    // Lines are stored apart from their order, so that removing one of very many only moves small
+    // numbers.
     std::vector<Line> mPool;
     std::vector<std::uint32_t> mOrder;
     std::vector<std::uint32_t> mFree;

@@ -33,7 +33,7 @@ QSize SizeOf(const QString& text) {
     constexpr int kWidest = 620;
     const QFontMetrics metrics(RoundFont(kControlFont));
     const QSize size = metrics.boundingRect(QRect(0, 0, kWidest, 0), Qt::TextWordWrap, text).size();
-    return size + QSize(size.width() / 20 + 4, 4); // in other sizes lines are a little wider
+    return size + QSize(size.width() / 20 + 4, 4); // lines are wider at some sizes of the stage
 }
 
 /// With an ellipsis in place of the lines for which there is no room.

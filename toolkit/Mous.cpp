@@ -14,7 +14,7 @@ namespace toolkit {
 
 namespace {
 
-/// Calls `move` with the way of the mouse since the start, until the button is released.
+/// Calls `move` with how far the mouse has moved since the start, until the button is released.
 class Drag : public QObject {
 public:
     explicit Drag(std::function<void(QPoint)> move) : mMove(std::move(move)) {
@@ -71,7 +71,7 @@ void DragWindow(QWidget& window, Qt::Edges edges) {
     QWindow* handle = window.windowHandle();
     if (handle == nullptr || (edges ? handle->startSystemResize(edges) : handle->startSystemMove()))
         return;
-    // The window manager does not, or there is none.
+    // The window manager cannot do it, or there is none.
     new Drag([window = QPointer(&window), from = window.geometry(), edges](QPoint way) {
         if (!window)
             return;

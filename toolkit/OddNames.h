@@ -11,11 +11,11 @@ class QUrl;
 
 namespace toolkit {
 
-/// Adds to one of Qt's file dialogs what Qt leaves out: files (or folders, in a dialog for folders)
-/// whose names are not valid text. Hidden in a folder that has none.
+/// A list, for one of Qt's file dialogs, of what Qt leaves out: files (or folders, in a dialog for
+/// folders) whose names are not valid text. Hidden in a folder that has none.
 class OddNames : public QListWidget {
 public:
-    /// Becomes part of the dialog. The dialog's mode and filters must be set before.
+    /// Becomes part of the dialog, whose mode and filters must already be set.
     explicit OddNames(QFileDialog& dialog);
 
     /// The selected path, as from `platform::TextFromPath`; empty if there is none.
@@ -32,7 +32,8 @@ private:
 };
 
 /// The path that a dialog's answer stands for, as from `platform::TextFromPath`. Desktops answer in
-/// valid text: a name that is none is the one that looks the same, if there is only one.
+/// valid text, with U+FFFD for anything else: such a name stands for the file whose name looks the
+/// same, if there is only one.
 QString PathOfAnswer(const QUrl& answer);
 
 } // namespace toolkit

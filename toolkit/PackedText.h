@@ -5,7 +5,7 @@
 
 namespace toolkit {
 
-/// A text in half the memory if it holds nothing but Latin-1.
+/// A text that takes half the memory if it holds nothing but Latin-1.
 class PackedText {
 public:
     PackedText() = default;

@@ -20,8 +20,8 @@ constexpr ColorRef kField = Rgb(10, 8, 36);     // text boxes; almost black
 constexpr ColorRef kListGround = Rgb(8, 6, 28); // so dark that red text is readable on it
 constexpr ColorRef kNavy = Rgb(0, 0, 100);
 
-// A line of a list that counts less than others, and such a marked one; readable on a selected
-// line.
+// A list line of lesser weight, such as a missing song, and a marked one of that kind; both
+// readable on a selected line.
 constexpr ColorRef kGreyText = Rgb(150, 152, 190);
 constexpr ColorRef kGreyMarked = Rgb(214, 112, 122);
 

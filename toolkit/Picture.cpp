@@ -85,8 +85,8 @@ QSize Times(const QSize& size, double factor) {
                  static_cast<int>(std::lround(size.height() * factor)));
 }
 
-/// To a multiple of its size every pixel is repeated; otherwise colours are blended. Black is
-/// transparent and stays so: it is not blended into the colours beside it, and a pixel less than
+/// Scaled to a multiple of its size, every pixel is repeated; otherwise colours are blended. Black
+/// is transparent and stays so: it is not blended into the colours beside it, and a pixel less than
 /// half covered by them is black.
 QImage Scaled(const QImage& picture, const QSize& size) {
     if (picture.isNull() || size == picture.size())

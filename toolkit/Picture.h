@@ -24,7 +24,7 @@ QImage LoadGround(const QString& name, QSize size);
 /// A picture for a canvas; see `Canvas::SetPicture`.
 struct Picture {
     QSize size;                   ///< in logical pixels; empty if there is none
-    std::function<QImage()> load; ///< its screen pixels at the ratio of the time
+    std::function<QImage()> load; ///< its screen pixels at the current ratio
 };
 
 /// The skin of that name: three frames of equal height, stacked, in which black is transparent.

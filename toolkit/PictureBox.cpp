@@ -100,7 +100,7 @@ bool PictureBox::TakesInput() const {
 }
 
 void PictureBox::setVisible(bool visible) {
-    // Otherwise Qt would move the focus to the next button; who has it next is the form's choice.
+    // Otherwise Qt would move the focus to the next button; the form decides which control gets it.
     if (!visible && hasFocus())
         parentWidget()->setFocus();
     QWidget::setVisible(visible);

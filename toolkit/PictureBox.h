@@ -39,7 +39,7 @@ public:
     /// Makes the box a button for keyboards and screen readers. The frame that shows the focus has
     /// corners with a radius of `radius` logical pixels.
     void SetButton(double radius);
-    /// The same for a button that looks as `PaintPlainFace` has it.
+    /// The same for a button painted by `PaintPlainFace`.
     void SetPlainButton();
     bool IsButton() const { return mButton; }
 
@@ -68,7 +68,7 @@ Q_SIGNALS:
     void MouseDown(double x, double y);
     void MouseUp(double x, double y);
     void MouseMoved(double x, double y);
-    /// The pointer left the box or moves outside of it with a button held down, or the box was
+    /// The pointer left the box, is moving outside it with a button held down, or the box was
     /// hidden.
     void MouseOutside();
     /// Pressed by Enter, by Space or by a screen reader.

@@ -5,8 +5,8 @@
 
 class QWidget;
 
-/// Where controls lie on the stage, in logical pixels of what they lie on, however large the stage
-/// is shown.
+/// Where controls lie on the stage: in logical pixels of what they lie on, whatever size the stage
+/// is shown at.
 namespace toolkit {
 
 /// Qt's pixels per logical pixel.
@@ -22,7 +22,7 @@ QRect PlaceOf(const QWidget& control);
 void SetFontPoints(QWidget& control, double points);
 constexpr double kControlFont = 11;
 
-/// Gives all other controls theirs, at the scale of the time.
+/// Gives all other controls their font, at the current scale.
 void SetControlFonts();
 
 /// Qt's pixels as logical ones, and the reverse; adjacent areas neither overlap nor leave a gap.

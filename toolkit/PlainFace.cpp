@@ -67,8 +67,8 @@ void PaintGlow(QPainter& painter, const QRectF& face, double cut, const QColor& 
     painter.restore();
 }
 
-/// Light above and to the left, dark below and to the right; the one becomes the other along two
-/// of the cut corners.
+/// Light above and to the left, dark below and to the right, with a transition along two of the cut
+/// corners.
 QConicalGradient EdgesOf(const QRectF& face, double cut, const PlainFace& look) {
     const double across = face.width() / 2;
     const double up = face.height() / 2;

@@ -27,7 +27,7 @@ constexpr PlainFace kBlueFaces[] = {
 double CutOf(const QRectF& button);
 
 /// Paints a button with cut corners that is lit from above and stands on a lip, as the skins do.
-/// It has the same outline in all looks: depth is light.
+/// Its outline is the same in all looks; only light shows depth.
 void PaintPlainFace(QPainter& painter, const QRectF& area, const PlainFace& face);
 
 } // namespace toolkit

@@ -15,13 +15,13 @@ void PopUpMenu(QWidget& owner, const QPoint& at, const std::vector<MenuEntry>& e
             menu->addSeparator();
             continue;
         }
-        // File names must not be taken for letters that are underlined.
+        // An "&" in a file name must not underline a letter.
         QString text = QString(entry.text).replace(u'&', QStringLiteral("&&"));
         if (!entry.keys.isEmpty())
             text += u'\t' + entry.keys;
         QAction* action = menu->addAction(text);
         action->setEnabled(entry.usable);
-        // Once the menu is gone, as messages and dialogs may come.
+        // Queued until the menu is gone, because messages and dialogs may follow.
         QObject::connect(action, &QAction::triggered, &owner, entry.act, Qt::QueuedConnection);
     }
     menu->popup(at);

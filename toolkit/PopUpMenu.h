@@ -11,13 +11,14 @@ namespace toolkit {
 
 struct MenuEntry {
     QString text = {}; ///< empty for a line between the others
-    QString keys = {}; ///< that do the same, as they are written on the keyboard
+    QString keys = {}; ///< shortcut, as written on the keyboard
     std::function<void()> act = {};
     bool usable = true;
 };
 
-/// Opens a menu at a point of the screen and returns; it does what is chosen, if anything. It goes
-/// with `owner`, whose name it has. Opened by a key it begins on its first entry.
+/// Opens a menu at a point of the screen and returns at once; what is chosen is done later. The
+/// menu has the name of `owner` and is destroyed with it. Opened by a key, it starts on its first
+/// entry.
 void PopUpMenu(QWidget& owner, const QPoint& at, const std::vector<MenuEntry>& entries);
 
 } // namespace toolkit

@@ -49,7 +49,7 @@ bool SameKey(const QKeyEvent& one, const QKeyEvent& other) {
     return SourceOf(one).number == SourceOf(other).number;
 }
 
-/// Whether what is typed there has its repeats: letters, and Backspace.
+/// Whether a held key repeats there: letters, and Backspace.
 bool TakesText(const QWidget* control) {
     const auto* box = qobject_cast<const PictureBox*>(control);
     return qobject_cast<const QLineEdit*>(control) != nullptr ||
@@ -96,7 +96,7 @@ bool IsShown(const QObject& object) {
 QPointF PlaceOfPress(const QMouseEvent& event) { return event.globalPosition(); }
 QPointF PlaceOfPress(const QKeyEvent&) { return {}; }
 
-/// Whether a press may be the second half of a double click, for all that its place tells.
+/// Whether a press is close enough to be the second half of a double click.
 template <typename Event> bool IsNear(QPointF first, const Event& second) {
     return (PlaceOfPress(second) - first).manhattanLength() <=
            QGuiApplication::styleHints()->mouseDoubleClickDistance();
@@ -180,13 +180,13 @@ private:
 
     quint64 Now() const { return static_cast<quint64>(mClock.elapsed()); }
 
-    /// Whether the key was released at the time of this press: so X tells that a key repeats. Qt
-    /// recognises that only if both events have arrived when it looks.
+    /// Whether the key was released at the very time of this press, which is how X reports a
+    /// repeat. Qt recognises that only if both events have arrived when it looks.
     bool IsReleased(const QKeyEvent& press) const {
         return mRelease && SameKey(*mRelease, press) && mRelease->timestamp() == press.timestamp();
     }
 
-    /// Keeps a release until it is sure that the key does not just repeat.
+    /// Keeps a release until it is certain that the key is not just repeating.
     bool HoldBack(QWindow& window, const QKeyEvent& event) {
         constexpr int kRepeatsWithin = 30; // milliseconds
         PassRelease();

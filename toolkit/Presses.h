@@ -2,13 +2,12 @@
 
 namespace toolkit {
 
-/// What the player used last, in any window of the program.
+/// What the player used last in any window of the program.
 enum class Input { None, Mouse, Keys };
 
 Input LastInput();
 
-/// From now on, whatever control has the focus or lies under the pointer, and whatever the system
-/// sends:
+/// From now on the following holds for all controls, whatever the system sends:
 /// - The second of two presses of one key, or of a button at one place, within the time of a double
 ///   click is left out, with its release, when a form, a picture box or a dialog was shown or
 ///   hidden in between.

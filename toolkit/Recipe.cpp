@@ -7,7 +7,7 @@ namespace toolkit {
 
 namespace {
 
-/// A drawing that goes on without ever covering itself is kept as the picture that it has become.
+/// A drawing that takes more steps than this without covering itself is kept as a picture.
 constexpr std::size_t kMostSteps = 1000;
 
 Canvas::Paint PaintPicture(const QImage& picture) {

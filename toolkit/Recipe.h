@@ -7,12 +7,12 @@
 
 namespace toolkit {
 
-/// How a canvas came to look as it does: what was drawn on it, in order. Whoever copies from a
-/// canvas keeps its recipe, which stays as it is when the canvas is drawn on again.
+/// What was drawn on a canvas, in order. Whoever copies from a canvas keeps its recipe, which stays
+/// as it is when the canvas is drawn on again.
 struct Recipe {
     explicit Recipe(const QSize& logicalSize) : size(logicalSize) {}
 
-    /// The picture at the ratio of the time.
+    /// The picture at the current ratio.
     QImage& Pixels();
 
     /// Adds what was drawn and forgets what it has covered.

@@ -15,7 +15,7 @@ public:
 
     /// Copies the program's background over the whole form, and forgets its captions.
     void CopyBackground();
-    /// Copies it over a part of the form.
+    /// Copies the background over a part of the form.
     void CopyBackground(const QRect& area);
 
     PictureBox* pX;

@@ -136,7 +136,7 @@ void Stage::SetFullScreen(bool full) {
     QTimer::singleShot(kManagersTime, this, [this] { MakeGeometryFit(); });
 }
 
-/// Does what nobody does without a window manager.
+/// Does what a window manager would do, if there is none.
 void Stage::MakeGeometryFit() {
     const bool fills = size() == screen()->size();
     if (isFullScreen() && !fills)

@@ -10,13 +10,13 @@
 
 namespace toolkit {
 
-/// The program's window, borderless and of any size: it shows the 800 x 600 logical pixels on which
-/// all forms lie as large as it is, and the background while none of them is shown. A wider or
-/// higher window carries on the edges of the background.
+/// The program's window, borderless and of any size. It shows the 800 x 600 logical pixels on which
+/// all forms lie as large as it can, and the background while no form is shown. A wider or taller
+/// window carries on the edges of the background.
 class Stage : public QWidget, public Accessible {
     Q_OBJECT
 public:
-    /// The stage of the program. Made when it is first asked for; it goes with the application
+    /// The stage of the program. Created by the first call, and destroyed with the application
     /// object.
     static Stage& Get();
 
@@ -32,7 +32,7 @@ public:
 
     /// The sizes that fit the screen.
     std::vector<int> Sizes() const;
-    /// The present one; not one of these if the window was resized by its edges.
+    /// The present size; not one of `Sizes` if the window was resized by its edges.
     int Size() const;
     /// Gives the window another size, with the same middle; 0 for that of a first start. Ends full
     /// screen.
@@ -40,8 +40,8 @@ public:
     /// The next larger size (1) or the next smaller one (-1), if there is one.
     void StepSize(int direction);
 
-    /// Has everything drawn anew if the window has come to a screen of another density. To be
-    /// called before anything of the stage is painted.
+    /// Redraws everything if the window has come to a screen of another density. To be called
+    /// before anything on the stage is painted.
     void CheckDensity();
 
     void SetFullScreen(bool full);

@@ -16,8 +16,8 @@ constexpr QSize kStageSize(800, 600);
 /// The sizes to choose from: those that fit, ascending.
 std::vector<int> SizesThatFit(const QSize& available);
 
-/// The size of a first start: as large as leaves something of the desktop to be seen, and in any
-/// case one that fits.
+/// The size for a first start: large, but with some of the desktop still visible, and always one
+/// that fits.
 int ComfortableSize(const QSize& available);
 
 QSize WindowSizeOf(int percent);
@@ -25,9 +25,9 @@ QSize WindowSizeOf(int percent);
 /// The largest window of the stage's shape that fits into `window`.
 QSize FittedSize(const QSize& window);
 
-/// Where the window appears: where it was last, moved into the screen that it was on and made
-/// smaller if it must be; or else in the middle of the first screen. `screens`: what is available
-/// of each; not empty.
+/// Where the window appears: where it was last, moved and if need be shrunk to fit the screen that
+/// it was on; or else in the middle of the first screen. `screens` has the available area of each
+/// and is not empty.
 QRect StartPlace(const std::optional<QRect>& last, const std::vector<QRect>& screens);
 
 } // namespace toolkit

@@ -6,7 +6,7 @@ namespace toolkit {
 /// program's colours and fonts.
 void ApplyStyle();
 
-/// Has numbers written as in the program's English texts, with ASCII digits, whatever the system's
+/// Writes numbers as in the program's English texts, with ASCII digits, whatever the system's
 /// locale. Names are still sorted by the system's locale.
 void WriteNumbersInEnglish();
 

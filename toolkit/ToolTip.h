@@ -4,7 +4,7 @@
 
 namespace toolkit {
 
-/// What a tool tip must be given so that it shows `text` as it is, even if that looks like HTML.
+/// The text of a tool tip that shows `text` as it is, even if it looks like HTML.
 QString ToolTipOf(const QString& text);
 
 } // namespace toolkit

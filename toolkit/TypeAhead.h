@@ -7,7 +7,7 @@
 namespace toolkit {
 
 /// Finds the line that begins with what is being typed. Letters typed within a second of each other
-/// belong together; case and accents do not count.
+/// belong together; case and accents are ignored.
 class TypeAhead {
 public:
     /// Adds `typed` to the text and returns the first line that begins with it, from `selected` on

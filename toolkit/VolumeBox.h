@@ -5,8 +5,8 @@
 
 namespace toolkit {
 
-/// The control of the program's volume: a speaker, which mutes, and beside it the level, which the
-/// mouse, its wheel and the arrow keys change. All of them show the same volume.
+/// The control for the program's volume: a speaker, which mutes, and beside it the level, which the
+/// mouse, its wheel and the arrow keys change. All volume boxes show the same volume.
 class VolumeBox : public PictureBox {
     Q_OBJECT
 public:

@@ -64,7 +64,7 @@ void WindowGrip::Release() {
     FitAfterResize();
 }
 
-/// Window managers that resize the window do not tell when they are done, but the mouse comes back.
+/// Window managers do not report the end of a resize, but the mouse then comes back to the window.
 void WindowGrip::FitAfterResize() {
     if (!std::exchange(mResized, false) || mWindow.isFullScreen() || mWindow.isMaximized())
         return;

@@ -9,8 +9,8 @@ class QWidget;
 
 namespace toolkit {
 
-/// Lets the player move a borderless window by its ground and resize it by its edges, unless it
-/// fills the screen. The window passes its events on.
+/// Lets the player move a borderless window by its background and resize it by its edges, unless it
+/// fills the screen. The window forwards its events.
 class WindowGrip {
 public:
     explicit WindowGrip(QWidget& window) : mWindow(window) {}

@@ -31,7 +31,7 @@ public:
           mEnding(pattern.mid(pattern.lastIndexOf(u'*') + 1)) {
         setAcceptMode(AcceptSave);
         setFileMode(AnyFile);
-        setOption(DontConfirmOverwrite); // asked below, where the ending is known
+        setOption(DontConfirmOverwrite); // asked below, once the ending is known
     }
 
 private:

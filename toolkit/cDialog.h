@@ -9,9 +9,9 @@
 /// current one.
 class cDialog {
 public:
-    /// Asks for a file to save to, as it was typed, or `initialName`: the caller adds the pattern's
-    /// ending where it is missing. If a file of that whole name exists, asks whether to replace
-    /// it. "" if cancelled.
+    /// Asks for a file to save to, suggesting `initialName`. Returns the path as typed; the caller
+    /// adds the pattern's ending where it is missing. Asks before replacing a file that has the
+    /// name with that ending. "" if cancelled.
     static QString GetSaveName(const QString& title, const QString& description,
                                const QString& pattern, const QString& initialName = QString());
 

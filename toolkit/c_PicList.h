@@ -52,8 +52,8 @@ public:
     /// moves to the line that took its place, or to the last one.
     void RemoveLine(int line);
 
-    /// Redraws the list as soon as events run, however often it is called before that; at most once
-    /// in 16 milliseconds, and not while the box is hidden.
+    /// Redraws the list from the event loop, only once however often it is called before that; at
+    /// most every 16 milliseconds, and not while the box is hidden.
     void Refresh();
 
     int LineCount() const;
@@ -67,14 +67,14 @@ public:
     /// Selects a line and scrolls to it, as a click does without modifier keys: `LineSelChanged` is
     /// raised. Nothing happens if there is no such line.
     void SelectLine(int line);
-    /// Selects a line and does nothing else: the list does not scroll, and the keyboard stays where
-    /// it is.
+    /// Selects a line and does nothing else: the list does not scroll, and the keyboard cursor
+    /// stays where it is.
     void MoveSelection(int line);
-    /// The line that the keyboard is on: the one selected last by the player, or another one that
-    /// Ctrl and the arrow keys lead to. -1 if there is none.
+    /// The line with the keyboard cursor: the one that the player selected last, or moved to with
+    /// Ctrl and the arrow keys. -1 if there is none.
     int CursorLine() const;
 
-    /// Lets the owner say which lines are marked: they are chosen as the selected one is.
+    /// Lets the owner say which lines are marked: these are chosen just like the selected one.
     void SetMarks(std::function<bool(int line)> isMarked);
     /// Whether a line is selected or marked.
     bool IsChosen(int line) const;
@@ -86,22 +86,22 @@ public:
     /// does not exist sorts nothing.
     std::vector<int> SortByHeader(int column, int mode);
 
-    /// Puts line `order[n]` at n. The selection stays on its line, and the list is not known as
-    /// sorted any more.
+    /// Puts line `order[n]` at n. The selection stays on its line, and the list does not count as
+    /// sorted afterwards.
     void Reorder(const std::vector<int>& order);
 
-    /// Moves lines, in the order that they have, to before the line `before`, or to the end if that
-    /// is the number of lines. `lines` ascend and exist. The selection stays on its line. Returns
-    /// the number that each line had before.
+    /// Moves lines, keeping their order, to before the line `before`, or to the end if that is the
+    /// number of lines. `lines` are in ascending order and must exist. The selection stays on its
+    /// line. Returns the number that each line had before.
     std::vector<int> MoveLines(const std::vector<int>& lines, int before);
 
     /// The column that the list counts as sorted by; -1 if there is none.
     int SortedColumn() const;
     bool IsSortedDownwards() const;
 
-    /// The first line from `from` on (forward: downwards) that holds `text` in one of its columns,
-    /// ignoring case. -1 if there is none. The last line and the first follow each other, so that
-    /// `from` may be the number of lines, or -1.
+    /// The first line from `from` on, downwards if `forward`, that holds `text` in one of its
+    /// columns, ignoring case; -1 if there is none. The search wraps around, and `from` may be the
+    /// number of lines, or -1.
     int FindText(const QString& text, int from, bool forward) const;
 
     /// Sets the text under the header, one piece for each column; the strip is hidden while it is
@@ -136,8 +136,8 @@ Q_SIGNALS:
     void LineSelChanged(int line);
     /// A line was double-clicked, or Enter was pressed on it.
     void LineDoubleClicked(int line);
-    /// A menu for a line is wanted, at a place in logical pixels of the stage: by the right button,
-    /// which selects the line and leaves the marks of a marked one, or by the keyboard.
+    /// A menu for a line is wanted, at a place in logical pixels of the stage. Raised by the right
+    /// button, which selects the line and keeps the marks if it is marked, or by the keyboard.
     void LineRightClicked(int line, QPoint place);
     /// The list was sorted by another column than before, or in the other direction. It counts as
     /// sorted until a line is appended or a line's text changes.

@@ -62,7 +62,7 @@ bool c_PicList::Key(const QKeyEvent& event) {
     if (!mState->dragged.empty()) {
         if (event.key() == Qt::Key_Escape)
             EndLineDrag();
-        return true; // another one might change the lines
+        return true; // another key might change the lines
     }
     if (event.matches(QKeySequence::SelectAll)) {
         Q_EMIT SelectAllWanted();

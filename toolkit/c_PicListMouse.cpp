@@ -29,7 +29,7 @@ double WheelWay(const QWheelEvent& event, int lineHeight) {
 }
 
 /// How many lines at a time the list scrolls down while lines are dragged to `y`: none in the
-/// middle of the list, more the farther out.
+/// middle of the list, and more the farther out `y` is.
 int ScrollAt(const ListLayout& layout, double y) {
     const int height = layout.LineHeight();
     const double upper = layout.Lines().y() + height / 2.0 - y;
@@ -65,7 +65,7 @@ void c_PicList::Press(const QMouseEvent& event) {
     }
 }
 
-/// Marked lines may be dragged together, so that a click only counts when it is over.
+/// Marked lines may be dragged together, so a click on one only counts at its release.
 void c_PicList::PressLine(int line, const QMouseEvent& event) {
     const bool plain = !(event.modifiers() & (Qt::ShiftModifier | Qt::ControlModifier));
     if (plain && Exists(line) && mState->isMarked(line))
@@ -217,7 +217,7 @@ void c_PicList::ShowCursor() {
                                    : Qt::ArrowCursor);
 }
 
-/// The text of a cell that does not fit it.
+/// Shows the whole text of a cell that is too narrow for it.
 void c_PicList::ShowWhole(const QHelpEvent& event) {
     const QPointF place = ToLogical(event.pos());
     const int line = LineAt(place);

@@ -31,20 +31,20 @@ struct c_PicList::State {
     toolkit::TypeAhead typeAhead;
     toolkit::ListLayout::Spot hover;
     toolkit::ListLayout::Spot pressed;
-    toolkit::ListColumns columnsBefore; // a border is dragged
-    double borderGrip = 0;              // beside it
+    toolkit::ListColumns columnsBefore; // from before a border was dragged
+    double borderGrip = 0;              // from the border to the pointer
 
     toolkit::DragStart dragStart; // of lines
-    int waiting = -1;             // a marked line that was pressed; selected at the release
+    int waiting = -1;             // a marked line that was pressed, to be selected at the release
     std::vector<int> dragged;
-    int dropBefore = 0; // this line, or the end
+    int dropBefore = 0; // a line, or their number
     QPointF dragPlace;
     QTimer dragScroll;    // while the pointer is at an edge
     double wheelRest = 0; // of a pixel
 
     bool dirty = false;
     int announcedCount = 0;    // of lines, to screen readers
-    bool linesChanged = false; // since screen readers were told
+    bool linesChanged = false; // not yet told to screen readers
     QElapsedTimer sinceDrawn;
     QTimer drawTimer;
 };
