@@ -35,7 +35,7 @@ std::atomic<bool> gNoDevice = false;
 
 bool NoDevice() { return gNoDevice; }
 
-/// What is needed of a device.
+/// What the voice needs of a device, shared with the threads that see to it.
 struct Output::Need {
     explicit Need(std::shared_ptr<Voice> of) : voice(std::move(of)) {}
 

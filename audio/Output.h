@@ -25,10 +25,10 @@ public:
     /// Says that the voice will probably begin within the next seconds, at `rate` frames a second.
     void Expect(int rate);
 
-    /// It has begun.
+    /// Says that it has begun.
     void Begin(int rate);
 
-    /// It has ended, perhaps only for an instant.
+    /// Says that it has ended, perhaps only for an instant.
     void End();
 
     /// Says that a short sound was added to it, which a device of any rate can play.

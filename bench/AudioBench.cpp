@@ -59,7 +59,7 @@ void MeasureLoudness(benchmark::State& state, const tonefile::Kind& kind) {
     fs::remove(path);
 }
 
-/// The end of a player that has just begun to measure an hour of music.
+/// Destroying a player that has just begun to measure an hour of music.
 void QuitWhileMeasuring(benchmark::State& state, const tonefile::Kind& kind) {
     const fs::path path = FileOf(kind.name, kind.make());
     for (auto _ : state) {
@@ -73,9 +73,9 @@ void QuitWhileMeasuring(benchmark::State& state, const tonefile::Kind& kind) {
     fs::remove(path);
 }
 
-/// What a player waits for after the press on Play: until the first sample was handed to the device
-/// and its buffer of 10 ms has passed, that is until the position moves. The song was got ready and
-/// the device opened before, as while a question is shown.
+/// How long a player waits after pressing Play: until the first sample was handed to the device and
+/// its buffer of 10 ms has passed, that is until the position moves. The song is ready and the
+/// device open already, as while a question is shown.
 void PlayUntilHeard(benchmark::State& state, const tonefile::Kind& kind, Disk disk) {
     setenv("SDL_AUDIODRIVER", "dummy", 0);
     const fs::path path = FileOf(kind.name, kind.make());

@@ -26,8 +26,8 @@ public:
     }
 };
 
-/// Adds the songs of the music tree that often. The list is drawn as songs come, as far as the
-/// screen can show that.
+/// Adds the songs of the music tree that many times. The list is drawn as songs come, as often as a
+/// screen can show it.
 void Fill(c_Editor& editor, int times) {
     const std::filesystem::path music = MusicTree();
     editor.Form().ShowInPlace();
@@ -48,7 +48,8 @@ void AddTenThousandFiles(benchmark::State& state) {
 }
 BENCHMARK(AddTenThousandFiles)->Unit(benchmark::kMillisecond);
 
-/// Of an editor with 100,000 songs; the counter tells how many bytes each of them takes after it.
+/// How long an editor with 100,000 songs takes to `act`; the counter says how many bytes each song
+/// takes after that.
 void Answer(benchmark::State& state, void (*act)(c_Editor& editor)) {
     const Ground ground;
     const auto used = [] { return static_cast<double>(mallinfo2().uordblks + mallinfo2().hblkhd); };

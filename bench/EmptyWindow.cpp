@@ -1,4 +1,4 @@
-// The measure for the program's start: a window of its size with nothing in it.
+// What the program's start is compared with: a window of its size with nothing in it.
 
 #include <QApplication>
 #include <QWidget>

@@ -70,7 +70,7 @@ void ScanWithTags(benchmark::State& state, const fs::path& (*tree)()) {
     }
 }
 
-// The scan has threads, so that it is the time by the clock that counts.
+// The scan uses threads, so the time by the clock is what counts.
 BENCHMARK_CAPTURE(ScanFloor, Id3v1, MusicTree)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK_CAPTURE(ScanWithTags, Id3v1, MusicTree)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK_CAPTURE(ScanFloor, Pictures, PictureTree)->Unit(benchmark::kMillisecond)->UseRealTime();

@@ -82,7 +82,7 @@ void Sort(benchmark::State& state) {
 }
 BENCHMARK(Sort)->DenseRange(0, 2)->Unit(benchmark::kMillisecond);
 
-/// What is found nowhere: every line is looked at.
+/// The text is found nowhere, so every line is looked at.
 void FindInVain(benchmark::State& state) {
     SongList songs;
     songs.Fill();
@@ -116,7 +116,7 @@ void KeyToPicture(benchmark::State& state) {
 }
 BENCHMARK(KeyToPicture)->Unit(benchmark::kMicrosecond);
 
-/// Nothing begins with it: every line is looked at.
+/// No line begins with it, so every line is looked at.
 void TypeALetterInVain(benchmark::State& state) {
     SongList songs;
     songs.Fill();

@@ -15,7 +15,7 @@ using namespace std::chrono_literals;
 std::atomic<Disk> gDisk = Disk::Fast;
 std::atomic<int> gReads = 0;
 
-/// As long as a read of that many bytes takes on the disk.
+/// Waits as long as a read of that many bytes takes on the disk.
 void Delay(std::size_t bytes) {
     constexpr int kStallEvery = 40;
     if (gDisk == Disk::FiveMegabytes)
@@ -26,7 +26,7 @@ void Delay(std::size_t bytes) {
 
 } // namespace
 
-// Takes the place of the system's, through which songs are read.
+// Replaces the system's function, through which songs are read.
 extern "C" ssize_t pread(int file, void* to, size_t count, off_t offset) {
     const auto got = syscall(SYS_pread64, file, to, count, offset);
     Delay(static_cast<std::size_t>(std::max<long>(got, 0)));

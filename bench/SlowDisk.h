@@ -1,6 +1,6 @@
 #pragma once
 
-/// How long reads of songs take.
+/// How fast songs are read.
 enum class Disk {
     Fast,
     FiveMegabytes, ///< five megabytes a second

@@ -1,5 +1,5 @@
-// How long players wait for a game, and for how long the window answers nothing, on disks of
-// several kinds. A player listens for a second and looks at the result for half of one.
+// How long players wait for a game, and how long the window stops responding, on disks of several
+// kinds. A player listens for a second and looks at the result for half of one.
 
 #include "audio/c_XAudio.h"
 #include "bench/SlowDisk.h"
@@ -43,7 +43,7 @@ double Milliseconds(Clock::duration time) {
     return std::chrono::duration<double, std::milli>(time).count();
 }
 
-/// Has the window answer all the time, and notes the longest time that one answer took.
+/// Asks the window for an answer all the time, and notes the longest time that one took.
 class Heartbeat {
 public:
     Heartbeat() : mThread([this](const std::stop_token& stop) { Beat(stop); }) {}

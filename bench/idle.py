@@ -1,8 +1,8 @@
 #!/usr/bin/python3
 """idle.py <program folder> [seconds]
 The share of a processor core that the waiting program takes: at the menu, at a question whose clip
-has not begun, and beside them with the clip and the clock running. Below 1 % is wanted where it only
-waits. A screen reader listens all the time, as the program is driven like that."""
+has not begun and, for comparison, with the clip and the clock running. Below 1 % is wanted while it
+only waits. A screen reader listens all the time, because the program is driven through one."""
 
 import os
 import sys
@@ -16,9 +16,9 @@ from program import open_program
 
 
 def used_seconds(program):
-    """Of the processor so far, for itself and in the system."""
+    """Processor time so far, in the program and in the system on its behalf."""
     stat = Path(f"/proc/{program.process.pid}/stat").read_text(encoding="ascii")
-    fields = stat.rpartition(")")[2].split()  # the name before may hold blanks
+    fields = stat.rpartition(")")[2].split()  # the name before it may contain blanks
     return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
 
 

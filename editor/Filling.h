@@ -18,7 +18,7 @@ public:
     struct Job {
         QString name; ///< in words, shown until the reading tells how far it is
         Reading read;
-        /// Lines were read since the last call.
+        /// Gets the lines read since the last call.
         std::function<void(const SongStream::News& news)> take;
         /// Called when there are no more lines; not after a stop.
         std::function<void(const SongStream::News& news)> end = [](const auto&) {};

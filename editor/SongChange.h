@@ -38,7 +38,7 @@ struct SongWish {
     std::function<void(SongFacts& facts)> edit;
 };
 
-/// What became of one.
+/// What became of a song.
 struct SongChange {
     SongFacts before;
     SongFacts after;      ///< as they are on disk now

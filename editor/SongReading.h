@@ -14,10 +14,10 @@ namespace editor {
 
 using Reading = std::function<void(SongStream& stream)>;
 
-/// The songs of a folder and its subfolders, in the order of `library::ScanSongs`.
+/// Reads the songs of a folder and its subfolders, in the order of `library::ScanSongs`.
 Reading ReadFolder(const std::filesystem::path& folder);
 
-/// These songs.
+/// Reads these songs.
 Reading ReadFiles(std::vector<std::filesystem::path> songs);
 
 /// Reads the songs of a playlist. If it cannot be read, the stream fails; no file is changed.

@@ -35,7 +35,7 @@ QString WithoutEnding(const QString& name);
 /// `name` with ".mp3" at its end, added if it is missing.
 QString WithEnding(const QString& name);
 
-/// How a text comes out of a tag.
+/// How well a text fits into a tag.
 struct Fitting {
     QString text;      ///< what could be read from the tag
     bool lost = false; ///< "?" stands for letters that Windows-1252 lacks

@@ -17,9 +17,9 @@ class AnswerScreen {
 public:
     explicit AnswerScreen(f_Multi& board);
 
-    /// Three lines one below the other.
+    /// Writes three lines below each other: verdict, time and points.
     void WriteRight(const QString& verdict, const QString& time, std::int32_t points);
-    /// The same in a storm of words.
+    /// Writes the verdict and the right title, in a storm of words.
     void WriteWrong(const QString& verdict, const QString& title);
 
     /// Shows a burst of light from the button that was chosen, in the player's colour (1-based).
@@ -36,7 +36,7 @@ public:
     /// of them.
     void WriteStandings(const std::vector<std::int32_t>& scores);
 
-    /// Ends all that moves.
+    /// Ends everything that moves.
     void Close();
 
     static constexpr int kMostShown = 12;

@@ -24,7 +24,7 @@ constexpr double kLine = 131;
 const QColor kLit(150, 166, 255);
 const QColor kSpent(58, 62, 130);
 
-/// Those between two marks.
+/// The ticks between two marks.
 void PaintTicks(QPainter& painter, double from, double to) {
     constexpr int kParts = 5;
     for (int part = 1; part < kParts; ++part) {

@@ -23,7 +23,7 @@ public:
         bool ended = false;
     };
 
-    /// Begins.
+    /// Starts the search.
     explicit SongSearch(const std::filesystem::path& folder);
     SongSearch(const SongSearch&) = delete;
     SongSearch& operator=(const SongSearch&) = delete;

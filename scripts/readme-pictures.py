@@ -1,6 +1,6 @@
 #!/usr/bin/python3
 """readme-pictures.py <tour's output folder>
-Makes the pictures of the README anew, from those of a tour."""
+Renews the pictures of the README from those of a tour."""
 
 import sys
 from pathlib import Path

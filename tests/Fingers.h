@@ -6,7 +6,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 
-/// Presses keys and buttons of the mouse on the stage's window, at times that a test chooses.
+/// Presses keys and mouse buttons on the stage's window, at times that a test chooses.
 struct Fingers {
     Fingers() { mTime += 10000; } // since the last test
 
@@ -18,7 +18,7 @@ struct Fingers {
     }
 
     inline static quint64 mTime = 1'000'000; // milliseconds
-    QPoint mAt;                              // of the window
+    QPoint mAt;                              // in the window
     Qt::KeyboardModifiers mWith;
     quint32 mScanCode = 0;
 

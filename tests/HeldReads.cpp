@@ -25,7 +25,7 @@ bool IsHeld(int file) {
 
 } // namespace
 
-// Takes the place of the system's, through which the program reads all files of the player.
+// Replaces the system's function, through which the program reads all files of the player.
 extern "C" ssize_t pread(int file, void* to, size_t count, off_t offset) {
     {
         std::unique_lock lock(gMutex);

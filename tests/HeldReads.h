@@ -2,8 +2,8 @@
 
 #include <string>
 
-/// Holds back the reads of all files whose paths hold `name`, as a disk that stalls does, until it
-/// is let go or goes. Only where files are read as on POSIX systems.
+/// Holds back all reads of files whose paths contain `name`, like a disk that stalls, until they
+/// are let go or the object is destroyed. Only for POSIX systems.
 class HeldReads {
 public:
     explicit HeldReads(const std::string& name);

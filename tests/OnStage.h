@@ -5,10 +5,10 @@
 
 #include <QWindow>
 
-/// The window to which a test sends its mouse and keys.
+/// The window that gets a test's mouse and key events.
 inline QWindow* StageWindow() { return toolkit::Stage::Get().windowHandle(); }
 
-/// Where the point of a form lies in that window.
+/// Where a point of a form lies in that window.
 inline QPoint OnStage(const QWidget& form, QPoint logical) {
     return form.mapTo(form.window(), toolkit::FromLogical(QRect(logical, QSize(1, 1))).topLeft());
 }

@@ -48,9 +48,10 @@ Robot::Robot(std::function<void()> act) : mAct(std::move(act)) {
 }
 
 void Robot::Look() {
-    // Not a repeating timer: Qt holds its next shot back while the last one is still handled.
+    // Not a repeating timer, which Qt does not fire again while its last shot is still being
+    // handled.
     QTimer::singleShot(kLookEvery, this, &Robot::Look);
-    // What is done now may itself wait, but only for a dialog's answer.
+    // An action may itself wait; until it ends, only dialogs are answered.
     if (mActing && !DialogOpen())
         return;
     const bool outer = std::exchange(mActing, true);

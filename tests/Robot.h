@@ -11,8 +11,8 @@ namespace toolkit {
 class Screen;
 }
 
-/// Sits at the program while it waits: every few milliseconds it closes what message box is open,
-/// or else looks and acts. Gives the program up when it takes too long.
+/// Uses the program while that waits: every few milliseconds it closes a message box, if one is
+/// open, or else looks and acts. Ends the program if it takes too long.
 class Robot : public QObject {
 public:
     explicit Robot(std::function<void()> act);
@@ -20,13 +20,13 @@ public:
     /// The texts of the message boxes so far.
     const QStringList& Messages() const { return mMessages; }
 
-    /// Of each of them title, icon and buttons, as in "Songrush, Information, OK".
+    /// The title, icon and buttons of each, as in "Songrush, Information, OK".
     const QStringList& Frames() const { return mFrames; }
 
-    /// How a question is answered.
+    /// How a question with two answers is answered.
     bool mSaysYes = true;
 
-    /// How a question with three answers is answered, which is counted instead of kept.
+    /// How the question whether to save is answered; such questions are counted, not listed.
     QString mSaving = QStringLiteral("Don't save");
     int mSaveQuestions = 0;
 
@@ -44,11 +44,11 @@ private:
 /// For the messages of failed tests.
 inline void PrintTo(const QString& text, std::ostream* out) { *out << text.toStdString(); }
 
-/// Answers an open file dialog with the path `chosen`, or cancels it if that is empty; whether
-/// there was one.
+/// Answers an open file dialog with the path `chosen`, or cancels it if that is empty. Returns
+/// whether there was one.
 bool AnswerFileDialog(const QString& chosen);
 
-/// Whether the minimise button of a screen works; brings the window back.
+/// Returns whether the minimise button of a screen works; restores the window.
 bool Minimises(toolkit::Screen& screen);
 
 /// A click of the left mouse button in the middle of a visible widget.

@@ -22,7 +22,7 @@ constexpr double kStep = 0.1;
 const std::string& SongBytes(int number) {
     static std::map<int, std::string> made;
     std::string& bytes = made[number];
-    if (bytes.empty()) // one byte more, which the tag replaces
+    if (bytes.empty()) // one byte more, which the tag will replace
         bytes = tonefile::Encode(kShortest + kStep * number) + '\0';
     return bytes;
 }

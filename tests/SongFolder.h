@@ -6,8 +6,8 @@
 #include <filesystem>
 #include <vector>
 
-/// A program folder of its own for a test, with the real pictures, and songs in it that are told
-/// apart by their lengths. While it lives there is the ground of all screens, after it no player.
+/// A test's own program folder, with the real pictures, and songs that differ in length. While it
+/// lives `gBack` is loaded; its destructor also destroys the clip player.
 class SongFolder {
 public:
     SongFolder();

@@ -25,7 +25,7 @@ public:
 
     const std::filesystem::path& Path() const { return mPath; }
 
-    /// Makes the folders on the way, too.
+    /// Writes a file and creates the folders that it needs.
     std::filesystem::path Write(const std::filesystem::path& name, const std::string& bytes) const {
         const std::filesystem::path file = mPath / name;
         create_directories(file.parent_path());

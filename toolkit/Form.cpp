@@ -236,7 +236,7 @@ bool Form::focusNextPrevChild(bool next) {
         return true;
     const auto count = static_cast<std::ptrdiff_t>(controls.size());
     const auto now = std::ranges::find(controls, focusWidget()) - controls.begin();
-    // From nowhere to the first or the last.
+    // Without a focus so far, to the first or the last.
     const auto to = now == count ? (next ? 0 : count - 1) : (now + (next ? 1 : count - 1)) % count;
     controls[static_cast<std::size_t>(to)]->setFocus(next ? Qt::TabFocusReason
                                                           : Qt::BacktabFocusReason);

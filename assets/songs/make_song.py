@@ -13,7 +13,7 @@ import wave
 LOUDNESS = -16  # LUFS, what the game plays all songs at
 INAUDIBLE = 8  # of 32768
 FADE = 8820  # samples of both channels at the very end
-COMPLAINTS = "Error in", "Warning in", "error:"  # abc2midi and fluidsynth go on after them
+COMPLAINTS = "Error in", "Warning in", "error:"  # after which abc2midi and fluidsynth go on
 ALBUM = "Songrush Samples"
 GENRES = {  # those of the sample songs, by their number in an ID3v1 tag
     "Country": 2,
@@ -49,7 +49,7 @@ def perform(abc, instruments, midi, wav):
 
 
 def end_softly(wav):
-    """Cuts off what follows the last audible tone, and fades that one out."""
+    """Cuts off the silence at the end, and fades out what is left."""
     with wave.open(wav) as file:
         form, samples = file.getparams(), array.array("h", file.readframes(file.getnframes()))
     while abs(samples[-1]) < INAUDIBLE or len(samples) % form.nchannels:

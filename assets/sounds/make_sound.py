@@ -16,11 +16,11 @@ from make_song import INAUDIBLE, LOUDNESS, perform, run  # pylint: disable=wrong
 RATE = 44100
 FADE_IN = 0.005  # seconds
 FADE_OUT = 0.4  # of the whole
-PEAK = -1  # dBTP, that none must reach
+PEAK = -1  # dBTP, which no sound may reach
 
 
 def played(abc, instruments, folder):
-    """From the first audible sample on."""
+    """The sound from its first audible sample on."""
     wav = f"{folder}/sound.wav"
     perform(abc, instruments, f"{folder}/sound.mid", wav)
     with wave.open(wav) as file:
@@ -32,7 +32,7 @@ def played(abc, instruments, folder):
 
 
 def faded(samples, seconds):
-    """The first `seconds`, from silence to silence."""
+    """The first `seconds`, faded in and out."""
     length = round(seconds * RATE)
 
     def gain(frame):
@@ -51,7 +51,7 @@ def write(samples, path):
 
 
 def measured(meter, path):
-    """LUFS of the loudest moment and dBTP."""
+    """The LUFS of the loudest moment, and the true peak in dBTP."""
     loudness, peak = run(meter, "--jingle", path).split()
     return float(loudness), float(peak)
 

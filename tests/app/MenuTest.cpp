@@ -13,7 +13,7 @@ namespace {
 
 class MenuTest : public testing::Test {
 protected:
-    /// Runs the menu with a robot that clicks each box in turn, once it is shown.
+    /// Runs the menu with a robot that clicks each box in turn, as soon as it is shown.
     void Choose(std::vector<toolkit::PictureBox*> clicks) {
         std::size_t next = 0;
         Robot robot([&] {

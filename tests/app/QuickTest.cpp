@@ -126,7 +126,7 @@ TEST_F(QuickTest, TheEditorLeadsBackUnlessItEndsTheProgram) {
             if (editor != nullptr)
                 ClickOn(ends ? editor->pX : editor->pMenu);
             else if (form.isVisible())
-                QTimer::singleShot(0, &form, [&, first = choosers++ == 0] { // its click lasts
+                QTimer::singleShot(0, &form, [&, first = choosers++ == 0] { // after its click
                     ClickOn(first ? form.pEditor : form.pX);
                 });
         });

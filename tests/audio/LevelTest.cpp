@@ -127,7 +127,7 @@ TEST_F(RecordedPlayer, TheSameMusicIsHeardAtOneLoudnessBelowFullScale) {
     const struct {
         const char* name; // as found on disks
         tonefile::Encoding encoding;
-        bool atOnce = false; // played before anything can be known of it
+        bool atOnce = false; // played before anything is known of it
     } copies[] = {
         {"softer", {.volume = Factor(-24), .decay = 12}},
         {"dense beyond full scale", {.volume = Factor(6)}},

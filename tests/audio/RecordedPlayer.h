@@ -22,8 +22,7 @@ inline bool Eventually(const std::function<bool()>& condition) {
     return true;
 }
 
-/// A player with a sound device that writes what it is given to a file, faster than it would be
-/// heard.
+/// A player with a sound device that writes what it is given to a file, faster than it would play.
 class RecordedPlayer : public testing::Test {
 protected:
     static constexpr int kRate = 44100;
@@ -47,7 +46,7 @@ protected:
     bool Ends() const {
         return Eventually([&] { return mPlayer.Position() == mPlayer.Length(); });
     }
-    /// Has the device write to a new file when it is opened the next time.
+    /// Makes the device write to a new file when it is next opened.
     void Rewind() {
         mSoundFile += "'";
         setenv("SDL_DISKAUDIOFILE", mSoundFile.c_str(), 1);
@@ -70,7 +69,8 @@ protected:
             .read(reinterpret_cast<char*>(frames.data()), static_cast<std::streamsize>(size));
         return frames;
     }
-    /// That without the silent frames: those between sounds, and gaps that a slow machine leaves.
+    /// The recording without silent frames, both those between sounds and gaps due to a slow
+    /// machine.
     std::vector<audio::Frame> Sound() const {
         std::vector<audio::Frame> frames = Recording();
         std::erase_if(frames, [](const audio::Frame& frame) { return frame.left == 0; });
@@ -89,7 +89,7 @@ protected:
     }
 
     const TemporaryFolder mFolder;
-    /// The player's threads go on a little after it.
+    /// The player's threads outlive it a little.
     struct End {
         ~End() { EXPECT_TRUE(platform::AsidesEnd(std::chrono::seconds(20))); }
     } mEnd;

@@ -62,7 +62,7 @@ std::atomic<bool> gUnplugged = false;
 std::atomic<int> gOpened = 0;
 std::atomic<int> gClosed = 0;
 
-/// Returns once the device hangs no more.
+/// Returns once the device has stopped hanging.
 void Hang() {
     ++gInside;
     EXPECT_TRUE(Eventually([] { return !gHangs; }));

@@ -27,7 +27,7 @@ protected:
         reel->frames.Write(frames);
         return reel;
     }
-    /// The next frames; they are appended to `mHeard`.
+    /// Returns the next frames and appends them to `mHeard`.
     std::vector<Frame> Take(std::size_t count) {
         std::vector<Frame> frames(count);
         mVoice.Fill(kDevice, frames);

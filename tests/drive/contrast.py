@@ -1,8 +1,8 @@
 #!/usr/bin/python3
 """contrast.py <folder of a tour's pictures>
-Measures how well the program's texts can be read, after WCAG 2: on the tour's pictures, where its
-lists of texts say that they stand. Prints a report and leaves it as contrast.txt beside them. Fails
-if a text has too little contrast or cannot be found."""
+Measures how well the program's texts can be read, after WCAG 2: on the tour's pictures, in the
+places that its lists of texts give. Prints a report and leaves it as contrast.txt beside them.
+Fails if a text has too little contrast or cannot be found."""
 
 import json
 import re
@@ -14,20 +14,20 @@ from PIL import Image, ImageFilter
 
 from screen import Box
 
-CLOCK = (50, 0, 100)  # on its lamp, where it is read in a hurry
-# What texts are written in.
+CLOCK = (50, 0, 100)  # on its lamp; it must be readable at a glance
+# The colours of texts.
 COLORS = ((255, 255, 255), (242, 243, 255), (226, 226, 255), (220, 220, 255), (255, 214, 238),
           (255, 221, 120), (190, 190, 250), (160, 168, 240), (150, 152, 190), (214, 112, 122),
           (140, 140, 230), (255, 0, 100), (255, 50, 50), (255, 0, 0), (250, 0, 50), (250, 250, 0),
           (60, 230, 60), (50, 255, 50), (100, 200, 250), (50, 100, 250), (0, 100, 250),
           CLOCK)
-# The red of a pressed plain button stands on a gradient that leaves it less than its size needs;
-# it is seen for as long as the mouse button is held.
+# The red of a pressed plain button stands on a gradient that leaves it less contrast than its size
+# needs, but is only seen while the mouse button is held.
 PRESSED, PRESSED_LIMIT = (255, 0, 100), 2.3
-SAME = 12  # of 255: what a glyph covers wholly has its colour
+SAME = 12  # of 255; pixels closer to a colour than this count as having it
 AROUND = 21  # pixels; strokes and shadows take less than half of the picture around each of them
 LEAST_INK = 8  # fewer pixels are no text
-CUT_OFF = 14  # pixels; only a line of the list that is not in sight as a whole is less high
+CUT_OFF = 14  # pixels; only list lines that are partly out of sight are lower
 SCORE_ROW = re.compile(r"(\d+\. .*), (\d+)(, new|, winner)?")
 
 
@@ -42,8 +42,8 @@ def ratio(one, other):
 
 
 def measure(pixels):
-    """Of the text in a part of a picture: its colour, the contrast that all but a tenth of it have
-    with the ground around, and the height of its tallest line; or nothing if there is none."""
+    """The colour of the text in a part of a picture, the contrast to its background that all but a
+    tenth of it have, and the height of its tallest line; None if there is no text."""
     light = luminance(pixels)
     ground = numpy.asarray(Image.fromarray(light).filter(ImageFilter.MedianFilter(AROUND)))
     seen = ratio(light, ground) > 1.3
@@ -57,14 +57,14 @@ def measure(pixels):
 
 
 def limit(text, color, height):
-    """By the size of the font, in points."""
+    """The contrast that the text needs at its size in points."""
     points = 0.75 * height / (0.9 if re.search("[gjpqy,;()Q]", text) else 0.68)
     large = points > 17 and color != CLOCK
     return PRESSED_LIMIT if color == PRESSED else 3 if large else 4.5
 
 
 def parts(texts):
-    """The texts and their places, without what stands beside them there."""
+    """The texts and their places, without anything else in these places."""
     for text, role, box in texts:
         box = Box(*box)
         button = role == "push button"

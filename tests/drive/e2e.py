@@ -32,7 +32,7 @@ def case(function):
 
 
 class Scene:
-    """Where a case plays."""
+    """What a case works with."""
 
     def __init__(self, stage):
         self.stage = stage
@@ -50,7 +50,7 @@ class Scene:
         return program
 
     def screens(self, program):
-        """Through all of them, one after the other."""
+        """Goes through all screens, one after the other, and yields their names."""
         program.ready("One player")
         yield "menu"
         program.click("Playlist editor")
@@ -92,8 +92,8 @@ def leave(way, screen, marks, has_table, scene):
     assert not has_table or table_of(scene.table)[0][1] == scene.game.scores[0]
 
 
-# How the program is left and where, the songs then marked as played, and whether there is a table
-# of high scores.
+# How the program is left and where, how many songs are then marked as played, and whether there is
+# a table of high scores.
 for leaving in (("the window manager", "menu", 0, False),
                 ("termination", "editor", 0, False),
                 ("its button", "second stage", 0, False),
@@ -245,7 +245,7 @@ def missing_pictures_are_told_once(scene):
 @case
 def a_clip_is_heard_until_it_is_over(scene):
     def samples():
-        """From -1 to 1, a row of left and right for each frame."""
+        """The frames, each a row of left and right from -1 to 1."""
         values = numpy.fromfile(sound, numpy.float32) if sound.exists() else numpy.zeros(0)
         return values[:len(values) // 2 * 2].reshape(-1, 2)
     sound = scene.stage.folder / "sound"
@@ -283,7 +283,7 @@ def refuse_to_edit_nothing(program):
 
 @case
 def the_desktop_never_shows_through(scene):
-    """Of the one window, from the menu through a game and the editor and back."""
+    """From the menu through a game and the editor and back, the window always covers it."""
     display = hand.Display()
     root = display.screen().root
     magenta = (255, 0, 255)

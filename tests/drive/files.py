@@ -4,7 +4,7 @@ import shutil
 
 
 def copy_program(folder, copy):
-    """With none of the songs played, and without score tables."""
+    """Copies the program with no song played and without score tables."""
     shutil.copytree(folder, copy, ignore=shutil.ignore_patterns("*.dat"))
     playlist = copy / "PlayList/Sample.m3u"
     playlist.write_bytes(playlist.read_bytes().replace(b"#Songrush:1", b"#Songrush:0"))
@@ -21,7 +21,7 @@ def song_count(playlist):
 
 
 def has_title(song, title):
-    """By the tag at the song's end, which holds only so much."""
+    """Whether the tag at the song's end has the title, as far as it fits."""
     tag = song.read_bytes()[-125:-96].decode("cp1252").rstrip("\0 ")
     return title[:29].rstrip() == tag
 

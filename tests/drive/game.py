@@ -1,4 +1,4 @@
-"""A game, played moment by moment; what is announced must be what is due."""
+"""A game, played step by step; every announcement is checked."""
 
 import re
 
@@ -45,7 +45,7 @@ class Game:
         return (self.turn - 1) % len(self.scores)
 
     def choose(self, playlist):
-        """From the menu to the first moment."""
+        """Goes from the menu to the first question."""
         self.choose_kind()
         self.choose_list(playlist)
 
@@ -89,7 +89,7 @@ class Game:
         yield "table"
 
     def play(self, **turns):
-        """All moments, and back to the menu."""
+        """Plays the whole game and goes back to the menu."""
         for _ in self.moments(**turns):
             pass
         self.leave()
@@ -105,7 +105,7 @@ class Game:
         self.program.announced(re.escape(due), skip=self.turn == 1)
 
     def new_score(self):
-        """What is announced of the player's score."""
+        """What is announced about the player's score."""
         told, self.told = self.told, self.scores[self.player]
         return [] if told == self.told else [f"SCORE: {self.told}"]
 
@@ -125,7 +125,7 @@ class Game:
         self.right_title = next(c for c in self.choices.values() if has_title(song, c))
 
     def read_choices(self, count, before=()):
-        """As they are announced, after other texts; the buttons must be the same."""
+        """Reads the choices as announced after the texts `before`; the buttons must agree."""
         heard = self.program.announced(" ".join([*before, *[r"(\d): (.+)[.!?:]"] * count]))
         keys = [int(key) for key in heard.groups()[0::2]]
         buttons = [b.get_name() for b in self.program.all("push button")]
@@ -139,7 +139,7 @@ class Game:
         self.read_choices(2, before=[sentences(score) for score in self.new_score()])
 
     def answer(self, right):
-        """Returns its points."""
+        """Answers right or wrong and returns the points."""
         self.use(next(c for c in self.choices.values() if (c == self.right_title) == right))
         who = "You are" if len(self.scores) == 1 else f"Player {self.player + 1} is"
         if right:
@@ -170,7 +170,7 @@ class Game:
         self.program.announced(re.escape(sentences("SCORES", self.kind, *rows, *self.notices())))
 
     def notices(self):
-        """Of the first game of its kind."""
+        """The notices after the first game of its kind."""
         if not self.perfect:
             return []
         if len(self.scores) == 1:
@@ -180,7 +180,7 @@ class Game:
         return [f"{players} played a perfect game!"]
 
     def enter_names(self):
-        """The table must have them as its new rows."""
+        """Enters names, which must be the new rows of the table."""
         rows = [(f"Eva {player}", score) for player, score in self.ranks() if score > 0]
         for place, (name, score) in enumerate(rows, 1):
             prompt = ("You got a High Score! Please Enter your name below." if
@@ -199,7 +199,7 @@ class Game:
         self.table = [(row[1], int(row[2])) for row in table]
 
     def leave(self):
-        """From the table, which must be in its file, to the menu."""
+        """Goes from the table, which must be in its file, to the menu."""
         self.use("Continue")
         self.program.ready("One player")
         kept = table_of(self.program.data / ("H2.dat" if self.betting else "H1.dat"))

@@ -10,7 +10,7 @@ from Xlib.protocol.event import ClientMessage
 
 
 DOUBLE_PRESS = 0.45  # seconds; two presses within them may be taken for one
-pressed = {}  # when each key or place was
+pressed = {}  # when each key or place was pressed pressed
 
 
 def xdotool(*words):
@@ -28,7 +28,7 @@ def move_to(x, y):
 
 
 def move_away():
-    """To where the mouse disturbs no button."""
+    """Moves the mouse to where it is on no button."""
     move_to(4, 300)
 
 
@@ -48,7 +48,7 @@ def release():
 
 @contextmanager
 def held(name):
-    """The key of that name."""
+    """Holds the key of that name."""
     xdotool("keydown", name)
     try:
         yield
@@ -67,7 +67,7 @@ def write(text):
 
 
 def ask_to_close(title):
-    """The window of that title."""
+    """Asks the window of that title to close."""
     display = Display()
     window = next(window for window in display.screen().root.query_tree().children
                   if window.get_wm_name() == title

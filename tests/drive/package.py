@@ -1,8 +1,8 @@
 #!/usr/bin/python3
 """package.py <build folder>
 Makes packages of the tested build, has them checked by the system's own tools, and plays what comes
-out of them: the archive unpacked somewhere, and the Debian package installed for all users. Whoever
-may not install is told so; the status is then 77."""
+out of them: the archive unpacked somewhere, and the Debian package installed for all users. Without
+the right to install it says so; the status is then 77."""
 
 import os
 import shutil
@@ -27,7 +27,7 @@ run_quietly = partial(run, stdout=subprocess.PIPE, text=True)
 
 
 def make_packages(build):
-    """As shipped, but packed faster."""
+    """Makes the packages as shipped, but compressed faster."""
     made = build / "package"
     shutil.rmtree(made, ignore_errors=True)
     run_quietly(["cpack", "--config", build / "CPackConfig.cmake", "-B", made,
@@ -70,7 +70,7 @@ def play_unpacked(archive):
 def play_installed():
     with Stage() as stage:
         play_game(stage, Path("/usr/games"), stage.folder / "home/.local/share/Songrush")
-        # Where nothing can be kept the game says so and can be played.
+        # If nothing can be saved the game says so and can still be played.
         home = stage.folder / "nothing"
         home.mkdir(mode=0o555)
         os.environ["HOME"] = str(home)
@@ -80,7 +80,7 @@ def play_installed():
 
 
 def play_as_player():
-    """Not as the superuser, who may write everywhere, but may be the only one to read here."""
+    """Plays as another user than root, who may write everywhere. Others may have no access here."""
     with TemporaryDirectory() as folder:
         os.chmod(folder, 0o755)
         copy = shutil.copytree(HERE, Path(folder) / "drive")

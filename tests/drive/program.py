@@ -17,13 +17,12 @@ FRAME = (255, 221, 120)  # around the control that has the keyboard focus
 
 class Program(Reader):
     def __init__(self, stage, folder, data=None):
-        """Runs as long as its stage stands. What it writes lies in `data`, which is the same folder
-        unless it is installed."""
+        """Runs until its stage ends. It writes into `data`, by default its own folder."""
         self.stage = stage
         self.screen = stage.screen
         self.data = data or folder
         self.song = None
-        # From elsewhere, as nothing may depend on the current folder.
+        # Started from elsewhere: nothing may depend on the current folder.
         super().__init__(lambda: subprocess.Popen([folder / "songrush"], cwd="/"))
         stage.callback(self.stop)
 
@@ -32,8 +31,8 @@ class Program(Reader):
         return Box(box.x, box.y, box.width, box.height)
 
     def places_of_texts(self):
-        """The texts with their roles and places; a header's facts stand below it, but for the sort
-        order. What a dialog may cover is left out."""
+        """The texts with their roles and places, without those that a dialog may cover. The facts
+        in a header's text, except the sort order, are shown below it."""
         texts = []
         dialogs = [(dialog, self.place(dialog)) for dialog in self.all("dialog")]
         for item in self.texts():
@@ -48,7 +47,7 @@ class Program(Reader):
         return texts
 
     def ready(self, name, role="push button"):
-        """The place of a control that takes mouse and keys and looks as it will."""
+        """The place of a control, once it takes mouse and keys and has its final look."""
         def usable():
             item = self.seen(name, role)
             return item and is_usable(item) and self.place(item)
@@ -57,7 +56,7 @@ class Program(Reader):
         return place
 
     def changes(self, place, act):
-        """Does what must change the look of a place."""
+        """Does something that must change the look of a place."""
         before = self.screen.pixels(place)
         act()
         self.wait("another look", lambda: (self.screen.pixels(place) != before).any())
@@ -71,7 +70,7 @@ class Program(Reader):
         hand.click(self.ready(name, role), times)
 
     def focus(self):
-        """The name of the control that has the keyboard focus, in sight."""
+        """The name of the control that visibly has the keyboard focus."""
         def framed():
             for item in self.showing():
                 if has_state(item, "FOCUSED") and (
@@ -105,8 +104,8 @@ class Program(Reader):
         self.gone(re.compile(".*"), "alert")
 
     def choose_file(self, title, path=None):
-        """Types a path, or cancels without one, in the system's dialog of that title; what is shown
-        then is active once the dialog is gone."""
+        """Types a path, or cancels without one, in the file dialog of that title, and waits until
+        the window below is active again."""
         self.ready(title, "dialog")
         if path:
             hand.write(str(path))
@@ -120,7 +119,7 @@ class Program(Reader):
         assert ended == status, f"the program ended with {ended}"
 
     def playing(self):
-        """The song that the program has open, as the only one."""
+        """The only song that the program has open."""
         def songs():
             files = {Path(os.readlink(link)) for link in
                      Path(f"/proc/{self.process.pid}/fd").iterdir() if link.is_symlink()}
@@ -128,7 +127,7 @@ class Program(Reader):
         return self.wait("the song", lambda: songs() if len(songs()) == 1 else None)[0]
 
     def asked(self):
-        """The song of another question than the one before: the last that was noted as played."""
+        """The song of the next question: the one noted last as played, once that changes."""
         def noted():
             lists = self.data / "PlayList"
             journals = list(lists.glob(".played-*"))
@@ -142,6 +141,6 @@ class Program(Reader):
 
 @contextmanager
 def open_program(folder, *display):
-    """A copy of the one in that folder, on a stage of its own."""
+    """Opens a copy of the program in that folder, on a stage of its own."""
     with Stage(*display) as stage:
         yield Program(stage, copy_program(Path(folder).resolve(), stage.folder / "program"))

@@ -1,4 +1,4 @@
-"""A program as a screen reader has it: what the accessibility bus tells of it, and its presses."""
+"""A program as a screen reader sees it: what the accessibility bus says of it, and presses."""
 
 import re
 import time
@@ -9,13 +9,13 @@ gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, Gio, GLib
 
 LIMIT = 60  # seconds that a single step may take; programs under sanitizers are slow
-# Announced or not, as it happens to take long enough.
+# Announced only if it takes long enough.
 PASSING = ("Loading...", "The clip is over.")
 TEXT_ROLES = ("label", "push button", "text", "combo box", "table cell", "table column header")
 
 
 def switch_accessibility_on():
-    """As the desktop does when a screen reader starts; programs that start later join in."""
+    """As the desktop does when a screen reader starts; it holds for programs started later."""
     bus = Gio.bus_get_sync(Gio.BusType.SESSION)
     switch = GLib.Variant("(ssv)", ("org.a11y.Status", "IsEnabled", GLib.Variant("b", True)))
     bus.call_sync("org.a11y.Bus", "/org/a11y/bus", "org.freedesktop.DBus.Properties", "Set",
@@ -23,8 +23,7 @@ def switch_accessibility_on():
 
 
 class Reader:
-    """Reads the process that `start` starts. What is waited for is looked for again and again up to
-    a limit, never slept for."""
+    """Reads the process that `start` starts. Waits by looking again and again, up to a limit."""
 
     def __init__(self, start):
         switch_accessibility_on()
@@ -50,7 +49,7 @@ class Reader:
             pass  # gone already
 
     def wait(self, what, condition):
-        """The first value of the condition that is true."""
+        """Waits for `condition` to return something true, and returns that."""
         end = time.monotonic() + LIMIT
         while time.monotonic() < end:
             while GLib.MainContext.default().iteration(False):
@@ -60,7 +59,7 @@ class Reader:
                 if value:
                     return value
             except GLib.Error:
-                pass  # what was looked at went away meanwhile
+                pass  # what was looked at has gone meanwhile
             assert self.process.poll() is None, \
                 f"the program ended with status {self.process.returncode} before {what}"
             time.sleep(0.02)
@@ -68,7 +67,7 @@ class Reader:
         raise AssertionError(f"waited in vain for {what}; heard: {self.heard}; there are:\n{shown}")
 
     def announced(self, pattern, skip=False):
-        """The match of the next announcement, which must be this one unless others are skipped."""
+        """The match of the next announcement, or with `skip` of the first one that matches."""
         while True:
             text = self.wait(f"the announcement {pattern!r}",
                              lambda: self.heard and self.heard.pop(0))
@@ -97,8 +96,8 @@ class Reader:
         return [item for item in self.showing() if item.get_role_name() == role]
 
     def seen(self, name, role="push button"):
-        """The control of that name if it is shown, rather one that can be used, and of these the one
-        in front; a name may also be a compiled pattern."""
+        """The control of that name, or that matches a compiled pattern, if it is shown. Of several,
+        preferably one that can be used, and of these the one in front."""
         matches = name.fullmatch if isinstance(name, re.Pattern) else name.__eq__
         found = [item for item in self.all(role) if matches(item.get_name())]
         return max(reversed(found), key=is_usable, default=None)
@@ -110,13 +109,13 @@ class Reader:
         self.wait(f"the end of the {role} {name!r}", lambda: not self.seen(name, role))
 
     def press(self, name, role="push button"):
-        """As a screen reader does."""
+        """Presses a button as a screen reader does."""
         button = self.find(name, role)
         actions = [button.get_action_name(i) for i in range(button.get_n_actions())]
         assert button.do_action(actions.index("Press")), f"{name} cannot be pressed"
 
     def texts(self):
-        """What can be read, and is in use."""
+        """The objects with text to be read, unless something in front must be answered first."""
         return [item for item in self.showing() if item.get_role_name() in TEXT_ROLES
                 and text_of(item) and is_usable(item)]
 
@@ -143,7 +142,7 @@ def is_usable(item):
 
 
 def text_of(item):
-    """What can be read there."""
+    """The text that can be read there."""
     if item.get_role() == Atspi.Role.TEXT:
         return Atspi.Text.get_text(item, 0, -1)
     return item.get_name()

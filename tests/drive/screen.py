@@ -32,7 +32,7 @@ class Screen:
         self.memory = numpy.memmap(file, numpy.uint8, "r", header, (height, width, 4))
 
     def pixels(self, box=None):
-        """As they are now: red, green and blue by row and column."""
+        """The present pixels: red, green and blue by row and column."""
         left, top, width, height = box or self.box
         return self.memory[top:top + height, left:left + width, 2::-1].copy()
 
@@ -40,7 +40,7 @@ class Screen:
         return Image.fromarray(self.pixels())
 
     def settle(self, box=None):
-        """Waits until three looks are alike, but not for long: a running clock never keeps still."""
+        """Waits until three looks are the same, but not for long, because a clock may be running."""
         before = self.pixels(box)
         alike = 1
         for _ in range(20):

@@ -14,7 +14,7 @@ from screen import Screen
 
 
 class Stage(ExitStack):
-    """Only one at a time. It has a folder of its own, with the home in it."""
+    """Only one at a time per process. It has a folder of its own, with the home in it."""
 
     def __init__(self, width=1024, height=768):
         super().__init__()
@@ -24,8 +24,8 @@ class Stage(ExitStack):
         self.callback(shutil.rmtree, self.folder, ignore_errors=True)
         self.settings = self.folder / "config/Songrush/Songrush.conf"
         self.set_environment()
-        # The server keeps what is on the screen in a file, where it is quickly read. It would begin
-        # anew whenever the last program leaves, and refuse who comes just then.
+        # The server keeps the screen in a file, which is quick to read. By default it would reset
+        # when the last program leaves, and refuse connections meanwhile.
         display = self.serve("Xvfb", "-screen", "0", f"{width}x{height}x24", "-nolisten", "tcp",
                              "-noreset", "-nocursor", "-fbdir", self.folder, "-displayfd")
         bus = self.serve("dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address")
@@ -57,7 +57,7 @@ class Stage(ExitStack):
             return ready.readline().strip()
 
     def start_compositor(self):
-        """Programs that start later run under Wayland, in a window that fills the display."""
+        """Makes programs that start later run under Wayland, in a window that fills the display."""
         socket = self.folder / "runtime/wayland-test"
         compositor = subprocess.Popen(
             ["weston", "--backend=x11-backend.so", f"--socket={socket.name}", "--no-config",

@@ -34,20 +34,20 @@ class Tour:
     # A step with its picture.
 
     def picture(self, name):
-        """Of all that is shown; returns its file, without the ending."""
+        """Takes a picture of the screen; returns its file, without the ending."""
         self.count += 1
         file = f"{self.folder}/{self.count:02}-{name}"
         self.program.screen.image().save(f"{file}.png")
         return file
 
     def see(self, name):
-        """A picture with its texts, once it keeps still."""
+        """Takes a picture with its texts, once nothing moves."""
         self.program.screen.settle()
         file = self.picture(name)
         Path(f"{file}.json").write_text(json.dumps(self.program.places_of_texts(), indent=1))
 
     def rest(self, picture, name, role="push button"):
-        """With the mouse away, as soon as a control is there."""
+        """A picture with the mouse away, as soon as a control is there."""
         self.program.ready(name, role)
         hand.move_away()
         self.see(picture)
@@ -57,7 +57,8 @@ class Tour:
         self.see(picture)
 
     def hold(self, picture, name):
-        """With the mouse button held, and released elsewhere, which clicks plain buttons only."""
+        """A picture with the mouse button held, then released elsewhere, which only clicks plain
+        buttons."""
         def leave():
             hand.move_away()
             hand.release()
@@ -73,7 +74,7 @@ class Tour:
         self.program.answer(pattern, key)
 
     def choose_file(self, picture, title, path=None):
-        """Cancels without a path."""
+        """A picture of a file dialog, which is cancelled without a path."""
         self.program.ready(title, "dialog")
         self.see(picture)
         self.program.choose_file(title, path)
@@ -89,7 +90,7 @@ class Tour:
         self.see("menu-keyboard-focus")
 
     def editor(self):
-        """A list made of the sample songs, corrected, heard and saved."""
+        """Makes a list of the sample songs, corrects, plays and saves it."""
         program = self.program
         program.click("Playlist editor")
         self.rest("editor-empty", "Songs", "table")
@@ -171,7 +172,7 @@ class Tour:
         program.click("Normal Play")
 
     def chooser(self):
-        """Everything that it refuses, and the waiting window."""
+        """Everything that the chooser refuses, and the waiting window."""
         program = self.program
         self.rest("chooser", CREATE)
         self.hover("chooser-hover", QUICKPLAY)
@@ -202,7 +203,7 @@ class Tour:
         return folder
 
     def moments(self, game, name, *pictures, **turns):
-        """Of a game, with pictures at some of them and all those after its last turn."""
+        """The moments of a game, with pictures of some and of all those after its last turn."""
         for moment in game.moments(**turns):
             if moment in pictures or moment.split()[0] in ("scores", "name", "table"):
                 hand.move_away()
@@ -242,7 +243,7 @@ class Tour:
         game.leave()
 
     def high_scores(self):
-        """Of both games, from the menu and back to it."""
+        """The scores of both games, from the menu and back to it."""
         self.program.click("High scores")
         self.rest("high-scores", "Betting")
         self.hover("high-scores-hover", "Betting")

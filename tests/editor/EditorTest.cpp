@@ -57,7 +57,7 @@ protected:
         return robot.Messages();
     }
 
-    /// Whether it does something that the next step has to wait for.
+    /// Whether the editor is busy with something that the next step must wait for.
     bool Works() const {
         const f_Edit& dialog = editor->TitleDialog();
         if (dialog.isVisible())
@@ -77,7 +77,7 @@ protected:
         return Press(editor->Form().pAddDir, PathText(folder));
     }
 
-    /// Keys pressed on the list one after the other, as in "Home Shift+Down".
+    /// A step that presses keys on the list, one after the other, as in "Home Shift+Down".
     std::function<void()> Keys(const QString& keys) {
         return [=, this] {
             for (const QString& name : keys.split(u' ')) {
@@ -87,7 +87,7 @@ protected:
         };
     }
 
-    /// A click on the first column of a line; the header is line -1.
+    /// A step that clicks the first column of a line; the header is line -1.
     std::function<void()> Click(int line, Qt::KeyboardModifiers with = {}) {
         return [=, this] {
             const QPoint at = toolkit::FromLogical(editor->List().CellRect(line, 0)).center();
@@ -95,7 +95,7 @@ protected:
         };
     }
 
-    /// Types into one of the dialog's boxes and presses a button.
+    /// A step that types into one of the dialog's boxes and presses a button.
     std::function<void()> Type(QLineEdit* box, const QString& text, QPushButton* button) {
         return [=] {
             box->setText(text);
@@ -125,7 +125,7 @@ protected:
     SongFolder mFolder;
     std::unique_ptr<c_Editor> editor = std::make_unique<c_Editor>();
     QString mSaving = "Don't save";
-    int mSaveQuestions = 0; // before it was left by the menu button
+    int mSaveQuestions = 0; // apart from the one on leaving
     QString mChosen;
     bool mMeanwhile = false; // the next step does not wait until all is read
     QStringList mFrames;     // of the messages

@@ -55,7 +55,7 @@ protected:
         return Audio().Position() == before;
     }
 
-    /// Whether the song comes to play at twice or at normal speed; a busy machine may be late.
+    /// Waits for the song to play at double or at normal speed; a busy machine may be late.
     bool Becomes(bool fast) const {
         return QTest::qWaitFor([=] {
             QElapsedTimer clock;

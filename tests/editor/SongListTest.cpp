@@ -34,7 +34,7 @@ protected:
         return names;
     }
 
-    /// Takes back and again all that can be; what the list was after each step, told by its name.
+    /// Undoes and redoes everything, twice; returns the list after each step, with the step's name.
     QStringList Replay() {
         QStringList seen;
         for (int i = 0; i < 2; ++i)

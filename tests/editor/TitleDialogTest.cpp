@@ -41,7 +41,8 @@ protected:
         return tag;
     }
 
-    /// Runs the dialog on a song; the user does `act`, which has to close it. The file's path.
+    /// Runs the dialog on a song while the user does `act`, which must close it. Returns the file's
+    /// path.
     fs::path Run(const fs::path& song, const std::function<void()>& act) {
         bool acted = false;
         Robot robot([&] {

@@ -12,7 +12,7 @@
 
 namespace {
 
-/// Gives these numbers instead of random ones while it lives.
+/// Replaces random numbers by these while it lives.
 class ScriptedRandom {
 public:
     explicit ScriptedRandom(std::vector<double> numbers) : mNumbers(std::move(numbers)) {

@@ -33,7 +33,7 @@ protected:
             platform::ReplaceTimeSource(mRealTime);
     }
 
-    /// A clock that stands still until a test moves it. The time of day goes back meanwhile, as at
+    /// Stops the clock until a test moves it. The time of day then runs backwards, as it does at
     /// midnight.
     void StopTime() {
         mRealTime = platform::ReplaceTimeSource(
@@ -47,7 +47,7 @@ protected:
         return game;
     }
 
-    /// The box of the choice that is right, or of one that is wrong, among those still shown.
+    /// The box of the right choice, or of a wrong one, among those still shown.
     toolkit::PictureBox* Choice(bool right) {
         for (toolkit::PictureBox* box : board.ChoiceBoxes())
             if (box->isVisible() && (box->accessibleName() == SongFolder::OpenTitle()) == right)
@@ -55,7 +55,7 @@ protected:
         return nullptr;
     }
 
-    /// Whether this stands on the board.
+    /// Whether the board shows this text.
     bool Says(const QString& text) const {
         return std::ranges::any_of(board.findChildren<QLabel*>(), [&text](const QLabel* label) {
             return !label->isHidden() && label->text() == text;
@@ -66,8 +66,8 @@ protected:
         return board.PChoice1->accessibleName() == QStringLiteral("1 Second, 140,000 Points");
     }
 
-    /// Plays on with the screens around the questions: starts the clip, goes on after an answer,
-    /// types a name, leaves the score lists. True if there was something to do.
+    /// Does what leads from question to question: starts the clip, goes on after an answer, types a
+    /// name, leaves the score lists. True if there was something to do.
     bool GoOn() {
         if (board.pPlay->isVisible())
             ClickOn(board.pPlay);
@@ -90,7 +90,7 @@ protected:
         return table;
     }
 
-    /// Whether the playlist file has so many marks, or gets them from a thread that writes it.
+    /// Waits until the playlist file has that many marks, which a thread may still be writing.
     bool FileGetsMarks(long count) const {
         return QTest::qWaitFor([&] {
             return QByteArray::fromStdString(BytesOf(mPlaylist)).count("#Songrush:1") == count;

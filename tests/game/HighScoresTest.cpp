@@ -51,7 +51,7 @@ protected:
         return table.Name(0) + table.Score(0) + u' ' + table.Name(1) + table.Score(1);
     }
 
-    /// Leaves the table of a player without points; the messages that came.
+    /// Shows the table for a player without points and leaves it. Returns the messages.
     QStringList CheckWithoutPoints(const fs::path& file) {
         c_hMulti highScores(mScores, mName);
         highScores.SetFileName(file);

@@ -29,7 +29,7 @@ struct NextQuestionTest : testing::Test {
         return mFolder.MakePlaylist(paths);
     }
 
-    /// How it is once it works no more.
+    /// Its state once it has stopped working.
     static State Comes(game::NextQuestion& next) {
         next.Prepare();
         EXPECT_TRUE(QTest::qWaitFor([&next] { return next.Advance() != State::Working; }));

@@ -20,7 +20,7 @@ std::string Number(std::size_t number, int bytes, int bits) {
     return text;
 }
 
-/// A frame of ID3v2.`version` that says to have `size` bytes; with 0 as many as it has.
+/// A frame of ID3v2.`version` that claims to have `size` bytes; 0 for the true number.
 std::string Frame(int version, const std::string& id, const std::string& bytes,
                   std::size_t size = 0, const std::string& flags = "\0\0"s) {
     const std::size_t said = size > 0 ? size : bytes.size();

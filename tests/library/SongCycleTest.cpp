@@ -26,7 +26,7 @@ protected:
         mList = folder / "PlayList/list.m3u";
     }
 
-    /// A list of songs named by letters, each with its mark: "a0 b1".
+    /// Writes a list of songs named by letters, each with its mark: "a0 b1".
     void List(const std::string& songs) const {
         std::string text = "#EXTM3U\r\n";
         for (std::size_t i = 0; i < songs.size(); i += 3)
@@ -45,8 +45,8 @@ protected:
         return songs.substr(0, songs.size() - 1);
     }
 
-    /// Begins the list and takes `count` songs, of which those in `dead` cannot be played. Does
-    /// `last` before the list goes. The letters of the songs.
+    /// Begins the list, takes `count` songs while those in `dead` cannot be played, and does `last`
+    /// before the list is destroyed. Returns the letters of the songs.
     std::string Play(
         int count, const std::string& dead = {}, const std::function<void()>& last = [] {}) {
         SongCycle cycle(mList);

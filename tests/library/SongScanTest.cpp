@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 using Paths = std::vector<fs::path>;
 
 struct SongScanTest : testing::Test {
-    /// Scans until `wanted` songs were met.
+    /// Scans until `wanted` songs have been found.
     void Scan(std::size_t wanted = 1000) {
         const auto folderEntered = [this](const fs::path& folder) {
             mFolders.push_back(folder.lexically_relative(mTree.Path()));

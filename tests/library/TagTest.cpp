@@ -28,7 +28,7 @@ protected:
         return tag;
     }
 
-    /// The last 128 bytes of a file that had another tag.
+    /// The last 128 bytes after writing `tag` to a file that had another one.
     std::string Written(c_ID3& tag) const {
         const fs::path file = mFolder.Write("written.mp3", "sound" + TagWith("Old"));
         tag.PutIdTag(file);

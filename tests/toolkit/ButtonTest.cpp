@@ -40,8 +40,8 @@ protected:
         EXPECT_TRUE(QTest::qWaitForWindowActive(&Stage::Get()));
     }
 
-    /// Takes the pointer to the places named and acts there. After each step stands how the button
-    /// looks then (0 normal, 1 hovered, 2 pressed, - none of these), and "!" if it clicked.
+    /// Takes the pointer to the places named and acts there. After each step comes the expected
+    /// look (0 normal, 1 hovered, 2 pressed, - none of these), and "!" if the button clicked.
     template <typename Button> void Follow(Button& button, const QString& steps) {
         QSignalSpy clicks(&button, &Button::Clicked);
         QStringList seen;
@@ -89,7 +89,7 @@ protected:
         EXPECT_TRUE(step != "up" || QTest::qWaitFor([this] { return Look() != u'2'; }));
     }
 
-    /// The button by each of the keys that press it.
+    /// Tries each of the keys that press a button.
     template <typename Button> void FollowKeys(Button& button) {
         for (const int key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
             mKey = key;

@@ -56,7 +56,7 @@ protected:
 
     QString Lists() const { return QString::fromStdString(mFolder.Path().string() + "/lists"); }
 
-    /// What `ask` answers while the file dialogs that it shows get one step each.
+    /// Returns the answer of `ask`. Each file dialog that it shows gets one of the steps.
     template <typename Ask> QString During(Ask ask, QList<Step> steps, bool saysYes = true) {
         bool stepping = false;
         Robot robot([&] {

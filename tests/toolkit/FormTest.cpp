@@ -68,7 +68,7 @@ TEST_F(Forms, AreWalkedThroughByTabAndArrows) {
                       OnStage(mForm, mBoxes[2]->Place().center()));
     const struct {
         Qt::Key key;
-        int box; // the first key after the mouse only shows where the keys are
+        int box; // the first key after the mouse only shows where the focus is
     } steps[] = {{Qt::Key_Tab, 2}, {Qt::Key_Up, 1},      {Qt::Key_Right, 2}, {Qt::Key_Left, 1},
                  {Qt::Key_Up, 0},  {Qt::Key_Backtab, 2}, {Qt::Key_Down, 0},  {Qt::Key_Tab, 1}};
     for (const auto& step : steps) {
@@ -86,7 +86,7 @@ TEST_F(Forms, PressTheFocusedButtonOnceAKeyUntilItHides) {
     EXPECT_EQ(mClicks[1]->size(), 3);
     mBoxes[1]->hide();
     EXPECT_TRUE(mForm.hasFocus());
-    // The keys go on to the next button, but not the second press of a double press.
+    // The keyboard focus goes to the next button, but not the second half of a double press.
     EXPECT_TRUE(QTest::qWaitFor([this] { return mBoxes[0]->hasFocus(); }));
     Key(Qt::Key_Return);
     mBoxes[1]->Activate();

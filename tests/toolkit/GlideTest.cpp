@@ -14,7 +14,7 @@ using namespace toolkit;
 constexpr QSize kSize(21, 5);
 constexpr ColorRef kColor = Rgb(1, 2, 250);
 
-/// A form, a sprite of one colour and a clock that goes on 40 milliseconds a frame.
+/// A form, a sprite of one colour and a clock that advances 40 milliseconds a frame.
 class Glides : public testing::TestWithParam<double> {
 protected:
     Glides() {

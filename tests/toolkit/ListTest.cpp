@@ -175,7 +175,7 @@ TEST_P(PicList, SelectsTheLineUnderThePointer) {
     Click(secondLine, Qt::ShiftModifier);
     Click(secondLine, Qt::ControlModifier);
     Click(secondLine - QPoint(0, 1));
-    EXPECT_EQ(mList.CellRect(0, 0).height(), height); // brought into sight
+    EXPECT_EQ(mList.CellRect(0, 0).height(), height); // scrolled into view
     EXPECT_EQ(Selections(), "1 range, 1 add, 0");
     QSignalSpy doubles(&mList, &c_PicList::LineDoubleClicked);
     DoubleClick(CellAt(2, 1));

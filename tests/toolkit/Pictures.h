@@ -7,7 +7,7 @@
 #include <QBuffer>
 #include <QImage>
 
-/// A program's folder with the pictures that a test needs.
+/// A program folder with the pictures that a test needs.
 class PictureFolder {
 public:
     PictureFolder() { platform::SetProgramFolder(mFolder.Path()); }

@@ -12,8 +12,8 @@ namespace {
 
 using namespace toolkit;
 
-/// A form with a button "Go" in whose place, once it was pressed, "Next" stands; another one that
-/// stays; and a prompt that comes up when "Next" is pressed.
+/// A form with a button "Go" that is replaced by "Next" when it is pressed, another button that
+/// stays, and a prompt that appears when "Next" is pressed.
 class Presses : public testing::Test {
 protected:
     Presses() {
@@ -52,9 +52,9 @@ protected:
         mPressed.clear();
     }
 
-    /// Does the steps, as in "+L 90 -L": a time in milliseconds passes, "+" presses and "-"
-    /// releases what follows, "*" repeats it as the system may tell; "x" is the change itself, and
-    /// ">" takes the pointer to the button that stays.
+    /// Does the steps, as in "+L 90 -L": a number lets that many milliseconds pass, "+" presses and
+    /// "-" releases what follows, "*" repeats it as some systems report it; "x" is the change
+    /// itself, and ">" takes the pointer to the button that stays.
     void Do(const QString& steps) {
         for (const QString& step : steps.split(u' ')) {
             const QChar act = step.front();
@@ -118,7 +118,7 @@ TEST_F(Presses, CountForWhatWasShownWhenTheyBegan) {
         {"+Return 5 -Return 700 +Return 5 -Return", "Go Next"},
         {"+Return 5 -Return 700 +Return 5 -Return 100 +Return 5 -Return", "Go Next"},
         {"+Return 5 -Return 700 +Return 5 -Return 700 +Return 5 -Return", "Go Next Name"},
-        // Held, as Qt tells it and as X does.
+        // Held, as Qt reports it and as X does.
         {"+Return 600 *Return 40 *Return 40 -Return", "Go"},
         {"+Return 600 -Return +Return 40 -Return +Return 40 -Return", "Go"},
         {"+Return 600 *Return 40 -Return 700 +Return 700 *Return", "Go Next"},

@@ -22,7 +22,7 @@ QImage Plain(int width, int height, const QColor& color) {
     return image;
 }
 
-/// The text of the message that comes up as soon as events run; it is answered.
+/// Answers the message that appears as soon as events run, and returns its text.
 QString NextMessage() {
     QString text;
     QTimer::singleShot(0, qApp, [&text] {

@@ -53,7 +53,8 @@ std::optional<Report> ReportOn(const fs::path& song) {
     return report;
 }
 
-/// What every sample song keeps to: longer than two clips, as loud as all, room above its peaks.
+/// Whether a song is fit for the samples: longer than two clips, as loud as all, with room above
+/// its peaks.
 bool FitsAmongSamples(const Report& report) {
     return report.seconds > 60 && report.seconds < 80 &&
            std::abs(report.file.loudness - audio::kPlayedLoudness) <= 0.05 &&

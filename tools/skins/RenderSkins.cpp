@@ -119,7 +119,7 @@ bool Write(const QImage& image, const QString& path) {
     return image.save(path);
 }
 
-// The renderer leaves out what it cannot read and only mentions it; here that is an error.
+// The renderer only warns about what it cannot read and leaves it out; here that is an error.
 bool gLeftOut = false;
 
 void Report(QtMsgType, const QMessageLogContext& context, const QString& message) {
