@@ -47,7 +47,7 @@ struct Track::Work {
     double length = 0;
     std::shared_ptr<Reel> reel;
     bool begun = false; // something of the reel may have been heard
-    bool heard = false; // it is taken from the reel now
+    bool heard = false; // frames are being taken from it
 
 private:
     std::unique_ptr<Mp3Stream> OpenFirst(const std::stop_token& stop);

@@ -5,7 +5,6 @@
 #include "audio/Track.h"
 
 #include <algorithm>
-#include <utility>
 
 std::unique_ptr<c_XAudio> gAudio;
 

@@ -4,7 +4,6 @@
 
 #include <QString>
 #include <mutex>
-#include <optional>
 #include <utility>
 #include <vector>
 

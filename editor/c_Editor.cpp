@@ -245,7 +245,7 @@ void c_Editor::OpenInPlayer(int line) {
     mPlayer.OpenFile(platform::PathFromKey(mPlayedKey));
 }
 
-/// Goes to a neighbour of the song in the small player, wherever its line is by now.
+/// Goes to a neighbour of the song in the small player, whose line may have moved.
 void c_Editor::PlayOther(int direction) {
     const std::vector<QString> keys = mSongs.Keys();
     if (mList.LineKey(mPlayedLine) != mPlayedKey)

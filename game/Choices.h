@@ -23,7 +23,7 @@ struct Choices {
 /// entries), then the first entry may come, then an entry twice, then the current song.
 ///
 /// With `titleOf`, which gives the title of a song, a candidate whose title reads like that of the
-/// current song or of another candidate is drawn anew, at most 50 times. No song is asked for its
+/// current song or of another candidate is drawn again, at most 50 times. No song is asked for its
 /// title before it is drawn.
 Choices DrawChoices(int count, const std::function<std::filesystem::path(int)>& fileName,
                     const std::filesystem::path& currentSong,

@@ -3,7 +3,6 @@
 #include "toolkit/Drawing.h"
 #include "toolkit/Screen.h"
 
-#include <QLinearGradient>
 #include <QPainter>
 #include <QRadialGradient>
 #include <algorithm>

@@ -25,7 +25,7 @@ private:
     QPixmap PaintRecord() const;
 
     QPixmap mCover;
-    QPixmap mRecord; ///< null until it is needed as it is now
+    QPixmap mRecord; ///< null until it is painted again
 };
 
 } // namespace game

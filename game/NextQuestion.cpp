@@ -10,7 +10,6 @@
 #include "platform/Time.h"
 
 #include <chrono>
-#include <utility>
 
 namespace game {
 

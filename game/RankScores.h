@@ -15,8 +15,8 @@ struct Standing {
     bool Won() const { return place == 1 && score > 0; }
 };
 
-/// Sorts the players' scores, best first, and tells whose they are. Equal scores keep the order of
-/// the players.
+/// Sorts the players' scores, best first, and returns whose they are. Equal scores keep the order
+/// of the players.
 std::vector<Standing> RankScores(std::vector<std::int32_t>& scores);
 
 } // namespace game

@@ -20,7 +20,7 @@ protected:
 private:
     QPixmap PaintGlint() const;
 
-    QPixmap mGlint; ///< null until it is needed in this size
+    QPixmap mGlint; ///< null until it is painted in this size
 };
 
 } // namespace game

@@ -17,7 +17,7 @@ class SongSource {
 public:
     virtual ~SongSource() = default;
 
-    /// Asks the player and waits for the choice; the path of a playlist, or an empty one.
+    /// Asks the player, waits for the choice and returns the path of a playlist, or an empty one.
     virtual std::filesystem::path GetM3U() = 0;
 
     /// Read after `GetM3U`: whether the player wants to leave the program.

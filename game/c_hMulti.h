@@ -20,7 +20,7 @@ class f_HighMulti;
 
 /// Shows the scores of a game, takes those that are good enough into the mode's table of the ten
 /// best, keeps the table in its file and shows it. A file that cannot be read or was tampered with
-/// is kept beside it as ".old", ".old2" and so on, and the table starts anew.
+/// is kept beside it as ".old", ".old2" and so on, and a new table is started.
 class c_hMulti : public QObject {
     Q_OBJECT
 public:

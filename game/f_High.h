@@ -16,7 +16,7 @@ class f_High : public toolkit::Form {
 public:
     f_High();
 
-    /// Shows the prompt with what was reached, waits, and returns what `game::PlayerName` makes of
+    /// Shows the prompt with rank and score, waits, and returns what `game::PlayerName` makes of
     /// the name typed, or chosen among those used last. Closing the window is the same as
     /// continuing. No name if the program is asked to quit first. `rank` is 1 for the best.
     std::optional<QString> GetName(const QString& prompt, int rank, std::int32_t score);

@@ -7,7 +7,6 @@
 #include "platform/Time.h"
 #include "toolkit/ButtonFace.h"
 #include "toolkit/Drawing.h"
-#include "toolkit/FittedText.h"
 
 #include <QKeyEvent>
 #include <QPainter>

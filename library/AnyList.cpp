@@ -9,7 +9,6 @@
 #include <QStringDecoder>
 #include <algorithm>
 #include <array>
-#include <optional>
 #include <string>
 
 namespace library {

@@ -31,7 +31,7 @@ bool IsMp3(const fs::path::string_type& name) {
 
 /// Some songs of a folder.
 struct Batch {
-    fs::path entered; ///< the folder, in its first batch, which need not have songs
+    fs::path entered; ///< set in a folder's first batch, which may have no songs
     std::vector<fs::path> songs;
     std::vector<SongTag> tags; ///< once they are read, as many as songs
     bool read = false;

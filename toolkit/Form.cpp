@@ -185,7 +185,7 @@ void Form::paintEvent(QPaintEvent* event) {
 
 void Form::mousePressEvent(QMouseEvent* event) {
     if (FillsStage())
-        return event->ignore();        // the stage's window is meant
+        return event->ignore();        // the press is for the stage's window
     Stage::Get().Forms().Enter(*this); // in front
     if (event->button() == Qt::LeftButton)
         mDragStart.Press(event->globalPosition());

@@ -84,8 +84,7 @@ Q_SIGNALS:
 protected:
     bool event(QEvent* event) override;
     bool focusNextPrevChild(bool next) override;
-    /// Whether a control belongs to the window's frame; no screen starts with the focus on such a
-    /// one.
+    /// Whether a control belongs to the window's frame; no screen starts with the focus on one.
     virtual bool IsOfFrame(const QWidget*) const { return false; }
     void paintEvent(QPaintEvent* event) override;
     void hideEvent(QHideEvent* event) override;

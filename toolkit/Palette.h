@@ -20,10 +20,7 @@ constexpr ColorRef kField = Rgb(10, 8, 36);     // text boxes; almost black
 constexpr ColorRef kListGround = Rgb(8, 6, 28); // so dark that red text is readable on it
 constexpr ColorRef kNavy = Rgb(0, 0, 100);
 
-// A list line of lesser weight, such as a missing song, and a marked one of that kind; both
-// readable on a selected line.
-constexpr ColorRef kGreyText = Rgb(150, 152, 190);
-constexpr ColorRef kGreyMarked = Rgb(214, 112, 122);
+constexpr ColorRef kGreyText = Rgb(150, 152, 190); // the level of a volume that is not heard
 
 // Accents.
 constexpr ColorRef kGold = Rgb(255, 221, 120);  // the keyboard focus

@@ -3,7 +3,6 @@
 #include "platform/File.h"
 #include "platform/Message.h"
 #include "platform/ProgramFolder.h"
-#include "platform/Text.h"
 #include "toolkit/Canvas.h"
 #include "toolkit/Drawing.h"
 

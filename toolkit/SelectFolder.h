@@ -13,7 +13,8 @@ QString BrowseForFolder(QWidget* owner, const QString& title,
                         const std::filesystem::path& startFolder);
 
 /// Makes a folder the current one, where the file dialogs start; an empty path stands for the
-/// user's documents. A path of up to 3 characters or to no existing folder changes nothing.
+/// user's documents. A path of up to 3 characters, or to a folder that does not exist, changes
+/// nothing.
 void ChangeToFolder(const std::filesystem::path& folder);
 
 } // namespace toolkit

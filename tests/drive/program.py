@@ -104,8 +104,7 @@ class Program(Reader):
         self.gone(re.compile(".*"), "alert")
 
     def choose_file(self, title, path=None):
-        """Types a path, or cancels without one, in the file dialog of that title, and waits until
-        the window below is active again."""
+        """Types a path, or cancels without one, in the file dialog of that title."""
         self.ready(title, "dialog")
         if path:
             hand.write(str(path))
