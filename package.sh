@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Installs what is missing and makes the packages, from nothing: build/package/songrush*.deb for
-# Debian and build/package/songrush-*.tar.gz to be unpacked anywhere.
+# Installs what is missing and makes the packages from scratch: build/package/songrush*.deb for
+# Debian, and build/package/songrush-*.tar.gz to be unpacked anywhere.
 set -eu
 cd "$(dirname "$0")"
 . scripts/prepare.sh

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds the game and starts it.
 # --tour: plays whole games by itself on a virtual display and leaves pictures in build/tour/, and
-# in build/tour/full/ those of the full screen of a television.
+# in build/tour/full/ those of a television's full screen.
 set -eu
 cd "$(dirname "$0")"
 . scripts/prepare.sh

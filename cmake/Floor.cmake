@@ -8,7 +8,7 @@ target_compile_definitions(songrush_options INTERFACE
   $<$<BOOL:${SONGRUSH_PORTABLE}>:SONGRUSH_PORTABLE>)
 
 # songrush_floor(<name> SOURCES <files> USES <libraries>)
-# One floor of the house as a static library, songrush_<name>.
+# One floor of the project as a static library, songrush_<name>.
 function(songrush_floor name)
   cmake_parse_arguments(floor "" "" "SOURCES;USES" ${ARGN})
   add_library(songrush_${name} STATIC ${floor_SOURCES})

@@ -1,5 +1,5 @@
-# Makes the changelogs of the packages out of CHANGELOG.md: sets ${debian_changelog}, in Debian's
-# form, and ${metainfo_releases}, elements of AppStream.
+# Makes the packages' changelogs from CHANGELOG.md: sets ${debian_changelog}, in Debian's format,
+# and ${metainfo_releases}, elements of AppStream.
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/CHANGELOG.md)
 file(STRINGS ${CMAKE_SOURCE_DIR}/CHANGELOG.md lines)
 set(version "")

@@ -1,14 +1,14 @@
 #!/usr/bin/env bash
-# What the continuous integration asks for beyond the tests: that clang has nothing to say either,
-# nor clang-tidy, that the program's threads run clean under the thread sanitizer, and that the
-# portable side of the lower floors passes its tests. Tests of what is drawn are left out of the
-# thread sanitizer: it cannot follow the threads in which Qt paints and reads folders.
+# What the continuous integration checks beyond the tests: no warnings from clang and clang-tidy, no
+# reports from the thread sanitizer, and passing tests for the portable side of the lower floors.
+# Tests of what is drawn do not run under the thread sanitizer, which cannot follow the threads in
+# which Qt paints and reads folders.
 set -eu
 cd "$(dirname "$0")/.."
 . scripts/prepare.sh
 prepare build test gates
 
-# Pictures and songs are the tested build's.
+# Pictures and songs are taken from the tested build.
 made=$PWD/build/asan
 [ -d "$made/songrush/Music" ] || build asan
 

@@ -1,6 +1,6 @@
 # shellcheck shell=bash
 # Sourced by run.sh, test.sh and package.sh: names every package that the project uses and installs
-# what is missing. `prepare <group>...` with the groups below.
+# those that are missing. `prepare <group>...` takes the groups below.
 
 PACKAGES_BUILD=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libgl-dev libmpg123-dev
     libebur128-dev libsdl2-dev libtag1-dev fonts-liberation fonts-quicksand

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Every include points down the floors of the house. Run with the project's folder.
+# Checks that every include points to a lower floor. Run with the project's folder.
 cd "$1" || exit 2
 declare -A below=(
     [platform]="platform"
