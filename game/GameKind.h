@@ -12,7 +12,7 @@ constexpr GameKind Other(GameKind kind) {
     return kind == GameKind::Betting ? GameKind::NormalPlay : GameKind::Betting;
 }
 
-/// Its name for players.
+/// The name that players see.
 QString NameOf(GameKind kind);
 
 /// The file of its high scores.
