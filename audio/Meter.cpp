@@ -22,8 +22,8 @@ int ModeFor(Meter::Of what) {
 
 } // namespace
 
-Meter::Meter(int rate, Of what, unsigned channels)
-    : mState(ebur128_init(channels, static_cast<unsigned long>(rate), ModeFor(what))) {
+Meter::Meter(int rate, Of what)
+    : mState(ebur128_init(2, static_cast<unsigned long>(rate), ModeFor(what))) {
     if (!mState)
         throw std::bad_alloc();
 }
@@ -31,10 +31,6 @@ Meter::Meter(int rate, Of what, unsigned channels)
 void Meter::Add(std::span<const Frame> frames) {
     if (!frames.empty())
         ebur128_add_frames_float(mState.get(), &frames.front().left, frames.size());
-}
-
-void Meter::Add(std::span<const float> mono) {
-    ebur128_add_frames_float(mState.get(), mono.data(), mono.size());
 }
 
 double Meter::Loudness() const {

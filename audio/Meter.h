@@ -14,12 +14,11 @@ class Meter {
 public:
     enum class Of { Loudness, TruePeak, Both };
 
-    /// For sound of `rate` samples a second; `channels` is 1 or 2.
-    Meter(int rate, Of what, unsigned channels = 2);
+    /// For sound of `rate` frames a second.
+    Meter(int rate, Of what);
 
     /// Adds the sound that follows what was added before.
     void Add(std::span<const Frame> frames);
-    void Add(std::span<const float> mono);
 
     /// Integrated loudness in LUFS, gated; minus infinity for silence and below 0.4 seconds.
     double Loudness() const;

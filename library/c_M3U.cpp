@@ -91,11 +91,6 @@ void c_M3U::SetMarks(const std::vector<std::int16_t>& marks) {
     mPlayed = marks;
 }
 
-void c_M3U::SetPlayed(int index, std::int16_t mark) {
-    mPlayedUpTo = 0;
-    mPlayed.at(static_cast<std::size_t>(index)) = mark;
-}
-
 std::error_code c_M3U::ReadFile(const std::filesystem::path& file, const std::stop_token& stop) {
     qCDebug(Log) << "Reading M3u";
     mFileName = file;

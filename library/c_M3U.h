@@ -50,9 +50,6 @@ public:
     /// Sets all marks; `marks` has one for each song.
     void SetMarks(const std::vector<std::int16_t>& marks);
 
-    /// Sets the mark of the song at `index`, which must exist.
-    void SetPlayed(int index, std::int16_t mark);
-
     /// Replaces the list by the file's contents and makes that file the one to write back to. A
     /// file that does not exist is created empty. An error, `illegal_byte_sequence` for what is not
     /// text or `operation_canceled` after a stop, leaves an empty list, which is never written

@@ -1,19 +1,15 @@
 #include "audio/LevelledStream.h"
 #include "audio/Limiter.h"
-#include "audio/Meter.h"
 #include "audio/SongLevel.h"
 #include "tests/audio/RecordedPlayer.h"
-
-#include <algorithm>
-#include <cmath>
 
 namespace {
 
 using audio::Frame;
 using audio::LevelledStream;
-using audio::Meter;
 using audio::Mp3Stream;
 using audio::SongLevel;
+using sound::Frames;
 
 constexpr int kRate = 44100;
 
@@ -25,95 +21,81 @@ std::string Part(double seconds, double decibels) {
     return tonefile::Encode(seconds, {.header = false, .volume = Factor(decibels)});
 }
 
-double Strength(std::span<const Frame> frames) {
-    double sum = 0;
-    for (const Frame& frame : frames)
-        sum += static_cast<double>(frame.left * frame.left);
-    return std::sqrt(sum / static_cast<double>(frames.size()));
-}
+class Level : public testing::Test {
+protected:
+    void Write(const std::string& bytes) const { mFolder.Write("song.mp3", bytes); }
+    std::unique_ptr<Mp3Stream> Open() const { return Mp3Stream::Open(mFolder.Path() / "song.mp3"); }
 
-TEST(SongLevel, IsThatOfTheWholeSongAndRaisesSoftOnesOnlySoFar) {
-    const TemporaryFolder folder;
+    const TemporaryFolder mFolder;
+    const std::shared_ptr<SongLevel> mLevel = std::make_shared<SongLevel>();
+};
+
+TEST_F(Level, IsThatOfTheWholeSongAndRaisesSoftOnesOnlySoFar) {
     const std::string minute = Part(20, -20) + Part(20, -12) + Part(20, -20);
-    std::string song;
-    for (int i = 0; i < 4; ++i) // minutes, of which only parts are measured
-        song += minute;
-    const auto stream = Mp3Stream::Open(folder.Write("song.mp3", song));
-    ASSERT_TRUE(stream);
-    SongLevel level;
-    EXPECT_FALSE(level.Gain());
-    level.Measure(*stream);
+    Write(minute + minute + minute); // of which only parts are measured
+    const auto stream = Open();
+    EXPECT_FALSE(mLevel->Gain());
+    mLevel->Measure(*stream);
     stream->SeekTo(0);
-    Meter whole(kRate, Meter::Of::Loudness);
-    whole.Add(sound::Read(*stream, static_cast<std::size_t>(stream->Frames())));
-    EXPECT_NEAR(Decibels(level.Gain().value_or(0)), -16 - whole.Loudness(), 1);
-
-    SongLevel soft;
-    soft.Measure(*Mp3Stream::Open(folder.Write("song.mp3", Part(3, -50))));
-    EXPECT_NEAR(Decibels(soft.Gain().value_or(0)), 20, 0.01);
+    const Frames whole = sound::Read(*stream, static_cast<std::size_t>(stream->Frames()));
+    EXPECT_NEAR(Decibels(mLevel->Gain().value_or(0)),
+                -16 - sound::Measured(whole, kRate).Loudness(), 1);
+    Write(Part(3, -50));
+    mLevel->Measure(*Open());
+    EXPECT_NEAR(Decibels(mLevel->Gain().value_or(0)), 20, 0.01);
 }
 
-TEST(LevelledStream, KeepsEveryFrameInItsPlaceAndWhatCannotBeMeasuredAsItIs) {
-    const TemporaryFolder folder;
+TEST_F(Level, KeepsEveryFrameInItsPlaceAndWhatCannotBeMeasuredAsItIs) {
     for (const std::string& bytes : {tonefile::Encode(3), Part(0.25, -12), Part(1, -200)}) {
-        const auto path = folder.Write("song.mp3", bytes);
+        Write(bytes);
         const auto level = std::make_shared<SongLevel>();
-        const auto plain = Mp3Stream::Open(path);
+        const auto plain = Open();
         level->Measure(*plain);
         EXPECT_EQ(level->Gain().has_value(), plain->Length() == 3);
         const float gain = level->Gain().value_or(1);
-        LevelledStream levelled(Mp3Stream::Open(path), level);
+        LevelledStream levelled(Open(), level);
         for (const std::int64_t place : {std::int64_t{0}, 2 * plain->Frames() / 3}) {
             plain->SeekTo(place);
             levelled.SeekTo(place);
-            std::vector<Frame> wanted = sound::Read(*plain, 200000);
+            Frames wanted = sound::Read(*plain, 200000);
             for (Frame& frame : wanted)
                 frame = {frame.left * gain, frame.right * gain};
-            const std::vector<Frame> got = sound::Read(levelled, 200000);
+            const Frames got = sound::Read(levelled, 200000);
             ASSERT_EQ(got.size(), wanted.size());
             EXPECT_LT(sound::Difference(got, wanted), 1e-4f) << place;
         }
     }
 }
 
-TEST(LevelledStream, GoesOverSlowlyToAGainThatIsKnownOnlyLater) {
-    const TemporaryFolder folder;
-    const auto path = folder.Write("song.mp3", Part(8, -26) + Part(8, -6));
-    const auto level = std::make_shared<SongLevel>();
-    LevelledStream stream(Mp3Stream::Open(path), level);
+TEST_F(Level, GoesOverSlowlyToAGainThatIsKnownOnlyLater) {
+    Write(Part(8, -26) + Part(8, -6));
+    LevelledStream stream(Open(), mLevel);
     stream.SeekTo(4410);
-    std::vector<double> strengths; // of the tenths of a second
-    while (strengths.size() < 70) {
-        if (strengths.size() == 10)
-            level->Measure(*Mp3Stream::Open(path));
-        strengths.push_back(Strength(sound::Read(stream, 4410)));
+    std::vector<double> loudness; // of the fifths of a second
+    while (loudness.size() < 70) {
+        if (loudness.size() == 10)
+            mLevel->Measure(*Open());
+        loudness.push_back(LoudestMoment(sound::Read(stream, 4410), kRate));
     }
-    for (std::size_t i = 1; i < strengths.size(); ++i)
-        EXPECT_NEAR(Decibels(strengths[i] / strengths[i - 1]), 0, 0.5) << i;
-    EXPECT_NEAR(strengths.front(), Factor(-16 - 3), 0.02);
-    EXPECT_NEAR(strengths.back(), strengths.front() * Factor(-17), 0.01);
+    for (std::size_t i = 1; i < loudness.size(); ++i)
+        EXPECT_NEAR(loudness[i], loudness[i - 1], 0.5) << i;
+    EXPECT_NEAR(loudness.back(), loudness.front() - 16, 1.5);
 }
 
 TEST(Limiter, TurnsDownBeforeThePeakAndUpAgainWithoutAJump) {
     constexpr float kCeiling = 0.5F;
-    std::vector<Frame> frames(3 * kRate, Frame{0.3F, -0.3F});
+    Frames frames(3 * kRate, Frame{0.3F, -0.3F});
     std::fill_n(frames.begin() + 70000, 100, Frame{2.25F, -2.25F});
     audio::Limiter limiter(kRate, kCeiling);
     limiter.Put(frames);
     limiter.End();
-    std::vector<Frame> out(frames.size() + 1);
-    std::size_t done = 0;
-    while (const std::size_t got = limiter.Take(std::span(out).subspan(done)))
-        done += got;
+    Frames out(frames.size() + 1);
+    ASSERT_EQ(limiter.Take(out), frames.size());
     EXPECT_TRUE(limiter.Drained());
-    ASSERT_EQ(done, frames.size());
-    out.resize(done);
-    Meter meter(kRate, Meter::Of::TruePeak);
-    meter.Add(out);
-    EXPECT_LE(meter.TruePeak(), kCeiling * 1.03);
+    EXPECT_LE(sound::Measured(out, kRate).TruePeak(), kCeiling * 1.03);
     float before = 1;
     float lowest = 1;
-    for (std::size_t i = 0; i < out.size(); ++i) {
+    for (std::size_t i = 0; i < frames.size(); ++i) {
         const float gain = out[i].left / frames[i].left;
         ASSERT_NEAR(gain, before, 0.01) << i;
         before = gain;
@@ -132,22 +114,18 @@ TEST_F(RecordedPlayer, TheSameMusicIsHeardAtOneLoudnessBelowFullScale) {
         {"softer", {.volume = Factor(-24), .decay = 12}},
         {"dense beyond full scale", {.volume = Factor(6)}},
         {"all peaks", {.volume = Factor(-12), .decay = 80}},
-        {"8 kHz", {.rate = 8000, .channels = 1, .kbps = 32, .volume = Factor(-12), .decay = 12}},
+        {"8 kHz", {.rate = 8000, .mono = true, .kbps = 32, .volume = Factor(-12), .decay = 12}},
         {"played at once", {.volume = Factor(-12), .decay = 12}, true},
     };
     for (const auto& copy : copies) {
         SCOPED_TRACE(copy.name);
-        const auto path = mFolder.Write(copy.name, tonefile::Encode(8, copy.encoding));
-        Rewind();
-        ASSERT_EQ(mPlayer.OpenFile(path), 1);
+        ASSERT_EQ(mPlayer.OpenFile(mFolder.Write("song", tonefile::Encode(8, copy.encoding))), 1);
         if (!copy.atOnce)
             std::this_thread::sleep_for(std::chrono::milliseconds(300));
         mPlayer.SeekTo(3.3);
         ASSERT_TRUE(PlaysPast(7.3));
         mPlayer.StopPlay();
-        ASSERT_TRUE(DeviceCloses());
-        Meter meter(copy.encoding.rate, Meter::Of::Both);
-        meter.Add(Sound());
+        const audio::Meter meter = sound::Measured(RecordedSound(), copy.encoding.rate);
         EXPECT_NEAR(meter.Loudness(), audio::kPlayedLoudness, 2);
         EXPECT_LT(meter.TruePeak(), 1);
     }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "audio/Frame.h"
+#include "audio/Meter.h"
 
 #include <algorithm>
 #include <cmath>
@@ -9,6 +9,8 @@
 
 /// Looking at sound in tests.
 namespace sound {
+
+using Frames = std::vector<audio::Frame>;
 
 /// The largest difference between the frames of `part` and those at the same places in `whole`,
 /// which is at least as long.
@@ -21,8 +23,8 @@ inline float Difference(std::span<const audio::Frame> part, std::span<const audi
 }
 
 /// The next `count` frames of a stream, fewer at the end.
-template <typename Stream> std::vector<audio::Frame> Read(Stream& stream, std::size_t count) {
-    std::vector<audio::Frame> frames(count);
+template <typename Stream> Frames Read(Stream& stream, std::size_t count) {
+    Frames frames(count);
     std::size_t done = 0;
     for (std::size_t got = 1; got > 0 && done < count; done += got)
         got = stream.Read(std::span(frames).subspan(done));
@@ -36,6 +38,13 @@ inline double Pitch(std::span<const audio::Frame> frames, int rate) {
     for (std::size_t i = 1; i < frames.size(); ++i)
         crossings += (frames[i - 1].left < 0) != (frames[i].left < 0) ? 1 : 0;
     return crossings / 2.0 * rate / static_cast<double>(frames.size());
+}
+
+/// A meter that has heard the frames.
+inline audio::Meter Measured(std::span<const audio::Frame> frames, int rate) {
+    audio::Meter meter(rate, audio::Meter::Of::Both);
+    meter.Add(frames);
+    return meter;
 }
 
 } // namespace sound

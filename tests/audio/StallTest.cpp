@@ -13,22 +13,7 @@ namespace {
 
 using StalledDisk = RecordedPlayer;
 
-TEST_F(StalledDisk, PausesAndEndsAtOnce) {
-    ASSERT_EQ(mPlayer.OpenFile(Song(60)), 1);
-    ASSERT_TRUE(PlaysPast(0.5));
-    HeldReads held(Song(60));
-    ASSERT_TRUE(Eventually([&held] { return held.Waiting() > 0; }));
-    mPlayer.PausePlay();
-    EXPECT_TRUE(DeviceCloses());
-    mPlayer.StopPlay();
-    mPlayer.SeekTo(2);
-    EXPECT_EQ(mPlayer.OpenFile(Song(3)), 1);
-    mPlayer.Play();
-    EXPECT_TRUE(Ends());
-    EXPECT_GT(held.Waiting(), 0);
-}
-
-TEST_F(StalledDisk, ACueNeedsNoMoreReadsOfWhatIsReadyAndEndsAtOnce) {
+TEST_F(StalledDisk, IsNotNeededForWhatACueHasReadyNorWaitedForAfterwards) {
     const auto atFour = [](double) { return 4.0; };
     const auto gone = mFolder.Path() / "gone";
     const audio::Cue cue({gone, gone, Song(60), gone}, atFour);
@@ -48,10 +33,14 @@ TEST_F(StalledDisk, ACueNeedsNoMoreReadsOfWhatIsReadyAndEndsAtOnce) {
     ASSERT_EQ(mPlayer.OpenFile(Song(60)), 1);
     mPlayer.SeekTo(4);
     EXPECT_TRUE(PlaysPast(5.2));
-    mPlayer.StopPlay();
-    ASSERT_TRUE(DeviceCloses());
-    ExpectHeard(0.1, 4.15);
-    ExpectHeard(0.9, 4.95);
+    mPlayer.PausePlay();
+    const sound::Frames heard = RecordedSound();
+    ExpectHeard(heard, 0.1, 4.15);
+    ExpectHeard(heard, 0.9, 4.95);
+    mPlayer.SeekTo(2);
+    EXPECT_EQ(mPlayer.OpenFile(Song(3)), 1);
+    EXPECT_TRUE(PlaysToTheEnd());
+    EXPECT_GT(held.Waiting(), 0);
 }
 
 #endif
@@ -59,29 +48,26 @@ TEST_F(StalledDisk, ACueNeedsNoMoreReadsOfWhatIsReadyAndEndsAtOnce) {
 std::atomic<bool> gHangs = false;
 std::atomic<int> gInside = 0;
 std::atomic<bool> gUnplugged = false;
-std::atomic<int> gOpened = 0;
-std::atomic<int> gClosed = 0;
 
-/// Returns once the device has stopped hanging.
-void Hang() {
-    ++gInside;
-    EXPECT_TRUE(Eventually([] { return !gHangs; }));
-    --gInside;
-}
+/// A call of the device, which returns once that hangs no more.
+struct Call {
+    Call() {
+        ++gInside;
+        EXPECT_TRUE(Eventually([] { return !gHangs; }));
+    }
+    ~Call() { --gInside; }
+};
 
 class StuckDevice : public RecordedPlayer {
 protected:
     StuckDevice() {
-        mSdl.OpenAudioDevice = [](const char* name, int capture, const SDL_AudioSpec* wanted,
-                                  SDL_AudioSpec* got, int changes) {
-            ++gOpened;
-            Hang();
-            return real->OpenAudioDevice(name, capture, wanted, got, changes);
+        mSdl.OpenAudioDevice = [](auto... arguments) {
+            const Call call;
+            return real->OpenAudioDevice(arguments...);
         };
         mSdl.CloseAudioDevice = [](SDL_AudioDeviceID device) {
-            Hang();
+            const Call call;
             real->CloseAudioDevice(device);
-            ++gClosed;
         };
         mSdl.GetAudioDeviceStatus = [](SDL_AudioDeviceID device) {
             return gUnplugged ? SDL_AUDIO_STOPPED : real->GetAudioDeviceStatus(device);
@@ -89,9 +75,15 @@ protected:
         audio::ReplaceSdl(&mSdl);
     }
     ~StuckDevice() override {
-        gHangs = false;
-        EXPECT_TRUE(Eventually([] { return gInside == 0; }));
+        EXPECT_TRUE(Recovers());
         audio::ReplaceSdl(nullptr);
+    }
+    static bool Hangs() {
+        return Eventually([] { return gInside > 0; });
+    }
+    static bool Recovers() {
+        gHangs = false;
+        return Eventually([] { return gInside == 0; });
     }
 
     inline static const audio::Sdl* real = audio::LoadSdl();
@@ -107,36 +99,32 @@ TEST_F(StuckDevice, LeavesTheGameGoingAndSoundComesBackWithTheNextClip) {
             gHangs = true;
             mPlayer.StopPlay(); // and then it is closed
         }
-        ASSERT_TRUE(Eventually([] { return gInside > 0; }));
+        ASSERT_TRUE(Hangs());
         EXPECT_TRUE(PlaysPast(0.2));
         EXPECT_EQ(audio::NoDevice(), opening);
         mPlayer.StopPlay();
-        gHangs = false;
-        ASSERT_TRUE(Eventually([] { return gClosed == gOpened; }));
-        Rewind();
+        ASSERT_TRUE(Recovers());
+        Recorded();
         ASSERT_EQ(mPlayer.OpenFile(Song(3)), 1);
-        mPlayer.Play();
-        EXPECT_TRUE(Ends());
+        EXPECT_TRUE(PlaysToTheEnd());
         EXPECT_FALSE(audio::NoDevice());
         mPlayer.StopPlay();
-        ASSERT_TRUE(DeviceCloses());
-        EXPECT_GT(Sound().size(), 2.9 * kRate);
-        Rewind();
+        EXPECT_GT(RecordedSound().size(), 2.9 * kRate);
     }
 }
 
 TEST_F(StuckDevice, AnUnpluggedOneIsLookedForAgainAndOneThatHangsIsLeftBehind) {
     ASSERT_EQ(mPlayer.OpenFile(Song(60)), 1);
     ASSERT_TRUE(PlaysPast(1));
-    const int opened = gOpened;
+    Rewind();
     gUnplugged = true;
-    EXPECT_TRUE(Eventually([opened] { return gOpened > opened; }));
+    EXPECT_TRUE(DeviceOpens());
     gUnplugged = false;
-    EXPECT_TRUE(Passes(mPlayer.Position() + 1));
+    EXPECT_TRUE(PlaysPast(mPlayer.Position() + 1));
     gHangs = true;
     auto player = std::make_unique<c_XAudio>();
     ASSERT_EQ(player->OpenFile(Song(60)), 1);
-    ASSERT_TRUE(Eventually([] { return gInside > 0; }));
+    ASSERT_TRUE(Hangs());
     player.reset();
     EXPECT_FALSE(platform::AsidesEnd(std::chrono::milliseconds(100)));
 }

@@ -3,52 +3,47 @@
 #include "audio/Reel.h"
 #include "tests/audio/Sound.h"
 
-#include <algorithm>
-#include <chrono>
 #include <gtest/gtest.h>
-#include <memory>
-#include <vector>
 
 namespace {
 
 using namespace std::chrono_literals;
 using audio::Frame;
-using audio::PlayClock;
-
-constexpr float kNoClick = 1.01f / 176; // a fade over 4 ms has 176 steps
+using sound::Frames;
 
 constexpr std::uint64_t kDevice = 1;
 
 class Voice : public testing::Test {
 protected:
     Voice() { mVoice.Connect(kDevice, 44100); }
-    static std::shared_ptr<audio::Reel> ReelOf(const std::vector<Frame>& frames) {
+    static std::shared_ptr<audio::Reel> ReelOf(const Frames& frames) {
         auto reel = std::make_shared<audio::Reel>(44100, 0);
         reel->frames.Write(frames);
         return reel;
     }
-    /// Returns the next frames and appends them to `mHeard`.
-    std::vector<Frame> Take(std::size_t count) {
-        std::vector<Frame> frames(count);
-        mVoice.Fill(kDevice, frames);
+    /// The next frames of a device; they are appended to `mHeard`.
+    Frames Take(std::size_t count, std::uint64_t device = kDevice) {
+        Frames frames(count);
+        mVoice.Fill(device, frames);
         mHeard.insert(mHeard.end(), frames.begin(), frames.end());
         return frames;
     }
+    const std::shared_ptr<audio::Reel> mReel = ReelOf(Frames(3000, Frame{1, 1}));
     audio::Voice mVoice;
-    std::vector<Frame> mHeard = {Frame{}};
+    Frames mHeard = {Frame{}};
 };
 
 TEST_F(Voice, FadesWhereItStartsStopsAndGoesOn) {
-    const auto reel = ReelOf(std::vector<Frame>(3000, Frame{1, 1}));
-    mVoice.Play(reel, 1);
+    constexpr float kNoClick = 1.01f / 176; // a fade over 4 ms has 176 steps
+    mVoice.Play(mReel, 1);
     EXPECT_EQ(Take(1000).back().left, 1);
     mVoice.Play(nullptr, 2);
     EXPECT_TRUE(mVoice.Sounding());
     EXPECT_EQ(Take(441).back().left, 0);
     EXPECT_FALSE(mVoice.Sounding());
-    mVoice.Play(reel, 3);
+    mVoice.Play(mReel, 3);
     EXPECT_EQ(Take(441).back().left, 1);
-    mVoice.Play(ReelOf(std::vector<Frame>(700, Frame{-1, -1})), 4);
+    mVoice.Play(ReelOf(Frames(700, Frame{-1, -1})), 4);
     Take(441);
     Take(500);
     EXPECT_EQ(std::ranges::min(mHeard, {}, &Frame::left).left, -1);
@@ -59,7 +54,7 @@ TEST_F(Voice, FadesWhereItStartsStopsAndGoesOn) {
 }
 
 TEST_F(Voice, RunsAtTheSpeedAskedForAndStopsAtTheEndWithoutAClick) {
-    std::vector<Frame> ramp(10000);
+    Frames ramp(10000);
     for (std::size_t i = 0; i < ramp.size(); ++i)
         ramp[i].left = static_cast<float>(i + 1);
     std::uint64_t run = 0;
@@ -71,10 +66,11 @@ TEST_F(Voice, RunsAtTheSpeedAskedForAndStopsAtTheEndWithoutAClick) {
         mVoice.Play(reel, ++run);
         EXPECT_NEAR(Take(1001).back().left, 1 + 1000 * speed, 0.01);
         reel->complete = true;
-        std::vector<Frame> rest = Take(30000);
+        Frames rest = Take(30000);
         EXPECT_FALSE(mVoice.Ended(run)) << "before the device has come back for more";
         Take(1);
         EXPECT_TRUE(mVoice.Ended(run));
+        EXPECT_FALSE(mVoice.Ended(run - 1));
         std::erase_if(rest, [](const Frame& frame) { return frame.left <= 0; });
         EXPECT_NEAR(static_cast<double>(rest.size()), 10000 / speed - 1001, 2 / speed + 1);
         EXPECT_LT(rest.back().left, 10000 * 0.02);
@@ -82,59 +78,50 @@ TEST_F(Voice, RunsAtTheSpeedAskedForAndStopsAtTheEndWithoutAClick) {
 }
 
 TEST_F(Voice, ServesTheDeviceThatWasConnectedLast) {
-    const auto reel = ReelOf(std::vector<Frame>(3000, Frame{1, 1}));
-    mVoice.Play(reel, 1);
+    mVoice.Play(mReel, 1);
     Take(1000);
-    mVoice.Connect(kDevice + 1, 22050);
+    mVoice.Connect(2, 22050);
     EXPECT_EQ(Take(100).back().left, 0) << "heard on a device that was replaced";
-    std::vector<Frame> frames(1000);
-    mVoice.Fill(kDevice + 1, frames);
-    EXPECT_EQ(frames.back().left, 0) << "heard at another rate";
-    mVoice.Connect(kDevice + 2, 44100);
-    mVoice.Disconnect(kDevice + 1);
-    mVoice.Fill(kDevice + 2, frames);
-    EXPECT_EQ(frames.back().left, 1);
-    EXPECT_EQ(reel->next, 2000);
+    EXPECT_EQ(Take(1000, 2).back().left, 0) << "heard at another rate";
+    mVoice.Connect(3, 44100);
+    mVoice.Disconnect(2);
+    EXPECT_EQ(Take(1000, 3).back().left, 1);
+    EXPECT_EQ(mReel->next, 2000);
 }
 
 TEST_F(Voice, CountsTheReelAlone) {
-    const auto chime = std::make_shared<const std::vector<Frame>>(2000, Frame{0.25F, 0.25F});
     mVoice.Clock().Begin(1, 0);
-    mVoice.Add(chime);
+    mVoice.Add(std::make_shared<const Frames>(4000, Frame{0.25F, 0.25F}));
     EXPECT_TRUE(mVoice.Chiming());
     EXPECT_FALSE(mVoice.Sounding());
-    EXPECT_EQ(Take(500).back().left, 0.25F);
-    const auto reel = ReelOf(std::vector<Frame>(1000, Frame{0.5F, 0.5F}));
+    const auto reel = ReelOf(Frames(1000, Frame{0.5F, 0.5F}));
     reel->complete = true;
     mVoice.Play(reel, 1);
     EXPECT_EQ(Take(500).back().left, 0.75F);
-    EXPECT_EQ(reel->next, 500);
     Take(500);
-    Take(1);
+    EXPECT_EQ(Take(1).back().left, 0.25F);
     EXPECT_TRUE(mVoice.Ended(1)) << "by a sound that goes on";
     EXPECT_TRUE(mVoice.Chiming());
     EXPECT_EQ(mVoice.Clock().Position(std::chrono::steady_clock::now() + 1h), 1000 / 44100.0);
     mVoice.Play(nullptr, 2);
-    mVoice.Add(chime);
     Take(441);
     EXPECT_FALSE(mVoice.Sounding());
     EXPECT_FALSE(mVoice.Fading());
 }
 
-PlayClock::Time At(std::chrono::milliseconds time) { return PlayClock::Time(time); }
-
 TEST(PlayClock, TellsWhatIsHeardAtItsSpeedAndNeverRunsBackwardsWithinARun) {
-    PlayClock clock;
+    const audio::PlayClock::Time start{1s};
+    audio::PlayClock clock;
     clock.Begin(1, 7);
-    clock.Note({.run = 1, .first = 7, .end = 8, .speed = 2, .delay = 0.1, .when = At(1000ms)});
-    EXPECT_EQ(clock.Position(At(1050ms)), 7);
-    EXPECT_NEAR(clock.Position(At(1300ms)), 7.4, 1e-9);
-    clock.Note({.run = 1, .first = 7.2, .end = 8, .delay = 0, .when = At(1300ms)});
-    EXPECT_NEAR(clock.Position(At(1300ms)), 7.4, 1e-9);
-    EXPECT_EQ(clock.Position(At(9000ms)), 8) << "goes past what was handed over";
+    clock.Note({.run = 1, .first = 7, .end = 8, .speed = 2, .delay = 0.1, .when = start});
+    EXPECT_EQ(clock.Position(start + 50ms), 7);
+    EXPECT_NEAR(clock.Position(start + 300ms), 7.4, 1e-9);
+    clock.Note({.run = 1, .first = 7.2, .end = 8, .delay = 0, .when = start + 300ms});
+    EXPECT_NEAR(clock.Position(start + 300ms), 7.4, 1e-9);
+    EXPECT_EQ(clock.Position(start + 8s), 8) << "goes past what was handed over";
     clock.Begin(2, 1);
-    clock.Note({.run = 1, .first = 5.3, .end = 6, .delay = 0, .when = At(9000ms)});
-    EXPECT_EQ(clock.Position(At(9100ms)), 1) << "of the run before";
+    clock.Note({.run = 1, .first = 5.3, .end = 6, .delay = 0, .when = start + 8s});
+    EXPECT_EQ(clock.Position(start + 9s), 1) << "of the run before";
 }
 
 } // namespace
