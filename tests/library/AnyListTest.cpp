@@ -58,6 +58,7 @@ TEST_F(AnyListTest, AStopEndsTheReading) {
 
 TEST_F(AnyListTest, ListsOfAllKindsAreToldApartAndRead) {
     const std::string folder = mFolder.Path().string();
+    const std::string utf8Mark = "\xEF\xBB\xBF";
     const struct {
         std::string bytes;
         std::string read;
@@ -75,16 +76,11 @@ TEST_F(AnyListTest, ListsOfAllKindsAreToldApartAndRead) {
         {"#EXTM3U\r\n#EXTINF:1,x\r\na.mp3\r\n", "foreign a.mp3|"},
         {"a.mp3\r\nSub/Song One.mp3\n  a.mp3 \t\n\n#x\rb.mp3\n",
          "foreign a.mp3|Sub/Song One.mp3|a.mp3|b.mp3|"},
-        {"\xEF\xBB\xBF"
-         "a.mp3\r\n",
-         "foreign a.mp3|"},
+        {utf8Mark + "a.mp3\r\n", "foreign a.mp3|"},
         {"\xFF\xFE"
-         "a\0.\0m\0p\0"
-         "3\0\r\0\n\0"s,
+         "a\0.\0m\0p\0003\0\r\0\n\0"s,
          "foreign a.mp3|"},
-        {"\xFE\xFF\0a\0.\0m\0p\0"
-         "3"s,
-         "foreign a.mp3|"},
+        {"\xFE\xFF\0a\0.\0m\0p\0003"s, "foreign a.mp3|"},
         {"a.mp3\r\n", "foreign a.mp3|", "list.M3U8"},
         // spellings
         {"SUB/song one.MP3\nsub\\SONG ONE.mp3\n./sub/../A.MP3\nsub/\xC3\xBC.mp3\n",
@@ -108,7 +104,9 @@ TEST_F(AnyListTest, ListsOfAllKindsAreToldApartAndRead) {
         {"File1=a.mp3\r\n", "foreign a.mp3|", "list.pls"},
         // no lists
         {"ID3\x04\0\0\n"s, "error "},
-        {"\xEF\xBB\xBF\x01\x02", "error "},
+        {"ID3\x04\0\0/a\r\n/b\r\n"s, "error "},
+        {"\x7F@\x02\r\n/a\r\n", "error "},
+        {utf8Mark + "\x01\x02", "error "},
         {"\xFF\xFE\xFF", "foreign "},
     };
     for (const auto& [bytes, read, name] : cases) {

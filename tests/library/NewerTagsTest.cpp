@@ -55,12 +55,10 @@ std::string Both(int version) {
                         : Frame(version, "TIT2", "\0T"s) + Frame(version, "TPE1", "\0A"s);
 }
 
-std::string Id3v1(const std::string& title, const std::string& artist) {
-    std::string tag = "TAG" + title;
-    tag.resize(33, ' ');
-    tag += artist;
-    tag.resize(128, ' ');
-    return tag;
+std::string Id3v1(std::string title, std::string artist) {
+    title.resize(30, ' ');
+    artist.resize(95, ' ');
+    return "TAG" + title + artist;
 }
 
 struct NewerTagsTest : testing::Test {

@@ -2,6 +2,7 @@
 #include "library/c_ID3.h"
 #include "tests/TemporaryFolder.h"
 
+#include <QStringList>
 #include <gtest/gtest.h>
 #include <string>
 
@@ -62,14 +63,11 @@ TEST_F(TagTest, FieldsAreReadAndCleaned) {
 }
 
 TEST_F(TagTest, GenresKeepTheirNumbersAndOddSpellings) {
-    const std::pair<int, QString> genres[] = {
-        {0, "Blues"},       {17, "Rock"},       {40, "Alt. Rock"},    {67, "Phychedelic"},
-        {85, "Bebob"},      {89, "Blue Grass"}, {90, "Avantegarde"},  {117, "power Ballad"},
-        {123, "A Capella"}, {131, "indie"},     {144, "Trash Metal"}, {147, "Synth Pop"},
-        {148, ""},
-    };
-    for (const auto& [number, name] : genres)
-        EXPECT_EQ(Read(TagWith("", "", static_cast<char>(number))).Genre(), name) << number;
+    QStringList genres;
+    for (int number = 0; number < 256; ++number)
+        genres << Read(TagWith("", "", static_cast<char>(number))).Genre();
+    EXPECT_EQ(genres[117], "power Ballad");
+    EXPECT_EQ(qChecksum(genres.join(u'|').toUtf8()), 24841) << genres.join(u'|').toStdString();
     c_ID3 tag;
     tag.SetGenre("jazz+funk");
     EXPECT_EQ(Written(tag).back(), 29);

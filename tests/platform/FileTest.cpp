@@ -15,15 +15,19 @@ namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 using namespace std::string_literals;
 
-TEST(FileTest, BytesComeBackWhateverTheyAreAndWhateverTheNameIs) {
+TEST(FileTest, BytesComeBackWhateverTheyAreAndPermissionsStayButThoseOfTheOwner) {
     const TemporaryFolder folder;
     const std::string bytes("\0\r\n\xFF tail", 9);
-    for (const std::string& name : {" \xFF\r\n?\\*.mp3"s, std::string(255, 'x')}) {
+    const std::tuple<std::string, unsigned, unsigned> cases[] = {
+        {" \xFF\r\n?\\*.mp3", 0440, 0640}, {std::string(255, 'x'), 0, 0600}, {"x", 0777, 0777}};
+    for (const auto& [name, before, after] : cases) {
         const fs::path file = folder.Write(name, "old");
+        fs::permissions(file, fs::perms(before));
         EXPECT_FALSE(platform::ReplaceFile(file, bytes));
         QByteArray read;
         EXPECT_FALSE(platform::ReadWholeFile(file, read));
         EXPECT_EQ(read.toStdString(), bytes);
+        EXPECT_EQ(fs::status(file).permissions(), fs::perms(after));
     }
 }
 
@@ -45,28 +49,15 @@ TEST(FileTest, WhatIsNoRegularFileIsRefusedAndNeverWaitedFor) {
     EXPECT_EQ(folder.Entries(), 4);
 }
 
-TEST(ReplaceFileTest, PermissionsAreKeptAndTheOwnerMayReadAndWrite) {
-    const TemporaryFolder folder;
-    const fs::path file = folder.Write("list", "old");
-    const std::pair<unsigned, unsigned> cases[] = {{0440, 0640}, {0, 0600}, {0777, 0777}};
-    for (const auto& [before, after] : cases) {
-        fs::permissions(file, fs::perms(before));
-        EXPECT_FALSE(platform::ReplaceFile(file, "new"));
-        EXPECT_EQ(BytesOf(file), "new");
-        EXPECT_EQ(fs::status(file).permissions(), fs::perms(after));
-    }
-}
-
 TEST(ReplaceFileTest, WhatAKilledWritingLeftGoesAndWhatIsBeingWrittenStays) {
     const TemporaryFolder folder;
-    const fs::path left = folder.Write(".songrush-1-1.tmp", "half");
-    fs::last_write_time(left, fs::file_time_type::clock::now() - 1h);
-    const fs::path written = folder.Write(".songrush-2-1.tmp", "half");
+    for (const char* name : {".songrush-1-1.tmp", "songrush-1-1.tmp", ".songrush-1-1.tm"})
+        fs::last_write_time(folder.Write(name, ""), fs::file_time_type::clock::now() - 1h);
+    folder.Write(".songrush-2-1.tmp", "half");
     EXPECT_FALSE(platform::ReplaceFile(folder.Path() / "list", "new"));
     EXPECT_TRUE(platform::AsidesEnd(20s));
-    EXPECT_FALSE(fs::exists(left));
-    EXPECT_TRUE(fs::exists(written));
-    EXPECT_EQ(folder.Entries(), 2);
+    EXPECT_FALSE(fs::exists(folder.Path() / ".songrush-1-1.tmp"));
+    EXPECT_EQ(folder.Entries(), 4);
 }
 
 TEST(ReplaceFileTest, LinksStayAndWhatTheyLeadToIsReplaced) {

@@ -1,8 +1,10 @@
 #include "platform/Message.h"
+#include "platform/ProgramFolder.h"
 #include "platform/Settings.h"
 #include "platform/System.h"
 #include "platform/Wait.h"
 #include "tests/Quit.h"
+#include "tests/TemporaryFolder.h"
 
 #include <QDir>
 #include <QFile>
@@ -17,19 +19,16 @@ namespace {
 namespace fs = std::filesystem;
 
 TEST(Settings, PathsAndTextsComeBackFromDiskAsTheyWere) {
-    const QString app = "RoundTrip";
-    const QString section = "Dirs";
-    const fs::path paths[] = {"/music", "/m/caf\xE9", "/m/caf\xC3\xA9", "@/a, b;c=\"d\" %41\\n ",
-                              ""};
-    for (const fs::path& path : paths) {
-        platform::WritePathSetting(app, section, "Path", path);
-        platform::WriteSetting(app, section, "Text", "@1, \u00E4 ");
+    for (const fs::path path :
+         {"/music", "/m/caf\xE9", "/m/caf\xC3\xA9", "@/a, b;c=\"d\" %41\\n ", ""}) {
+        platform::WritePathSetting("RoundTrip", "Dirs", "Path", path);
+        platform::WriteSetting("RoundTrip", "Dirs", "Text", "@1, \u00E4 ");
         // A changed file is read again.
-        QFile store(QSettings("Songrush", app).fileName());
+        QFile store(QSettings("Songrush", "RoundTrip").fileName());
         ASSERT_TRUE(store.open(QIODevice::Append) && store.write("\n") == 1);
         store.close();
-        EXPECT_EQ(platform::ReadPathSetting(app, section, "Path", "none"), path);
-        EXPECT_EQ(platform::ReadSetting(app, section, "Text", QString()), "@1, \u00E4 ");
+        EXPECT_EQ(platform::ReadPathSetting("RoundTrip", "Dirs", "Path", "none"), path);
+        EXPECT_EQ(platform::ReadSetting("RoundTrip", "Dirs", "Text", ""), "@1, \u00E4 ");
     }
 }
 
@@ -41,8 +40,21 @@ TEST(Settings, AStoreThatIsNoFileHasNothingAndIsNeverWaitedFor) {
     EXPECT_EQ(platform::ReadSetting("Pipe", "Dirs", "Text", "none"), "none");
 }
 
-class WaitTest : public testing::Test {
-protected:
+TEST(ProgramFolder, DataBesideTheProgramComesBeforeTheSystemsData) {
+    const TemporaryFolder folder;
+    const fs::path program = folder.Path() / "games";
+    const fs::path shared = folder.Path() / "share/games/songrush";
+    const auto own = [&] { return platform::FoldersOf(program, "/home/data").own; };
+    const auto shipped = [&] { return platform::FoldersOf(program, "/home/data").shipped; };
+    EXPECT_TRUE(own() == program && shipped() == program);
+    fs::create_directories(shared / "Images");
+    EXPECT_EQ(own(), "/home/data/Songrush");
+    EXPECT_EQ(shipped(), shared);
+    fs::create_directories(program / "Images");
+    EXPECT_TRUE(own() == program && shipped() == program);
+}
+
+struct WaitTest : testing::Test {
     void TearDown() override { ForgetQuit(); }
 };
 
