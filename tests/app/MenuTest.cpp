@@ -6,37 +6,48 @@
 #include "tests/SongFolder.h"
 
 #include <QComboBox>
-#include <QSignalSpy>
 #include <QTest>
 
 namespace {
 
 class MenuTest : public testing::Test {
 protected:
-    /// Runs the menu with a robot that clicks each box in turn, as soon as it is shown.
-    void Choose(std::vector<toolkit::PictureBox*> clicks) {
+    /// Runs the menu with a robot that clicks each box in turn, once it is shown. Returns the mode
+    /// and the number of players, as in "Betting 2".
+    QString Choose(std::vector<toolkit::PictureBox*> clicks) {
         std::size_t next = 0;
         Robot robot([&] {
-            if (next < clicks.size() && clicks[next]->isVisible())
-                ClickOn(clicks[next++]);
+            if (next >= clicks.size() || !clicks[next]->isVisible())
+                return;
+            EXPECT_EQ(GroundIsClean(), form.pSingle->isVisible()) << "a glided button is left";
+            ClickOn(clicks[next++]);
         });
         c_Menu menu(form);
-        mMode = menu.Choose();
-        mCode = menu.PlayerCode();
+        const QString mode = menu.Choose();
         EXPECT_EQ(next, clicks.size());
+        return mode + QStringLiteral(" %1").arg(menu.PlayerCode());
+    }
+
+    bool GroundIsClean() {
+        const QRect below(0, 90, 800, 510); // the credits
+        return form.Dc()->Image().copy(below) == gBack->HDC(0)->Image().copy(below);
     }
 
     platform::QuitWatch mQuitWatch;
     SongFolder mFolder;
     f_Menu form;
-    QString mMode;
-    int mCode = 0;
 };
 
-TEST_F(MenuTest, AWayBackLeadsToOnePlayer) {
-    Choose({form.pMulti, form.pChoice3, form.pSingle, form.pChoice2});
-    EXPECT_EQ(mMode, "Betting");
-    EXPECT_EQ(mCode, 1);
+TEST_F(MenuTest, EveryWayLeadsToItsModeForOnePlayerOrAListedNumber) {
+    EXPECT_EQ(Choose({form.pMulti, form.pChoice3, form.pSingle, form.pChoice2}), "Betting 1");
+    form.cPlayers->setCurrentText(QStringLiteral("5"));
+    QTest::keyClicks(form.cPlayers, QStringLiteral("7"));
+    EXPECT_EQ(form.cPlayers->currentText(), "5");
+    EXPECT_EQ(Choose({form.pMulti, form.PChoice1}), "MultipleChoice 5");
+    form.cPlayers->setCurrentIndex(-1);
+    EXPECT_EQ(Choose({form.pMulti, form.PChoice1}), "MultipleChoice 2");
+    EXPECT_TRUE(Choose({form.pEditor}).startsWith("Editor"));
+    EXPECT_TRUE(Choose({&form.Scores->Box()}).startsWith("HighScores"));
 }
 
 TEST_F(MenuTest, ADoubleClickOnOnePlayerChoosesNoGame) {
@@ -51,48 +62,22 @@ TEST_F(MenuTest, ADoubleClickOnOnePlayerChoosesNoGame) {
     EXPECT_EQ(c_Menu(form).Choose(), "Exit");
 }
 
-TEST_F(MenuTest, OnlyListedNumbersOfPlayersCanBeChosen) {
-    form.cPlayers->setCurrentText(QStringLiteral("5"));
-    QTest::keyClicks(form.cPlayers, QStringLiteral("7"));
-    EXPECT_EQ(form.cPlayers->currentText(), "5");
-    Choose({form.pMulti, form.PChoice1});
-    EXPECT_EQ(mCode, 5);
-    form.cPlayers->setCurrentIndex(-1);
-    Choose({form.pMulti, form.PChoice1});
-    EXPECT_EQ(mCode, 2);
-}
-
-TEST_F(MenuTest, BackWipesTheGlidedButtonAway) {
-    const QRect below(0, 90, 800, 510);
-    const QImage ground = gBack->HDC(0)->Image().copy(below);
-    bool back = false;
-    Robot robot([&] {
-        if (!form.pChoice3->isVisible() && !back)
-            return ClickOn(form.pSingle);
-        EXPECT_EQ(form.Dc()->Image().copy(below) == ground, back);
-        ClickOn(std::exchange(back, true) ? form.pX : form.pChoice3);
-    });
-    c_Menu(form).Choose();
-    EXPECT_TRUE(back);
-}
-
 TEST_F(MenuTest, OffersTheSizesThatFitAndFullScreen) {
-    const QSize before = toolkit::Stage::Get().size();
-    bool looked = false;
+    toolkit::Stage& stage = toolkit::Stage::Get();
+    const QSize before = stage.size();
+    QStringList seen;
     Robot robot([&] {
         if (!form.isVisible())
             return;
-        EXPECT_FALSE(form.findChild<QWidget*>("pSize125")) << "larger than the screen";
         auto* full = form.findChild<QWidget*>("pFullScreen");
-        EXPECT_EQ(full->accessibleDescription(), looked ? "As it is now" : "");
-        if (std::exchange(looked, true))
-            return ClickOn(form.pX);
-        ClickOn(full);
+        seen << full->accessibleDescription();
+        ClickOn(seen.size() == 1 ? full : form.pX);
     });
     c_Menu(form).Choose();
-    EXPECT_TRUE(looked);
-    toolkit::Stage::Get().SetFullScreen(false);
-    EXPECT_TRUE(QTest::qWaitFor([before] { return toolkit::Stage::Get().size() == before; }));
+    EXPECT_EQ(seen, QStringList({"", "As it is now"}));
+    EXPECT_EQ(form.findChild<QWidget*>("pSize125"), nullptr) << "larger than the screen";
+    stage.SetFullScreen(false);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return stage.size() == before; }));
 }
 
 } // namespace
