@@ -18,6 +18,7 @@
 #include <QTest>
 #include <csignal>
 #include <sys/stat.h>
+#include <tuple>
 
 namespace fs = std::filesystem;
 
@@ -42,24 +43,30 @@ protected:
     void TearDown() override { ForgetQuit(); }
 
     /// The first two entries of the file, or of a new table.
-    QString FirstTwo(const fs::path& file) {
+    QString FirstTwo() {
         EXPECT_TRUE(platform::AsidesEnd(std::chrono::seconds(20)));
         game::HighScoreTable table;
-        if (fs::is_regular_file(file)) {
-            EXPECT_EQ(table.Parse(BytesOf(file)), game::HighScoreTable::ReadResult::Good);
+        if (fs::exists(mFile)) {
+            EXPECT_EQ(table.Parse(BytesOf(mFile)), game::HighScoreTable::ReadResult::Good);
         }
         return table.Name(0) + table.Score(0) + u' ' + table.Name(1) + table.Score(1);
     }
 
-    /// Shows the table for a player without points and leaves it. Returns the messages.
-    QStringList CheckWithoutPoints(const fs::path& file) {
+    /// Enters a score into the table; the player does `enter` when asked for a name. Returns the
+    /// messages that came.
+    QStringList Check(
+        std::int32_t score, const std::function<void()>& enter = [] {}) {
         c_hMulti highScores(mScores, mName);
-        highScores.SetFileName(file);
-        Robot robot([this] {
-            if (mScores.isVisible())
+        highScores.SetFileName(mFile);
+        Robot robot([&] {
+            if (mName.isVisible())
+                enter();
+            else if (mScores.isVisible())
                 ClickOn(mScores.pCont);
         });
-        highScores.Check(0);
+        highScores.Check(score);
+        for (const QString& frame : robot.Frames())
+            EXPECT_EQ(frame, "Songrush, Information, OK");
         return robot.Messages();
     }
 
@@ -74,39 +81,36 @@ TEST_F(HighScoresTest, WhatCannotBeReadOrWasTamperedWithIsKeptBeside) {
     const auto write = [this](const QByteArray& bytes) {
         return [this, bytes] { std::ofstream(mFile, std::ios::binary) << bytes.toStdString(); };
     };
-    const struct {
-        const char* what;
-        std::function<void()> make;
-        QStringList messages;
-        const char* kept; // beside the table; empty when the table was read
-    } cases[] = {
+    using Make = std::function<void()>;
+    // The last is what it is kept as beside the table; nothing when the table was read.
+    const std::tuple<const char*, Make, QStringList, const char*> cases[] = {
         {"other line ends", write(OldTable().replace("\r\n", "\n")), {}, ""},
         {"cut short", write(OldTable().chopped(20)), told, ".old"},
         {"tampered", write(OldTable().replace("10", "99")), {}, ".old2"},
         {"a pipe", [this] { mkfifo(mFile.c_str(), 0600); }, told, ".old3"},
         {"a link to itself", [this] { fs::create_symlink("H1.dat", mFile); }, told, ".old4"},
     };
-    for (const auto& c : cases) {
+    for (const auto& [what, make, messages, kept] : cases) {
         fs::remove_all(mFile);
-        c.make();
+        make();
         const ino_t before = Inode(mFile);
-        EXPECT_EQ(CheckWithoutPoints(mFile), c.messages) << c.what;
-        EXPECT_EQ(FirstTwo(mFile), *c.kept ? "Blank0 Blank0" : "Old10 Old10") << c.what;
-        EXPECT_TRUE(!*c.kept || Inode(mFile.string() + c.kept) == before) << c.what;
+        EXPECT_EQ(Check(0), messages) << what;
+        EXPECT_EQ(FirstTwo(), *kept ? "Blank0 Blank0" : "Old10 Old10") << what;
+        EXPECT_TRUE(!*kept || Inode(mFile.string() + kept) == before) << what;
     }
 }
 
 TEST_F(HighScoresTest, WhatCannotBeMovedAsideIsNotOverwritten) {
-    const fs::path longest = mFolder.Path() / std::string(255, 'n'); // no name is left beside it
+    mFile.replace_filename(std::string(255, 'n')); // no name is left beside it
     const QStringList told = {"Error in KillIt:c_hMulti", "Error Writing High Scores."};
     const std::pair<QByteArray, QStringList> cases[] = {
         {OldTable().chopped(20), QStringList("Error loading High Scores.") + told},
         {OldTable().replace("10", "99"), told},
     };
     for (const auto& [bytes, messages] : cases) {
-        std::ofstream(longest, std::ios::binary) << bytes.toStdString();
-        EXPECT_EQ(CheckWithoutPoints(longest), messages);
-        EXPECT_EQ(BytesOf(longest), bytes.toStdString());
+        std::ofstream(mFile, std::ios::binary) << bytes.toStdString();
+        EXPECT_EQ(Check(0), messages);
+        EXPECT_EQ(BytesOf(mFile), bytes.toStdString());
     }
 }
 
@@ -134,65 +138,38 @@ TEST_F(HighScoresTest, AQuitKeepsTheConfirmedNamesAndEntersNoOthers) {
         if (!highScores.ExitProgram())
             highScores.MultiCheck(scores);
         EXPECT_EQ(step, quitAt + 1);
-        EXPECT_EQ(FirstTwo(mFile), entries[quitAt]) << "at step " << quitAt;
+        EXPECT_EQ(FirstTwo(), entries[quitAt]) << "at step " << quitAt;
     }
-}
-
-TEST_F(HighScoresTest, ClosingThePromptEntersWhatWasTyped) {
-    c_hMulti highScores(mScores, mName);
-    Robot robot([this] {
-        if (!mName.isVisible())
-            return ClickOn(mScores.pCont);
-        QTest::keyClicks(mName.Text1, "Ann");
-        toolkit::Stage::Get().close();
-    });
-    highScores.Check(10);
-    EXPECT_EQ(FirstTwo(mFile), "Ann10 Blank0");
 }
 
 TEST_F(HighScoresTest, ThePromptOffersTheNamesUsedLast) {
     platform::WriteSetting("Songrush", "Scores", "Names", "");
-    const char* const kLong = "abcdefghijklmnopqrstuvwxyz";
-    const struct {
-        std::function<void()> enter;
-        QString entered;
-        QString offered; // from then on
-    } cases[] = {
+    const auto type = [this](const QString& text) { QTest::keyClicks(mName.Text1, text); };
+    const auto press = [this](Qt::Key key) { QTest::keyClick(mName.Text1, key); };
+    const QString longest = "abcdefghijklmnopqrst";
+    // What is done, the name that is entered by it, and those that are offered from then on.
+    const std::tuple<std::function<void()>, QString, QString> cases[] = {
         {[] {}, "Blank", ""},
-        {[&] { QTest::keyClicks(mName.Text1, kLong); }, "abcdefghijklmnopqrst",
-         "abcdefghijklmnopqrst"},
-        {[this] { QTest::keyClicks(mName.Text1, "Bo "); }, "Bo", "Bo,abcdefghijklmnopqrst"},
-        {[this] { QTest::keyClicks(mName.Text1, "Cy"); }, "Cy", "Cy,Bo,abcdefghijklmnopqrst"},
-        {[this] {
-             QTest::keyClick(mName.Text1, Qt::Key_Down);
-             QTest::keyClick(mName.Text1, Qt::Key_Down);
-         },
-         "Bo", "Bo,Cy,abcdefghijklmnopqrst"},
-        {[this] {
-             QTest::keyClicks(mName.Text1, "cy");
-             QTest::keyClick(mName.Text1, Qt::Key_Down);
-             QTest::keyClick(mName.Text1, Qt::Key_Up);
-         },
-         "cy", "cy,Bo,abcdefghijklmnopqrst"},
+        {[&] { type(longest + "uvwxyz"); }, longest, longest},
+        {[&] { type("Bo "); }, "Bo", "Bo," + longest},
+        {[&] { type("Cy"), toolkit::Stage::Get().close(); }, "Cy", "Cy,Bo," + longest},
+        {[&] { press(Qt::Key_Down), press(Qt::Key_Down); }, "Bo", "Bo,Cy," + longest},
+        {[&] { type("cy"), press(Qt::Key_Down), press(Qt::Key_Up); }, "cy", "cy,Bo," + longest},
         {[this] {
              const QRect last = mName.Names->visualItemRect(mName.Names->item(2));
              QTest::mouseClick(mName.Names->viewport(), Qt::LeftButton, {}, last.center());
          },
-         "abcdefghijklmnopqrst", "abcdefghijklmnopqrst,cy,Bo"},
+         longest, longest + ",cy,Bo"},
     };
     std::int32_t score = 0;
-    for (const auto& c : cases) {
-        c_hMulti highScores(mScores, mName);
-        Robot robot([&] {
-            if (!mName.isVisible())
-                return ClickOn(mScores.pCont);
+    for (const auto& [act, entered, offered] : cases) {
+        Check(++score, [&, enter = act] {
             EXPECT_EQ(mName.Text1->text(), "");
-            c.enter();
-            QTest::keyClick(mName.Text1, Qt::Key_Return);
+            enter();
+            press(Qt::Key_Return);
         });
-        highScores.Check(++score);
-        EXPECT_EQ(FirstTwo(mFile).section(u' ', 0, 0), c.entered + QString::number(score));
-        EXPECT_EQ(game::LastNames().join(u','), c.offered);
+        EXPECT_EQ(FirstTwo().section(u' ', 0, 0), entered + QString::number(score));
+        EXPECT_EQ(game::LastNames().join(u','), offered);
     }
     for (int i = 0; i < 10; ++i)
         game::RememberName(QString::number(i));

@@ -6,19 +6,12 @@
 namespace {
 
 TEST(Scoring, EveryBandOfTheClockHasItsPoints) {
-    const std::pair<float, int> cases[] = {{0.0F, 120000},
-                                           {1.9F, 81999},
-                                           {4.999F, 20019},
-                                           {5.0F, 15000},
-                                           {9.9999F, 0},
-                                           {10.0F, 1250},
-                                           {14.999F, 0},
-                                           {15.0F, 200},
-                                           {25.99F, 200},
-                                           {26.0F, 100},
-                                           {-0.5F, 100},
-                                           {1e30F, 100},
-                                           {std::numeric_limits<float>::quiet_NaN(), 100}};
+    constexpr auto kNaN = std::numeric_limits<float>::quiet_NaN();
+    const std::pair<float, int> cases[] = {
+        {0.0F, 120000}, {1.9F, 81999}, {4.999F, 20019}, {5.0F, 15000}, {9.9999F, 0},
+        {10.0F, 1250},  {14.999F, 0},  {15.0F, 200},    {25.99F, 200}, {26.0F, 100},
+        {-0.5F, 100},   {1e30F, 100},  {kNaN, 100},
+    };
     for (const auto& [seconds, points] : cases)
         EXPECT_EQ(game::PointsForTime(seconds), points) << seconds << " s";
 }
