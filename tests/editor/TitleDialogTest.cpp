@@ -14,6 +14,7 @@
 #include <QPushButton>
 #include <QTest>
 #include <functional>
+#include <tuple>
 #include <utility>
 
 namespace fs = std::filesystem;
@@ -35,10 +36,9 @@ protected:
         return file;
     }
 
-    static c_ID3 TagIn(const fs::path& file) {
-        c_ID3 tag;
-        tag.GetIdTag(file);
-        return tag;
+    QString Fields() const {
+        return mDialog.tFileName->text() + u'|' + mDialog.tSongTitle->text() + u'|' +
+               mDialog.tArtist->text();
     }
 
     /// Runs the dialog on a song while the user does `act`, which must close it. Returns the file's
@@ -75,26 +75,39 @@ protected:
     QStringList mMessages;
 };
 
-TEST_F(TitleDialogTest, ApplyingWritesTheTagAndRenamesTheFile) {
-    const fs::path renamed = Run(MakeSong("old name.MP3"), [&] {
-        EXPECT_EQ(mDialog.tFileName->text(), "old name");
-        EXPECT_EQ(mDialog.tSongTitle->text(), "Old Title");
-        EXPECT_EQ(mDialog.tArtist->text(), "Old Artist");
-        EXPECT_EQ(mDialog.lPath->text(), QString::fromStdString(mFolder.Path().string() + "/"));
-        EXPECT_EQ(mDialog.focusWidget(), mDialog.tFileName);
-        EXPECT_TRUE(mDialog.IsModal());
-        Type(mDialog.tFileName, " new name ");
-        Type(mDialog.tSongTitle, " A New Title That Is Longer Than A Tag ");
-        Type(mDialog.tArtist, " New Artist ");
-        ClickOn(mDialog.cmdApply);
-    });
-    EXPECT_FALSE(mDialog.Cancelled);
-    EXPECT_EQ(renamed, mFolder.Path() / "new name.mp3");
-    EXPECT_EQ(mFolder.Entries(), 1);
-    const c_ID3 tag = TagIn(renamed);
-    EXPECT_EQ(tag.Title(), "A New Title That Is Longer Than A Tag");
-    EXPECT_EQ(tag.Artist(), "New Artist");
-    EXPECT_EQ(tag.Album(), "Old Album");
+TEST_F(TitleDialogTest, ApplyingWritesTheTagAndRenamesTheFileUnlessItsNameIsLeftOrEmpty) {
+    // A file's name, as it is shown, what is typed, and the name after that.
+    const std::tuple<std::string, QString, QString, std::string> cases[] = {
+        {"old name.MP3", "old name", " new name ", "new name.mp3"},
+        {"what: a\\b?.mp3", "what ab", "what ab", "what: a\\b?.mp3"},
+        {" caf\xE9 .MP3", " café ", " café ", " caf\xE9 .MP3"},
+        {"twice.mp3.mp3", "twice.mp3", "twice.mp3", "twice.mp3.mp3"},
+        {"other.ogg", "other.ogg", "other.ogg", "other.ogg"},
+        {"two\nlines.mp3", "twolines", "  ", "two\nlines.mp3"},
+        {"song.mp3", "song", ".MP3", "song.mp3"},
+    };
+    for (const auto& [name, shown, typed, after] : cases) {
+        const QString fields = shown + "|Old Title|Old Artist";
+        const fs::path now = Run(MakeSong(name), [&, text = typed] {
+            EXPECT_EQ(Fields(), fields);
+            EXPECT_EQ(mDialog.lPath->text(), QString::fromStdString(mFolder.Path().string() + "/"));
+            EXPECT_EQ(mDialog.focusWidget(), mDialog.tFileName);
+            EXPECT_TRUE(mDialog.IsModal());
+            Type(mDialog.tFileName, "x");
+            mDialog.tFileName->setText(text);
+            Type(mDialog.tSongTitle, " A New Title That Is Longer Than A Tag ");
+            Type(mDialog.tArtist, " New Artist ");
+            ClickOn(mDialog.cmdApply);
+        });
+        EXPECT_FALSE(mDialog.Cancelled);
+        EXPECT_EQ(now, mFolder.Path() / after);
+        EXPECT_EQ(editor::ProblemsOf(mDialog.Changes()), "");
+        c_ID3 tag;
+        tag.GetIdTag(now);
+        EXPECT_EQ(tag.Title() + u'|' + tag.Artist() + u'|' + tag.Album(),
+                  "A New Title That Is Longer Than A Tag|New Artist|Old Album");
+    }
+    EXPECT_EQ(mFolder.Entries(), 7);
 }
 
 TEST_F(TitleDialogTest, CancellingLeavesFileAndTag) {
@@ -117,29 +130,6 @@ TEST_F(TitleDialogTest, CancellingLeavesFileAndTag) {
         EXPECT_EQ(BytesOf(song), bytes);
     }
     ForgetQuit();
-}
-
-TEST_F(TitleDialogTest, ANameLeftAsItWasShownOrEmptyKeepsTheFilesOwnName) {
-    const struct {
-        std::string name;
-        QString shown, typed;
-    } cases[] = {
-        {"what: a\\b?.mp3", "what ab", "what ab"},   {" caf\xE9 .MP3", " café ", " café "},
-        {"twice.mp3.mp3", "twice.mp3", "twice.mp3"}, {"other.ogg", "other.ogg", "other.ogg"},
-        {"two\nlines.mp3", "twolines", "  "},        {"song.mp3", "song", ".MP3"},
-    };
-    for (const auto& c : cases) {
-        const fs::path song = MakeSong(c.name);
-        const auto act = [&] {
-            EXPECT_EQ(mDialog.tFileName->text(), c.shown);
-            Type(mDialog.tFileName, "x");
-            mDialog.tFileName->setText(c.typed);
-            ClickOn(mDialog.cmdApply);
-        };
-        EXPECT_EQ(Run(song, act), song);
-        EXPECT_EQ(editor::ProblemsOf(mDialog.Changes()), "");
-    }
-    EXPECT_EQ(mFolder.Entries(), 6);
 }
 
 TEST_F(TitleDialogTest, TheNameBoxDropsForbiddenCharactersAlsoFromItsHistory) {
@@ -168,8 +158,7 @@ TEST_F(TitleDialogTest, TheNameBoxDropsForbiddenCharactersAlsoFromItsHistory) {
 TEST_F(TitleDialogTest, TheHelperButtonsMakeTheFieldsFromEachOther) {
     const auto fields = [this](QPushButton* button) {
         ClickOn(button);
-        return mDialog.tFileName->text() + u'|' + mDialog.tSongTitle->text() + u'|' +
-               mDialog.tArtist->text();
+        return Fields();
     };
     Use([&] {
         Type(mDialog.tArtist, " ");

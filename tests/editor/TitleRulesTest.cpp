@@ -2,17 +2,15 @@
 
 #include <gtest/gtest.h>
 #include <ostream>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 static void PrintTo(const QString& text, std::ostream* out) { *out << text.toStdString(); }
 
 namespace {
 
-struct Case {
-    QString from, to;
-};
-
-void Check(QString (*rule)(const QString&), const std::vector<Case>& cases) {
+void Check(QString (*rule)(const QString&), const std::vector<std::pair<QString, QString>>& cases) {
     for (const auto& [from, to] : cases)
         EXPECT_EQ(rule(from), to) << from.toStdString();
 }
@@ -47,9 +45,7 @@ TEST(TitleRulesTest, TheEndingIsTakenOffAndPutBack) {
 }
 
 TEST(TitleRulesTest, ArtistAndTitleAreGuessedFromTheNameAndCombinedToOne) {
-    const struct {
-        QString name, artist, title;
-    } cases[] = {
+    const std::tuple<QString, QString, QString> cases[] = {
         {"The Band - The= Song?", "The Band", "The Song"},
         {"band_song", "band", "song"},
         {"a-b-c_d_e", "Unknown", "a-b-c d e"},
@@ -67,10 +63,7 @@ TEST(TitleRulesTest, ArtistAndTitleAreGuessedFromTheNameAndCombinedToOne) {
 
 TEST(TitleRulesTest, ItIsToldHowMuchOfATextATagHolds) {
     const QString alphabet = "abcdefghijklmnopqrstuvwxyz 0123456789";
-    const struct {
-        editor::Fitting fitting;
-        QString hint;
-    } cases[] = {
+    const std::pair<editor::Fitting, QString> cases[] = {
         {editor::FitArtist(" Größe "), "5 of 30 characters"},
         {editor::FitArtist(alphabet),
          "37 of 30 characters; the tag will have \"" + alphabet.left(30) + "\""},
