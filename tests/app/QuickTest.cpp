@@ -42,6 +42,7 @@ protected:
             }
             if (form.isVisible() && (presses > 0 || button->isVisible())) {
                 EXPECT_TRUE(presses > 0 || Minimises(form));
+                EXPECT_FALSE(load.isVisible()) << "over the chooser";
                 auto* box = presses++ == 0 ? button : form.pX;
                 QTimer::singleShot(0, box, [box] { ClickOn(box); }); // which may last
             }

@@ -3,6 +3,8 @@
 #include "tests/Robot.h"
 #include "tests/TemporaryFolder.h"
 
+#include <tuple>
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -18,45 +20,42 @@ editor::SongChange Change(const fs::path& song, const editor::SongFacts& wanted)
 }
 
 TEST(SongChangeTest, WhatIsNotDoneToTheLetterIsToldAndWhatIsOnDiskIsShown) {
-    const struct {
-        QString title, artist;
-        const char* name;
-        QString shown; // title, artist and name after that
-        const char* problem;
-        void (*spoil)(const fs::path&) = [](const fs::path&) {};
-    } cases[] = {
-        {" New ", "Band", "song.mp3", "New|Band|song.mp3", ""},
-        {"Old", "Old Band", "what?.mp3", "Old|Old Band|what?.mp3", ""},
-        {"Old", "Old Band", "taken.mp3", "Old|Old Band|song.mp3", "called \"taken.mp3\""},
-        {"Старый", "Band", "new.mp3", "??????|Band|new.mp3",
-         "cannot hold all letters of the title"},
+    using Spoil = void (*)(const fs::path&);
+    const Spoil nothing = [](const fs::path&) {};
+    // The title, artist and name that are wanted, those that are there then, and the problem.
+    const std::tuple<QString, QString, const char*, QString, const char*, Spoil> cases[] = {
+        {" New ", "Band", "song.mp3", "New|Band|song.mp3", "", nothing},
+        {"Old", "Old Band", "what?.mp3", "Old|Old Band|what?.mp3", "", nothing},
+        {"Old", "Old Band", "taken.mp3", "Old|Old Band|song.mp3", "called \"taken.mp3\"", nothing},
+        {"Старый", "Band", "new.mp3", "??????|Band|new.mp3", "cannot hold all letters of the title",
+         nothing},
         {Repeated("Fifteen letters", 4), Repeated("b", 31), "song.mp3",
          Repeated("Fifteen letters", 4).first(59) + "|" + Repeated("b", 30) + "|song.mp3",
-         "is too long; the tag has \"bbb"},
+         "is too long; the tag has \"bbb", nothing},
         {"New", "Band", "new.mp3", "Old|Old Band|new.mp3", "read-only", MakeReadOnly},
-        {"Old", "Old Band", "other/new.mp3", "Old|Old Band|new.mp3", ""},
+        {"Old", "Old Band", "other/new.mp3", "Old|Old Band|new.mp3", "", nothing},
         {"New", "Band", "song.mp3", "||song.mp3", "too short",
          [](const fs::path& song) { fs::resize_file(song, 100); }},
         {"New", "Band", "new.mp3", "||song.mp3", "not there any more",
          [](const fs::path& song) { fs::remove(song); }},
     };
-    for (const auto& c : cases) {
+    for (const auto& [title, artist, name, shown, problem, spoil] : cases) {
         const TemporaryFolder folder;
         const fs::path taken = folder.Write("taken.mp3", "another file");
         const fs::path song = folder.Write("song.mp3", std::string(300, 'x'));
         Change(song, {song, "Old", "Old Band", "Comment", {}, {}});
-        c.spoil(song);
+        spoil(song);
         const editor::SongChange change =
-            Change(song, {folder.Path() / c.name, c.title, c.artist, "Comment", {}, {}});
+            Change(song, {folder.Path() / name, title, artist, "Comment", {}, {}});
         const editor::SongFacts now = editor::FactsOf(change.after.path);
         EXPECT_EQ(now.title + '|' + now.artist + '|' +
                       QString::fromStdString(now.path.filename().string()),
-                  c.shown);
+                  shown);
         EXPECT_EQ(now.title + now.artist, change.after.title + change.after.artist);
         EXPECT_EQ(BytesOf(taken), "another file");
         const QString problems = editor::ProblemsOf({change});
-        EXPECT_EQ(problems.isEmpty(), *c.problem == 0) << problems.toStdString();
-        EXPECT_TRUE(problems.contains(c.problem)) << problems.toStdString();
+        EXPECT_EQ(problems.isEmpty(), *problem == 0) << problems.toStdString();
+        EXPECT_TRUE(problems.contains(problem)) << problems.toStdString();
     }
 }
 

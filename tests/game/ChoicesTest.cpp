@@ -39,10 +39,9 @@ TEST(Choices, DrawsRoundHalfToEvenAndSkipFirstCurrentAndDrawnEntries) {
 }
 
 TEST(Choices, PoorPlaylistsGiveRulesUpLeastImportantFirst) {
-    const struct {
-        std::string playlist;           // one letter a file; A is the current song
-        std::array<QString, 4> allowed; // indices that the candidates may be
-    } cases[] = {
+    // Playlists of one letter a file, of which A is the current song, and the indices that each
+    // of the candidates may have.
+    const std::pair<std::string, std::array<QString, 4>> cases[] = {
         {"ABBCCAAAAA", {"1234", "1234", "1234", "1234"}}, // files twice, as different entries
         {"XBBBAAAAAA", {"123", "123", "123", "0"}},       // then the first entry
         {"BAAABAAAAA", {"4", "0", "04", "04"}},           // then the same entry again
@@ -60,7 +59,7 @@ TEST(Choices, PoorPlaylistsGiveRulesUpLeastImportantFirst) {
             for (std::size_t slot = 0; slot < drawn.size(); ++slot)
                 EXPECT_TRUE(allowed[slot].contains(QString::number(drawn[slot])))
                     << playlist << ": " << drawn[slot] << " in slot " << slot;
-            if (playlist == cases[0].playlist) {
+            if (playlist == cases[0].first) {
                 EXPECT_NE(fileName(drawn[0]), fileName(drawn[1]));
                 EXPECT_NE(drawn[2], drawn[3]);
             }

@@ -4,6 +4,8 @@
 #include <QPainter>
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <tuple>
+#include <utility>
 
 namespace {
 
@@ -38,10 +40,7 @@ TEST(CoverPicture, TheMiddleOfAPictureFillsTheSquare) {
         "4749463839610100010080000000ff00ff0000"
         "21f904000a0000002c000000000100010000020244010021f904000a0000002c00000000010001000002024c"
         "01003b");
-    const struct {
-        const char* what;
-        QByteArray encoded;
-    } cases[] = {
+    const std::pair<const char*, QByteArray> cases[] = {
         {"a JPEG", Encoded(Striped(1500, 1000), "JPEG")},
         {"a high JPEG", Encoded(Striped(333, 1000), "JPEG")},
         {"a PNG", Encoded(Striped(600, 200), "PNG")},
@@ -62,11 +61,7 @@ TEST(CoverPicture, TheMiddleOfAPictureFillsTheSquare) {
 
 TEST(CoverPicture, WhatCannotBeShownIsNone) {
     const QByteArray png = Encoded(Striped(200, 200), "PNG");
-    const struct {
-        const char* what;
-        QByteArray encoded;
-        bool shown;
-    } cases[] = {
+    const std::tuple<const char*, QByteArray, bool> cases[] = {
         {"the limit", Black(4096, 4096), true},
         {"beyond it", Black(4097, 4096), false},
         {"a line", Black(20'000, 1), false},

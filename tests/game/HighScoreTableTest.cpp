@@ -5,6 +5,7 @@
 #include "game/RankScores.h"
 
 #include <gtest/gtest.h>
+#include <tuple>
 
 namespace {
 
@@ -41,12 +42,8 @@ TEST(HighScoreTable, ChecksumAddsBytesAndFoldsAbove100000) {
 
 TEST(HighScoreTable, EveryKindOfFileIsToldApart) {
     const QByteArray good = TenPlayers();
-    const struct {
-        const char* what;
-        QByteArray file;
-        Result result;
-        QString names; // of a table that held "x" in all places before
-    } cases[] = {
+    // The names are those of a table that held "x" in all places before.
+    const std::tuple<const char*, QByteArray, Result, QString> cases[] = {
         {"check line with blanks and decimals", QByteArray(good).replace("246\r\n", "  246.0x\r\n"),
          Result::Good, "abcdefghij"},
         {"other line ends", QByteArray(good).replace("\r\n", "\n"), Result::Good, "abcdefghij"},
@@ -58,34 +55,31 @@ TEST(HighScoreTable, EveryKindOfFileIsToldApart) {
         {"last line missing", good.chopped(5), Result::Unreadable, "xxxxxxxxxx"},
         {"a megabyte of zeros", QByteArray(1 << 20, '\0'), Result::Unreadable, "xxxxxxxxxx"},
     };
-    for (const auto& c : cases) {
+    for (const auto& [what, file, result, names] : cases) {
         HighScoreTable table;
         for (int i = 0; i < HighScoreTable::kPlaces; ++i)
             table.Insert(0, "x", 5);
-        EXPECT_EQ(table.Parse(c.file), c.result) << c.what;
-        EXPECT_EQ(Names(table), c.names) << c.what;
-        EXPECT_EQ(table.IsNew(0), c.result == Result::Unreadable) << c.what;
+        EXPECT_EQ(table.Parse(file), result) << what;
+        EXPECT_EQ(Names(table), names) << what;
+        EXPECT_EQ(table.IsNew(0), result == Result::Unreadable) << what;
     }
 }
 
 TEST(HighScoreTable, NewScoresGoBelowEqualOnes) {
-    const struct {
-        int score;
-        int place; // -1 for none
-        const char* names;
-    } cases[] = {
-        {101, 0, "*abcdefghi"}, {100, 1, "a*bcdefghi"}, {11, 9, "abcdefghi*"},
-        {10, -1, "abcdefghij"}, {-5, -1, "abcdefghij"},
+    constexpr int kNone = -1;
+    const std::tuple<int, int, const char*> cases[] = {
+        {101, 0, "*abcdefghi"},    {100, 1, "a*bcdefghi"},    {11, 9, "abcdefghi*"},
+        {10, kNone, "abcdefghij"}, {-5, kNone, "abcdefghij"},
     };
-    for (const auto& c : cases) {
+    for (const auto& [score, place, names] : cases) {
         HighScoreTable table;
         ASSERT_EQ(table.Parse(TenPlayers()), Result::Good);
-        const int place = table.PlaceFor(c.score).value_or(-1);
-        EXPECT_EQ(place, c.place) << c.score;
-        if (place >= 0)
-            table.Insert(place, "*", c.score);
-        EXPECT_TRUE(place < 0 || table.IsNew(place));
-        EXPECT_EQ(Names(table), c.names) << c.score;
+        EXPECT_EQ(table.PlaceFor(score).value_or(kNone), place) << score;
+        if (place != kNone) {
+            table.Insert(place, "*", score);
+            EXPECT_TRUE(table.IsNew(place));
+        }
+        EXPECT_EQ(Names(table), names) << score;
     }
     EXPECT_FALSE(HighScoreTable().PlaceFor(0));
 }
@@ -129,14 +123,11 @@ TEST(PerfectGame, NamesAllWhoPlayedIt) {
 TEST(Evening, KnowsItsBestScoreOfEachKindOfGameFromTheSecondOn) {
     using enum game::GameKind;
     game::Evening evening;
-    const struct {
-        game::GameKind kind;
-        int score;
-        bool isNewBest;
-    } games[] = {{NormalPlay, 20, false}, {Betting, 30, false},    {NormalPlay, 20, false},
-                 {NormalPlay, 21, true},  {NormalPlay, 20, false}, {Betting, 31, true}};
-    for (const auto& each : games)
-        EXPECT_EQ(evening.IsNewBest(each.kind, each.score), each.isNewBest) << each.score;
+    const std::tuple<game::GameKind, int, bool> games[] = {
+        {NormalPlay, 20, false}, {Betting, 30, false},    {NormalPlay, 20, false},
+        {NormalPlay, 21, true},  {NormalPlay, 20, false}, {Betting, 31, true}};
+    for (const auto& [kind, score, isNewBest] : games)
+        EXPECT_EQ(evening.IsNewBest(kind, score), isNewBest) << score;
 }
 
 } // namespace
