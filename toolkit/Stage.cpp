@@ -15,7 +15,6 @@
 #include <QPainter>
 #include <QScreen>
 #include <QShortcut>
-#include <QStringList>
 #include <QTimer>
 #include <QWindow>
 #include <algorithm>
@@ -34,16 +33,6 @@ Stage* gStage = nullptr;
 
 QString Setting(const QString& key) {
     return platform::ReadSetting(kApplication, kSection, key, QString());
-}
-
-/// As `Remember` wrote it.
-std::optional<QRect> LastPlace() {
-    const QStringList numbers = Setting(kPlaceKey).split(u' ');
-    if (numbers.size() != 4)
-        return std::nullopt;
-    const QRect place(numbers[0].toInt(), numbers[1].toInt(), numbers[2].toInt(),
-                      numbers[3].toInt());
-    return place.isEmpty() ? std::nullopt : std::optional(place);
 }
 
 std::vector<QRect> AvailableScreens() {
@@ -72,7 +61,7 @@ Stage::Stage() : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint), mArea(n
     for (QWidget* ground : {static_cast<QWidget*>(this), mArea})
         ground->setMouseTracking(true);
     setFocusPolicy(Qt::ClickFocus);
-    setGeometry(StartPlace(LastPlace(), AvailableScreens()));
+    setGeometry(StartPlace(PlaceFromText(Setting(kPlaceKey)), AvailableScreens()));
     AddKeys();
     LayOut();
     platform::SetMessageBox(ShowMessagePanel);
@@ -146,13 +135,8 @@ void Stage::MakeGeometryFit() {
 }
 
 void Stage::Remember() const {
-    const QRect place = isFullScreen() ? mWindowed : geometry();
     platform::WriteSetting(kApplication, kSection, kPlaceKey,
-                           QStringLiteral("%1 %2 %3 %4")
-                               .arg(place.x())
-                               .arg(place.y())
-                               .arg(place.width())
-                               .arg(place.height()));
+                           TextFromPlace(isFullScreen() ? mWindowed : geometry()));
     platform::WriteSetting(kApplication, kSection, kFullKey,
                            isFullScreen() ? QStringLiteral("1") : QStringLiteral("0"));
 }

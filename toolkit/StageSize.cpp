@@ -1,7 +1,10 @@
 #include "toolkit/StageSize.h"
 
+#include <QStringList>
 #include <algorithm>
 #include <array>
+#include <cstdint>
+#include <cstdlib>
 #include <iterator>
 
 namespace toolkit {
@@ -66,6 +69,31 @@ QRect StartPlace(const std::optional<QRect>& last, const std::vector<QRect>& scr
     QRect place(QPoint(0, 0), size);
     place.moveCenter(screen.center());
     return MovedInto(place, screen);
+}
+
+QString TextFromPlace(const QRect& place) {
+    return QStringLiteral("%1 %2 %3 %4")
+        .arg(place.x())
+        .arg(place.y())
+        .arg(place.width())
+        .arg(place.height());
+}
+
+std::optional<QRect> PlaceFromText(const QString& text) {
+    constexpr int kFarthest = 1'000'000;
+    const QStringList texts = text.split(u' ');
+    std::array<int, 4> numbers{};
+    if (texts.size() != std::ssize(numbers))
+        return std::nullopt;
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+        bool isNumber = false;
+        numbers[i] = texts[static_cast<qsizetype>(i)].toInt(&isNumber);
+        if (!isNumber || std::abs(std::int64_t{numbers[i]}) > kFarthest)
+            return std::nullopt;
+    }
+    const auto [x, y, width, height] = numbers;
+    const QRect place(x, y, width, height);
+    return place.isEmpty() ? std::nullopt : std::optional(place);
 }
 
 } // namespace toolkit

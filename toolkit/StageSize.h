@@ -2,6 +2,7 @@
 
 #include <QRect>
 #include <QSize>
+#include <QString>
 #include <optional>
 #include <vector>
 
@@ -29,5 +30,11 @@ QSize FittedSize(const QSize& window);
 /// it was on; or else in the middle of the first screen. `screens` has the available area of each
 /// and is not empty.
 QRect StartPlace(const std::optional<QRect>& last, const std::vector<QRect>& screens);
+
+/// A window's place as text to be remembered.
+QString TextFromPlace(const QRect& place);
+
+/// The place of such a text; none for any other text, or for what lies beyond all desktops.
+std::optional<QRect> PlaceFromText(const QString& text);
 
 } // namespace toolkit
