@@ -21,9 +21,9 @@ bool SameTag(const SongFacts& one, const SongFacts& other) {
 
 void WriteTag(const fs::path& song, const SongFacts& wanted) {
     c_ID3 tag;
-    tag.GetIdTag(song); // for the fields that stay
-    tag.SetTitle(wanted.title);
-    tag.SetArtist(wanted.artist);
+    tag.GetIdTag(song); // for what stays
+    tag.SetTitle(TagText(wanted.title));
+    tag.SetArtist(TagText(wanted.artist));
     tag.SetComment(wanted.comment);
     tag.PutIdTag(song);
 }

@@ -29,17 +29,12 @@ std::optional<ArtistAndTitle> SplitInTwo(const QString& name, QChar separator) {
     return ArtistAndTitle{parts[0], parts[1]};
 }
 
-/// As Windows-1252 has it; each character is then one byte of the tag.
-QString SingleBytes(const QString& text) {
-    const QByteArray bytes = platform::Windows1252FromText(text);
-    return platform::TextFromWindows1252(
-        {bytes.constData(), static_cast<std::size_t>(bytes.size())});
-}
-
-Fitting Fit(const QString& text, int room) {
+/// `kept` is what can be read of `text`.
+Fitting Fit(const QString& text, const QString& kept, int room) {
     const QString wanted = platform::TrimBlanks(text);
-    const QString held = SingleBytes(wanted);
-    return {c_ID3::CleanCrap(held.left(room)), held != wanted, static_cast<int>(held.size()), room};
+    const auto length = static_cast<int>(platform::Windows1252FromText(wanted).size());
+    return {kept, platform::TrimBlanks(kept) != platform::TrimBlanks(wanted.left(room)), length,
+            room};
 }
 
 } // namespace
@@ -82,9 +77,19 @@ QString Fitting::Hint() const {
     return Cut() || lost ? count + QStringLiteral("; the tag will have \"%1\"").arg(text) : count;
 }
 
-Fitting FitTitle(const QString& title) { return Fit(title, 59); }
+QString TagText(const QString& text) { return platform::TrimBlanks(c_ID3::CleanCrap(text)); }
 
-Fitting FitArtist(const QString& artist) { return Fit(artist, 30); }
+Fitting FitTitle(const QString& title) {
+    c_ID3 tag;
+    tag.SetTitle(TagText(title));
+    return Fit(title, tag.AsWritten().Title(), 59);
+}
+
+Fitting FitArtist(const QString& artist) {
+    c_ID3 tag;
+    tag.SetArtist(TagText(artist));
+    return Fit(artist, tag.AsWritten().Artist(), 30);
+}
 
 QString NameCharacters(const QString& text) {
     QString kept = text;

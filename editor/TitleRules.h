@@ -35,10 +35,14 @@ QString WithoutEnding(const QString& name);
 /// `name` with ".mp3" at its end, added if it is missing.
 QString WithEnding(const QString& name);
 
-/// How well a text fits into a tag.
+/// `text` as it is written into a tag: without what reading leaves out, which might hide from it
+/// that a title goes on.
+QString TagText(const QString& text);
+
+/// How a text comes out of a tag.
 struct Fitting {
-    QString text;      ///< what could be read from the tag
-    bool lost = false; ///< "?" stands for letters that Windows-1252 lacks
+    QString text;      ///< what can be read from the tag, if it is written
+    bool lost = false; ///< it has letters that a tag cannot hold there, and others stand for them
     int length = 0;    ///< of the whole text
     int room = 0;      ///< how much of it the tag can hold
 

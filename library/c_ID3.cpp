@@ -103,7 +103,10 @@ void c_ID3::GetIdTag(platform::RegularFile& file) {
     std::array<char, kTagSize> tail{};
     if (file.Error() || !platform::ReadTail(file, tail))
         return;
-    const std::string_view tag(tail.data(), tail.size());
+    TakeTag({tail.data(), tail.size()});
+}
+
+void c_ID3::TakeTag(std::string_view tag) {
     if (IsTag(tag)) {
         TagReader reader(tag.substr(kIdentifier.size()));
         mTitle = reader.Take(kTextSize);
@@ -114,23 +117,25 @@ void c_ID3::GetIdTag(platform::RegularFile& file) {
         mGenre = GenreName(static_cast<unsigned char>(tag.back()));
     }
     CleanFields();
-    if (mTitle.size() == kTextSize && mTitle.back() == kGoesOn)
-        mTitle = mTitle.first(kJoinedTitleSize) + QString(mComment).replace(kGoesOn, u' ');
+    JoinLongTitle();
 }
 
 void c_ID3::PutIdTag(const std::filesystem::path& fileName) {
-    for (QString* field : {&mTitle, &mArtist, &mAlbum, &mYear, &mComment})
-        *field = SingleByteText(*field);
-    SplitLongTitle();
-    for (QString* field : {&mTitle, &mArtist, &mAlbum, &mComment})
-        *field = SpaceOut(*field, kTextSize);
-    mYear = SpaceOut(mYear, kYearSize);
-
+    FitFields();
     const QByteArray end = EndOf(fileName);
     if (end.isEmpty())
         return;
     if (!platform::ReplaceTail(fileName, static_cast<std::size_t>(end.size()), TagBytes()))
         CleanFields();
+}
+
+c_ID3 c_ID3::AsWritten() const {
+    c_ID3 written = *this;
+    written.FitFields();
+    const QByteArray tag = written.TagBytes();
+    c_ID3 read;
+    read.TakeTag({tag.constData(), kTagSize});
+    return read;
 }
 
 QByteArray c_ID3::EndOf(const std::filesystem::path& fileName) {
@@ -156,12 +161,27 @@ std::error_code c_ID3::PutEnd(const std::filesystem::path& fileName, const QByte
     return platform::ReplaceTail(fileName, static_cast<std::size_t>(now.size()), end);
 }
 
+/// Gives all fields the lengths and the letters that the tag has room for.
+void c_ID3::FitFields() {
+    for (QString* field : {&mTitle, &mArtist, &mAlbum, &mYear, &mComment})
+        *field = SingleByteText(*field);
+    SplitLongTitle();
+    for (QString* field : {&mTitle, &mArtist, &mAlbum, &mComment})
+        *field = SpaceOut(*field, kTextSize);
+    mYear = SpaceOut(mYear, kYearSize);
+}
+
 /// A title that does not fit goes on in the comment, where bars keep its spaces from being trimmed.
 void c_ID3::SplitLongTitle() {
     if (mTitle.size() <= kTextSize)
         return;
     mComment = mTitle.mid(kJoinedTitleSize).replace(u' ', kGoesOn);
     mTitle = mTitle.first(kJoinedTitleSize) + kGoesOn;
+}
+
+void c_ID3::JoinLongTitle() {
+    if (mTitle.size() == kTextSize && mTitle.back() == kGoesOn)
+        mTitle = mTitle.first(kJoinedTitleSize) + QString(mComment).replace(kGoesOn, u' ');
 }
 
 QByteArray c_ID3::TagBytes() const {

@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QString>
 #include <filesystem>
+#include <string_view>
 #include <system_error>
 
 namespace platform {
@@ -42,6 +43,9 @@ public:
     /// a failure they also keep their padding.
     void PutIdTag(const std::filesystem::path& fileName);
 
+    /// What reading gives once the fields are written.
+    c_ID3 AsWritten() const;
+
     /// The bytes at a file's end that `PutIdTag` replaces: its tag or, without one, its last byte.
     /// Empty for a file that is too short or cannot be read.
     static QByteArray EndOf(const std::filesystem::path& fileName);
@@ -62,7 +66,10 @@ public:
     static QString TitleFromFileName(const std::filesystem::path& file);
 
 private:
+    void TakeTag(std::string_view tag);
+    void FitFields();
     void CleanFields();
+    void JoinLongTitle();
     void SplitLongTitle();
     QByteArray TagBytes() const;
 
