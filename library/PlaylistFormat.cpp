@@ -44,7 +44,7 @@ bool NeedsLength(std::string_view path) {
     if (path.empty())
         return false; // names no file, so it need not come back
     return path.size() == 1 || path.front() == '#' || path.front() == ' ' || path.back() == ' ' ||
-           path.find(kLineEnd) != std::string_view::npos;
+           path.find(kLineEnd) != std::string_view::npos || IsAddress(path);
 }
 
 template <typename Number> void AppendNumber(std::string& file, Number number) {
@@ -99,7 +99,8 @@ void PlaylistReader::Watch(std::string_view line, bool marked) {
     const bool otherComment = comment && line != kHeaderLine && line.find(kMarkTag) == line.npos;
     const bool otherPath =
         !marked && !comment && !kBackslashSeparates && line.find('\\') != line.npos;
-    if ((otherEnds && (comment || !marked)) || otherComment || otherPath || IsAddress(line))
+    if ((otherEnds && (comment || !marked)) || otherComment || otherPath ||
+        IsAddress(platform::TrimBlanks(line)))
         mSawForeign = true;
 }
 
