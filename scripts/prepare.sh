@@ -12,6 +12,7 @@ PACKAGES_TOUR=(xvfb xdotool dbus at-spi2-core gir1.2-atspi-2.0 python3-gi python
 PACKAGES_TEST=(libgtest-dev libmp3lame-dev clang-format shellcheck desktop-file-utils appstream
     qt6-gtk-platformtheme weston)
 PACKAGES_GATES=(clang clang-tidy)
+PACKAGES_FUZZ=(clang libclang-rt-14-dev llvm)
 
 missing_packages() {
     local package
@@ -35,6 +36,7 @@ prepare() {
         tour) wanted+=("${PACKAGES_TOUR[@]}") ;;
         test) wanted+=("${PACKAGES_TEST[@]}") ;;
         gates) wanted+=("${PACKAGES_GATES[@]}") ;;
+        fuzz) wanted+=("${PACKAGES_FUZZ[@]}") ;;
         esac
     done
     if ! command -v dpkg-query >/dev/null; then
