@@ -80,8 +80,10 @@ void AddForeign(std::string_view text, bool pls, const fs::path& folder, c_M3U& 
 
 ListRead ReadAnyList(const fs::path& file, c_M3U& list, const std::stop_token& stop) {
     QByteArray bytes;
-    if (platform::ReadWholeFile(file, bytes))
-        return {list.ReadFile(file, stop), false};
+    if (const std::error_code error = platform::ReadWholeFile(file, bytes)) {
+        const bool none = error == std::errc::no_such_file_or_directory;
+        return {none ? list.ReadFile(file, stop) : error, false};
+    }
     const std::string name = file.filename().string();
     const bool marked = TakeByteOrderMark(bytes);
     const std::string_view text = ViewOf(bytes);
