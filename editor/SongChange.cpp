@@ -21,7 +21,7 @@ bool SameTag(const SongFacts& one, const SongFacts& other) {
 
 void WriteTag(const fs::path& song, const SongFacts& wanted) {
     c_ID3 tag;
-    tag.GetIdTag(song); // for what stays
+    tag.TakeEnd(wanted.end); // for what stays
     tag.SetTitle(TagText(wanted.title));
     tag.SetArtist(TagText(wanted.artist));
     tag.SetComment(wanted.comment);
@@ -62,12 +62,13 @@ void ChangeTag(SongChange& change, const SongFacts& wanted) {
     if (SameTag(wanted, change.before))
         return;
     const fs::path& song = change.before.path;
-    WriteTag(song, wanted);
+    if (!wanted.end.isEmpty())
+        WriteTag(song, wanted);
     change.after = FactsOf(song);
     const Fitting title = FitTitle(wanted.title);
     const Fitting artist = FitArtist(wanted.artist);
     const bool differs = title.text != change.before.title || artist.text != change.before.artist;
-    if (differs && SameTag(change.after, change.before)) {
+    if (wanted.end.isEmpty() || (differs && SameTag(change.after, change.before))) {
         change.problems << WhyNotWritten(song);
         return;
     }
@@ -96,9 +97,10 @@ void Rename(SongChange& change, const fs::path& name) {
 
 SongFacts FactsOf(const fs::path& song) {
     platform::RegularFile file(song);
+    const QByteArray end = c_ID3::EndOf(file);
     c_ID3 tag;
-    tag.GetIdTag(file);
-    SongFacts facts{song, tag.Title(), tag.Artist(), tag.Comment(), {}, {}, c_ID3::EndOf(file)};
+    tag.TakeEnd(end);
+    SongFacts facts{song, tag.Title(), tag.Artist(), tag.Comment(), {}, {}, end};
     library::SongTag shown;
     shown.Read(file);
     if (shown.IsNewer()) {

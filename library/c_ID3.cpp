@@ -97,17 +97,15 @@ void c_ID3::GetIdTag(const std::filesystem::path& fileName) {
     GetIdTag(file);
 }
 
-void c_ID3::GetIdTag(platform::RegularFile& file) {
+void c_ID3::GetIdTag(platform::RegularFile& file) { TakeEnd(EndOf(file)); }
+
+void c_ID3::TakeEnd(const QByteArray& end) {
     for (QString* field : {&mTitle, &mArtist, &mAlbum, &mYear, &mComment})
         field->clear();
-    std::array<char, kTagSize> tail{};
-    if (file.Error() || !platform::ReadTail(file, tail))
+    if (end.isEmpty())
         return;
-    TakeTag({tail.data(), tail.size()});
-}
-
-void c_ID3::TakeTag(std::string_view tag) {
-    if (IsTag(tag)) {
+    const std::string_view tag(end.constData(), static_cast<std::size_t>(end.size()));
+    if (end.size() == kTagSize) {
         TagReader reader(tag.substr(kIdentifier.size()));
         mTitle = reader.Take(kTextSize);
         mArtist = reader.Take(kTextSize);
@@ -132,9 +130,8 @@ void c_ID3::PutIdTag(const std::filesystem::path& fileName) {
 c_ID3 c_ID3::AsWritten() const {
     c_ID3 written = *this;
     written.FitFields();
-    const QByteArray tag = written.TagBytes();
     c_ID3 read;
-    read.TakeTag({tag.constData(), kTagSize});
+    read.TakeEnd(written.TagBytes());
     return read;
 }
 

@@ -37,6 +37,9 @@ public:
     /// The same for an open file; for one that could not be opened, as without a tag.
     void GetIdTag(platform::RegularFile& file);
 
+    /// The same out of what `EndOf` gave.
+    void TakeEnd(const QByteArray& end);
+
     /// Writes the fields over the file's tag, or adds one, which replaces the file's last byte. A
     /// `Genre` without a number is written as Blues. A file that cannot be written, is read-only or
     /// has fewer than 128 bytes stays as it was. Afterwards the fields hold what was written; after
@@ -66,7 +69,6 @@ public:
     static QString TitleFromFileName(const std::filesystem::path& file);
 
 private:
-    void TakeTag(std::string_view tag);
     void FitFields();
     void CleanFields();
     void JoinLongTitle();
