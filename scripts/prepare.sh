@@ -13,6 +13,7 @@ PACKAGES_TEST=(libgtest-dev libmp3lame-dev clang-format shellcheck desktop-file-
     qt6-gtk-platformtheme weston)
 PACKAGES_GATES=(clang clang-tidy)
 PACKAGES_FUZZ=(clang libclang-rt-14-dev llvm)
+PACKAGES_FAULTS=(strace)
 
 missing_packages() {
     local package
@@ -37,6 +38,7 @@ prepare() {
         test) wanted+=("${PACKAGES_TEST[@]}") ;;
         gates) wanted+=("${PACKAGES_GATES[@]}") ;;
         fuzz) wanted+=("${PACKAGES_FUZZ[@]}") ;;
+        faults) wanted+=("${PACKAGES_FAULTS[@]}") ;;
         esac
     done
     if ! command -v dpkg-query >/dev/null; then
