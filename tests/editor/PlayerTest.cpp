@@ -134,12 +134,12 @@ TEST_F(Player, PlaysPausesStopsAndRestsAtTheSongsEnd) {
 TEST_F(Player, GoesWhereTheBarIsPressedTellsTheTimesAndIsDraggedElsewhere) {
     Open(Song());
     EXPECT_EQ(mForm.pTimes->Text(), "0:00 / 0:40");
-    const std::tuple<QPoint, QPoint, const char*, double, QPoint> cases[] = {
-        {{230, 57}, {0, 0}, "0:20 / 0:40", 20, {0, 0}},
-        {{170, 57}, {0, 0}, "0:00 / 0:40", 0, {0, 0}},
-        {{291, 57}, {0, 0}, "0:40 / 0:40", 40, {0, 0}},
-        {{150, 80}, {40, 30}, "0:40 / 0:40", 40, {40, 30}}};
-    for (const auto& [grip, way, times, seconds, place] : cases) {
+    const std::tuple<QPoint, QPoint, const char*, double> cases[] = {
+        {{150, 80}, {40, 30}, "0:00 / 0:40", 0},
+        {{230, 57}, {0, 0}, "0:20 / 0:40", 20},
+        {{170, 57}, {0, 0}, "0:00 / 0:40", 0},
+        {{291, 57}, {0, 0}, "0:40 / 0:40", 40}};
+    for (const auto& [grip, way, times, seconds] : cases) {
         const QPoint from = OnStage(mForm, grip);
         QTest::mousePress(StageWindow(), Qt::LeftButton, {}, from);
         for (const QPoint to : {from + way, from + way + way}) { // the first begins to drag
@@ -149,7 +149,7 @@ TEST_F(Player, GoesWhereTheBarIsPressedTellsTheTimesAndIsDraggedElsewhere) {
         QTest::mouseRelease(StageWindow(), Qt::LeftButton, {}, from);
         EXPECT_NEAR(Audio().Position(), seconds, 0.2);
         EXPECT_EQ(mForm.pTimes->Text(), times);
-        EXPECT_EQ(PlaceOf(mForm).topLeft(), place);
+        EXPECT_EQ(PlaceOf(mForm).topLeft(), QPoint(40, 30));
     }
     ClickOn(mForm.pStop);
     EXPECT_EQ(mForm.pTimes->Text(), "0:00 / 0:40");
