@@ -106,26 +106,22 @@ TEST(Limiter, TurnsDownBeforeThePeakAndUpAgainWithoutAJump) {
 }
 
 TEST_F(RecordedPlayer, TheSameMusicIsHeardAtOneLoudnessBelowFullScale) {
-    const struct {
-        const char* name; // as found on disks
-        tonefile::Encoding encoding;
-        bool atOnce = false; // played before anything is known of it
-    } copies[] = {
-        {"softer", {.volume = Factor(-24), .decay = 12}},
-        {"dense beyond full scale", {.volume = Factor(6)}},
-        {"all peaks", {.volume = Factor(-12), .decay = 80}},
-        {"8 kHz", {.rate = 8000, .mono = true, .kbps = 32, .volume = Factor(-12), .decay = 12}},
-        {"played at once", {.volume = Factor(-12), .decay = 12}, true},
+    const std::pair<tonefile::Encoding, bool> copies[] = {
+        // soft, dense beyond full scale, all peaks, and played before anything can be known of it
+        {{.volume = Factor(-24), .decay = 12}, false},
+        {{.volume = Factor(6)}, false},
+        {{.rate = 8000, .mono = true, .kbps = 32, .volume = Factor(-12), .decay = 80}, false},
+        {{.volume = Factor(-12), .decay = 12}, true},
     };
-    for (const auto& copy : copies) {
-        SCOPED_TRACE(copy.name);
-        ASSERT_EQ(mPlayer.OpenFile(mFolder.Write("song", tonefile::Encode(8, copy.encoding))), 1);
-        if (!copy.atOnce)
+    for (const auto& [encoding, atOnce] : copies) {
+        SCOPED_TRACE(encoding.volume);
+        ASSERT_EQ(mPlayer.OpenFile(mFolder.Write("song", tonefile::Encode(8, encoding))), 1);
+        if (!atOnce)
             std::this_thread::sleep_for(std::chrono::milliseconds(300));
         mPlayer.SeekTo(3.3);
         ASSERT_TRUE(PlaysPast(7.3));
         mPlayer.StopPlay();
-        const audio::Meter meter = sound::Measured(RecordedSound(), copy.encoding.rate);
+        const audio::Meter meter = sound::Measured(RecordedSound(), encoding.rate);
         EXPECT_NEAR(meter.Loudness(), audio::kPlayedLoudness, 2);
         EXPECT_LT(meter.TruePeak(), 1);
     }

@@ -7,6 +7,7 @@
 #include "tests/audio/ToneFile.h"
 
 #include <chrono>
+#include <cstring>
 #include <functional>
 #include <thread>
 
@@ -54,7 +55,7 @@ protected:
     bool DeviceOpens() const {
         return Eventually([this] { return std::filesystem::exists(mSoundFile); });
     }
-    /// Waits until the device is closed, rewinds and returns what was played.
+    /// Waits until the device is closed, rewinds and returns what was played, which is not cut off.
     sound::Frames Recorded() {
         EXPECT_TRUE(Eventually([this] {
             std::error_code gone;
@@ -66,8 +67,10 @@ protected:
         std::ifstream file(mSoundFile, std::ios::binary);
         const std::string bytes(std::istreambuf_iterator<char>(file), {});
         Rewind();
-        const auto* frames = reinterpret_cast<const audio::Frame*>(bytes.data());
-        return {frames, frames + bytes.size() / sizeof(audio::Frame)};
+        sound::Frames frames(bytes.size() / sizeof(audio::Frame));
+        std::memcpy(frames.data(), bytes.data(), bytes.size());
+        EXPECT_TRUE(frames.empty() || frames.back().left == 0);
+        return frames;
     }
     sound::Frames RecordedSound() { return WithoutSilence(Recorded()); }
     /// Expects that the sound `seconds` after the start or, below 0, before the end, is that of a

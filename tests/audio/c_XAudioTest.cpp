@@ -92,42 +92,6 @@ TEST_F(RecordedPlayer, PausesAndGoesOnAtTheSamePlace) {
     EXPECT_TRUE(PlaysPast(mPlayer.Position())); // does
 }
 
-TEST_F(RecordedPlayer, NeverClicks) {
-    const auto hum = mFolder.Write("hum.mp3", tonefile::Encode(25, {.pitch = 100}));
-    const auto other = mFolder.Write("other.mp3", tonefile::Encode(3, {.pitch = 80}));
-    const std::function<void()> calls[] = {
-        [&] { EXPECT_EQ(mPlayer.OpenFile(hum), 1); },
-        [&] { mPlayer.SeekTo(1.2345); },
-        [&] { mPlayer.Play(); },
-        [&] { mPlayer.PausePlay(); },
-        [&] { mPlayer.PausePlay(); },
-        [&] { mPlayer.SetRate(2); },
-        [&] { mPlayer.SeekTo(20.001); },
-        [&] { mPlayer.SetRate(1); },
-        [&] { mPlayer.StopPlay(); },
-    };
-    // All within one opening of the device, which would begin a new file.
-    for (const auto pause : {0ms, 3ms, 8ms, 15ms, 24ms}) {
-        for (const auto& call : calls) {
-            call();
-            const double before = mPlayer.Position();
-            std::this_thread::sleep_for(pause);
-            EXPECT_GE(mPlayer.Position(), before);
-        }
-    }
-    ASSERT_EQ(mPlayer.OpenFile(other), 1); // takes the sound over
-    ASSERT_TRUE(PlaysToTheEnd());
-    mPlayer.StopPlay();
-    const sound::Frames heard = Recorded();
-    ASSERT_GT(heard.size(), 1.9 * kRate);
-    EXPECT_EQ(heard.back().left, 0);
-    // A jump bends the curve more than the tone, which does it by 0.00003, and more than a fade.
-    for (std::size_t i = 2; i < heard.size(); ++i) {
-        const float bend = heard[i].left - 2 * heard[i - 1].left + heard[i - 2].left;
-        ASSERT_LT(std::abs(bend), 0.004F) << "frame " << i << " of " << heard.size();
-    }
-}
-
 TEST_F(RecordedPlayer, RunsTheSongToItsEndInSilenceWithoutADevice) {
     setenv("AUDIODEV", "no-such-device", 1);
     for (const char* driver : {"no_such_driver", "alsa"}) {
