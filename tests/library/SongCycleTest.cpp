@@ -45,11 +45,12 @@ protected:
         return songs.substr(0, songs.size() - 1);
     }
 
-    /// Bytes beside the file.
+    /// The size of the journal in bytes.
     std::size_t Journal() const {
         std::size_t bytes = 0;
         for (const auto& entry : fs::directory_iterator(mList.parent_path()))
-            bytes += entry.path() != mList ? entry.file_size() : 0;
+            if (entry.path().filename().string().starts_with(".played-"))
+                bytes += entry.file_size();
         return bytes;
     }
 
