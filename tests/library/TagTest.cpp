@@ -67,6 +67,7 @@ TEST_F(TagTest, GenresKeepTheirNumbersAndOddSpellings) {
     for (int number = 0; number < 256; ++number)
         genres << Read(TagWith("", "", static_cast<char>(number))).Genre();
     EXPECT_EQ(genres[117], "power Ballad");
+    // That of all names, odd spellings and all.
     EXPECT_EQ(qChecksum(genres.join(u'|').toUtf8()), 24841) << genres.join(u'|').toStdString();
     c_ID3 tag;
     tag.SetGenre("jazz+funk");

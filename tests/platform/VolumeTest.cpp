@@ -26,6 +26,9 @@ TEST(Volume, GoesInStepsAndFromMutedToSomething) {
 
 TEST(Volume, IsRememberedMutedOrNot) {
     Volume& volume = Volume::Get();
+    volume.SetPercent(90);
+    volume.Recall();
+    EXPECT_EQ(volume.Words(), "100 %") << "without a run before";
     for (const bool muted : {true, false}) {
         volume.SetPercent(40);
         if (muted)
