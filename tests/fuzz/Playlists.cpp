@@ -39,8 +39,10 @@ void Run(const std::string& bytes) {
         for (int i = 0; i < list.Count(); ++i)
             EXPECT_FALSE(list.FileName(i).empty());
         ExpectKept(list, folder.Path() / "Own.m3u");
-        for (int i = 0; i < list.Count(); i += 2)
-            list.SetPlayed(i, static_cast<std::int16_t>(i * 7919));
+        std::vector<std::int16_t> marks = list.Marks();
+        for (std::size_t i = 0; i < marks.size(); i += 2)
+            marks[i] = static_cast<std::int16_t>(i * 7919);
+        list.SetMarks(marks);
         ExpectKept(list, folder.Path() / "Own.m3u");
         list.RandomizeList();
         EXPECT_EQ(list.TakeUnplayed() < 0, list.Count() == 0);
