@@ -3,7 +3,6 @@
 #include <QByteArray>
 #include <QString>
 #include <filesystem>
-#include <string_view>
 #include <system_error>
 
 namespace platform {
