@@ -30,8 +30,8 @@ void PaintGrooves(QPainter& painter) {
     sheen.setColorAt(1, QColor(170, 180, 255, 130));
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(sheen, 1));
-    for (double radius = kLabel + 2; radius < kRadius - 1; radius += 2)
-        painter.drawEllipse(QPointF(0, 0), radius, radius);
+    for (int groove = 1; kLabel + 2 * groove < kRadius - 1; ++groove)
+        painter.drawEllipse(QPointF(0, 0), kLabel + 2 * groove, kLabel + 2 * groove);
     painter.setPen(QPen(QColor(122, 140, 255), 1));
     painter.drawEllipse(QPointF(0, 0), kRadius - 0.5, kRadius - 0.5);
 }

@@ -6,6 +6,7 @@ namespace game {
 
 std::vector<Standing> RankScores(std::vector<std::int32_t>& scores) {
     std::vector<Standing> standings;
+    standings.reserve(scores.size());
     for (const std::int32_t score : scores)
         standings.push_back({static_cast<int>(standings.size()) + 1, score, 1});
     std::ranges::stable_sort(standings, std::ranges::greater(), &Standing::score);

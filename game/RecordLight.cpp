@@ -66,9 +66,11 @@ QPixmap RecordLight::PaintGlint() const {
     for (const double at : {kHalfWidth / 360, 1 - kHalfWidth / 360})
         light.setColorAt(at, QColor(170, 180, 255, 0));
     painter.setPen(QPen(light, 1.2));
-    for (double radius = kInner; radius <= kOuter; radius += 4.5)
+    for (int groove = 0; kInner + 4.5 * groove <= kOuter; ++groove) {
+        const double radius = kInner + 4.5 * groove;
         painter.drawArc(QRectF(-radius, -radius, 2 * radius, 2 * radius),
                         static_cast<int>(-kHalfWidth * 16), static_cast<int>(kHalfWidth * 2 * 16));
+    }
     return glint;
 }
 

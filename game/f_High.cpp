@@ -31,6 +31,7 @@ public:
 
 protected:
     void selectionChanged(const QItemSelection& now, const QItemSelection& before) override {
+        // The list view is what would tell them. NOLINTNEXTLINE(bugprone-parent-virtual-call)
         QAbstractItemView::selectionChanged(now, before);
     }
 };
