@@ -8,11 +8,12 @@ namespace library {
 namespace fs = std::filesystem;
 
 SongCycle::SongCycle(const fs::path& playlist, const std::stop_token& stop)
-    : mRead(ReadAnyList(playlist, *mList, stop)), mJournal(playlist), mMarks(mList->Marks()) {}
+    : mInPlay(playlist, stop), mRead(ReadAnyList(playlist, *mList, stop)), mJournal(playlist),
+      mMarks(mList->Marks()) {}
 
 SongCycle::~SongCycle() {
     mList->SetMarks(mMarks);
-    if (mBegun && !mRead.foreign && mList->WriteBack())
+    if (mInPlay.Begun() && !mRead.foreign && mList->WriteBack())
         mJournal.Discard();
 }
 
@@ -21,11 +22,11 @@ void SongCycle::Begin() {
     mMarks = mList->Marks();
     mUnplayed = std::count(mMarks.begin(), mMarks.end(), 0);
     mList->RandomizeList();
-    mBegun = true;
+    mInPlay.Begin();
 }
 
 int SongCycle::Unplayed() const {
-    const std::vector<std::int16_t> marks = mBegun ? mMarks : MarksWithJournal();
+    const std::vector<std::int16_t> marks = mInPlay.Begun() ? mMarks : MarksWithJournal();
     return static_cast<int>(std::count(marks.begin(), marks.end(), 0));
 }
 

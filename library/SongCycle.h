@@ -1,6 +1,7 @@
 #pragma once
 
 #include "library/AnyList.h"
+#include "library/ListInPlay.h"
 #include "library/MarkJournal.h"
 #include "library/c_M3U.h"
 
@@ -23,7 +24,8 @@ namespace library {
 /// which is never written. May be created and destroyed on any thread.
 class SongCycle {
 public:
-    /// Reads the playlist; a stop ends that at once. See `Error`.
+    /// Reads the playlist, once the marks of its last game have been saved; a stop ends that at
+    /// once. See `Error`.
     explicit SongCycle(const std::filesystem::path& playlist, const std::stop_token& stop = {});
     ~SongCycle();
     SongCycle(const SongCycle&) = delete;
@@ -67,10 +69,10 @@ private:
     bool AnyLeft() const { return static_cast<int>(mFailed.size()) < Count(); }
     void NextTurn();
 
+    ListInPlay mInPlay;                                       // until all below is done
     std::shared_ptr<c_M3U> mList = std::make_shared<c_M3U>(); // its marks are those after `mTurns`
     ListRead mRead;
     MarkJournal mJournal;
-    bool mBegun = false;
     std::vector<std::int16_t> mMarks; // as of the last `Take`
     std::ptrdiff_t mUnplayed = 0;     // songs, after `mTurns`
     std::deque<Turn> mTurns;

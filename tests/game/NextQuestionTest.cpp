@@ -65,10 +65,12 @@ TEST_F(NextQuestionTest, IsOfEachSongOnceAndPassesOverThoseThatAreGone) {
 }
 
 TEST_F(NextQuestionTest, ThereIsNoneWithoutASongAndNoneIsWaitedFor) {
-    library::SongCycle dead(List(0, 300));
-    dead.Begin();
-    game::NextQuestion none(dead);
-    EXPECT_EQ(Comes(none), State::NoSongLeft);
+    {
+        library::SongCycle dead(List(0, 300));
+        dead.Begin();
+        game::NextQuestion none(dead);
+        EXPECT_EQ(Comes(none), State::NoSongLeft);
+    }
 
     library::SongCycle songs(List(5, 0));
     songs.Begin();

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <chrono>
 #include <functional>
+#include <stop_token>
 #include <string>
 #include <thread>
 #include <vector>
@@ -153,6 +154,22 @@ TEST_F(SongCycleTest, MarksSurviveAKillAndMoveWithTheProgram) {
         EXPECT_EQ(SongCycle(mList).Unplayed(), c.unplayed - 1);
         EXPECT_EQ(Journal(), 0u);
     }
+}
+
+TEST_F(SongCycleTest, TheNextGameOfAListWaitsUntilTheMarksOfTheLastAreSaved) {
+    List("a0 b0 c0");
+    std::string next;
+    std::thread game;
+    const std::string last = Play(1, {}, [&] {
+        std::stop_source gaveUp;
+        gaveUp.request_stop();
+        EXPECT_EQ(SongCycle(mList, gaveUp.get_token()).Count(), 0);
+        game = std::thread([&] { next = Play(1); });
+        std::this_thread::sleep_for(std::chrono::milliseconds(20)); // in which it could play
+    });
+    game.join();
+    EXPECT_NE(next, last);
+    EXPECT_EQ(SongCycle(mList).Unplayed(), 1);
 }
 
 TEST_F(SongCycleTest, AListWrittenAnewBeginsWithoutTheMarksOfOldGames) {
