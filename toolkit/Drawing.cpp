@@ -45,6 +45,7 @@ void Drawing::Text(const QString& text, ColorRef color, ColorRef shadow, double 
 
 void DrawPanel(Hdc dc) {
     const QRect area(0, 0, dc->Width(), dc->Height());
+    dc->Fill(area, kBlack); // the canvas forgets what it had shown, which shapes do not make it do
     Drawing(dc).Shapes(area, [area](QPainter& painter) {
         QLinearGradient ground(area.topLeft(), area.bottomLeft());
         ground.setColorAt(0, QColor(26, 22, 94));

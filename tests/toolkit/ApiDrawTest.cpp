@@ -3,6 +3,7 @@
 
 #include <QPainter>
 #include <gtest/gtest.h>
+#include <memory>
 #include <set>
 #include <utility>
 #include <vector>
@@ -86,6 +87,14 @@ TEST_P(Gradients, RunAlongLinesAt45Degrees) {
     EXPECT_EQ(Painted(mCanvas, kBlack).size(), 40 * 30 - 6 * 5 - 4 * 7);
     GradientBox(30, 3, 30, 7, kWhite, kWhite);
     EXPECT_EQ(Painted(mCanvas, kWhite), Box(30, 3, 1, 5));
+}
+
+TEST(Panel, LeavesNothingOfWhatWasDrawnBefore) {
+    Canvas canvas(40, 30);
+    const auto before = std::make_shared<int>();
+    canvas.Draw(QRect(5, 5, 9, 9), false, [before](QImage&) {});
+    DrawPanel(&canvas);
+    EXPECT_EQ(before.use_count(), 1);
 }
 
 class Drawings : public testing::TestWithParam<double> {};
