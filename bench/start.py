@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """start.py <program folder> <folder of the benchmarks> [runs]
 The time from the program's start to its first picture on an otherwise empty display, beside that of
-an empty window. At most 1.6 times as long is wanted."""
+an empty window, at most 1.6 times as long, and of one with a line of text, at most 1.3 times."""
 
 import subprocess
 import sys
@@ -22,11 +22,11 @@ def wait_until_painted(line, painted):
         time.sleep(0.0003)
 
 
-def start_time(screen, program):
+def start_time(screen, command):
     line = screen.memory[300, :800, :3]  # through the window's middle
     wait_until_painted(line, False)
     start = time.monotonic()
-    process = subprocess.Popen([program])
+    process = subprocess.Popen(command)
     wait_until_painted(line, True)
     taken = time.monotonic() - start
     process.terminate()
@@ -34,13 +34,13 @@ def start_time(screen, program):
     return taken
 
 
-programs = [Path(sys.argv[1], "songrush").resolve(),
-            Path(sys.argv[2], "songrush_empty_window").resolve()]
+empty = Path(sys.argv[2], "songrush_empty_window").resolve()
+commands = {"program": [Path(sys.argv[1], "songrush").resolve()], "empty window": [empty],
+            "a line of text": [empty, "One Player"]}
 with Stage() as stage:
-    runs = [[start_time(stage.screen, program) for program in programs]
+    runs = [[start_time(stage.screen, command) for command in commands.values()]
             for _ in range(int((sys.argv[3:] or [21])[0]) + 1)]
 # The first run of each fills the page cache.
 medians = [1000 * median(times) for times in zip(*runs[1:])]
-for program, milliseconds in zip(programs, medians):
-    print(f"{program.name:24} {milliseconds:7.1f} ms")
-print(f"ratio {medians[0] / medians[1]:.2f}")
+for name, milliseconds in zip(commands, medians):
+    print(f"{name:16} {milliseconds:7.1f} ms, ratio {medians[0] / milliseconds:.2f}")

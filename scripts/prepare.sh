@@ -14,6 +14,7 @@ PACKAGES_TEST=(libgtest-dev libmp3lame-dev clang-format shellcheck desktop-file-
 PACKAGES_GATES=(clang clang-tidy)
 PACKAGES_FUZZ=(clang libclang-rt-14-dev llvm)
 PACKAGES_FAULTS=(strace)
+PACKAGES_BENCH=(libbenchmark-dev libmp3lame-dev)
 
 missing_packages() {
     local package
@@ -39,6 +40,7 @@ prepare() {
         gates) wanted+=("${PACKAGES_GATES[@]}") ;;
         fuzz) wanted+=("${PACKAGES_FUZZ[@]}") ;;
         faults) wanted+=("${PACKAGES_FAULTS[@]}") ;;
+        bench) wanted+=("${PACKAGES_BENCH[@]}") ;;
         esac
     done
     if ! command -v dpkg-query >/dev/null; then

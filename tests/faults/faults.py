@@ -23,7 +23,7 @@ CALLS = {"openat": ("EACCES", "EIO", "EINTR"), "read": ("EIO", "EINTR"), "pread6
 DATA = ("read", "pread64", "write", "pwrite64", "writev")
 # Nothing is told where the player has asked for nothing.
 SILENT = {"play", "play-foreign", "keep-unsaved", "settings"}
-TRANSIENT = re.compile(r"\.songrush-.*\.tmp|\.played-.*|.*\.lock|.*\.conf\.new|\..*\.conf\..*|.*\.conf\.......")
+TRANSIENT = re.compile(r"\.songrush-.*\.tmp|\.played-.*|.*\.lock|.*\.conf\.(new|.{6})")
 WHEN = re.compile(rb"^-?\d+ ", re.M)  # in the record of what was given
 ELSEWHERE = re.compile("/cache|Images|/runtime|/fontconfig")
 STEP = Path(sys.argv[1], "tests/songrush_step").resolve()
