@@ -23,9 +23,6 @@ c_Menu::c_Menu(f_Menu& form) : mForm(form), mWindowButtons(form) {
         box->MoveTo((mForm.Width() - box->Width()) / 2, top);
         top += kStep;
     }
-    bChoice1.Create(mForm.PChoice1, QStringLiteral("Normal Play"));
-    bChoice2.Create(mForm.pChoice2, QStringLiteral("Betting"));
-    bChoice3.Create(mForm.pChoice3, QStringLiteral("Back"));
     // The Tab key goes through the second stage from top to bottom.
     QWidget::setTabOrder(mForm.cPlayers, mForm.PChoice1);
     QWidget::setTabOrder(mForm.PChoice1, mForm.pChoice2);
@@ -103,13 +100,18 @@ void c_Menu::ShowSecondStage() {
     mForm.PChoice1->MoveTo(left, several ? 220 : 200);
     mForm.pChoice2->MoveTo(left, mForm.PChoice1->Place().bottom() + 1 + 10);
     mForm.pChoice3->MoveTo(left + 100, mForm.pChoice2->Place().bottom() + 1 + 60);
-    bChoice1.SetCaption(QStringLiteral("Normal Play"));
-    bChoice2.SetCaption(QStringLiteral("Betting"));
-    bChoice3.SetCaption(QStringLiteral("Back"));
-    for (PictureBox* choice : {mForm.PChoice1, mForm.pChoice2, mForm.pChoice3})
-        choice->show();
+    DrawChoice(bChoice1, *mForm.PChoice1, QStringLiteral("Normal Play"));
+    DrawChoice(bChoice2, *mForm.pChoice2, QStringLiteral("Betting"));
+    DrawChoice(bChoice3, *mForm.pChoice3, QStringLiteral("Back"));
+    mHasSecondStage = true;
     mForm.lPlayers->setVisible(several);
     mForm.cPlayers->setVisible(several);
+}
+
+/// The second stage is made when it first comes up, so that the menu appears sooner.
+void c_Menu::DrawChoice(c_PicButton& button, PictureBox& box, const QString& caption) {
+    mHasSecondStage ? button.SetCaption(caption) : button.Create(&box, caption);
+    box.show();
 }
 
 void c_Menu::HideSecondStage() {

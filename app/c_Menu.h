@@ -37,6 +37,7 @@ private:
 
     void ShowFirstStage(bool shown);
     void ShowSecondStage();
+    void DrawChoice(c_PicButton& button, toolkit::PictureBox& box, const QString& caption);
     void HideSecondStage();
     void Glide(toolkit::PictureBox* box, const c_SurfButton& button);
     void ChooseGame(const QString& mode);
@@ -45,6 +46,7 @@ private:
     int mPlayerCode = kNoPlayers;
     QString mMode;
     bool mExit = false;
+    bool mHasSecondStage = false;
     toolkit::WindowButtons mWindowButtons;
     c_SurfButton bSingle;
     c_SurfButton bMulti;
