@@ -25,6 +25,8 @@ constexpr std::string_view kTextControls = "\t\n\r\x1A"; // \x1A: end of file, i
 
 /// A mark too big for its type need only stay different from 0.
 std::int16_t MarkFromText(std::string_view text) {
+    if (text == "0" || text == "1") // nearly always
+        return text == "1" ? 1 : 0;
     using Limits = std::numeric_limits<std::int16_t>;
     const double number =
         std::clamp<double>(platform::LeadingNumber(text), Limits::min(), Limits::max());
