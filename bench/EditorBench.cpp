@@ -1,6 +1,7 @@
 // The playlist editor filling its list, and answering with very many songs in it.
 
 #include "bench/MusicTree.h"
+#include "bench/UsedMemory.h"
 #include "editor/c_Editor.h"
 #include "platform/ProgramFolder.h"
 #include "platform/Wait.h"
@@ -8,7 +9,6 @@
 
 #include <QLineEdit>
 #include <benchmark/benchmark.h>
-#include <malloc.h>
 
 namespace {
 
@@ -52,8 +52,7 @@ BENCHMARK(AddTenThousandFiles)->Unit(benchmark::kMillisecond);
 /// takes after that.
 void Answer(benchmark::State& state, void (*act)(c_Editor& editor)) {
     const Ground ground;
-    const auto used = [] { return static_cast<double>(mallinfo2().uordblks + mallinfo2().hblkhd); };
-    const double before = used();
+    const double before = UsedMemory();
     c_Editor editor;
     Fill(editor, 10);
     for (auto _ : state) {
@@ -61,7 +60,7 @@ void Answer(benchmark::State& state, void (*act)(c_Editor& editor)) {
         platform::PumpEvents();
     }
     platform::WaitFor(3000); // until a copy of it is kept
-    state.counters["bytes/song"] = (used() - before) / editor.List().LineCount();
+    state.counters["bytes/song"] = (UsedMemory() - before) / editor.List().LineCount();
 }
 
 void Find(c_Editor& editor) {

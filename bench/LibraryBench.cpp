@@ -2,6 +2,7 @@
 // walk of the system's calls, a playlist next to splitting its file into lines.
 
 #include "bench/MusicTree.h"
+#include "bench/UsedMemory.h"
 #include "library/AnyList.h"
 #include "library/SongScan.h"
 #include "library/SongTag.h"
@@ -78,18 +79,17 @@ BENCHMARK_CAPTURE(ScanWithTags, Pictures, PictureTree)
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
 
-constexpr int kSongs = 100'000;
-
 fs::path SongPath(int song) {
     return "/home/somebody/Music/Some Artist/Some Album/" + std::to_string(song) + " - Title.mp3";
 }
 
-const fs::path& Playlist() {
+/// A playlist of so many songs.
+fs::path Playlist(std::int64_t songs) {
     static const TemporaryFolder folder;
-    static const fs::path file = folder.Path() / "list.m3u";
+    const fs::path file = folder.Path() / (std::to_string(songs) + ".m3u");
     if (!fs::exists(file)) {
         c_M3U list;
-        for (int song = 0; song < kSongs; ++song)
+        for (int song = 0; song < songs; ++song)
             list.Add(SongPath(song));
         list.WriteFile(file);
     }
@@ -117,15 +117,21 @@ std::size_t ReadAndSplit(const fs::path& path) {
     return lines.size();
 }
 
+/// The time should grow as the number of songs.
+void Growing(benchmark::internal::Benchmark* of) {
+    of->RangeMultiplier(10)->Range(1'000, 1'000'000)->Unit(benchmark::kMillisecond);
+}
+
 void PlaylistFloor(benchmark::State& state) {
-    const fs::path& file = Playlist();
+    const fs::path file = Playlist(state.range());
     for (auto _ : state)
         benchmark::DoNotOptimize(ReadAndSplit(file));
 }
-BENCHMARK(PlaylistFloor)->Unit(benchmark::kMillisecond);
+BENCHMARK(PlaylistFloor)->Apply(Growing);
 
 /// Another program's list, of songs that are all gone.
 void ForeignListOfTheDead(benchmark::State& state) {
+    constexpr int kSongs = 100'000;
     const TemporaryFolder folder;
     const fs::path file = folder.Path() / "list.m3u8";
     std::ofstream stream(file);
@@ -141,55 +147,57 @@ void ForeignListOfTheDead(benchmark::State& state) {
 }
 BENCHMARK(ForeignListOfTheDead)->Unit(benchmark::kMillisecond);
 
+void PlaylistRead(benchmark::State& state) {
+    const fs::path file = Playlist(state.range());
+    const double before = UsedMemory();
+    for (auto _ : state) {
+        auto list = std::make_unique<c_M3U>();
+        list->ReadFile(file);
+        if (list->Count() != state.range())
+            state.SkipWithError("the playlist missed songs");
+        state.PauseTiming();
+        state.counters["bytes/song"] = (UsedMemory() - before) / list->Count();
+        list.reset();
+        ReadAndSplit(file); // so that it is in the processor's caches, as for the floor
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(PlaylistRead)->Apply(Growing);
+
 /// A list without a file to write back to when it goes.
-void FillUnbound(c_M3U& list) {
-    for (int song = 0; song < kSongs; ++song)
+void FillUnbound(c_M3U& list, std::int64_t songs) {
+    for (int song = 0; song < songs; ++song)
         list.Add(SongPath(song));
     list.RandomizeList();
 }
 
-void PlaylistRead(benchmark::State& state) {
-    const fs::path& file = Playlist();
-    for (auto _ : state) {
-        auto list = std::make_unique<c_M3U>();
-        list->ReadFile(file);
-        if (list->Count() != kSongs)
-            state.SkipWithError("the playlist missed songs");
-        state.PauseTiming();
-        list.reset(); // writes the file, which is then brought back to the processor's caches
-        ReadAndSplit(file);
-        state.ResumeTiming();
-    }
-}
-BENCHMARK(PlaylistRead)->Unit(benchmark::kMillisecond);
-
 void PlaylistShuffled(benchmark::State& state) {
     c_M3U list;
-    FillUnbound(list);
+    FillUnbound(list, state.range());
     for (auto _ : state)
         list.RandomizeList();
 }
-BENCHMARK(PlaylistShuffled)->Unit(benchmark::kMillisecond);
+BENCHMARK(PlaylistShuffled)->Apply(Growing);
 
 void PlaylistWalkedToTheEnd(benchmark::State& state) {
     c_M3U list;
-    FillUnbound(list);
+    FillUnbound(list, state.range());
     for (auto _ : state) {
         list.ClearAllPlayed();
-        for (int song = 0; song < kSongs; ++song)
+        for (int song = 0; song < list.Count(); ++song)
             benchmark::DoNotOptimize(list.NextUnplayed());
     }
 }
-BENCHMARK(PlaylistWalkedToTheEnd)->Unit(benchmark::kMillisecond);
+BENCHMARK(PlaylistWalkedToTheEnd)->Apply(Growing);
 
 /// Flushed to the disk, so the disk is measured too where the temporary folder is on one.
 void PlaylistWritten(benchmark::State& state) {
     const TemporaryFolder folder;
     c_M3U list;
-    FillUnbound(list);
+    FillUnbound(list, state.range());
     for (auto _ : state)
         list.WriteFile(folder.Path() / "list.m3u");
 }
-BENCHMARK(PlaylistWritten)->Unit(benchmark::kMillisecond);
+BENCHMARK(PlaylistWritten)->Apply(Growing);
 
 } // namespace

@@ -33,9 +33,9 @@ public:
         mForm.ShowInPlace();
     }
 
-    void Fill() {
+    void Fill(std::int64_t songs = kSongs) {
         std::mt19937 random(1);
-        for (int i = 0; i < kSongs; ++i) {
+        for (int i = 0; i < songs; ++i) {
             const auto number = static_cast<int>(random() % kSongs);
             mList.AddItem(QStringLiteral("%1 - The Band - A Song About Number %2\\A Song About "
                                          "Number %2\\The Band %1")
@@ -66,10 +66,10 @@ private:
 void FillAndShow(benchmark::State& state) {
     for (auto _ : state) {
         SongList songs;
-        songs.Fill();
+        songs.Fill(state.range());
     }
 }
-BENCHMARK(FillAndShow)->Unit(benchmark::kMillisecond);
+BENCHMARK(FillAndShow)->RangeMultiplier(10)->Range(1'000, kSongs)->Unit(benchmark::kMillisecond);
 
 void Sort(benchmark::State& state) {
     SongList songs;

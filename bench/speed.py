@@ -9,8 +9,8 @@ import sys
 from pathlib import Path
 
 PROJECT = Path(__file__).resolve().parents[1]
-FLOORS = {"ScanWithTags/Id3v1": "ScanFloor/Id3v1", "ScanWithTags/Pictures": "ScanFloor/Pictures",
-          "PlaylistRead": "PlaylistFloor"}
+FLOORS = {"ScanWithTags": "ScanFloor", "PlaylistRead": "PlaylistFloor"}
+NANOSECONDS = {"ns": 1, "us": 1e3, "ms": 1e6}
 START = """# How fast it is
 
 Written by `scripts/speed.sh`. A floor is the least work that could do the same, measured in the same
@@ -18,21 +18,37 @@ run: a bare walk over a folder, splitting a file into lines, an empty window of 
 """
 
 
-def floors_table(program):
-    """Median times of one program's benchmarks."""
+def median_times(program):
+    """What a program says of each of its benchmarks."""
     said = subprocess.run([program, "--benchmark_format=json", "--benchmark_repetitions=3",
                            "--benchmark_report_aggregates_only=true"],
                           check=True, capture_output=True, text=True).stdout
     found = json.loads(said)["benchmarks"]
-    times = {b["run_name"].removesuffix("/real_time"): b for b in found
-             if b["aggregate_name"] == "median"}
+    return {b["run_name"].removesuffix("/real_time"): b for b in found
+            if b["aggregate_name"] == "median"}
+
+
+def floors_table(times):
     yield "| what | time | of its floor |\n|---|---|---|"
     for name, result in times.items():
-        floor = times.get(FLOORS.get(name))
+        base, _, kind = name.partition("/")
+        floor = times.get(f"{FLOORS.get(base)}/{kind}")
         share = f"{result['real_time'] / floor['real_time']:.2f}" if floor else ""
         bytes_each = f", {result['bytes/song']:.0f} bytes a song" if "bytes/song" in result else ""
         yield (f"| {name} | {result['real_time']:.3g} {result['time_unit']}{bytes_each} "
                f"| {share} |")
+
+
+def growth_table(times):
+    """Nanoseconds for each song, which stay the same if the time grows as their number."""
+    sizes = (1_000, 10_000, 100_000, 1_000_000)
+    yield "| nanoseconds a song, of | 1,000 | 10,000 | 100,000 | 1,000,000 |\n|---|---|---|---|---|"
+    for base in dict.fromkeys(name.partition("/")[0] for name in times):
+        found = [times.get(f"{base}/{size}") for size in sizes]
+        if found[0]:
+            each = [f"{r['real_time'] * NANOSECONDS[r['time_unit']] / size:.0f}" if r else ""
+                    for r, size in zip(found, sizes)]
+            yield f"| {base} | {' | '.join(each)} |"
 
 
 def block(*command):
@@ -44,7 +60,10 @@ def main(folder):
     programs = folder / "bench"
     parts = [START]
     for name in ("library", "audio", "editor", "toolkit"):
-        parts += [f"\n## `bench_{name}`\n", *floors_table(programs / f"bench_{name}")]
+        times = median_times(programs / f"bench_{name}")
+        parts += [f"\n## `bench_{name}`\n", *floors_table(times)]
+        if name in ("library", "toolkit"):
+            parts += ["", *growth_table(times)]
     parts += ["\n## What a player waits for (`bench_waiting`)\n", block(programs / "bench_waiting"),
               "\n## Start to first picture (`bench/start.py`)\n",
               block(PROJECT / "bench/start.py", folder / "songrush", programs, "31"),

@@ -113,6 +113,8 @@ std::error_code c_M3U::ReadFile(const std::filesystem::path& file, const std::st
         mFiles.push_back({begin, entry->path.size()});
         mPlayed.push_back(entry->played);
     }
+    mFiles.shrink_to_fit();
+    mPlayed.shrink_to_fit();
     mTextRead = mText.size();
     mPlayedInFile = mPlayed;
     mOrder.assign(mFiles.size(), 0);
