@@ -1,18 +1,11 @@
 #include "library/AnyList.h"
-#include "library/c_M3U.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/fuzz/Target.h"
+#include "tests/library/SongsOf.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-
-std::vector<fs::path> SongsOf(const c_M3U& list) {
-    std::vector<fs::path> songs;
-    for (int i = 0; i < list.Count(); ++i)
-        songs.push_back(list.FileName(i));
-    return songs;
-}
 
 /// The program's own file of a list holds the same list.
 void ExpectKept(const c_M3U& list, const fs::path& file) {

@@ -1,9 +1,10 @@
-#include "library/c_M3U.h"
+#include "library/AnyList.h"
 #include "platform/Time.h"
 #include "tests/TemporaryFolder.h"
+#include "tests/library/SongsOf.h"
 
-#include <gtest/gtest.h>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -11,13 +12,12 @@ namespace fs = std::filesystem;
 
 struct PlaylistTest : testing::Test {
     const TemporaryFolder mFolder;
+    const fs::path mFile = mFolder.Path() / "list.m3u";
 };
 
 TEST_F(PlaylistTest, EveryKindOfLineIsReadAndWrittenBack) {
-    const struct {
-        std::string read;
-        std::string written; // after the header, by a list that has read it
-    } cases[] = {
+    const std::pair<std::string, std::string> cases[] = {
+        // without the header that is written
         {"#EXTM3U\r\n#Songrush:1\r\n/a b\r\n#Songrush:0\r\n/c\r\n",
          "#Songrush:1\r\n/a b\r\n#Songrush:0\r\n/c\r\n"},
         {"#Songrush:1\r\n#EXTINF:1,x\r\nx\r\n\r\n   \r\nab\r\n", "#Songrush:1\r\nab\r\n"},
@@ -36,37 +36,35 @@ TEST_F(PlaylistTest, EveryKindOfLineIsReadAndWrittenBack) {
         {"#Songrush:1 bytes=99999999999999999999\r\nab\r\n", "#Songrush:1\r\nab\r\n"},
     };
     for (const auto& [read, written] : cases) {
-        const fs::path file = mFolder.Write("list.m3u", read);
+        mFolder.Write(mFile, read);
         c_M3U list;
-        list.ReadFile(file);
-        list.WriteFile(file);
-        EXPECT_EQ(BytesOf(file), "#EXTM3U\r\n" + written) << read;
+        list.ReadFile(mFile);
+        list.WriteFile(mFile);
+        EXPECT_EQ(BytesOf(mFile), "#EXTM3U\r\n" + written) << read;
     }
 }
 
 TEST_F(PlaylistTest, EveryPathComesBackByteForByte) {
-    const std::string songs[] = {"x",        "#",    "#Songrush:1", " /a ", "/a\r\n/b",
-                                 "/a\r\n",   "/a\r", "\r\n/a",      "\n/a", "/\xFF\xC3 ?",
-                                 "#a\r\n#b", "  ",   "/a/\t"};
+    const std::vector<fs::path> songs = {
+        "x",        "#",           " /a",    "/a ",      "#Songrush:1",
+        "/a\r\n/b", "/a\r\n",      "\r\n/a", "/a\r",     "\n/a",
+        "  ",       "/\xFF\xC3 ?", "/a/\t",  "#a\r\n#b", "like-an.address://a"};
     c_M3U list;
-    for (const std::string& song : songs)
+    for (const fs::path& song : songs)
         list.Add(song);
-    const fs::path file = mFolder.Path() / "list.m3u";
-    list.WriteFile(file);
-    list.ReadFile(file);
-    ASSERT_EQ(list.Count(), std::ssize(songs));
-    for (int i = 0; i < list.Count(); ++i)
-        EXPECT_EQ(list.FileName(i), songs[i]);
+    list.WriteFile(mFile);
+    c_M3U read;
+    EXPECT_FALSE(library::ReadAnyList(mFile, read).foreign);
+    EXPECT_EQ(SongsOf(read), songs);
 }
 
 TEST_F(PlaylistTest, TheClockDecidesTheOrderOfEachCycleWhichGoesOnInTheNextRun) {
     double clock = 1000;
     const auto old = platform::ReplaceTimeSource({[&clock] { return clock++; }, {}});
-    const fs::path file =
-        mFolder.Write("list.m3u", "#Songrush:2\r\nxx\r\n11\r\n22\r\n33\r\n44\r\n55\r\n66\r\n");
-    const auto play = [&](int songs) {
+    mFolder.Write(mFile, "#Songrush:2\r\nxx\r\n11\r\n22\r\n33\r\n44\r\n55\r\n66\r\n");
+    const auto play = [this](int songs) {
         c_M3U list;
-        list.ReadFile(file);
+        list.ReadFile(mFile);
         list.RandomizeList();
         std::string played;
         while (songs-- > 0)
@@ -79,16 +77,15 @@ TEST_F(PlaylistTest, TheClockDecidesTheOrderOfEachCycleWhichGoesOnInTheNextRun) 
 }
 
 TEST_F(PlaylistTest, AnEmptyListWritesNothingAndAMissingFileIsCreatedEmpty) {
-    const fs::path comments = mFolder.Write("comments.m3u", "#EXTM3U\r\n#x\r\n");
     c_M3U list;
-    list.WriteFile(comments);
-    EXPECT_EQ(BytesOf(comments), "#EXTM3U\r\n#x\r\n");
-    list.ReadFile(mFolder.Path() / "new.m3u");
-    EXPECT_EQ(BytesOf(mFolder.Path() / "new.m3u"), "");
+    list.ReadFile(mFile);
+    EXPECT_EQ(BytesOf(mFile), "");
     EXPECT_EQ(list.NextUnplayed(), "");
+    mFolder.Write(mFile, "#EXTM3U\r\n#x\r\n");
+    list.WriteFile(mFile);
+    EXPECT_EQ(BytesOf(mFile), "#EXTM3U\r\n#x\r\n");
     list.Add("/a");
-    EXPECT_EQ(list.FileName(-1), "");
-    EXPECT_EQ(list.FileName(1), "");
+    EXPECT_EQ(list.FileName(-1).string() + list.FileName(1).string(), "");
     list.ReadFile(mFolder.Path());
     EXPECT_EQ(list.Count(), 0) << "a folder cannot be read";
 }

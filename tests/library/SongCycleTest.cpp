@@ -9,6 +9,7 @@
 #include <stop_token>
 #include <string>
 #include <thread>
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -27,33 +28,17 @@ protected:
         mList = folder / "PlayList/list.m3u";
     }
 
-    /// Writes a list of songs named by letters, each with its mark: "a0 b1".
-    void List(const std::string& songs) const {
+    /// A playlist file of songs named by letters, each with its mark: "a0 b1".
+    static std::string Text(const std::string& songs) {
         std::string text = "#EXTM3U\r\n";
         for (std::size_t i = 0; i < songs.size(); i += 3)
             text += "#Songrush:"s + songs[i + 1] + "\r\n/" + songs[i] + "\r\n";
-        mFolder.Write(mList, text);
+        return text;
     }
+    void List(const std::string& songs) const { mFolder.Write(mList, Text(songs)); }
 
-    /// The marks in the file, as `List` takes them.
-    std::string InFile() const {
-        c_M3U list;
-        list.ReadFile(mList);
-        std::string songs;
-        for (int i = 0; i < list.Count(); ++i)
-            songs += list.FileName(i).string().substr(1) +
-                     std::to_string(list.Marks()[static_cast<std::size_t>(i)]) + ' ';
-        return songs.substr(0, songs.size() - 1);
-    }
-
-    /// The size of the journal in bytes.
-    std::size_t Journal() const {
-        std::size_t bytes = 0;
-        for (const auto& entry : fs::directory_iterator(mList.parent_path()))
-            if (entry.path().filename().string().starts_with(".played-"))
-                bytes += entry.file_size();
-        return bytes;
-    }
+    /// How many songs the journal has.
+    std::size_t Journal() const { return library::MarkJournal(mList).Read().played.size(); }
 
     /// Begins the list and takes `count` songs, of which those in `dead` cannot be played. Does
     /// `last` before the list goes. The letters of the songs.
@@ -103,7 +88,7 @@ TEST_F(SongCycleTest, SongsThatCannotBeOpenedArePassedOverAndKeepTheirMarks) {
         mTries = 0;
         EXPECT_EQ(Play(c.wanted, c.dead).size(), c.played) << c.list;
         EXPECT_EQ(mTries, c.tries) << c.list;
-        EXPECT_EQ(InFile(), c.after) << c.list;
+        EXPECT_EQ(BytesOf(mList), Text(c.after)) << c.list;
     }
 }
 
@@ -125,33 +110,29 @@ TEST_F(SongCycleTest, AnotherProgramsListIsNeverWrittenAndItsSongsComeBackWhenAl
 TEST_F(SongCycleTest, AFileThatOthersReplacedStaysAndGetsTheMarksTheNextTime) {
     List("a0 b0 c0");
     Play(1, "ac", [this] { List("d0 b0 e0"); });
-    EXPECT_EQ(InFile(), "d0 b0 e0");
+    EXPECT_EQ(BytesOf(mList), Text("d0 b0 e0"));
     const std::string played = Play(2);
     EXPECT_TRUE(played == "de" || played == "ed") << played;
-    EXPECT_EQ(InFile(), "d1 b1 e1");
+    EXPECT_EQ(BytesOf(mList), Text("d1 b1 e1"));
     EXPECT_EQ(Journal(), 0u);
 }
 
 TEST_F(SongCycleTest, MarksSurviveAKillAndMoveWithTheProgram) {
-    const struct {
-        const char* list;
-        int played;          // before the kill
-        std::size_t journal; // bytes
-        int unplayed;        // after it; the second list begins a new cycle
-    } cases[] = {{"a0 b1 c0 d0", 2, 34, 1}, {"a1 b0 c1 d1", 3, 46, 2}};
-    for (const auto& c : cases) {
-        List(c.list);
-        const fs::path moved = mFolder.Path() / c.list; // with the files at the moment of the kill
-        Play(c.played, {}, [&] {
-            while (Journal() < c.journal)
+    const std::tuple<const char*, int, int> cases[] = {
+        {"a0 b1 c0 d0", 2, 1}, {"a1 b0 c1 d1", 3, 2}}; // which begins a new cycle
+    for (const auto& [list, played, unplayed] : cases) {
+        List(list);
+        const fs::path moved = mFolder.Path() / list; // with the files at the moment of the kill
+        Play(played, {}, [this, &moved] {
+            while (Journal() < 2)
                 std::this_thread::sleep_for(std::chrono::milliseconds(1));
             fs::copy(platform::ProgramFolder(), moved, fs::copy_options::recursive);
         });
         EnterProgramFolder(moved);
-        EXPECT_EQ(InFile(), c.list);
-        EXPECT_EQ(SongCycle(mList).Unplayed(), c.unplayed); // a mere look loses nothing
+        EXPECT_EQ(BytesOf(mList), Text(list));
+        EXPECT_EQ(SongCycle(mList).Unplayed(), unplayed); // a mere look loses nothing
         EXPECT_EQ(Play(1).size(), 1u);
-        EXPECT_EQ(SongCycle(mList).Unplayed(), c.unplayed - 1);
+        EXPECT_EQ(SongCycle(mList).Unplayed(), unplayed - 1);
         EXPECT_EQ(Journal(), 0u);
     }
 }
@@ -175,6 +156,7 @@ TEST_F(SongCycleTest, TheNextGameOfAListWaitsUntilTheMarksOfTheLastAreSaved) {
 TEST_F(SongCycleTest, AListWrittenAnewBeginsWithoutTheMarksOfOldGames) {
     List("a0 b0");
     library::MarkJournal(mList).Played("/a");
+    EXPECT_EQ(SongCycle(mList).Unplayed(), 1);
     library::MarkJournal::Forget(mList);
     EXPECT_EQ(SongCycle(mList).Unplayed(), 2);
 }

@@ -33,9 +33,9 @@ protected:
     std::string Written(c_ID3& tag) const {
         const fs::path file = mFolder.Write("written.mp3", "sound" + TagWith("Old"));
         tag.PutIdTag(file);
-        EXPECT_EQ(BytesOf(file).substr(0, 5), "sound");
-        EXPECT_EQ(fs::file_size(file), 5u + 128u);
-        return BytesOf(file).substr(5);
+        const std::string bytes = BytesOf(file);
+        EXPECT_TRUE(bytes.starts_with("soundTAG") && bytes.size() == 5 + 128);
+        return bytes.substr(5);
     }
 
     TemporaryFolder mFolder;
@@ -113,26 +113,24 @@ TEST_F(TagTest, ALongTitleGoesOnInTheComment) {
 }
 
 TEST_F(TagTest, ANewTagReplacesTheLastByteAndIsTakenBackUnlessItIsGone) {
-    const fs::path song = mFolder.Write("song.mp3", std::string(127, 'x') + '!');
+    const std::string sound(127, 'x');
+    const fs::path song = mFolder.Write("song.mp3", sound + '!');
     const QByteArray before = c_ID3::EndOf(song);
     c_ID3().PutIdTag(song);
-    EXPECT_EQ(BytesOf(song).substr(0, 130), std::string(127, 'x') + "TAG");
+    EXPECT_EQ(BytesOf(song).substr(0, 130), sound + "TAG");
     EXPECT_EQ(fs::file_size(song), 255u);
     EXPECT_FALSE(c_ID3::PutEnd(song, before));
-    EXPECT_EQ(BytesOf(song), std::string(127, 'x') + '!');
-    const std::string others(199, 'y');
-    mFolder.Write("song.mp3", others);
+    EXPECT_EQ(BytesOf(song), sound + '!');
+    mFolder.Write("song.mp3", sound + "other");
     EXPECT_FALSE(c_ID3::PutEnd(song, before));
-    EXPECT_EQ(BytesOf(song), others);
+    EXPECT_EQ(BytesOf(song), sound + "other");
     const fs::path readOnly = mFolder.Write("readonly.mp3", TagWith("Old"));
-    const fs::path shortFile = mFolder.Write("short.mp3", others.substr(0, 127));
     MakeReadOnly(readOnly);
-    for (const fs::path& kept : {shortFile, readOnly, mFolder.Path() / "missing.mp3"})
+    for (const fs::path& kept : {readOnly, mFolder.Path() / "missing.mp3"})
         c_ID3().PutIdTag(kept);
-    EXPECT_EQ(BytesOf(shortFile), others.substr(0, 127));
     EXPECT_EQ(BytesOf(readOnly), TagWith("Old"));
     EXPECT_TRUE(c_ID3::PutEnd(readOnly, before));
-    EXPECT_EQ(mFolder.Entries(), 3);
+    EXPECT_EQ(mFolder.Entries(), 2);
 }
 
 TEST(SongTitleTest, IsThatOfTheTagOrElseOfTheFileButNeverWithoutAVisibleCharacter) {
