@@ -26,12 +26,17 @@ void TryTitle(const QString& title) {
     EXPECT_FALSE(fitting.Hint().isEmpty());
     const QString file = editor::WithEnding(editor::NameCharacters(title));
     EXPECT_EQ(editor::WithEnding(editor::WithoutEnding(file)).size(), file.size());
-    EXPECT_EQ(platform::UnescapeSeparators(platform::EscapeSeparators(title)), title);
+    const QString escaped = platform::EscapeSeparators(title);
+    EXPECT_EQ(platform::UnescapeSeparators(escaped), title);
+    EXPECT_FALSE(escaped.contains(u'?') || escaped.contains(u'\\') || escaped.endsWith(u' '));
 }
 
 void TryFile(const fs::path& file) {
     EXPECT_EQ(platform::PathFromText(platform::TextFromPath(file)), file);
-    EXPECT_EQ(platform::PathFromKey(platform::KeyFromPath(file)), file);
+    const QString key = platform::KeyFromPath(file);
+    EXPECT_EQ(platform::PathFromKey(key), file);
+    EXPECT_FALSE(key.contains(u'/') || key.contains(u'\\'));
+    EXPECT_TRUE(platform::ShownText(file).isValidUtf16());
     EXPECT_TRUE(file.empty() || library::HasVisible(library::SongTitle(c_ID3(), file)) ||
                 !library::HasVisible(platform::ShownText(file)));
     const auto guess = editor::GuessFromName(platform::ShownText(file.filename()));
