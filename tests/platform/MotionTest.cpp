@@ -2,6 +2,7 @@
 #include "tests/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
+#include <tuple>
 
 namespace {
 
@@ -27,11 +28,7 @@ TEST(Motion, IsReducedWhereAnyDesktopSaysSo) {
 }
 
 TEST(Motion, IsReducedByTheFilesOfTheDesktops) {
-    const struct {
-        const char* file;
-        const char* text;
-        bool reduced;
-    } cases[] = {
+    const std::tuple<const char*, const char*, bool> cases[] = {
         {"gtk-3.0/settings.ini", "[Settings]\ngtk-enable-animations=false\n", true},
         {"gtk-4.0/settings.ini", "[Settings]\ngtk-theme-name=A\ngtk-enable-animations = 0\n", true},
         {"gtk-3.0/settings.ini", "[Settings]\ngtk-enable-animations=1\n", false},
@@ -39,10 +36,10 @@ TEST(Motion, IsReducedByTheFilesOfTheDesktops) {
         {"kdeglobals", "[KDE]\nAnimationDurationFactor=1.5\n", false},
         {"kdeglobals", "[General]\nAnimationDurationFactor=0\n", false},
     };
-    for (const auto& c : cases) {
+    for (const auto& [file, text, reduced] : cases) {
         const TemporaryFolder folder;
-        folder.Write(c.file, c.text);
-        EXPECT_EQ(platform::MotionReducedInFiles(folder.Path()), c.reduced) << c.text;
+        folder.Write(file, text);
+        EXPECT_EQ(platform::MotionReducedInFiles(folder.Path()), reduced) << text;
     }
 }
 
