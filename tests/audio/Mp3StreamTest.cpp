@@ -39,11 +39,6 @@ protected:
     std::unique_ptr<Mp3Stream> mStream;
 };
 
-/// Three seconds of the tone without a header frame, so that they last to the sample.
-std::string Part(int rate) {
-    return tonefile::Encode(3, {.rate = rate, .kbps = 64, .header = false});
-}
-
 /// Bytes among which no decoder finds the start of a frame.
 std::string Garbage(std::size_t size) {
     std::string bytes(size, '\0');
@@ -110,49 +105,54 @@ TEST_F(Stream, HasItsRealLengthAndSoundsTheSameAfterASeekAsWhenPlayedThrough) {
 }
 
 TEST_F(Stream, SongsOfDifferentRatesJoinedArePlayedRightAtEachPlace) {
-    const std::vector<int> rates[] = {
-        {48000, 44100, 32000, 24000, 22050, 16000, 12000, 11025, 8000}, {8000, 48000, 11025}};
-    for (const std::vector<int>& joined : rates) {
+    const auto hasItsLength = [this] {
+        const auto heard = static_cast<double>(Skip(2'000'000));
+        return std::abs(heard - static_cast<double>(mStream->Frames())) < 0.001 * mStream->Rate();
+    };
+    for (const std::vector<int>& rates :
+         {std::vector{48000, 44100, 32000, 24000, 22050, 16000, 12000, 11025, 8000},
+          std::vector{8000, 48000, 11025}}) {
         std::string song;
         std::vector<double> starts = {0};
-        for (const int rate : joined) {
-            Open(Part(rate));
-            song += Part(rate);
+        for (const int rate : rates) {
+            const std::string part =
+                tonefile::Encode(3, {.rate = rate, .kbps = 64, .header = false});
+            Open(part);
+            song += part;
             starts.push_back(starts.back() + mStream->Length());
         }
         Open(song);
-        ASSERT_EQ(mStream->Rate(), joined.front());
+        ASSERT_EQ(mStream->Rate(), rates.front());
         EXPECT_NEAR(mStream->Length(), starts.back(), 0.001);
-        const auto heard = static_cast<double>(Skip(2'000'000));
-        EXPECT_NEAR(heard, static_cast<double>(mStream->Frames()), 0.001 * mStream->Rate());
-        for (std::size_t i = joined.size(); i-- > 0;)
-            ExpectTones(starts[i] + 1105.0 / joined[i]);
+        EXPECT_TRUE(hasItsLength());
+        for (std::size_t i = rates.size(); i-- > 0;)
+            ExpectTones(starts[i] + 1105.0 / rates[i]);
     }
+    const std::string low = tonefile::Encode(1, {.rate = 8000, .mono = true, .kbps = 8});
+    const std::string high = tonefile::Encode(1, {.rate = 16000, .mono = true, .kbps = 16});
+    Open((low + high).erase(200, 300)); // after which the library no longer sees two rates
+    EXPECT_TRUE(hasItsLength());
 }
 
-TEST_F(Stream, NeverGivesMoreThanADamagedSongHas) {
+TEST_F(Stream, ADamagedSongIsHeardAtEachPlace) {
     std::mt19937 random(7);
-    const std::string songs[] = {Part(44100), Part(22050) + Part(8000), Part(48000) + Part(32000),
-                                 tonefile::Encode(3), tonefile::Encode(3, {.variable = true})};
-    for (int i = 0; i < 150; ++i) {
-        SCOPED_TRACE(i);
-        std::string song = songs[i % 5];
+    const std::string songs[] = {tonefile::Encode(3), tonefile::Encode(3, {.variable = true}),
+                                 tonefile::Encode(3, {.rate = 22050, .header = false}) +
+                                     tonefile::Encode(3, {.rate = 8000, .header = false})};
+    for (int i = 0; i < 90; ++i) {
+        std::string song = songs[i % 3];
         for (int damage = 0; damage < 10; ++damage) { // bad sectors, missing pieces, wrong bytes
             const std::size_t at = random() % (song.size() - 1000);
             song.replace(at, at % 600, at % 3 * 256, static_cast<char>(at));
         }
         Open(song);
-        if (!mStream)
-            continue;
-        const auto frames = static_cast<std::size_t>(mStream->Frames());
-        for (int turn = 0; turn < 6; ++turn) {
+        for (int turn = 0; mStream && turn < 6; ++turn) {
+            const auto frames = static_cast<std::size_t>(mStream->Frames());
             const std::size_t place = random() % frames;
             mStream->SeekTo(static_cast<std::int64_t>(place));
             const bool heard = !Read(*mStream, 5000).empty();
-            EXPECT_TRUE(heard || place + 10'000 > frames) << place << " of " << frames;
+            EXPECT_TRUE(heard || place + 10'000 > frames) << i << ": " << place << " of " << frames;
         }
-        mStream->SeekTo(0);
-        EXPECT_LE(Skip(frames + 100'000), frames);
     }
 }
 

@@ -46,31 +46,24 @@ TEST_F(StalledDisk, IsNotNeededForWhatACueHasReadyNorWaitedForAfterwards) {
 #endif
 
 std::atomic<bool> gHangs = false;
-std::atomic<int> gInside = 0;
-std::atomic<bool> gUnplugged = false;
+std::atomic<int> gInside = 0; // how many calls of the device hang
 
-/// A call of the device, which returns once that hangs no more.
-struct Call {
-    Call() {
-        ++gInside;
-        EXPECT_TRUE(Eventually([] { return !gHangs; }));
-    }
-    ~Call() { --gInside; }
-};
+void Hang() {
+    ++gInside;
+    EXPECT_TRUE(Eventually([] { return !gHangs; }));
+    --gInside;
+}
 
 class StuckDevice : public RecordedPlayer {
 protected:
     StuckDevice() {
         mSdl.OpenAudioDevice = [](auto... arguments) {
-            const Call call;
+            Hang();
             return real->OpenAudioDevice(arguments...);
         };
         mSdl.CloseAudioDevice = [](SDL_AudioDeviceID device) {
-            const Call call;
+            Hang();
             real->CloseAudioDevice(device);
-        };
-        mSdl.GetAudioDeviceStatus = [](SDL_AudioDeviceID device) {
-            return gUnplugged ? SDL_AUDIO_STOPPED : real->GetAudioDeviceStatus(device);
         };
         audio::ReplaceSdl(&mSdl);
     }
@@ -114,12 +107,16 @@ TEST_F(StuckDevice, LeavesTheGameGoingAndSoundComesBackWithTheNextClip) {
 }
 
 TEST_F(StuckDevice, AnUnpluggedOneIsLookedForAgainAndOneThatHangsIsLeftBehind) {
+    static std::atomic<bool> unplugged = false;
+    mSdl.GetAudioDeviceStatus = [](SDL_AudioDeviceID device) {
+        return unplugged ? SDL_AUDIO_STOPPED : real->GetAudioDeviceStatus(device);
+    };
     ASSERT_EQ(mPlayer.OpenFile(Song(60)), 1);
     ASSERT_TRUE(PlaysPast(1));
     Rewind();
-    gUnplugged = true;
+    unplugged = true;
     EXPECT_TRUE(DeviceOpens());
-    gUnplugged = false;
+    unplugged = false;
     EXPECT_TRUE(PlaysPast(mPlayer.Position() + 1));
     gHangs = true;
     auto player = std::make_unique<c_XAudio>();
