@@ -6,7 +6,6 @@
 #include <chrono>
 #include <functional>
 #include <gtest/gtest.h>
-#include <numeric>
 #include <set>
 #include <string>
 #include <tuple>
@@ -36,14 +35,11 @@ protected:
 
     /// What the user's folder for the songs holds.
     std::string Music() const {
-        std::set<std::string> songs;
-        for (const auto& song : fs::directory_iterator(mOwn / "Music"))
-            songs.insert(song.path().filename().string() + "=" + BytesOf(song) + " ");
-        return std::accumulate(songs.begin(), songs.end(), std::string());
-    }
-
-    static bool IsWritable(const fs::path& file) {
-        return (fs::status(file).permissions() & fs::perms::owner_write) != fs::perms::none;
+        std::set<fs::path> songs(fs::directory_iterator(mOwn / "Music"), {});
+        std::string music;
+        for (const fs::path& song : songs)
+            music += song.filename().string() + "=" + BytesOf(song) + " ";
+        return music;
     }
 
     const TemporaryFolder mFolder;
@@ -71,7 +67,9 @@ TEST_F(ShippedFilesTest, SongsThatCanBeWrittenAreGivenAndANewerProgramSparesWhat
         EXPECT_EQ(Music(), "a.mp3=song ");
         EXPECT_TRUE(fs::is_empty(mOwn / "Images"));
         for (const char* place : {"Music/a.mp3", "PlayList/Sample.m3u"})
-            EXPECT_TRUE(IsWritable(mOwn / place)) << place;
+            EXPECT_NE(fs::status(mOwn / place).permissions() & fs::perms::owner_write,
+                      fs::perms::none)
+                << place;
         act(mOwn / "Music/a.mp3");
         ASSERT_FALSE(Bring());
         Ship("Music/a.mp3", "better song", -24h);

@@ -82,7 +82,7 @@ TEST_F(AnyListTest, ListsOfAllKindsAreToldApartAndRead) {
         {"file://" + folder + "/Sub/Song%20One.mp3\r\nFILE://LocalHost" + folder +
              "/sub/%DC.mp3\r\n/x/y.mp3\r\n",
          "foreign Sub/Song One.mp3|Sub/\xC3\x9C.mp3|/x/y.mp3|"},
-        {"my-disk+1.x://h/a.mp3\r\n", "foreign "},
+        {"  my-disk+1.x://h/a.mp3\r\n", "foreign "},
         {"c://a.mp3\r\nnot one://a\r\n", "own c://a.mp3|not one://a|"},
         {"http://x/a.mp3\nfile://other/a.mp3\nfile:///x%00.mp3\nfile://\nfile:///gone\n"
          "list.m3u\nother.PLS\n",

@@ -150,7 +150,8 @@ TEST_F(SongCycleTest, TheNextGameOfAListWaitsUntilTheMarksOfTheLastAreSaved) {
         gaveUp.request_stop();
         EXPECT_EQ(SongCycle(mList, gaveUp.get_token()).Count(), 0);
         game = std::thread([&] { next = Play(1); });
-        std::this_thread::sleep_for(std::chrono::milliseconds(20)); // in which it could play
+        std::this_thread::sleep_for(std::chrono::milliseconds(50)); // in which it could play
+        EXPECT_EQ(next, "");
     });
     game.join();
     EXPECT_NE(next, last);
