@@ -54,12 +54,12 @@ TEST(ProgramFolder, DataBesideTheProgramComesBeforeTheSystemsData) {
     EXPECT_TRUE(own() == program && shipped() == program);
 }
 
-struct WaitTest : testing::Test {
-    void TearDown() override { ForgetQuit(); }
-};
-
-TEST_F(WaitTest, NestedAndLaterWaitsEndAfterAQuit) {
+TEST(Wait, NestedAndLaterOnesEndAfterAQuitAndQuestionsAreAnsweredWithNo) {
     const auto forever = [] { return true; };
+    platform::SetMessageBox([](const platform::Message&) {
+        ADD_FAILURE() << "shown";
+        return 0;
+    });
     const std::pair<const char*, void (*)()> quits[] = {
         {"request", platform::RequestQuit},
         {"session's end", [] { QCoreApplication::postEvent(qApp, new QEvent(QEvent::Quit)); }},
@@ -78,23 +78,10 @@ TEST_F(WaitTest, NestedAndLaterWaitsEndAfterAQuit) {
         platform::WaitWhile(forever);
         platform::WaitWhile(forever);
         EXPECT_TRUE(platform::Quitting()) << what;
+        platform::ShowMessage("a message");
+        EXPECT_FALSE(platform::AskYesNo("a question"));
     }
-}
-
-TEST_F(WaitTest, AfterAQuitNothingIsShownAndQuestionsAreAnsweredWithNo) {
-    struct : QObject {
-        bool eventFilter(QObject*, QEvent* event) override {
-            shown = shown || event->type() == QEvent::Show;
-            return false;
-        }
-        bool shown = false;
-    } windows;
-    const platform::QuitWatch watch;
-    platform::RequestQuit();
-    qApp->installEventFilter(&windows);
-    platform::ShowMessage("a message");
-    EXPECT_FALSE(platform::AskYesNo("a question"));
-    EXPECT_FALSE(windows.shown);
+    ForgetQuit();
 }
 
 } // namespace
