@@ -48,6 +48,10 @@ TEST_F(MenuTest, EveryWayLeadsToItsModeForOnePlayerOrAListedNumber) {
     EXPECT_EQ(Choose({form.pMulti, form.PChoice1}), "MultipleChoice 2");
     EXPECT_TRUE(Choose({form.pEditor}).startsWith("Editor"));
     EXPECT_TRUE(Choose({&form.Scores->Box()}).startsWith("HighScores"));
+    const auto* size = form.findChild<QWidget*>("pSize100");
+    ASSERT_NE(size, nullptr);
+    EXPECT_EQ(size->accessibleDescription(), "As it is now");
+    EXPECT_EQ(form.findChild<QWidget*>("pSize125"), nullptr) << "larger than the screen";
 }
 
 TEST_F(MenuTest, ADoubleClickOnOnePlayerChoosesNoGame) {
@@ -60,24 +64,6 @@ TEST_F(MenuTest, ADoubleClickOnOnePlayerChoosesNoGame) {
                                OnStage(form, form.pSingle->Place().center()));
     });
     EXPECT_EQ(c_Menu(form).Choose(), "Exit");
-}
-
-TEST_F(MenuTest, OffersTheSizesThatFitAndFullScreen) {
-    toolkit::Stage& stage = toolkit::Stage::Get();
-    const QSize before = stage.size();
-    QStringList seen;
-    Robot robot([&] {
-        if (!form.isVisible())
-            return;
-        auto* full = form.findChild<QWidget*>("pFullScreen");
-        seen << full->accessibleDescription();
-        ClickOn(seen.size() == 1 ? full : form.pX);
-    });
-    c_Menu(form).Choose();
-    EXPECT_EQ(seen, QStringList({"", "As it is now"}));
-    EXPECT_EQ(form.findChild<QWidget*>("pSize125"), nullptr) << "larger than the screen";
-    stage.SetFullScreen(false);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return stage.size() == before; }));
 }
 
 } // namespace
