@@ -4,8 +4,6 @@
 #include "tests/audio/Sound.h"
 #include "tests/audio/ToneFile.h"
 
-#include <random>
-
 namespace {
 
 using namespace std::string_literals;
@@ -17,13 +15,6 @@ class Stream : public testing::Test {
 protected:
     void Open(const std::string& bytes) {
         mStream = Mp3Stream::Open(mFolder.Write("song.mp3", bytes));
-    }
-    /// Passes over `count` frames by decoding them and returns how many there were.
-    std::size_t Skip(std::size_t count) const {
-        std::size_t done = 0;
-        for (std::size_t got = 1; got > 0 && done < count; done += got)
-            got = Read(*mStream, std::min<std::size_t>(4096, count - done)).size();
-        return done;
     }
     /// Expects at some places that the tone is the one that the file has so long after its start,
     /// which lies `late` seconds within what is heard.
@@ -81,20 +72,13 @@ TEST_F(Stream, HasItsRealLengthAndSoundsTheSameAfterASeekAsWhenPlayedThrough) {
         ASSERT_TRUE(mStream);
         EXPECT_NEAR(mStream->Length(), length, tolerance);
         const auto frames = static_cast<std::size_t>(mStream->Frames());
-        const std::size_t places[] = {1, 2000, frames / 3, frames / 2 + 77, frames - 1152};
-        std::vector<Frames> played;
-        std::size_t reached = 0;
-        for (const std::size_t place : places) {
-            Skip(place - reached);
-            played.push_back(Read(*mStream, 1152));
-            reached = place + 1152;
-        }
-        EXPECT_TRUE(Read(*mStream, 10).empty());
-        for (std::size_t i = played.size(); i-- > 0;) {
-            mStream->SeekTo(static_cast<std::int64_t>(places[i]));
+        const Frames played = Read(*mStream, frames + 1);
+        ASSERT_EQ(played.size(), frames);
+        for (const std::size_t place : {frames - 1152, frames / 2 + 77, frames / 3, 2000ul, 1ul}) {
+            mStream->SeekTo(static_cast<std::int64_t>(place));
             const Frames sought = Read(*mStream, 1152);
-            ASSERT_EQ(sought.size(), 1152) << "at frame " << places[i];
-            EXPECT_LT(sound::Difference(sought, played[i]), 1e-4f) << "at frame " << places[i];
+            ASSERT_EQ(sought.size(), 1152) << "at frame " << place;
+            EXPECT_LT(sound::Difference(sought, std::span(played).subspan(place)), 1e-4f) << place;
         }
         ExpectTones(delay);
         for (const std::int64_t past : {0, 1, 100000}) {
@@ -106,7 +90,7 @@ TEST_F(Stream, HasItsRealLengthAndSoundsTheSameAfterASeekAsWhenPlayedThrough) {
 
 TEST_F(Stream, SongsOfDifferentRatesJoinedArePlayedRightAtEachPlace) {
     const auto hasItsLength = [this] {
-        const auto heard = static_cast<double>(Skip(2'000'000));
+        const auto heard = static_cast<double>(Read(*mStream, 2'000'000).size());
         return std::abs(heard - static_cast<double>(mStream->Frames())) < 0.001 * mStream->Rate();
     };
     for (const std::vector<int>& rates :
@@ -132,28 +116,6 @@ TEST_F(Stream, SongsOfDifferentRatesJoinedArePlayedRightAtEachPlace) {
     const std::string high = tonefile::Encode(1, {.rate = 16000, .mono = true, .kbps = 16});
     Open((low + high).erase(200, 300)); // after which the library no longer sees two rates
     EXPECT_TRUE(hasItsLength());
-}
-
-TEST_F(Stream, ADamagedSongIsHeardAtEachPlace) {
-    std::mt19937 random(7);
-    const std::string songs[] = {tonefile::Encode(3), tonefile::Encode(3, {.variable = true}),
-                                 tonefile::Encode(3, {.rate = 22050, .header = false}) +
-                                     tonefile::Encode(3, {.rate = 8000, .header = false})};
-    for (int i = 0; i < 90; ++i) {
-        std::string song = songs[i % 3];
-        for (int damage = 0; damage < 10; ++damage) { // bad sectors, missing pieces, wrong bytes
-            const std::size_t at = random() % (song.size() - 1000);
-            song.replace(at, at % 600, at % 3 * 256, static_cast<char>(at));
-        }
-        Open(song);
-        for (int turn = 0; mStream && turn < 6; ++turn) {
-            const auto frames = static_cast<std::size_t>(mStream->Frames());
-            const std::size_t place = random() % frames;
-            mStream->SeekTo(static_cast<std::int64_t>(place));
-            const bool heard = !Read(*mStream, 5000).empty();
-            EXPECT_TRUE(heard || place + 10'000 > frames) << i << ": " << place << " of " << frames;
-        }
-    }
 }
 
 } // namespace

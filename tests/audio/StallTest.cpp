@@ -18,11 +18,9 @@ TEST_F(StalledDisk, IsNotNeededForWhatACueHasReadyNorWaitedForAfterwards) {
     const auto gone = mFolder.Path() / "gone";
     const audio::Cue cue({gone, gone, Song(60), gone}, atFour);
     const audio::Cue dead({gone}, atFour);
-    ASSERT_TRUE(Eventually([&] { return !cue.Working() && !dead.Working(); }));
-    EXPECT_TRUE(cue.Ready());
+    ASSERT_TRUE(Eventually([&] { return cue.Ready() && !dead.Working(); }));
     EXPECT_EQ(cue.Failed(), 2u);
     EXPECT_FALSE(dead.Ready());
-    EXPECT_EQ(mPlayer.OpenFile(gone), 0);
     const auto slow = mFolder.Write("60 slow", BytesOf(Song(60)));
     const HeldReads held(Song(60)); // and the other one
     {
@@ -30,6 +28,7 @@ TEST_F(StalledDisk, IsNotNeededForWhatACueHasReadyNorWaitedForAfterwards) {
         ASSERT_TRUE(Eventually([&held] { return held.Waiting() > 0; }));
         EXPECT_TRUE(stalled.Working());
     }
+    EXPECT_EQ(mPlayer.OpenFile(gone), 0);
     ASSERT_EQ(mPlayer.OpenFile(Song(60)), 1);
     mPlayer.SeekTo(4);
     EXPECT_TRUE(PlaysPast(5.2));
