@@ -74,7 +74,8 @@ TEST_F(Stream, HasItsRealLengthAndSoundsTheSameAfterASeekAsWhenPlayedThrough) {
         const auto frames = static_cast<std::size_t>(mStream->Frames());
         const Frames played = Read(*mStream, frames + 1);
         ASSERT_EQ(played.size(), frames);
-        for (const std::size_t place : {frames - 1152, frames / 2 + 77, frames / 3, 2000ul, 1ul}) {
+        const std::size_t places[] = {frames - 1152, frames / 2 + 77, frames / 3, 2000, 1};
+        for (const std::size_t place : places) {
             mStream->SeekTo(static_cast<std::int64_t>(place));
             const Frames sought = Read(*mStream, 1152);
             ASSERT_EQ(sought.size(), 1152) << "at frame " << place;

@@ -9,6 +9,7 @@
 
 #include <QStringList>
 #include <gtest/gtest.h>
+#include <set>
 
 namespace {
 
@@ -50,8 +51,12 @@ void TryQuestion(const QStringList& titles) {
     const auto titleOf = [&](const fs::path& file) { return titles.value(std::stoi(file)); };
     platform::Randomize(count);
     const auto choices = game::DrawChoices(count, fileOf, fileOf(count - 1), titleOf);
-    for (const int candidate : choices.candidates)
-        EXPECT_TRUE(candidate >= 0 && candidate < count);
+    const std::set<int> candidates(choices.candidates.begin(), choices.candidates.end());
+    EXPECT_TRUE(*candidates.begin() >= 0 && *candidates.rbegin() < count);
+    if (count >= 6) {
+        EXPECT_EQ(candidates.size(), 4u);
+        EXPECT_FALSE(candidates.contains(0) || candidates.contains(count - 1));
+    }
 }
 
 void Run(const std::string& bytes) {
