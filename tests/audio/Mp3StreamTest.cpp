@@ -4,6 +4,8 @@
 #include "tests/audio/Sound.h"
 #include "tests/audio/ToneFile.h"
 
+#include <random>
+
 namespace {
 
 using namespace std::string_literals;
@@ -117,6 +119,25 @@ TEST_F(Stream, SongsOfDifferentRatesJoinedArePlayedRightAtEachPlace) {
     const std::string high = tonefile::Encode(1, {.rate = 16000, .mono = true, .kbps = 16});
     Open((low + high).erase(200, 300)); // after which the library no longer sees two rates
     EXPECT_TRUE(hasItsLength());
+}
+
+TEST_F(Stream, ADamagedSongIsHeardAtEachPlace) {
+    std::mt19937 random(7);
+    const std::string whole = tonefile::Encode(3, {.kbps = 64, .header = false});
+    for (int i = 0; i < 30; ++i) {
+        std::string song = whole;
+        for (int damage = 0; damage < 10; ++damage) { // bad sectors, missing pieces, wrong bytes
+            const std::size_t at = random() % (song.size() - 1000);
+            song.replace(at, at % 600, at % 3 * 256, static_cast<char>(at));
+        }
+        Open(song);
+        for (int turn = 0; mStream && turn < 6; ++turn) {
+            const std::int64_t place = random() % static_cast<unsigned>(mStream->Frames());
+            mStream->SeekTo(place);
+            const bool heard = !Read(*mStream, 5000).empty();
+            EXPECT_TRUE(heard || place + 10'000 > mStream->Frames()) << i << ": " << place;
+        }
+    }
 }
 
 } // namespace
