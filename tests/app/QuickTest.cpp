@@ -76,6 +76,7 @@ TEST_F(QuickTest, AFolderBecomesTheQuickPlaylistInItsPlaceOrElsewhere) {
     fs::rename(mFolder.Path() / "Music/song3.mp3", mFolder.Path() / "Music/SONG3.MP3");
     mFolder.MakeSongs(1, "Music/deeper");
     const fs::path folder = mFolder.Path() / "Music";
+    library::MarkJournal(mQuickList).Played(folder / "song1.mp3"); // in an earlier game
     Run(form.pUseDir, folder);
     EXPECT_EQ(mPath, mQuickList);
     EXPECT_FALSE(mExit);
@@ -83,6 +84,7 @@ TEST_F(QuickTest, AFolderBecomesTheQuickPlaylistInItsPlaceOrElsewhere) {
     const std::string list = BytesOf(mQuickList);
     EXPECT_EQ(std::count(list.begin(), list.end(), '\n'), 1 + 2 * 11);
     EXPECT_TRUE(list.find("Music/SONG3.MP3\r\n") != list.npos) << list;
+    EXPECT_EQ(library::CountUnplayed(mQuickList, {}).unplayed, 11);
     EXPECT_EQ(platform::ReadPathSetting("Songrush", "Dirs", "Mp3Dir", {}), folder);
 
     const QString told = "Error Writing Playlist file:%1:\nInvalid argument";
