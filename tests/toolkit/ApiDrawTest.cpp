@@ -1,114 +1,76 @@
 #include "tests/toolkit/Pictures.h"
 #include "toolkit/Drawing.h"
 
+#include <QLineF>
 #include <QPainter>
 #include <gtest/gtest.h>
 #include <memory>
-#include <set>
-#include <utility>
 #include <vector>
 
 namespace {
 
 using namespace toolkit;
-using Points = std::set<std::pair<int, int>>;
 
 constexpr ColorRef kPen = Rgb(200, 10, 20);
 constexpr ColorRef kBrush = Rgb(10, 200, 30);
 
-Points Painted(const Canvas& canvas, ColorRef color) {
-    Points points;
-    for (int x = 0; x < canvas.Width(); ++x)
-        for (int y = 0; y < canvas.Height(); ++y)
-            if (canvas.Pixel(x, y) == color)
-                points.emplace(x, y);
-    return points;
-}
-
-Points Box(int left, int top, int width, int height) {
-    Points points;
-    for (int x = left; x < left + width; ++x)
-        for (int y = top; y < top + height; ++y)
-            points.emplace(x, y);
-    return points;
-}
-
-class Brackets : public testing::TestWithParam<double> {
+class Drawings : public testing::TestWithParam<double> {
 protected:
-    Brackets() { BeginDraw(&mCanvas, Qt::SolidLine, kPen, 1, kBrush, BkMode::Transparent); }
-    ~Brackets() override { EndDraw(); }
-
     AtRatio mRatio{GetParam()};
     Canvas mCanvas{40, 30};
+    Canvas mExpected{40, 30};
 };
 
-class Gradients : public Brackets {};
+INSTANTIATE_TEST_SUITE_P(Ratio, Drawings, testing::Values(1, 1.5, 2));
 
-INSTANTIATE_TEST_SUITE_P(Ratio, Brackets, testing::Values(1, 1.5, 2));
-INSTANTIATE_TEST_SUITE_P(Ratio, Gradients, testing::Values(1, 2, 3));
-
-TEST_P(Brackets, ALineLeavesItsLastPointOut) {
-    const struct {
-        double x1, y1, x2, y2;
-        Points points;
-    } lines[] = {
-        {2, 3, 5, 3, {{2, 3}, {3, 3}, {4, 3}}}, {2, 5, 4, 3, {{2, 5}, {3, 4}}}, {4, 4, 4, 4, {}},
-        {2.5, 3.5, 4.5, 3.5, {{2, 4}, {3, 4}}}, // halves go to the even neighbour
-        {-2, 0, 2, 0, {{0, 0}, {1, 0}}},
+TEST_P(Drawings, OfALineLeaveItsLastPointOut) {
+    const std::pair<QLineF, std::vector<QPoint>> lines[] = {
+        {{2, 3, 5, 3}, {{2, 3}, {3, 3}, {4, 3}}},
+        {{2, 15, 4, 13}, {{2, 15}, {3, 14}}},
+        {{4, 24, 4, 24}, {}},
+        {{12.5, 3.5, 14.5, 3.5}, {{12, 4}, {13, 4}}}, // halves go to the even neighbour
+        {{-2, 0, 2, 0}, {{0, 0}, {1, 0}}},
     };
-    for (const auto& line : lines) {
-        mCanvas.Fill(QRect(0, 0, 40, 30), kBlack);
-        PenMoveTo(line.x1, line.y1);
-        PenLineTo(line.x2, line.y2);
-        EXPECT_EQ(Painted(mCanvas, kPen), line.points) << line.x1 << ", " << line.y1;
+    BeginDraw(&mCanvas, Qt::SolidLine, kPen, 1, kBrush, BkMode::Transparent);
+    for (const auto& [line, points] : lines) {
+        PenMoveTo(line.x1(), line.y1());
+        PenLineTo(line.x2(), line.y2());
+        for (const QPoint& point : points)
+            mExpected.Fill(QRect(point, QSize(1, 1)), kPen);
+        EXPECT_EQ(mCanvas.Image(), mExpected.Image()) << line.x1() << ", " << line.y1();
     }
+    EndDraw();
 }
 
-TEST_P(Brackets, ABoxIsLightAboveAndDarkBelow) {
-    const ColorRef light = Rgb(250, 250, 250);
-    const ColorRef dark = Rgb(60, 60, 60);
-    DrawBox(light, dark, kBrush, 2, 3, 5, 6);
-    EXPECT_EQ(Painted(mCanvas, kBrush), Box(3, 4, 2, 2));
-    EXPECT_EQ(Painted(mCanvas, light), (Points{{5, 3}, {4, 3}, {3, 3}, {2, 3}, {2, 4}, {2, 5}}));
-    EXPECT_EQ(Painted(mCanvas, dark), (Points{{2, 6}, {3, 6}, {4, 6}, {5, 6}, {5, 5}, {5, 4}}));
+TEST_P(Drawings, OfABoxAreLightAboveAndDarkBelow) {
+    Drawing(&mCanvas).Box({kWhite, kRed, kBrush}, QRect(2, 3, 4, 4));
+    mExpected.Fill(QRect(2, 3, 4, 4), kRed);
+    mExpected.Fill(QRect(2, 3, 4, 1), kWhite);
+    mExpected.Fill(QRect(2, 4, 1, 2), kWhite);
+    mExpected.Fill(QRect(3, 4, 2, 2), kBrush);
+    EXPECT_EQ(mCanvas.Image(), mExpected.Image());
 }
 
-TEST_P(Gradients, RunAlongLinesAt45Degrees) {
-    for (const QRect& box : {QRect(3, 3, 6, 5), QRect(20, 3, 4, 7)}) { // eleven steps each
-        GradientBox(box.x(), box.y(), box.x() + box.width(), box.bottom(), Rgb(0, 200, 50),
-                    Rgb(220, 90, 61));
-        for (int x = box.left(); x <= box.right(); ++x)
-            for (int y = box.top(); y <= box.bottom(); ++y) {
-                const int step = x - box.x() + y - box.y() + 1;
-                EXPECT_EQ(mCanvas.Pixel(x, y), Rgb(20 * step, 200 - 10 * step, 50 + step))
-                    << x << ", " << y;
-            }
-    }
-    EXPECT_EQ(Painted(mCanvas, kBlack).size(), 40 * 30 - 6 * 5 - 4 * 7);
-    GradientBox(30, 3, 30, 7, kWhite, kWhite);
-    EXPECT_EQ(Painted(mCanvas, kWhite), Box(30, 3, 1, 5));
+TEST(Gradients, RunAlongLinesAt45Degrees) {
+    const AtRatio ratio(2);
+    Canvas canvas(20, 10);
+    Drawing(&canvas).Gradient(3, 3, 9, 7, Rgb(0, 200, 50), Rgb(220, 90, 61)); // eleven steps
+    for (int x = 0; x < 20; ++x)
+        for (int y = 0; y < 10; ++y) {
+            const int step = x + y - 5;
+            EXPECT_EQ(canvas.Pixel(x, y), QRect(3, 3, 6, 5).contains(x, y)
+                                              ? Rgb(20 * step, 200 - 10 * step, 50 + step)
+                                              : kBlack)
+                << x << ", " << y;
+        }
 }
-
-TEST(Panel, LeavesNothingOfWhatWasDrawnBefore) {
-    Canvas canvas(40, 30);
-    const auto before = std::make_shared<int>();
-    canvas.Draw(QRect(5, 5, 9, 9), false, [before](QImage&) {});
-    DrawPanel(&canvas);
-    EXPECT_EQ(before.use_count(), 1);
-}
-
-class Drawings : public testing::TestWithParam<double> {};
-
-INSTANTIATE_TEST_SUITE_P(Ratio, Drawings, testing::Values(1, 2, 3));
 
 TEST_P(Drawings, KeepToTheirClip) {
-    const AtRatio ratio(GetParam());
     const QRect clip(12, 9, 11, 7);
-    Canvas clipped(40, 30);
     Canvas free(40, 30);
-    for (Canvas* canvas : {&clipped, &free}) {
+    for (Canvas* canvas : {&mCanvas, &free}) {
         Drawing drawing(canvas);
-        if (canvas == &clipped)
+        if (canvas == &mCanvas)
             drawing.SetClip(clip);
         drawing.Fill(kBrush, 0, 0, 40, 30);
         drawing.Gradient(0, 0, 40, 15, kPen, kBrush);
@@ -121,10 +83,17 @@ TEST_P(Drawings, KeepToTheirClip) {
         drawing.Text("WWWWWWWW", kPen, kBrush, 0, 8, 2);
     }
     FillBox(0, 0, 40, 30); // after the last drawing
-    for (int x = 0; x < 40; ++x)
-        for (int y = 0; y < 30; ++y)
-            ASSERT_EQ(clipped.Pixel(x, y), clip.contains(x, y) ? free.Pixel(x, y) : kBlack)
-                << x << ", " << y;
+    BitBlt(&mExpected, clip.x(), clip.y(), clip.width(), clip.height(), &free, clip.x(), clip.y(),
+           RasterOp::SrcCopy);
+    EXPECT_EQ(mCanvas.Image(), mExpected.Image());
+}
+
+TEST(Panel, LeavesNothingOfWhatWasDrawnBefore) {
+    Canvas canvas(40, 30);
+    const auto before = std::make_shared<int>();
+    canvas.Draw(QRect(5, 5, 9, 9), false, [before](QImage&) {});
+    DrawPanel(&canvas);
+    EXPECT_EQ(before.use_count(), 1);
 }
 
 } // namespace
