@@ -1,17 +1,12 @@
 #include "toolkit/Form.h"
-#include "platform/Wait.h"
 #include "tests/OnStage.h"
-#include "tests/toolkit/Pictures.h"
 #include "toolkit/Mous.h"
-#include "toolkit/Screen.h"
 #include "toolkit/c_PicButton.h"
 
-#include <QAccessible>
 #include <QApplication>
 #include <QCursor>
 #include <QSignalSpy>
 #include <QTest>
-#include <QTimer>
 #include <gtest/gtest.h>
 #include <memory>
 
@@ -42,25 +37,7 @@ protected:
     PictureBox* mBoxes[3];
     c_PicButton mButtons[3];
     std::unique_ptr<QSignalSpy> mClicks[3];
-    QSignalSpy mCloseRequests{&mForm, &Form::CloseRequested};
 };
-
-TEST_F(Forms, HandARequestToCloseToTheScreen) {
-    EXPECT_FALSE(Stage::Get().close());
-    EXPECT_TRUE(mForm.isVisible());
-    EXPECT_EQ(mCloseRequests.size(), 1);
-    mBoxes[1]->setFocus();
-    Key(Qt::Key_Escape);
-    EXPECT_EQ(mCloseRequests.size(), 2);
-
-    const platform::QuitWatch watch;
-    QTimer::singleShot(0, &mForm, [] {
-        platform::RequestQuit();
-        EXPECT_TRUE(Stage::Get().close());
-    });
-    QApplication::exec();
-    EXPECT_EQ(mCloseRequests.size(), 2);
-}
 
 TEST_F(Forms, AreWalkedThroughByTabAndArrows) {
     EXPECT_EQ(mForm.focusWidget(), mBoxes[0]);
@@ -142,31 +119,6 @@ TEST_F(Forms, GiveTheKeysToTheOneInFrontAndTakeThemBack) {
     player.hide();
     EXPECT_TRUE(mBoxes[1]->hasFocus());
     EXPECT_TRUE(mBoxes[1]->TakesInput());
-}
-
-TEST(Screens, CloseByTheirCloseButton) {
-    const PictureFolder folder;
-    QImage skin(30, 60, QImage::Format_RGB888);
-    skin.fill(Qt::red);
-    for (const char* name : {"Images/X.bmp", "Images/bMin.bmp"})
-        folder.Save(QString::fromLatin1(name), skin);
-    Screen screen(QStringLiteral("f_Screen"));
-    QAccessibleInterface* close = QAccessible::queryAccessibleInterface(screen.pX);
-    EXPECT_EQ(close->text(QAccessible::Name), QStringLiteral("Close"));
-    EXPECT_EQ(close->role(), QAccessible::Button) << "even before it can be pressed";
-    WindowButtons buttons(screen);
-    QSignalSpy clicks(&buttons.bX, &c_SurfButton::Clicked);
-    const auto press = [close] {
-        close->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-        platform::PumpEvents();
-    };
-    press();
-    EXPECT_EQ(clicks.size(), 0) << "not shown yet";
-    screen.ShowInPlace();
-    Stage::Get().close();
-    EXPECT_EQ(clicks.size(), 1);
-    press();
-    EXPECT_EQ(clicks.size(), 2);
 }
 
 } // namespace

@@ -18,11 +18,13 @@ public:
         mFolder.Write(file.toStdString(), bytes.toStdString());
     }
 
-    void Save(const QString& file, const QImage& picture) const { Write(file, Bitmap(picture)); }
+    void Save(const QString& file, const QImage& picture, const char* format = "BMP") const {
+        Write(file, Bytes(picture, format));
+    }
 
-    static QByteArray Bitmap(const QImage& picture) {
+    static QByteArray Bytes(const QImage& picture, const char* format = "BMP") {
         QBuffer buffer;
-        EXPECT_TRUE(picture.save(&buffer, "BMP"));
+        EXPECT_TRUE(picture.save(&buffer, format));
         return buffer.data();
     }
 

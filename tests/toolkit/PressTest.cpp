@@ -4,7 +4,6 @@
 
 #include <QLineEdit>
 #include <QShortcut>
-#include <QSignalSpy>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -17,14 +16,14 @@ using namespace toolkit;
 class Presses : public testing::Test {
 protected:
     Presses() {
-        for (auto& [button, box, name, left] : mButtons) {
+        for (auto& [name, left, box, button] : mButtons) {
             box = new PictureBox(&mForm, name, QSize(50, 20));
             box->MoveTo(left, 10);
             button.Create(box, name);
             QObject::connect(&button, &c_PicButton::Clicked, &mForm, [this, name = name] {
                 mPressed << name;
                 if (name == "Go")
-                    Advance();
+                    Show(1);
                 if (name == "Next")
                     mPrompt.ShowInPlace();
             });
@@ -33,18 +32,17 @@ protected:
         QObject::connect(&mText, &QLineEdit::returnPressed, &mForm, [this] { mPressed << "Name"; });
     }
 
-    void Advance() {
-        mButtons[0].box->hide();
-        mButtons[1].box->show();
-        mButtons[1].box->setFocus();
+    /// Shows one of the first two buttons.
+    void Show(int shown) {
+        mButtons[1 - shown].box->hide();
+        mButtons[shown].box->show();
+        mButtons[shown].box->setFocus();
     }
 
     void Begin() {
         mPrompt.hide();
         mForm.ShowInPlace();
-        mButtons[1].box->hide();
-        mButtons[0].box->show();
-        mButtons[0].box->setFocus();
+        Show(0);
         mText.clear();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&Stage::Get()));
         mFingers.mAt = OnStage(mForm, QPoint(20, 20));
@@ -59,41 +57,35 @@ protected:
         for (const QString& step : steps.split(u' ')) {
             const QChar act = step.front();
             const QString what = step.mid(1);
-            if (act.isDigit())
+            const auto mouse = what == "L" ? Qt::LeftButton : Qt::RightButton;
+            if (act.isDigit()) {
                 mFingers.mTime += step.toULongLong();
-            else if (act == u'x')
-                Advance();
-            else if (act == u'>')
+            } else if (act == u'x') {
+                Show(1);
+            } else if (act == u'>') {
                 mFingers.mAt = OnStage(mForm, QPoint(120, 20));
-            else if (what == "L" || what == "R")
-                Button(act, what == "L" ? Qt::LeftButton : Qt::RightButton);
-            else
-                Key(act, what);
+            } else if (what == "L" || what == "R") {
+                act == u'+' ? mFingers.Press(mouse) : mFingers.Release(mouse);
+            } else {
+                const QKeyCombination keys = QKeySequence(what)[0];
+                mFingers.mWith = keys.keyboardModifiers();
+                act == u'-' ? mFingers.Up(keys.key()) : mFingers.Down(keys.key(), act == u'*');
+            }
             QCoreApplication::processEvents();
         }
     }
 
-    void Button(QChar act, Qt::MouseButton button) {
-        act == u'+' ? mFingers.Press(button) : mFingers.Release(button);
-    }
-
-    void Key(QChar act, const QString& name) {
-        const QKeyCombination keys = QKeySequence(name)[0];
-        mFingers.mWith = keys.keyboardModifiers();
-        act == u'-' ? mFingers.Up(keys.key()) : mFingers.Down(keys.key(), act == u'*');
-    }
-
     struct Named {
-        c_PicButton button;
-        PictureBox* box;
         QString name;
         int left;
+        PictureBox* box = nullptr;
+        c_PicButton button = {};
     };
 
     Form mForm{QStringLiteral("f_Test"), QSize(200, 100)};
     Form mPrompt{QStringLiteral("f_Prompt"), QSize(100, 50)};
     QLineEdit mText{&mPrompt};
-    Named mButtons[3] = {{{}, {}, "Go", 10}, {{}, {}, "Next", 10}, {{}, {}, "Stay", 100}};
+    Named mButtons[3] = {{"Go", 10}, {"Next", 10}, {"Stay", 100}};
     QStringList mPressed;
     Fingers mFingers;
 };
@@ -103,9 +95,7 @@ TEST_F(Presses, CountForWhatWasShownWhenTheyBegan) {
         const char* steps;
         const char* pressed;
     } cases[] = {
-        {"+L 5 -L 100 +L 5 -L", "Go"},
-        {"+R 5 -R 350 +R 5 -R", "Go"},
-        {"+L 5 -L 300 +L 5 -L 300 +L 5 -L", "Go"},
+        {"+L 5 -L 350 +L 5 -L 350 +L 5 -L", "Go"},
         {"+L 5 -L 700 +L 5 -L", "Go Next"},
         {"+L 5 -L 100 +R 5 -R", "Go Next"},
         {"+L x 5 -L", ""},
@@ -115,9 +105,8 @@ TEST_F(Presses, CountForWhatWasShownWhenTheyBegan) {
         {"> +L 5 -L 100 +L 5 -L", "Stay Stay"},
         {"+Return 5 -Return 100 +Return 5 -Return", "Go"},
         {"+Space 5 -Space 350 +Space 5 -Space", "Go"},
-        {"+Return 5 -Return 700 +Return 5 -Return", "Go Next"},
-        {"+Return 5 -Return 700 +Return 5 -Return 100 +Return 5 -Return", "Go Next"},
-        {"+Return 5 -Return 700 +Return 5 -Return 700 +Return 5 -Return", "Go Next Name"},
+        {"+Return 5 -Return 700 +Return 5 -Return 100 +Return 5 -Return 700 +Return 5 -Return",
+         "Go Next Name"},
         // Held, as Qt reports it and as X does.
         {"+Return 600 *Return 40 *Return 40 -Return", "Go"},
         {"+Return 600 -Return +Return 40 -Return +Return 40 -Return", "Go"},
@@ -125,7 +114,6 @@ TEST_F(Presses, CountForWhatWasShownWhenTheyBegan) {
         {"x +Return 5 -Return 700 +Return 700 *Return 40 *Return", "Next Name"},
         {"+Alt+Return -Alt+Return", ""},
         {"+Ctrl+Space -Ctrl+Space", ""},
-        {"+Meta+Return -Meta+Return", ""},
     };
     for (const auto& [steps, pressed] : cases) {
         Begin();
@@ -134,20 +122,12 @@ TEST_F(Presses, CountForWhatWasShownWhenTheyBegan) {
     }
 }
 
-TEST_F(Presses, OfTheSecondHalfReachNoControl) {
-    Begin();
-    QSignalSpy downs(mButtons[1].box, &PictureBox::MouseDown);
-    QTest::mouseDClick(StageWindow(), Qt::LeftButton, {}, mFingers.mAt);
-    EXPECT_EQ(mPressed.join(u' '), "Go");
-    EXPECT_EQ(downs.size(), 0);
-}
-
 TEST_F(Presses, WorkAsShortcutsUnderTheSameRule) {
     Begin();
     QShortcut shortcut(Qt::CTRL | Qt::Key_J, &mForm);
     QObject::connect(&shortcut, &QShortcut::activated, &mForm, [this] {
         mPressed << "Ctrl+J";
-        Advance();
+        Show(1);
     });
     for (int i = 0; i < 2; ++i)
         QTest::keyClick(StageWindow(), Qt::Key_J, Qt::ControlModifier);

@@ -128,19 +128,19 @@ TEST_F(Stages, KeepTheWindowsShapeWhenItsEdgeIsLetGo) {
 
 TEST_F(Stages, ObeyTheirKeysOnEveryScreen) {
     const QSize full = mStage.screen()->size();
-    const auto key = [this](Qt::Key which, Qt::KeyboardModifiers modifiers, QSize size) {
-        QTest::keyClick(StageWindow(), which, modifiers);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return mStage.size() == size; }))
-            << mStage.width() << " x " << mStage.height();
-        QTest::qWait(500); // beyond a double press
-    };
+    const std::pair<QKeyCombination, QSize> keys[] = {{Qt::Key_F11, full},
+                                                      {Qt::ALT | Qt::Key_Return, {400, 300}},
+                                                      {Qt::CTRL | Qt::Key_Plus, kStageSize},
+                                                      {Qt::CTRL | Qt::Key_0, kStageSize}};
     mText.setFocus();
-    key(Qt::Key_F11, {}, full);
-    key(Qt::Key_Return, Qt::AltModifier, kStageSize);
-    Resize(QSize(400, 300));
-    key(Qt::Key_Plus, Qt::ControlModifier, kStageSize);
-    Resize(QSize(400, 300));
-    key(Qt::Key_0, Qt::ControlModifier, kStageSize);
+    for (const auto& [key, size] : keys) {
+        if (mStage.size() != full)
+            Resize(QSize(400, 300));
+        QTest::keyClick(StageWindow(), key.key(), key.keyboardModifiers());
+        EXPECT_TRUE(QTest::qWaitFor([&, size = size] { return mStage.size() == size; }))
+            << key.key();
+        QTest::qWait(500); // beyond a double press
+    }
     EXPECT_EQ(mText.text(), QString());
 }
 

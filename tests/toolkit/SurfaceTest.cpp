@@ -6,7 +6,6 @@
 #include "toolkit/c_Surface.h"
 
 #include <QApplication>
-#include <QDataStream>
 #include <QPainter>
 #include <QTest>
 #include <QTimer>
@@ -56,7 +55,7 @@ TEST(Pictures, ComeFromTheSetForTheScreen) {
     folder.Save(QStringLiteral("Images/1.5x/Half.bmp"), Plain(15, 9, Qt::blue));
     folder.Save(QStringLiteral("Images/1.5x/Holes.bmp"), Plain(15, 9, Qt::black));
     folder.Write(QStringLiteral("Images/2x/Holes.bmp"),
-                 PictureFolder::Bitmap(Plain(20, 12, Qt::green)).chopped(1));
+                 PictureFolder::Bytes(Plain(20, 12, Qt::green)).chopped(1));
     folder.Save(QStringLiteral("Images/3x/Holes.bmp"), Plain(30, 18, Qt::blue));
     const struct {
         double ratio;
@@ -96,32 +95,17 @@ TEST(Pictures, AreScaledWithoutBlendingTheTransparentBlack) {
         }
 }
 
-/// The skin in a bitmap of 32 bits a pixel, whose alpha is `alpha`.
-QByteArray Bitmap32(const QImage& skin, quint32 alpha) {
-    constexpr quint32 kBitFields = 3;
-    constexpr quint32 kHeader = 108;
-    constexpr quint32 kPixels = 14 + kHeader;
-    QByteArray bytes = "BM";
-    QDataStream out(&bytes, QIODevice::Append);
-    out.setByteOrder(QDataStream::LittleEndian);
-    out << kPixels + static_cast<quint32>(4 * skin.width() * skin.height()) << 0U << kPixels
-        << kHeader << skin.width() << -skin.height() << quint16(1) << quint16(32) << kBitFields
-        << 0U << 0U << 0U << 0U << 0U << 0xFF0000U << 0xFF00U << 0xFFU << 0xFF000000U;
-    while (bytes.size() < qsizetype(kPixels))
-        out << 0U;
-    for (int y = 0; y < skin.height(); ++y)
-        for (int x = 0; x < skin.width(); ++x)
-            out << ((skin.pixel(x, y) & RGB_MASK) | alpha << 24);
-    return bytes;
-}
-
 TEST(Pictures, CountByTheirColoursAlone) {
     const PictureFolder folder;
     QImage skin = Plain(40, 60, Qt::black);
     QPainter(&skin).fillRect(20, 0, 20, 60, QColor(10, 240, 90));
     folder.Save(QStringLiteral("Images/Skin.bmp"), skin);
-    for (const quint32 alpha : {0U, 77U}) {
-        folder.Write(QStringLiteral("Images/Other.bmp"), Bitmap32(skin, alpha));
+    for (const QRgb alpha : {0U, 77U}) {
+        QImage veiled = skin.convertToFormat(QImage::Format_ARGB32);
+        for (int y = 0; y < veiled.height(); ++y)
+            for (int x = 0; x < veiled.width(); ++x)
+                veiled.setPixel(x, y, (skin.pixel(x, y) & RGB_MASK) | alpha << 24);
+        folder.Save(QStringLiteral("Images/Other.bmp"), veiled, "PNG");
         EXPECT_EQ(LoadSkin(QStringLiteral("Images\\Other.bmp")).load(),
                   LoadSkin(QStringLiteral("Images\\Skin.bmp")).load())
             << alpha;
@@ -133,17 +117,16 @@ TEST(Pictures, ThatCannotBeUsedAreNamedTogetherOnce) {
     QImage unseen = Plain(40, 63, Qt::white); // until the pointer would be on it
     QPainter(&unseen).fillRect(0, 0, 40, 21, Qt::black);
     const QImage white = Plain(40, 63, Qt::white);
-    const QByteArray whole = PictureFolder::Bitmap(white);
-    const QByteArray indexed =
-        PictureFolder::Bitmap(white.convertToFormat(QImage::Format_Indexed8));
+    const QByteArray whole = PictureFolder::Bytes(white);
+    const QByteArray indexed = PictureFolder::Bytes(white.convertToFormat(QImage::Format_Indexed8));
     const std::pair<QString, QByteArray> cases[] = {
         {"Cut", whole.chopped(1)},
         {"Header", whole.left(54)},
         {"CutIndexed", indexed.chopped(1)},
         {"Empty", QByteArray()},
-        {"Dot", PictureFolder::Bitmap(Plain(1, 1, Qt::white))},
-        {"TwoRows", PictureFolder::Bitmap(Plain(40, 2, Qt::white))},
-        {"Unseen", PictureFolder::Bitmap(unseen)},
+        {"Dot", PictureFolder::Bytes(Plain(1, 1, Qt::white))},
+        {"TwoRows", PictureFolder::Bytes(Plain(40, 2, Qt::white))},
+        {"Unseen", PictureFolder::Bytes(unseen)},
     };
     c_Surface surfaces;
     const Hdc dc = surfaces.CreateSurface(20, 10, QStringLiteral("\\Images\\NoBack.bmp"));

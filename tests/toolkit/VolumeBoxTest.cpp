@@ -3,14 +3,13 @@
 #include "platform/Volume.h"
 #include "tests/OnStage.h"
 #include "tests/toolkit/Pictures.h"
-#include "toolkit/Screen.h"
+#include "toolkit/Form.h"
 
 #include <QAccessible>
 #include <QLineEdit>
 #include <QTest>
 #include <QWheelEvent>
 #include <gtest/gtest.h>
-#include <optional>
 
 namespace {
 
@@ -18,38 +17,35 @@ using namespace toolkit;
 using platform::HeardVolume;
 using platform::Volume;
 
-/// A screen with a text box.
-class VolumeOnScreen : public testing::Test {
+/// A form with a volume box and a text box.
+class VolumeOnForm : public testing::Test {
 protected:
-    VolumeOnScreen() {
+    VolumeOnForm() {
         QImage skin(76, 72, QImage::Format_RGB888);
         skin.fill(Qt::blue);
-        for (const char* name : {"Images/X.bmp", "Images/bMin.bmp", "Images/bVolume.bmp"})
-            mFolder.Save(QString::fromLatin1(name), skin);
-        mButtons.emplace(mScreen);
+        mFolder.Save(QStringLiteral("Images/bVolume.bmp"), skin);
         Put(*mText, QRect(100, 100, 100, 30));
-        mButtons->Refresh();
-        mScreen.ShowInPlace();
+        mBox.Draw();
+        mForm.ShowInPlace();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&Stage::Get()));
         Volume::Get().SetPercent(50);
     }
-    ~VolumeOnScreen() override { Volume::Get().SetPercent(100); }
+    ~VolumeOnForm() override { Volume::Get().SetPercent(100); }
 
-    QPoint At(int x) const { return OnStage(mScreen, mBox.Place().topLeft() + QPoint(x, 11)); }
+    QPoint At(int x) const { return OnStage(mForm, mBox.Place().topLeft() + QPoint(x, 11)); }
     void Type(Qt::Key key, const QString& text) {
         QTest::qWait(2); // at the same millisecond it would be a repeat
         QTest::sendKeyEvent(QTest::Click, StageWindow(), key, text, {});
     }
 
     const PictureFolder mFolder;
-    Screen mScreen{QStringLiteral("f_Screen")};
-    std::optional<WindowButtons> mButtons;
-    VolumeBox& mBox = *mScreen.pVolume;
-    QLineEdit* mText = new QLineEdit(&mScreen);
+    Form mForm{QStringLiteral("f_Test")};
+    VolumeBox& mBox = *new VolumeBox(&mForm);
+    QLineEdit* mText = new QLineEdit(&mForm);
 };
 
-TEST_F(VolumeOnScreen, KeysChangeItAndAreTextInATextBox) {
-    mScreen.pMin->setFocus();
+TEST_F(VolumeOnForm, KeysChangeItAndAreTextInATextBox) {
+    mBox.setFocus();
     const struct {
         Qt::Key key;
         const char* text;
@@ -70,7 +66,7 @@ TEST_F(VolumeOnScreen, KeysChangeItAndAreTextInATextBox) {
     EXPECT_EQ(HeardVolume(), 60);
 }
 
-TEST_F(VolumeOnScreen, TheMouseMutesTurnsAndDraws) {
+TEST_F(VolumeOnForm, TheMouseMutesTurnsAndDraws) {
     QWindow* stage = StageWindow();
     const QImage before = mBox.grab().toImage();
     QTest::mouseClick(stage, Qt::LeftButton, {}, At(15));
@@ -91,7 +87,7 @@ TEST_F(VolumeOnScreen, TheMouseMutesTurnsAndDraws) {
     EXPECT_EQ(HeardVolume(), 80);
 }
 
-TEST_F(VolumeOnScreen, IsASliderForScreenReaders) {
+TEST_F(VolumeOnForm, IsASliderForScreenReaders) {
     QAccessibleInterface* slider = QAccessible::queryAccessibleInterface(&mBox);
     EXPECT_EQ(slider->role(), QAccessible::Slider);
     EXPECT_EQ(slider->text(QAccessible::Name), "Volume");
