@@ -92,8 +92,8 @@ protected:
     Fingers mFingers;
     QString mClicks;
     AtRatio mRatio{GetParam()};
-    Form mForm{QStringLiteral("f_Test"), QSize(200, 100)};
-    PictureBox mBox{&mForm, QStringLiteral("pTest"), kFrame};
+    Form mForm{"f_Test", QSize(200, 100)};
+    PictureBox mBox{&mForm, "pTest", kFrame};
 };
 
 class SurfButton : public Buttons {
@@ -104,8 +104,8 @@ protected:
         for (int frame = 0; frame < 3; ++frame)
             QPainter(&skin).fillRect(kHole.width(), frame * kFrame.height(), kFrame.width(),
                                      kFrame.height(), ToQColor(kFrames[frame]));
-        mFolder.Save(QStringLiteral("Images/Skin.bmp"), skin);
-        mButton.Create(&mBox, QStringLiteral("Images\\Skin.bmp"), QString());
+        mFolder.Save("Images/Skin.bmp", skin);
+        mButton.Create(&mBox, "Images\\Skin.bmp", QString());
         QObject::connect(&mButton, &c_SurfButton::Clicked, [this] { mClicks += u'!'; });
         mButton.Refresh();
     }

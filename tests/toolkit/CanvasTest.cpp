@@ -73,7 +73,7 @@ Canvas Drawn() {
     sprite.Fill(QRect(0, 0, 60, 50), kRed);
     Drawing drawing(&drawn);
     drawing.SetClip(QRect(0, 0, 50, 50));
-    drawing.Text(QStringLiteral("Songrush"), kRed, kBlack, 3, 22, 2);
+    drawing.Text("Songrush", kRed, kBlack, 3, 22, 2);
     drawing.Lines(kGold, 1, {{0, 49}, {59, 40}});
     return drawn;
 }
@@ -91,7 +91,7 @@ TEST_P(AtAnyScale, ShowsWhatWasDrawnAtAnother) {
 TEST_P(AtAnyScale, WritesToItsScale) {
     Canvas canvas(300, 60);
     canvas.SetFont(ScreenFont(24));
-    const QString text = QStringLiteral("HHHHHH");
+    const QString text = "HHHHHH";
     Drawing(&canvas).Text(text, kWhite, 20, 10);
     const QImage& image = canvas.Image();
     QRect ink;

@@ -125,7 +125,7 @@ TEST_F(DialogTest, NamesThatAreNoValidTextAreOfferedToo) {
 }
 
 TEST_F(DialogTest, ADesktopsAnswerStandsForTheOneNameThatLooksLikeIt) {
-    const QString folder = Lists() + QStringLiteral("/m\uFFFDsik");
+    const QString folder = Lists() + "/m\uFFFDsik";
     fs::create_directory("m\xFCsik");
     for (const char* song : {"caf\xE9 1.mp3", "caf\xE9 2.mp3", "caf\xE8 2.mp3"})
         std::ofstream(fs::path("m\xFCsik") / song) << "song";

@@ -33,7 +33,7 @@ protected:
         QTest::keyClick(StageWindow(), key);
     }
 
-    Form mForm{QStringLiteral("f_Test"), QSize(200, 100)};
+    Form mForm{"f_Test", QSize(200, 100)};
     PictureBox* mBoxes[3];
     c_PicButton mButtons[3];
     std::unique_ptr<QSignalSpy> mClicks[3];
@@ -98,12 +98,12 @@ TEST_F(Forms, AreDraggedAboutTheStageByAnyPointButTheirButtons) {
 
 TEST_F(Forms, GiveTheKeysToTheOneInFrontAndTakeThemBack) {
     mBoxes[1]->setFocus();
-    Form modal(QStringLiteral("f_Modal"), QSize(300, 100));
-    Form player(QStringLiteral("f_OnTop"), QSize(80, 40));
+    Form modal("f_Modal", QSize(300, 100));
+    Form player("f_OnTop", QSize(80, 40));
     SetTopMost(&player, true);
     player.Appear();
     modal.SetModal();
-    PictureBox box(&modal, QStringLiteral("pBox"), QSize(50, 20));
+    PictureBox box(&modal, "pBox", QSize(50, 20));
     box.SetButton(1);
     modal.ShowInPlace();
     EXPECT_TRUE(box.hasFocus());

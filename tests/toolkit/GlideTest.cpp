@@ -44,7 +44,7 @@ protected:
     }
 
     AtRatio mRatio{GetParam()};
-    Form mForm{QStringLiteral("f_Test"), QSize(200, 100)};
+    Form mForm{"f_Test", QSize(200, 100)};
     Canvas mImage{kSize.width(), 2 * kSize.height()};
     Canvas mMask{kSize.width(), 2 * kSize.height()};
     Canvas mExpected{1, 1};

@@ -65,9 +65,9 @@ TEST(HumanOrder, SortsManyAndKeepsEqualOnesInOrder) {
 class PicList : public testing::TestWithParam<double> {
 protected:
     PicList() {
-        mFolder.Save(QStringLiteral("Images/sBar.bmp"), PlainSkin(QSize(16, 48)).load());
+        mFolder.Save("Images/sBar.bmp", PlainSkin(QSize(16, 48)).load());
         mBox.MoveTo(kBoxPlace.x(), kBoxPlace.y());
-        mList.Create(&mBox, QStringLiteral("File Name\\Song Title\\Artist"));
+        mList.Create(&mBox, "File Name\\Song Title\\Artist");
         QObject::connect(&mList, &c_PicList::LineSelChanged, [this](int line) {
             mReports << QString::number(line) + (mList.mRangeKey ? " range" : "") +
                             (mList.mAddKey ? " add" : "") + (mList.mByKeyboard ? " key" : "");
@@ -130,14 +130,12 @@ protected:
     std::string SelectedKey() const { return mList.LineKey(mList.LineSelectedNum()).toStdString(); }
 
     /// What the list has reported since the last call; a number alone is the line selected.
-    std::string Reports() {
-        return std::exchange(mReports, {}).join(QStringLiteral(", ")).toStdString();
-    }
+    std::string Reports() { return std::exchange(mReports, {}).join(", ").toStdString(); }
 
     AtRatio mRatio{GetParam()};
     PictureFolder mFolder;
-    Form mForm{QStringLiteral("f_Test"), QSize(420, 300)};
-    PictureBox mBox{&mForm, QStringLiteral("pList"), kBoxSize};
+    Form mForm{"f_Test", QSize(420, 300)};
+    PictureBox mBox{&mForm, "pList", kBoxSize};
     QStringList mReports;
     c_PicList mList;
 };
@@ -311,7 +309,7 @@ TEST_P(PicList, MovesByKeysAlsoAsTheyRepeatButRemovesOnce) {
 
 TEST_P(PicList, LeavesOnlyTabAndEscapeToTheForm) {
     Fill(3);
-    PictureBox other(&mForm, QStringLiteral("pOther"), QSize(5, 5));
+    PictureBox other(&mForm, "pOther", QSize(5, 5));
     other.SetButton(2);
     other.show();
     mList.SelectLine(1);
@@ -413,7 +411,7 @@ TEST_P(PicList, PrintsEachVisibleCellOnce) {
 }
 
 TEST_P(PicList, ShowsCellsThatDoNotFitOnHovering) {
-    const QString name = QStringLiteral("A title of <b>some</b> length");
+    const QString name = "A title of <b>some</b> length";
     mList.AddItem(name + "\\Title", QString());
     for (const auto& [column, shown] : {std::pair(0, name.toHtmlEscaped()), {1, QString()}}) {
         const QPoint at = FromLogical(QRect(CellAt(0, column), QSize(1, 1))).topLeft();
@@ -426,7 +424,7 @@ TEST_P(PicList, ShowsCellsThatDoNotFitOnHovering) {
 
 TEST_P(PicList, IsATableToScreenReaders) {
     QAccessible::setActive(true);
-    mList.SetSubHeader(QStringLiteral("40 songs"));
+    mList.SetSubHeader("40 songs");
     mList.SetMarks([](int line) { return line == 35; });
     Fill(40);
     mList.SelectLine(30);

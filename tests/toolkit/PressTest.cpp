@@ -82,8 +82,8 @@ protected:
         c_PicButton button = {};
     };
 
-    Form mForm{QStringLiteral("f_Test"), QSize(200, 100)};
-    Form mPrompt{QStringLiteral("f_Prompt"), QSize(100, 50)};
+    Form mForm{"f_Test", QSize(200, 100)};
+    Form mPrompt{"f_Prompt", QSize(100, 50)};
     QLineEdit mText{&mPrompt};
     Named mButtons[3] = {{"Go", 10}, {"Next", 10}, {"Stay", 100}};
     QStringList mPressed;

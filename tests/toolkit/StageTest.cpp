@@ -63,9 +63,9 @@ protected:
     }
 
     Stage& mStage = Stage::Get();
-    Form mForm{QStringLiteral("f_Test")};
+    Form mForm{"f_Test"};
     QLineEdit mText{&mForm};
-    PictureBox mBox{&mForm, QStringLiteral("pTest"), QSize(40, 20)};
+    PictureBox mBox{&mForm, "pTest", QSize(40, 20)};
 };
 
 TEST_F(Stages, ShowEverythingAsLargeAsTheWindowIs) {
@@ -93,7 +93,7 @@ TEST_F(Stages, ShowEverythingAsLargeAsTheWindowIs) {
 TEST_F(Stages, FadeFromScreenToScreenUnlessLessMotionIsWanted) {
     const QRect all(QPoint(0, 0), kStageSize);
     mForm.Dc()->Fill(all, Rgb(9, 90, 9));
-    Form next(QStringLiteral("f_Next"));
+    Form next("f_Next");
     next.Dc()->Fill(all, Rgb(200, 0, 0));
     const auto seen = [this] { return mStage.grab().toImage().pixelColor(10, 10); };
     const auto still = [this] { return mStage.Area().graphicsEffect() == nullptr; };
@@ -145,9 +145,8 @@ TEST_F(Stages, ObeyTheirKeysOnEveryScreen) {
 }
 
 TEST_F(Stages, ShowMessagesInFrontAndAnswerThemByKeys) {
-    const platform::Message question{
-        QStringLiteral("Go on?"), platform::Icon::Warning, QStringLiteral("Songrush"),
-        QStringList{QStringLiteral("&Yes"), QStringLiteral("&No"), QStringLiteral("&Cancel")}};
+    const platform::Message question{"Go on?", platform::Icon::Warning, "Songrush",
+                                     QStringList{"&Yes", "&No", "&Cancel"}};
     const struct {
         Qt::Key key;
         int button;

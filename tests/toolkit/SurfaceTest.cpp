@@ -36,12 +36,12 @@ QString NextMessage() {
 
 TEST(Surfaces, ScaleAFileToTheirSize) {
     const PictureFolder folder;
-    folder.Save(QStringLiteral("images/2x/back.bmp"), Plain(3, 9, QColor(1, 2, 3)));
-    folder.Save(QStringLiteral("images/Back.BMP"), Plain(8, 5, QColor(1, 2, 3)));
+    folder.Save("images/2x/back.bmp", Plain(3, 9, QColor(1, 2, 3)));
+    folder.Save("images/Back.BMP", Plain(8, 5, QColor(1, 2, 3)));
     for (const double ratio : {1.0, 1.25, 2.0}) {
         const AtRatio atRatio(ratio);
         c_Surface surfaces;
-        const Hdc dc = surfaces.CreateSurface(4, 4, QStringLiteral("\\IMAGES\\back.bmp"));
+        const Hdc dc = surfaces.CreateSurface(4, 4, "\\IMAGES\\back.bmp");
         EXPECT_EQ(dc->Image().size(), Canvas(4, 4).Image().size()) << ratio;
         EXPECT_EQ(dc->Pixel(3, 3), Rgb(1, 2, 3));
         EXPECT_EQ(QSize(surfaces.Width(0), surfaces.Height(0)), QSize(4, 4));
@@ -50,13 +50,12 @@ TEST(Surfaces, ScaleAFileToTheirSize) {
 
 TEST(Pictures, ComeFromTheSetForTheScreen) {
     const PictureFolder folder;
-    folder.Save(QStringLiteral("Images/Both.bmp"), Plain(10, 6, Qt::red));
-    folder.Save(QStringLiteral("Images/2x/both.bmp"), Plain(20, 12, Qt::green));
-    folder.Save(QStringLiteral("Images/1.5x/Half.bmp"), Plain(15, 9, Qt::blue));
-    folder.Save(QStringLiteral("Images/1.5x/Holes.bmp"), Plain(15, 9, Qt::black));
-    folder.Write(QStringLiteral("Images/2x/Holes.bmp"),
-                 PictureFolder::Bytes(Plain(20, 12, Qt::green)).chopped(1));
-    folder.Save(QStringLiteral("Images/3x/Holes.bmp"), Plain(30, 18, Qt::blue));
+    folder.Save("Images/Both.bmp", Plain(10, 6, Qt::red));
+    folder.Save("Images/2x/both.bmp", Plain(20, 12, Qt::green));
+    folder.Save("Images/1.5x/Half.bmp", Plain(15, 9, Qt::blue));
+    folder.Save("Images/1.5x/Holes.bmp", Plain(15, 9, Qt::black));
+    folder.Write("Images/2x/Holes.bmp", PictureFolder::Bytes(Plain(20, 12, Qt::green)).chopped(1));
+    folder.Save("Images/3x/Holes.bmp", Plain(30, 18, Qt::blue));
     const struct {
         double ratio;
         QString file;
@@ -83,8 +82,8 @@ TEST(Pictures, AreScaledWithoutBlendingTheTransparentBlack) {
     QImage skin = Plain(200, 200, Qt::black);
     QPainter(&skin).fillRect(35, 51, 60, 60, QColor(10, 240, 90));
     QPainter(&skin).fillRect(95, 51, 60, 60, QColor(0, 0, 1));
-    folder.Save(QStringLiteral("Images/2x/Skin.bmp"), skin);
-    const QImage scaled = LoadSkin(QStringLiteral("Images\\Skin.bmp")).load();
+    folder.Save("Images/2x/Skin.bmp", skin);
+    const QImage scaled = LoadSkin("Images\\Skin.bmp").load();
     ASSERT_EQ(scaled.size(), QSize(160, 160));
     const QRect inside(28, 41, 96, 48);
     for (int y = 0; y < 160; ++y)
@@ -99,15 +98,14 @@ TEST(Pictures, CountByTheirColoursAlone) {
     const PictureFolder folder;
     QImage skin = Plain(40, 60, Qt::black);
     QPainter(&skin).fillRect(20, 0, 20, 60, QColor(10, 240, 90));
-    folder.Save(QStringLiteral("Images/Skin.bmp"), skin);
+    folder.Save("Images/Skin.bmp", skin);
     for (const QRgb alpha : {0U, 77U}) {
         QImage veiled = skin.convertToFormat(QImage::Format_ARGB32);
         for (int y = 0; y < veiled.height(); ++y)
             for (int x = 0; x < veiled.width(); ++x)
                 veiled.setPixel(x, y, (skin.pixel(x, y) & RGB_MASK) | alpha << 24);
-        folder.Save(QStringLiteral("Images/Other.bmp"), veiled, "PNG");
-        EXPECT_EQ(LoadSkin(QStringLiteral("Images\\Other.bmp")).load(),
-                  LoadSkin(QStringLiteral("Images\\Skin.bmp")).load())
+        folder.Save("Images/Other.bmp", veiled, "PNG");
+        EXPECT_EQ(LoadSkin("Images\\Other.bmp").load(), LoadSkin("Images\\Skin.bmp").load())
             << alpha;
     }
 }
@@ -129,15 +127,15 @@ TEST(Pictures, ThatCannotBeUsedAreNamedTogetherOnce) {
         {"Unseen", PictureFolder::Bytes(unseen)},
     };
     c_Surface surfaces;
-    const Hdc dc = surfaces.CreateSurface(20, 10, QStringLiteral("\\Images\\NoBack.bmp"));
+    const Hdc dc = surfaces.CreateSurface(20, 10, "\\Images\\NoBack.bmp");
     EXPECT_NE(dc->Pixel(10, 5), kBlack) << "no ground in its place";
-    LoadGround(QStringLiteral("images\\noback.bmp"), QSize(4, 4));
-    folder.Write(QStringLiteral("Images/CutBack.bmp"), whole.chopped(1));
-    LoadGround(QStringLiteral("Images\\CutBack.bmp"), QSize(40, 63));
-    QString named = QStringLiteral("\nImages\\NoBack.bmp\nImages\\CutBack.bmp\n");
+    LoadGround("images\\noback.bmp", QSize(4, 4));
+    folder.Write("Images/CutBack.bmp", whole.chopped(1));
+    LoadGround("Images\\CutBack.bmp", QSize(40, 63));
+    QString named = "\nImages\\NoBack.bmp\nImages\\CutBack.bmp\n";
     for (const auto& [name, bytes] : cases) {
         folder.Write(QStringLiteral("Images/%1.bmp").arg(name), bytes);
-        PictureBox box(nullptr, QStringLiteral("pHint"), QSize(40, 21));
+        PictureBox box(nullptr, "pHint", QSize(40, 21));
         c_SurfButton button;
         button.Create(&box, QStringLiteral("Images\\%1.bmp").arg(name), QString());
         EXPECT_EQ(box.size(), QSize(40, 21)) << name.toStdString();
@@ -150,9 +148,9 @@ TEST(Pictures, ThatCannotBeUsedAreNamedTogetherOnce) {
 
 TEST(Pictures, OfTheWindowsButtonsAreReplacedByTheirSigns) {
     const PictureFolder folder;
-    PictureBox box(nullptr, QStringLiteral("pX"), QSize(44, 36));
+    PictureBox box(nullptr, "pX", QSize(44, 36));
     c_SurfButton button;
-    button.Create(&box, QStringLiteral("Images\\X.bmp"), QString());
+    button.Create(&box, "Images\\X.bmp", QString());
     button.Refresh();
     EXPECT_EQ(box.Picture().Pixel(15, 25), kWhite);
     EXPECT_NE(box.Picture().Pixel(22, 11), kWhite);

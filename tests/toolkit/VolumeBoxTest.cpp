@@ -23,7 +23,7 @@ protected:
     VolumeOnForm() {
         QImage skin(76, 72, QImage::Format_RGB888);
         skin.fill(Qt::blue);
-        mFolder.Save(QStringLiteral("Images/bVolume.bmp"), skin);
+        mFolder.Save("Images/bVolume.bmp", skin);
         Put(*mText, QRect(100, 100, 100, 30));
         mBox.Draw();
         mForm.ShowInPlace();
@@ -39,7 +39,7 @@ protected:
     }
 
     const PictureFolder mFolder;
-    Form mForm{QStringLiteral("f_Test")};
+    Form mForm{"f_Test"};
     VolumeBox& mBox = *new VolumeBox(&mForm);
     QLineEdit* mText = new QLineEdit(&mForm);
 };
