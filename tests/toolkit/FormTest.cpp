@@ -5,10 +5,8 @@
 
 #include <QApplication>
 #include <QCursor>
-#include <QSignalSpy>
 #include <QTest>
 #include <gtest/gtest.h>
-#include <memory>
 
 namespace {
 
@@ -22,7 +20,7 @@ protected:
             mBoxes[i] = new PictureBox(&mForm, QStringLiteral("p%1").arg(i), QSize(50, 20));
             mBoxes[i]->MoveTo(10, 10 + 30 * i);
             mButtons[i].Create(mBoxes[i], QStringLiteral("Button %1").arg(i));
-            mClicks[i] = std::make_unique<QSignalSpy>(&mButtons[i], &c_PicButton::Clicked);
+            QObject::connect(&mButtons[i], &c_PicButton::Clicked, [this, i] { mPressed << i; });
         }
         mForm.ShowInPlace();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&Stage::Get()));
@@ -36,7 +34,7 @@ protected:
     Form mForm{"f_Test", QSize(200, 100)};
     PictureBox* mBoxes[3];
     c_PicButton mButtons[3];
-    std::unique_ptr<QSignalSpy> mClicks[3];
+    QList<int> mPressed;
 };
 
 TEST_F(Forms, AreWalkedThroughByTabAndArrows) {
@@ -60,15 +58,13 @@ TEST_F(Forms, PressTheFocusedButtonOnceAKeyUntilItHides) {
     mBoxes[1]->setFocus();
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space, Qt::Key_A})
         Key(key);
-    EXPECT_EQ(mClicks[1]->size(), 3);
     mBoxes[1]->hide();
     EXPECT_TRUE(mForm.hasFocus());
     // The keyboard focus goes to the next button, but not the second half of a double press.
     EXPECT_TRUE(QTest::qWaitFor([this] { return mBoxes[0]->hasFocus(); }));
     Key(Qt::Key_Return);
     mBoxes[1]->Activate();
-    EXPECT_EQ(mClicks[1]->size(), 3);
-    EXPECT_EQ(mClicks[0]->size() + mClicks[2]->size(), 0);
+    EXPECT_EQ(mPressed, (QList<int>{1, 1, 1}));
 }
 
 TEST_F(Forms, AreDraggedAboutTheStageByAnyPointButTheirButtons) {
@@ -110,7 +106,7 @@ TEST_F(Forms, GiveTheKeysToTheOneInFrontAndTakeThemBack) {
     EXPECT_FALSE(mBoxes[1]->TakesInput());
     EXPECT_TRUE(player.isEnabled()) << "it lies in front";
     mBoxes[1]->Activate();
-    EXPECT_EQ(mClicks[1]->size(), 0);
+    EXPECT_TRUE(mPressed.isEmpty());
     Key(Qt::Key_F6);
     EXPECT_TRUE(player.hasFocus());
     Key(Qt::Key_F6);
