@@ -116,14 +116,10 @@ TEST_P(AtAnyRatio, ForgetsNothingThatStillShows) {
 }
 
 TEST(Blits, LeaveOutWhatLiesOutsideEitherCanvas) {
-    const struct {
-        QRect area;
-        QPoint from;
-        QRect drawn;
-    } blits[] = {{{-2, -1, 5, 5}, {0, 0}, {0, 0, 3, 4}},
-                 {{0, 0, 6, 6}, {4, 5}, {0, 0, 2, 1}},
-                 {{0, 0, 6, 6}, {-2, -3}, {2, 3, 4, 3}},
-                 {{-3, 8, 20, 6}, {-1, 4}, {0, 8, 4, 2}}};
+    const std::tuple<QRect, QPoint, QRect> blits[] = {{{-2, -1, 5, 5}, {0, 0}, {0, 0, 3, 4}},
+                                                      {{0, 0, 6, 6}, {4, 5}, {0, 0, 2, 1}},
+                                                      {{0, 0, 6, 6}, {-2, -3}, {2, 3, 4, 3}},
+                                                      {{-3, 8, 20, 6}, {-1, 4}, {0, 8, 4, 2}}};
     Canvas source(6, 6);
     Scribble(source);
     for (const auto& [area, from, drawn] : blits) {

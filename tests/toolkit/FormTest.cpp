@@ -41,16 +41,15 @@ TEST_F(Forms, AreWalkedThroughByTabAndArrows) {
     EXPECT_EQ(mForm.focusWidget(), mBoxes[0]);
     QTest::mouseClick(StageWindow(), Qt::LeftButton, {},
                       OnStage(mForm, mBoxes[2]->Place().center()));
-    const struct {
-        Qt::Key key;
-        int box; // the first key after the mouse only shows where the focus is
-    } steps[] = {{Qt::Key_Tab, 2}, {Qt::Key_Up, 1},      {Qt::Key_Right, 2}, {Qt::Key_Left, 1},
-                 {Qt::Key_Up, 0},  {Qt::Key_Backtab, 2}, {Qt::Key_Down, 0},  {Qt::Key_Tab, 1}};
-    for (const auto& step : steps) {
-        const QImage before = mBoxes[step.box]->grab().toImage();
-        Key(step.key);
-        EXPECT_EQ(QApplication::focusWidget(), mBoxes[step.box]);
-        EXPECT_NE(mBoxes[step.box]->grab().toImage(), before) << "no frame to be seen";
+    // The first key after the mouse only shows where the focus is.
+    const std::pair<Qt::Key, int> steps[] = {
+        {Qt::Key_Tab, 2}, {Qt::Key_Up, 1},      {Qt::Key_Right, 2}, {Qt::Key_Left, 1},
+        {Qt::Key_Up, 0},  {Qt::Key_Backtab, 2}, {Qt::Key_Down, 0},  {Qt::Key_Tab, 1}};
+    for (const auto& [key, box] : steps) {
+        const QImage before = mBoxes[box]->grab().toImage();
+        Key(key);
+        EXPECT_EQ(QApplication::focusWidget(), mBoxes[box]);
+        EXPECT_NE(mBoxes[box]->grab().toImage(), before) << "no frame to be seen";
     }
 }
 
@@ -69,14 +68,11 @@ TEST_F(Forms, PressTheFocusedButtonOnceAKeyUntilItHides) {
 
 TEST_F(Forms, AreDraggedAboutTheStageByAnyPointButTheirButtons) {
     mForm.MoveTo(QPoint(300, 200));
-    const struct {
-        QPoint grip;
-        QPoint way;
-        QPoint end;
-    } cases[] = {{{150, 50}, {2, 1}, {300, 200}}, // no drag yet
-                 {{150, 50}, {40, 30}, {340, 230}},
-                 {{20, 15}, {40, 30}, {340, 230}},
-                 {{150, 50}, {400, 300}, {600, 500}}};
+    const std::tuple<QPoint, QPoint, QPoint> cases[] = {
+        {{150, 50}, {2, 1}, {300, 200}}, // no drag yet
+        {{150, 50}, {40, 30}, {340, 230}},
+        {{20, 15}, {40, 30}, {340, 230}},
+        {{150, 50}, {400, 300}, {600, 500}}};
     for (const auto& [grip, way, end] : cases) {
         const QPoint start = OnStage(mForm, grip);
         const auto move = [](QPoint to) {

@@ -332,26 +332,24 @@ TEST_P(PicList, LeavesOnlyTabAndEscapeToTheForm) {
 
 TEST_P(PicList, FindsTheLineThatBeginsAsTyped) {
     for (const char* text : {"Abba\\x", "\u00c9t\u00e9\\y", "abacus\\x", "Ada\\z", "Zoe\\a"})
-        mList.AddItem(QString::fromUtf8(text), QString());
+        mList.AddItem(text, QString());
     std::int64_t now = 10000;
     const auto real = platform::ReplaceTimeSource({[] { return 0.0; }, [&now] { return now; }});
-    const struct {
-        const char* typed; // in one go; then comes a pause
-        std::string found;
-    } cases[] = {{"a", "0 key"},
-                 {"aD", "2 key, 3 key"},
-                 {"aba", "0 key, 0 key, 2 key"},
-                 {"q", ""},
-                 {"eTE", "1 key, 1 key, 1 key"},
-                 {"z", "4 key"},
-                 {"aaa", "0 key, 2 key, 3 key"}};
-    for (const auto& c : cases) {
+    // What is typed in one go, and what it finds; then comes a pause.
+    const std::pair<const char*, std::string> cases[] = {{"a", "0 key"},
+                                                         {"aD", "2 key, 3 key"},
+                                                         {"aba", "0 key, 0 key, 2 key"},
+                                                         {"q", ""},
+                                                         {"eTE", "1 key, 1 key, 1 key"},
+                                                         {"z", "4 key"},
+                                                         {"aaa", "0 key, 2 key, 3 key"}};
+    for (const auto& [typed, found] : cases) {
         now += 2000;
-        for (const char* letter = c.typed; *letter != '\0'; ++letter) {
+        for (const char letter : std::string(typed)) {
             now += 300;
-            QTest::keyClick(&mBox, *letter, *letter < 'a' ? Qt::ShiftModifier : Qt::NoModifier);
+            QTest::keyClick(&mBox, letter, letter < 'a' ? Qt::ShiftModifier : Qt::NoModifier);
         }
-        EXPECT_EQ(Reports(), c.found) << c.typed;
+        EXPECT_EQ(Reports(), found) << typed;
     }
     now += 2000;
     mList.SortByHeader(1, 0);
@@ -362,20 +360,15 @@ TEST_P(PicList, FindsTheLineThatBeginsAsTyped) {
 
 TEST_P(PicList, FindsATextInAnyColumn) {
     for (const char* text : {"Abba\\Été", "x?y\\Zoe", "tabby\\a\nb", "AC\\DC"})
-        mList.AddItem(QString::fromUtf8(text), QString());
+        mList.AddItem(text, QString());
     mList.AddItem(platform::EscapeSeparators("AC\\DC?") + "\\what", QString());
-    const struct {
-        const char* text;
-        int from;
-        bool forward;
-        int found;
-    } cases[] = {{"bb", 0, true, 0},      {"BB", 1, true, 2},  {"bb", 4, true, 0},
-                 {"bb", 4, false, 2},     {"bb", 5, true, 0},  {"c", -1, false, 4},
-                 {"bb", 1, false, 0},     {"ÉTÉ", 3, true, 0}, {"c\\d", 0, true, 4},
-                 {"C?W", 0, true, -1},    {"dc?", 0, true, 4}, {"a b", 0, true, 2},
-                 {"nothing", 2, true, -1}};
-    for (const auto& c : cases)
-        EXPECT_EQ(mList.FindText(QString::fromUtf8(c.text), c.from, c.forward), c.found) << c.text;
+    const std::tuple<const char*, int, bool, int> cases[] = {
+        {"bb", 0, true, 0},      {"BB", 1, true, 2},   {"bb", 4, true, 0},  {"bb", 4, false, 2},
+        {"bb", 5, true, 0},      {"c", -1, false, 4},  {"bb", 1, false, 0}, {"ÉTÉ", 3, true, 0},
+        {"c\\d", 0, true, 4},    {"C?W", 0, true, -1}, {"dc?", 0, true, 4}, {"a b", 0, true, 2},
+        {"nothing", 2, true, -1}};
+    for (const auto& [text, from, forward, found] : cases)
+        EXPECT_EQ(mList.FindText(text, from, forward), found) << text;
 }
 
 TEST_P(PicList, PrintsEachVisibleCellOnce) {

@@ -91,10 +91,7 @@ protected:
 };
 
 TEST_F(Presses, CountForWhatWasShownWhenTheyBegan) {
-    const struct {
-        const char* steps;
-        const char* pressed;
-    } cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"+L 5 -L 350 +L 5 -L 350 +L 5 -L", "Go"},
         {"+L 5 -L 700 +L 5 -L", "Go Next"},
         {"+L 5 -L 100 +R 5 -R", "Go Next"},
@@ -135,10 +132,7 @@ TEST_F(Presses, WorkAsShortcutsUnderTheSameRule) {
 }
 
 TEST_F(Presses, OfAHeldKeyMoveAndType) {
-    const struct {
-        const char* steps;
-        const char* text;
-    } cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"+A *A -A +A", "AAA"},
         {"+A *A *A -A +Backspace *Backspace", "A"},
         {"+A -A +B -B +Left *Left -Left +Del *Del -Del +C", "C"},

@@ -20,12 +20,8 @@ const QRect kScreen(0, 30, 1920, 1050);
 const QRect kSecond(1920, 0, 1280, 1024);
 
 TEST(StageSize, TheWindowComesUpWhereItWasOnTheScreensThatThereAre) {
-    const struct {
-        const char* rule;
-        std::optional<QRect> last;
-        std::vector<QRect> screens;
-        QRect place;
-    } cases[] = {
+    using Last = std::optional<QRect>;
+    const std::tuple<const char*, Last, std::vector<QRect>, QRect> cases[] = {
         {"first start", {}, {kScreen}, {460, 180, 1000, 750}},
         {"first start, large screen", {}, {{0, 0, 3840, 2160}}, {720, 180, 2400, 1800}},
         {"first start, small screen", {}, {{0, 0, 640, 480}}, {0, 0, 640, 480}},
@@ -35,8 +31,8 @@ TEST(StageSize, TheWindowComesUpWhereItWasOnTheScreensThatThereAre) {
         {"partly outside", QRect(-80, 5, 800, 600), {kScreen}, {0, 30, 800, 600}},
         {"its screen is smaller", QRect(0, 0, 1600, 1200), {{0, 0, 1024, 768}}, {0, 0, 1024, 768}},
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(StartPlace(c.last, c.screens), c.place) << c.rule;
+    for (const auto& [rule, last, screens, place] : cases)
+        EXPECT_EQ(StartPlace(last, screens), place) << rule;
 }
 
 /// The stage with a form on it.
@@ -69,15 +65,12 @@ protected:
 };
 
 TEST_F(Stages, ShowEverythingAsLargeAsTheWindowIs) {
-    const struct {
-        QSize window;
-        QRect form;
-        QRect box; // on the form
-    } cases[] = {{{1200, 900}, {0, 0, 1200, 900}, {600, 450, 60, 30}},
-                 {{1000, 600}, {100, 0, 800, 600}, {400, 300, 40, 20}},
-                 {{800, 900}, {0, 150, 800, 600}, {400, 300, 40, 20}},
-                 {{500, 375}, {0, 0, 500, 375}, {250, 188, 25, 12}},
-                 {{800, 600}, {0, 0, 800, 600}, {400, 300, 40, 20}}};
+    const std::tuple<QSize, QRect, QRect> cases[] = {
+        {{1200, 900}, {0, 0, 1200, 900}, {600, 450, 60, 30}},
+        {{1000, 600}, {100, 0, 800, 600}, {400, 300, 40, 20}},
+        {{800, 900}, {0, 150, 800, 600}, {400, 300, 40, 20}},
+        {{500, 375}, {0, 0, 500, 375}, {250, 188, 25, 12}},
+        {{800, 600}, {0, 0, 800, 600}, {400, 300, 40, 20}}};
     constexpr int kFontAtFullSize = 16;
     for (const auto& [window, form, box] : cases) {
         Resize(window);
@@ -147,10 +140,7 @@ TEST_F(Stages, ObeyTheirKeysOnEveryScreen) {
 TEST_F(Stages, ShowMessagesInFrontAndAnswerThemByKeys) {
     const platform::Message question{"Go on?", platform::Icon::Warning, "Songrush",
                                      QStringList{"&Yes", "&No", "&Cancel"}};
-    const struct {
-        Qt::Key key;
-        int button;
-    } cases[] = {
+    const std::pair<Qt::Key, int> cases[] = {
         {Qt::Key_Return, 0}, {Qt::Key_Y, 0}, {Qt::Key_N, 1}, {Qt::Key_C, 2}, {Qt::Key_Escape, 2}};
     mText.setFocus();
     for (const auto& [key, button] : cases) {

@@ -39,23 +39,18 @@ TEST(Pictures, ComeFromTheSetForTheScreen) {
     folder.Save("Images/1.5x/Holes.bmp", Plain(15, 9, Qt::black));
     folder.Write("Images/2x/Holes.bmp", PictureFolder::Bytes(Plain(20, 12, Qt::green)).chopped(1));
     folder.Save("Images/3x/Holes.bmp", Plain(30, 18, Qt::blue));
-    const struct {
-        double ratio;
-        QString file;
-        QSize size;
-        QColor color;
-    } cases[] = {
+    const std::tuple<double, QString, QSize, QColor> cases[] = {
         {1, "Images\\Both.bmp", {10, 6}, Qt::red},
         {1.5, "Images\\Half.bmp", {15, 9}, Qt::blue},
         {1.25, "Images\\Both.bmp", {13, 8}, Qt::green},
         {3, "Images\\Both.bmp", {30, 18}, Qt::red},
         {2, "Images\\Holes.bmp", {20, 12}, Qt::blue},
     };
-    for (const auto& c : cases) {
-        const AtRatio ratio(c.ratio);
-        const QImage picture = LoadSkin(c.file).load();
-        EXPECT_EQ(picture.size(), c.size) << c.file.toStdString() << " at " << c.ratio;
-        EXPECT_EQ(picture.pixelColor(0, 0), c.color) << c.file.toStdString();
+    for (const auto& [ratio, file, size, color] : cases) {
+        const AtRatio atRatio(ratio);
+        const QImage picture = LoadSkin(file).load();
+        EXPECT_EQ(picture.size(), size) << file.toStdString() << " at " << ratio;
+        EXPECT_EQ(picture.pixelColor(0, 0), color) << file.toStdString();
     }
 }
 

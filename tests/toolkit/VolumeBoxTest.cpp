@@ -46,22 +46,18 @@ protected:
 
 TEST_F(VolumeOnForm, KeysChangeItAndAreTextInATextBox) {
     mBox.setFocus();
-    const struct {
-        Qt::Key key;
-        const char* text;
-        int heard;
-    } keys[] = {{Qt::Key_Plus, "+", 60},
-                {Qt::Key_Equal, "=", 70},
-                {Qt::Key_Minus, "-", 60},
-                {Qt::Key_M, "m", 0},
-                {Qt::Key_M, "M", 60}};
-    for (const auto& key : keys) {
-        Type(key.key, key.text);
-        EXPECT_EQ(HeardVolume(), key.heard) << key.text;
+    const std::tuple<Qt::Key, const char*, int> keys[] = {{Qt::Key_Plus, "+", 60},
+                                                          {Qt::Key_Equal, "=", 70},
+                                                          {Qt::Key_Minus, "-", 60},
+                                                          {Qt::Key_M, "m", 0},
+                                                          {Qt::Key_M, "M", 60}};
+    for (const auto& [key, text, heard] : keys) {
+        Type(key, text);
+        EXPECT_EQ(HeardVolume(), heard) << text;
     }
     mText->setFocus();
-    for (const auto& key : keys)
-        Type(key.key, key.text);
+    for (const auto& [key, text, heard] : keys)
+        Type(key, text);
     EXPECT_EQ(mText->text(), "+=-mM");
     EXPECT_EQ(HeardVolume(), 60);
 }
