@@ -105,6 +105,7 @@ protected:
             QPainter(&skin).fillRect(kHole.width(), frame * kFrame.height(), kFrame.width(),
                                      kFrame.height(), ToQColor(kFrames[frame]));
         mFolder.Save("Images/Skin.bmp", skin);
+        mBox.SetBoxSize(QSize(5, 5)); // gets the skin's
         mButton.Create(&mBox, "Images\\Skin.bmp", QString());
         QObject::connect(&mButton, &c_SurfButton::Clicked, [this] { mClicks += u'!'; });
         mButton.Refresh();

@@ -77,6 +77,7 @@ TEST_F(Stages, ShowEverythingAsLargeAsTheWindowIs) {
         EXPECT_EQ(QRect(mForm.mapTo(&mStage, QPoint(0, 0)), mForm.size()), form);
         EXPECT_EQ(mBox.geometry(), box);
         EXPECT_EQ(mText.font().pixelSize(), qRound(kFontAtFullSize * form.width() / 800.0));
+        EXPECT_EQ(mForm.Dc()->Image().size(), form.size()) << "not sharp";
         const QImage shown = mForm.grab().toImage();
         EXPECT_EQ(shown.pixelColor(box.center() + QPoint(-box.width(), 0)), QColor(9, 90, 9));
         EXPECT_EQ(mBox.Place(), QRect(400, 300, 40, 20));
