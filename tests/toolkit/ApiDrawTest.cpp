@@ -51,20 +51,6 @@ TEST_P(Drawings, OfABoxAreLightAboveAndDarkBelow) {
     EXPECT_EQ(mCanvas.Image(), mExpected.Image());
 }
 
-TEST(Gradients, RunAlongLinesAt45Degrees) {
-    const AtRatio ratio(2);
-    Canvas canvas(20, 10);
-    Drawing(&canvas).Gradient(3, 3, 9, 7, Rgb(0, 200, 50), Rgb(220, 90, 61)); // eleven steps
-    for (int x = 0; x < 20; ++x)
-        for (int y = 0; y < 10; ++y) {
-            const int step = x + y - 5;
-            EXPECT_EQ(canvas.Pixel(x, y), QRect(3, 3, 6, 5).contains(x, y)
-                                              ? Rgb(20 * step, 200 - 10 * step, 50 + step)
-                                              : kBlack)
-                << x << ", " << y;
-        }
-}
-
 TEST_P(Drawings, KeepToTheirClip) {
     const QRect clip(12, 9, 11, 7);
     Canvas free(40, 30);

@@ -72,25 +72,20 @@ protected:
             mReports << QString::number(line) + (mList.mRangeKey ? " range" : "") +
                             (mList.mAddKey ? " add" : "") + (mList.mByKeyboard ? " key" : "");
         });
-        const std::pair<const char*, void (c_PicList::*)(int)> numbered[] = {
-            {"double %1", &c_PicList::LineDoubleClicked},
-            {"header %1", &c_PicList::HeaderSelClicked}};
-        for (const auto& [what, signal] : numbered)
-            QObject::connect(&mList, signal, [this, text = QString(what)](int number) {
-                mReports << text.arg(number);
-            });
-        Report("remove", mList, &c_PicList::RemoveWanted);
-        Report("all", mList, &c_PicList::SelectAllWanted);
-        Report("resized", mList, &c_PicList::ColumnsResized);
-        Report("moved", mList, &c_PicList::LinesMoveWanted);
-        Report("close", mForm, &Form::CloseRequested);
+        Report("double", &c_PicList::LineDoubleClicked);
+        Report("header", &c_PicList::HeaderSelClicked);
+        Report("remove", &c_PicList::RemoveWanted);
+        Report("all", &c_PicList::SelectAllWanted);
+        Report("resized", &c_PicList::ColumnsResized);
         mForm.ShowInPlace();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&Stage::Get()));
         mBox.setFocus();
     }
 
-    void Report(const QString& what, const auto& of, auto signal) {
-        QObject::connect(&of, signal, [this, what] { mReports << what; });
+    void Report(const QString& what, auto signal) {
+        QObject::connect(&mList, signal, [this, what](auto... number) {
+            mReports << QStringList{what, QString::number(number)...}.join(u' ');
+        });
     }
 
     void Fill(int count) {
@@ -213,7 +208,10 @@ TEST_P(PicList, MovesChosenLinesByDraggingAndByKeys) {
     Fill(30);
     std::set<int> marks;
     mList.SetMarks([&marks](int line) { return marks.contains(line); });
-    QObject::connect(&mList, &c_PicList::LinesMoveWanted, &mList, &c_PicList::MoveLines);
+    QObject::connect(&mList, &c_PicList::LinesMoveWanted, [this](const auto& lines, int before) {
+        mReports << "moved";
+        mList.MoveLines(lines, before);
+    });
     const auto firstKeys = [this] {
         QStringList keys;
         for (int line = 0; line < 6; ++line)
@@ -319,6 +317,7 @@ TEST_P(PicList, MovesByKeysAlsoAsTheyRepeatButRemovesOnce) {
 
 TEST_P(PicList, LeavesOnlyTabAndEscapeToTheForm) {
     Fill(3);
+    QObject::connect(&mForm, &Form::CloseRequested, [this] { mReports << "close"; });
     PictureBox other(&mForm, "pOther", QSize(5, 5));
     other.SetButton(2);
     other.show();
