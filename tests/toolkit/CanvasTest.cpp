@@ -92,7 +92,7 @@ TEST_P(AtAnyScale, WritesToItsScale) {
     Canvas canvas(300, 60);
     canvas.SetFont(ScreenFont(24));
     const QString text = "HHHHHH";
-    Drawing(&canvas).Text(text, kWhite, 20, 10);
+    Drawing(&canvas).Text(text, kWhite, kBlack, 20, 10, 2);
     const QImage& image = canvas.Image();
     QRect ink;
     for (int y = 0; y < image.height(); ++y)
