@@ -4,6 +4,7 @@
 
 #include <QLineEdit>
 #include <QShortcut>
+#include <QSignalSpy>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -119,6 +120,14 @@ TEST_F(Presses, CountForWhatWasShownWhenTheyBegan) {
         Do(steps);
         EXPECT_EQ(mPressed.join(u' ').toStdString(), pressed) << steps;
     }
+}
+
+TEST_F(Presses, OfTheSecondHalfReachNoControl) {
+    Begin();
+    QSignalSpy downs(mButtons[1].box, &PictureBox::MouseDown);
+    QTest::mouseDClick(StageWindow(), Qt::LeftButton, {}, mFingers.mAt);
+    EXPECT_EQ(mPressed.join(u' '), "Go");
+    EXPECT_EQ(downs.size(), 0);
 }
 
 TEST_F(Presses, WorkAsShortcutsUnderTheSameRule) {
