@@ -72,6 +72,7 @@ TEST_P(Drawings, KeepToTheirClip) {
     BitBlt(&mExpected, clip.x(), clip.y(), clip.width(), clip.height(), &free, clip.x(), clip.y(),
            RasterOp::SrcCopy);
     EXPECT_EQ(mCanvas.Image(), mExpected.Image());
+    EXPECT_EQ(free.Pixel(4, 3), kPen) << "no wide line";
 }
 
 TEST(Panel, LeavesNothingOfWhatWasDrawnBefore) {

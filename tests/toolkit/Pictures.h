@@ -40,10 +40,10 @@ public:
 };
 
 /// Gives every pixel of the screen a colour of its own, none of them black or white.
-inline void Scribble(toolkit::Canvas& canvas, int blue = 7) {
-    canvas.Draw(QRect(0, 0, canvas.Width(), canvas.Height()), true, [blue](QImage& image) {
+inline void Scribble(toolkit::Canvas& canvas) {
+    canvas.Draw(QRect(0, 0, canvas.Width(), canvas.Height()), true, [](QImage& image) {
         for (int y = 0; y < image.height(); ++y)
             for (int x = 0; x < image.width(); ++x)
-                image.setPixel(x, y, qRgb(x % 256, y % 256, blue + x / 256));
+                image.setPixel(x, y, qRgb(x % 256, y % 256, 7 + x / 256));
     });
 }
