@@ -67,6 +67,10 @@ protected:
             mFingers.Up(mKey);
             mFingers.mTime += 1000;
             EXPECT_TRUE(QTest::qWaitFor([this] { return Look() != u'2'; }));
+        } else if (act == "again") { // as a repeat comes on some systems
+            mFingers.Up(mKey);
+            mFingers.Down(mKey);
+            QTest::qWait(40); // longer than a repeat is waited for
         } else {
             mBox.setFocus();
             mFingers.Down(mKey, act == "repeat");
@@ -77,7 +81,7 @@ protected:
     void FollowKeys() {
         for (const int key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
             mKey = key;
-            for (const char* steps : {"key 2!, repeat 2, up 0", "shape 1, key 2!, up 1",
+            for (const char* steps : {"key 2!, repeat 2, again 2, up 0", "shape 1, key 2!, up 1",
                                       "shape 1, key 2!, away 2, up 0", "key 2!, leave 0, up 0",
                                       "key 2!, hide 0, up 0, show 0", "repeat 0, up 0"})
                 Follow(steps);
