@@ -6,17 +6,22 @@
 #include "game/f_High.h"
 #include "game/f_HighMulti.h"
 #include "game/f_Multi.h"
+#include "platform/Chance.h"
+#include "platform/Motion.h"
 #include "platform/Time.h"
 #include "platform/Wait.h"
 #include "tests/Robot.h"
 #include "tests/SongFolder.h"
 #include "tests/game/FixedSource.h"
+#include "toolkit/Palette.h"
+#include "toolkit/c_Surface.h"
 
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
 #include <algorithm>
+#include <optional>
 
 /// The forms of a game with a playlist of its own, and what a player does with them.
 class GameScene {
@@ -29,6 +34,16 @@ protected:
     ~GameScene() {
         if (mRealTime.tickCount)
             platform::ReplaceTimeSource(mRealTime);
+        platform::ReplaceMotionWish({});
+        platform::ReplaceRandom({});
+    }
+
+    /// Has the game look the same each time: nothing moves, nothing is left to chance, and the
+    /// ground is black.
+    static void StandStill() {
+        platform::ReplaceMotionWish([] { return true; });
+        platform::ReplaceRandom([] { return 0.2; });
+        gBack->HDC(0)->Fill(QRect(0, 0, 800, 600), toolkit::kBlack);
     }
 
     /// Stops the clock until a test moves it. The time of day then runs backwards, as it does at
@@ -95,7 +110,7 @@ protected:
         return table;
     }
 
-    platform::QuitWatch mQuitWatch;
+    std::optional<platform::QuitWatch> mQuitWatch{std::in_place};
     SongFolder mFolder;
     f_Multi board;
     f_HighMulti scores;

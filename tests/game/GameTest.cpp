@@ -1,9 +1,12 @@
 #include "audio/c_XAudio.h"
 #include "game/c_gBet.h"
+#include "platform/Settings.h"
 #include "tests/Fingers.h"
 #include "tests/HeldReads.h"
+#include "tests/Looks.h"
 #include "tests/audio/ToneFile.h"
 #include "tests/game/GameScene.h"
+#include "toolkit/Stage.h"
 #include "toolkit/Style.h"
 
 #include <QSignalSpy>
@@ -27,7 +30,7 @@ protected:
     }
 };
 
-TEST_F(GameTest, TheFirstKeyAnswersAndIsScoredByTheClockAndTheBestScoreIsKept) {
+TEST_F(GameTest, TheFirstKeyAnswersIsScoredByTheClockAndTheNextGameBeginsAnew) {
     StopTime();
     using Keys = std::array<int, 4>;
     const std::tuple<Qt::KeyboardModifier, Keys, std::array<quint32, 4>> keyboards[] = {
@@ -40,13 +43,16 @@ TEST_F(GameTest, TheFirstKeyAnswersAndIsScoredByTheClockAndTheBestScoreIsKept) {
          {87, 88, 89, 83}},
         {Qt::ShiftModifier, {'1', '2', '3', '4'}, {13, 14, 12, 15}}, // Programmer Dvorak
     };
-    const auto* keyboard = std::begin(keyboards);
-    bool thought = false;
+    std::set<QString> titles;
     Play<c_gMulti>(1, [&] {
+        if (scores.pAgain->isVisible() && !name.isVisible() && titles.size() == 6)
+            return ClickOn(scores.pAgain);
         if (GoOn() || Choice(true) == nullptr)
             return;
-        if (!std::exchange(thought, true))
+        if (titles.insert(Choice(true)->accessibleName()).second)
             mNow += 7500;
+        if (titles.size() > 6)
+            return ClickOn(Choice(false));
         if (board.ElapsedTime() == 0)
             return; // the clock has not ticked yet
         const auto boxes = board.ChoiceBoxes();
@@ -58,64 +64,56 @@ TEST_F(GameTest, TheFirstKeyAnswersAndIsScoredByTheClockAndTheBestScoreIsKept) {
             fingers.Down(Qt::Key_H);
             fingers.Down((right + 1) % 4 + '1');
         }
-        const auto& [with, keys, scanCodes] = *keyboard++;
+        const auto& [with, keys, scanCodes] = keyboards[titles.size() - 1];
         fingers.mWith = with;
         fingers.mScanCode = scanCodes[right];
         fingers.Down(keys[right]);
         fingers.mScanCode = 0;
         fingers.Down(Qt::Key_H);
         fingers.Down((right + 1) % 4 + '1');
-        thought = false;
     });
-    EXPECT_EQ(keyboard, std::end(keyboards));
     EXPECT_FALSE(mExit);
+    EXPECT_EQ(titles.size(), 12U) << "other songs";
     EXPECT_EQ(mPrompts, QStringList("You got a High Score! Please Enter your name below."));
     EXPECT_EQ(Table("H1.dat").Name(0), "Ann1");
     EXPECT_EQ(Table("H1.dat").Score(0), QString::number(6 * 7500));
-    EXPECT_TRUE(FileGetsMarks(6));
-}
-
-TEST_F(GameTest, PlayedAgainItBeginsAtNoPointsAndGoesOnWithTheOtherSongs) {
-    StopTime();
-    int games = 0;
-    std::set<QString> titles;
-    Play<c_gMulti>(1, [&] {
-        if (scores.pAgain->isVisible() && !name.isVisible() && ++games == 1)
-            return ClickOn(scores.pAgain);
-        if (GoOn() || Choice(true) == nullptr)
-            return;
-        titles.insert(Choice(true)->accessibleName());
-        ClickOn(Choice(titles.size() <= 6));
-    });
-    EXPECT_EQ(games, 2);
-    EXPECT_EQ(titles.size(), 12U);
-    EXPECT_EQ(mPrompts.size(), 1) << "the second game has no points";
     EXPECT_TRUE(FileGetsMarks(12));
 }
 
 TEST_F(GameTest, FourPlayersTakeTurnsSeeAllScoresAndAreAskedForNamesByTheirRank) {
     toolkit::WriteNumbersInEnglish();
+    platform::WriteSetting("Songrush", "Scores", "Names", "");
     StopTime();
+    StandStill();
     int question = 0;
     int lists = 0;
     Play<c_gMulti>(4, [&] {
-        lists += scores.isVisible() && !name.isVisible();
         const bool third = question == 10; // the second player's
-        if (board.pCont->isVisible()) {
-            EXPECT_EQ(Says("3 right in a row!"), third) << "after question " << question;
-            EXPECT_TRUE(!third || (Says("Player 2: 360,000") && Says("Player 3: 120,000")));
-        }
+        if (board.pPlay->isVisible() && question == 9)
+            ExpectLook(board, "game-turn");
+        if (board.pCont->isVisible() && (third || question == 11))
+            ExpectLook(board, third ? "game-right" : "game-wrong");
+        if (name.isVisible() && mPrompts.size() == 1)
+            ExpectLook(toolkit::Stage::Get(), "game-name");
+        if (scores.isVisible() && !name.isVisible() && ++lists == 1)
+            ExpectLook(scores, "game-scores");
+        if (GoOn() || Choice(true) == nullptr)
+            return;
         // Only the second player knows the songs, and the third one once.
-        if (!GoOn() && Choice(true) != nullptr) {
-            const bool knows = question % 4 == 1 || question == 2;
-            ++question;
-            ClickOn(Choice(knows));
+        const bool knows = question % 4 == 1 || question == 2;
+        if (question == 9 && board.ElapsedTime() == 0) {
+            mNow = 3500;
+            return;
         }
+        if (question == 9)
+            ExpectLook(board, "game-question");
+        ++question;
+        ClickOn(Choice(knows));
     });
     EXPECT_EQ(question, 24);
     EXPECT_EQ(lists, 2) << "the scores and the table";
     const game::HighScoreTable table = Table("H1.dat");
-    EXPECT_EQ(table.Score(0), QString::number(6 * 120000));
+    EXPECT_EQ(table.Score(0), QString::number(5 * 120000 + 70000));
     EXPECT_EQ(table.Score(1), QString::number(120000));
     EXPECT_EQ(table.Score(2), "0");
     EXPECT_EQ(mPrompts, QStringList({"Player 1 got a High Score! Please Enter Their name below.",
@@ -124,10 +122,14 @@ TEST_F(GameTest, FourPlayersTakeTurnsSeeAllScoresAndAreAskedForNamesByTheirRank)
 
 TEST_F(GameTest, ABetFixesTheClipAndThePointsHasItsOwnTableAndCanBeLeftOpen) {
     StopTime();
+    StandStill();
     int bets = 0;
     Play<c_gBet>(1, [&] {
-        if (BetsNow())
-            return ClickOn(bets++ == 0 ? board.pChoice4 : board.pChoice2);
+        if (BetsNow()) {
+            if (++bets == 1)
+                ExpectLook(board, "game-bets");
+            return ClickOn(bets == 1 ? board.pChoice4 : board.pChoice2);
+        }
         if (board.pCont->isVisible()) {
             EXPECT_EQ(Audio().Position() == 0, bets == 1) << "an early answer lets it play on";
         }
@@ -140,6 +142,8 @@ TEST_F(GameTest, ABetFixesTheClipAndThePointsHasItsOwnTableAndCanBeLeftOpen) {
         }
         EXPECT_EQ(board.TimeLimit(), bets == 1 ? f_Multi::kClipStopped : 2);
         EXPECT_EQ(board.ElapsedTime(), bets == 1 ? 5 : 0);
+        if (bets == 1)
+            ExpectLook(board, "game-over");
         ClickOn(Choice(true));
     });
     EXPECT_EQ(bets, 6);
@@ -177,27 +181,24 @@ TEST_F(GameTest, AClipIsCutWhenTheClockHasRunAndAllThatWasBetWasHeard) {
 
 TEST_F(GameTest, AGameIsRefusedWithoutSongsThatCanBePlayed) {
     const auto songs = mFolder.MakeSongs(9);
-    const auto nine = mFolder.MakePlaylist(songs);
-    const auto dead =
-        mFolder.MakePlaylist(std::vector<fs::path>(10, mFolder.Path() / "gone.mp3"), "Dead.m3u");
+    const std::string bytes = BytesOf(songs[0]);
     const std::pair<fs::path, QString> cases[] = {
         {"", "Songrush requires a playlist to play."},
-        {nine, "Songrush Requires atleast 10 songs in a playlist."},
-        {dead, "None of the songs in this playlist can be played."},
+        {mFolder.MakePlaylist(songs), "Songrush Requires atleast 10 songs in a playlist."},
+        {mFolder.MakePlaylist(std::vector<fs::path>(10, mFolder.Path() / "gone"), "Dead.m3u"),
+         "None of the songs in this playlist can be played."},
         {songs[0], "song1.mp3 is not a playlist."},
         {mFolder.Path() / "Music", "Music cannot be read:\nInvalid argument"}};
-    for (const auto& [path, message] : cases) {
-        const std::string bytes = fs::is_regular_file(path) ? BytesOf(path) : "";
-        mPlaylist = path;
+    for (const auto& [path, message] : cases)
         for (const bool leaves : {true, false}) {
+            mPlaylist = path;
             mLeaves = leaves;
             Play<c_gMulti>(1, [] {});
             EXPECT_EQ(mMessages, leaves ? QStringList() : QStringList(message));
+            EXPECT_EQ(mFrames.join(u'|'), leaves ? "" : "Songrush, Information, OK");
             EXPECT_EQ(mExit, leaves);
         }
-        EXPECT_EQ(mFrames, QStringList("Songrush, Information, OK"));
-        EXPECT_EQ(fs::is_regular_file(path) ? BytesOf(path) : "", bytes) << path;
-    }
+    EXPECT_EQ(BytesOf(songs[0]), bytes);
 }
 
 TEST_F(GameTest, WhenTheSongsAreGoneTheGameGoesToItsScores) {
@@ -219,46 +220,33 @@ TEST_F(GameTest, WhenTheSongsAreGoneTheGameGoesToItsScores) {
     EXPECT_TRUE(FileGetsMarks(asked));
 }
 
-TEST_F(GameTest, ASongIsWaitedForOnALiveBoardThatCanBeLeft) {
+TEST_F(GameTest, MissingSoundIsToldOnceAndASongIsWaitedForOnALiveBoardThatCanBeLeft) {
+    const QByteArray before = qgetenv("SDL_AUDIODRIVER");
+    qputenv("SDL_AUDIODRIVER", "none");
     std::optional<HeldReads> held;
     int asked = 0;
     int waits = 0;
     Play<c_gMulti>(1, [&] {
+        const bool told = Says("No sound device was found, so nothing is heard.");
         if (Says("Loading...") && held->Waiting() > 0) {
             EXPECT_FALSE(board.pPlay->isVisible() || Choice(true));
             if (++waits == 1)
                 held.reset();
             else
                 ClickOn(board.pX);
-        } else if (Choice(true) != nullptr) {
+        } else if (Choice(true) == nullptr) {
+            GoOn();
+        } else if (asked == 0 ? told : board.ElapsedTime() > 0.3F) {
+            EXPECT_EQ(told, asked++ == 0);
             held.reset();
             held.emplace("/Music/");
-            ++asked;
             ClickOn(Choice(true));
-        } else {
-            GoOn();
         }
     });
     EXPECT_EQ(waits, 2);
     EXPECT_TRUE(mExit);
     held.reset();
     EXPECT_TRUE(FileGetsMarks(asked));
-}
-
-TEST_F(GameTest, AMissingSoundDeviceIsToldOnceAndTheGameGoesOn) {
-    const QByteArray before = qgetenv("SDL_AUDIODRIVER");
-    qputenv("SDL_AUDIODRIVER", "none");
-    const auto told = [this] { return Says("No sound device was found, so nothing is heard."); };
-    int questions = 0;
-    Play<c_gMulti>(1, [&] {
-        if (Choice(true) == nullptr)
-            GoOn();
-        else if (questions == 0 ? told() : board.ElapsedTime() > 0.3F) {
-            EXPECT_EQ(told(), questions == 0);
-            ClickOn(questions++ == 0 ? Choice(true) : board.pX);
-        }
-    });
-    EXPECT_EQ(questions, 2);
     gAudio.reset();
     qputenv("SDL_AUDIODRIVER", before);
 }
