@@ -2,7 +2,6 @@
 
 #include "game/Evening.h"
 #include "game/PerfectGame.h"
-#include "game/RankScores.h"
 
 #include <gtest/gtest.h>
 #include <tuple>
@@ -98,15 +97,6 @@ TEST(HighScoreTable, NamesKeepTheirBytesAndNeverBreakTheFile) {
     ASSERT_EQ(again.Parse(table.Serialise()), Result::Good);
     EXPECT_EQ(again.Name(0), "Bj\u00F6rn  9 ");
     EXPECT_EQ(game::PlayerName("  "), "Blank");
-}
-
-TEST(RankScores, EqualScoresShareAPlaceAndKeepTheOrderOfThePlayers) {
-    std::vector<std::int32_t> scores{10, 30, 10, 40, 30};
-    QString ranking;
-    for (const game::Standing& standing : game::RankScores(scores))
-        ranking += QString("%1. Player %2;").arg(standing.place).arg(standing.player);
-    EXPECT_EQ(ranking, "1. Player 4;2. Player 2;2. Player 5;4. Player 1;4. Player 3;");
-    EXPECT_EQ(scores, (std::vector<std::int32_t>{40, 30, 30, 10, 10}));
 }
 
 TEST(PerfectGame, NamesAllWhoPlayedIt) {

@@ -1,21 +1,14 @@
 #include "game/c_hMulti.h"
 
 #include "game/LastNames.h"
-#include "game/f_High.h"
-#include "game/f_HighMulti.h"
 #include "platform/Aside.h"
 #include "platform/Settings.h"
-#include "platform/Wait.h"
+#include "tests/Looks.h"
 #include "tests/Quit.h"
-#include "tests/Robot.h"
-#include "tests/SongFolder.h"
+#include "tests/game/GameScene.h"
 #include "toolkit/Stage.h"
 
-#include <QLabel>
-#include <QLineEdit>
 #include <QListWidget>
-#include <QPushButton>
-#include <QTest>
 #include <csignal>
 #include <sys/stat.h>
 #include <tuple>
@@ -38,17 +31,14 @@ ino_t Inode(const fs::path& file) {
     return status.st_ino;
 }
 
-class HighScoresTest : public testing::Test {
+class HighScoresTest : public testing::Test, protected GameScene {
 protected:
     void TearDown() override { ForgetQuit(); }
 
     /// The first two entries of the file, or of a new table.
     QString FirstTwo() {
         EXPECT_TRUE(platform::AsidesEnd(std::chrono::seconds(20)));
-        game::HighScoreTable table;
-        if (fs::exists(mFile)) {
-            EXPECT_EQ(table.Parse(BytesOf(mFile)), game::HighScoreTable::ReadResult::Good);
-        }
+        const auto table = fs::exists(mFile) ? Table("H1.dat") : game::HighScoreTable();
         return table.Name(0) + table.Score(0) + u' ' + table.Name(1) + table.Score(1);
     }
 
@@ -56,13 +46,13 @@ protected:
     /// messages that came.
     QStringList Check(
         std::int32_t score, const std::function<void()>& enter = [] {}) {
-        c_hMulti highScores(mScores, mName);
+        c_hMulti highScores(scores, name);
         highScores.SetFileName(mFile);
         Robot robot([&] {
-            if (mName.isVisible())
+            if (name.isVisible())
                 enter();
-            else if (mScores.isVisible())
-                ClickOn(mScores.pCont);
+            else if (scores.isVisible())
+                ClickOn(scores.pCont);
         });
         highScores.Check(score);
         for (const QString& frame : robot.Frames())
@@ -70,48 +60,60 @@ protected:
         return robot.Messages();
     }
 
-    SongFolder mFolder;
     fs::path mFile = mFolder.Path() / "H1.dat";
-    f_HighMulti mScores;
-    f_High mName;
 };
 
-TEST_F(HighScoresTest, WhatCannotBeReadOrWasTamperedWithIsKeptBeside) {
+TEST_F(HighScoresTest, WhatCannotBeReadOrWasTamperedWithIsKeptBesideOrNotOverwritten) {
     const QStringList told("Error loading High Scores.");
+    const QStringList stays = {"Error in KillIt:c_hMulti", "Error Writing High Scores."};
+    const QByteArray cut = OldTable().chopped(20);
+    const QByteArray tampered = OldTable().replace("10", "99");
     const auto write = [this](const QByteArray& bytes) {
         return [this, bytes] { std::ofstream(mFile, std::ios::binary) << bytes.toStdString(); };
     };
     using Make = std::function<void()>;
-    // The last is what it is kept as beside the table; nothing when the table was read.
-    const std::tuple<const char*, Make, QStringList, const char*> cases[] = {
-        {"other line ends", write(OldTable().replace("\r\n", "\n")), {}, ""},
-        {"cut short", write(OldTable().chopped(20)), told, ".old"},
-        {"tampered", write(OldTable().replace("10", "99")), {}, ".old2"},
-        {"a pipe", [this] { mkfifo(mFile.c_str(), 0600); }, told, ".old3"},
-        {"a link to itself", [this] { fs::create_symlink("H1.dat", mFile); }, told, ".old4"},
+    const std::string longest(255, 'n'); // no name is left beside it
+    // The last is what is put after its name.
+    const std::tuple<const char*, Make, std::string, QStringList, const char*> cases[] = {
+        {"cut short", write(cut), "H1.dat", told, ".old"},
+        {"tampered", write(tampered), "H1.dat", {}, ".old2"},
+        {"a pipe", [this] { mkfifo(mFile.c_str(), 0600); }, "H1.dat", told, ".old3"},
+        {"a link to itself", [this] { fs::create_symlink("H1.dat", mFile); }, "H1.dat", told,
+         ".old4"},
+        {"cut short and not to be moved", write(cut), longest, told + stays, ""},
+        {"tampered and not to be moved", write(tampered), longest, stays, ""},
     };
-    for (const auto& [what, make, messages, kept] : cases) {
+    for (const auto& [what, make, file, messages, kept] : cases) {
+        mFile.replace_filename(file);
         fs::remove_all(mFile);
         make();
         const ino_t before = Inode(mFile);
         EXPECT_EQ(Check(0), messages) << what;
-        EXPECT_EQ(FirstTwo(), *kept ? "Blank0 Blank0" : "Old10 Old10") << what;
-        EXPECT_TRUE(!*kept || Inode(mFile.string() + kept) == before) << what;
+        EXPECT_TRUE(platform::AsidesEnd(std::chrono::seconds(20)));
+        EXPECT_EQ(Inode(mFile.string() + kept), before) << what;
+        EXPECT_TRUE(!*kept || FirstTwo() == "Blank0 Blank0") << what;
     }
+    EXPECT_EQ(BytesOf(mFile), tampered.toStdString());
 }
 
-TEST_F(HighScoresTest, WhatCannotBeMovedAsideIsNotOverwritten) {
-    mFile.replace_filename(std::string(255, 'n')); // no name is left beside it
-    const QStringList told = {"Error in KillIt:c_hMulti", "Error Writing High Scores."};
-    const std::pair<QByteArray, QStringList> cases[] = {
-        {OldTable().chopped(20), QStringList("Error loading High Scores.") + told},
-        {OldTable().replace("10", "99"), told},
-    };
-    for (const auto& [bytes, messages] : cases) {
-        std::ofstream(mFile, std::ios::binary) << bytes.toStdString();
-        EXPECT_EQ(Check(0), messages);
-        EXPECT_EQ(BytesOf(mFile), bytes.toStdString());
-    }
+TEST_F(HighScoresTest, TwelveScoresAreAPageWithPlacesAndAPodiumAndMoreGoOnOnTheNext) {
+    StandStill();
+    QStringList firstRows;
+    Robot robot([&] {
+        if (!scores.isVisible())
+            return;
+        if (firstRows.isEmpty())
+            ExpectLook(scores, "game-twelve");
+        firstRows << scores.findChildren<QLabel*>()[2]->text();
+        ClickOn(scores.pCont);
+    });
+    std::vector<std::int32_t> points{5, 30, 10, 0, 30, 10, 5, 2, 5, 5, 5, 5};
+    c_hMulti highScores(scores, name);
+    highScores.SetAndShowScores(points, {"A perfect game!", "New best of the evening"});
+    points.push_back(40);
+    highScores.SetAndShowScores(points);
+    EXPECT_EQ(firstRows, QStringList({"1. Player 2, 30, winner", "1. Player 13, 40, winner",
+                                      "13. Player 12, 0"}));
 }
 
 TEST_F(HighScoresTest, AQuitKeepsTheConfirmedNamesAndEntersNoOthers) {
@@ -119,24 +121,24 @@ TEST_F(HighScoresTest, AQuitKeepsTheConfirmedNamesAndEntersNoOthers) {
     const char* const entries[] = {"Blank0 Blank0", "Blank0 Blank0", "Ann20 Blank0", "Ann20 Ann10"};
     for (int quitAt = 0; quitAt < 4; ++quitAt) {
         fs::remove(mFile);
-        const platform::QuitWatch watch;
-        c_hMulti highScores(mScores, mName);
+        mQuitWatch.emplace();
+        c_hMulti highScores(scores, name);
         int step = 0;
         Robot robot([&] {
-            const bool naming = mName.isVisible();
-            if (step > quitAt || (!naming && !mScores.isVisible()))
+            const bool naming = name.isVisible();
+            if (step > quitAt || (!naming && !scores.isVisible()))
                 return;
             if (naming)
-                QTest::keyClicks(mName.Text1, "Ann");
+                QTest::keyClicks(name.Text1, "Ann");
             if (step++ == quitAt)
                 std::raise(SIGTERM);
             else
-                ClickOn(naming ? static_cast<QWidget*>(mName.cmdContinue) : mScores.pCont);
+                ClickOn(naming ? static_cast<QWidget*>(name.cmdContinue) : scores.pCont);
         });
-        std::vector<std::int32_t> scores{10, 20};
-        highScores.SetAndShowScores(scores);
+        std::vector<std::int32_t> points{10, 20};
+        highScores.SetAndShowScores(points);
         if (!highScores.ExitProgram())
-            highScores.MultiCheck(scores);
+            highScores.MultiCheck(points);
         EXPECT_EQ(step, quitAt + 1);
         EXPECT_EQ(FirstTwo(), entries[quitAt]) << "at step " << quitAt;
     }
@@ -144,8 +146,8 @@ TEST_F(HighScoresTest, AQuitKeepsTheConfirmedNamesAndEntersNoOthers) {
 
 TEST_F(HighScoresTest, ThePromptOffersTheNamesUsedLast) {
     platform::WriteSetting("Songrush", "Scores", "Names", "");
-    const auto type = [this](const QString& text) { QTest::keyClicks(mName.Text1, text); };
-    const auto press = [this](Qt::Key key) { QTest::keyClick(mName.Text1, key); };
+    const auto type = [this](const QString& text) { QTest::keyClicks(name.Text1, text); };
+    const auto press = [this](Qt::Key key) { QTest::keyClick(name.Text1, key); };
     const QString longest = "abcdefghijklmnopqrst";
     // What is done, the name that is entered by it, and those that are offered from then on.
     const std::tuple<std::function<void()>, QString, QString> cases[] = {
@@ -156,15 +158,15 @@ TEST_F(HighScoresTest, ThePromptOffersTheNamesUsedLast) {
         {[&] { press(Qt::Key_Down), press(Qt::Key_Down); }, "Bo", "Bo,Cy," + longest},
         {[&] { type("cy"), press(Qt::Key_Down), press(Qt::Key_Up); }, "cy", "cy,Bo," + longest},
         {[this] {
-             const QRect last = mName.Names->visualItemRect(mName.Names->item(2));
-             QTest::mouseClick(mName.Names->viewport(), Qt::LeftButton, {}, last.center());
+             const QRect last = name.Names->visualItemRect(name.Names->item(2));
+             QTest::mouseClick(name.Names->viewport(), Qt::LeftButton, {}, last.center());
          },
          longest, longest + ",cy,Bo"},
     };
     std::int32_t score = 0;
     for (const auto& [act, entered, offered] : cases) {
         Check(++score, [&, enter = act] {
-            EXPECT_EQ(mName.Text1->text(), "");
+            EXPECT_EQ(name.Text1->text(), "");
             enter();
             press(Qt::Key_Return);
         });
@@ -180,17 +182,17 @@ TEST_F(HighScoresTest, BrowsingShowsBothTablesAndChangesNoFile) {
     const QByteArray tampered = OldTable().replace("10", "99");
     std::ofstream(mFile, std::ios::binary) << OldTable().toStdString();
     std::ofstream(mFolder.Path() / "H2.dat", std::ios::binary) << tampered.toStdString();
-    c_hMulti highScores(mScores, mName);
+    c_hMulti highScores(scores, name);
     QStringList seen;
     Robot robot([&] {
-        if (!mScores.isVisible())
+        if (!scores.isVisible())
             return; // the table is still read
-        const auto labels = mScores.findChildren<QLabel*>();
+        const auto labels = scores.findChildren<QLabel*>();
         const QString table = labels[1]->text() + u':' + labels[2]->text();
         if (!seen.endsWith(table)) // a second click that comes too soon is none
             seen << table;
-        EXPECT_TRUE(Minimises(mScores));
-        ClickOn(seen.size() < 3 ? mScores.pOther : mScores.pX);
+        EXPECT_TRUE(Minimises(scores));
+        ClickOn(seen.size() < 3 ? scores.pOther : scores.pX);
     });
     highScores.Browse();
     const QString normal = "Normal Play:1. Old, 10";
@@ -198,7 +200,7 @@ TEST_F(HighScoresTest, BrowsingShowsBothTablesAndChangesNoFile) {
     EXPECT_EQ(BytesOf(mFile), OldTable().toStdString());
     EXPECT_EQ(BytesOf(mFolder.Path() / "H2.dat"), tampered.toStdString());
     EXPECT_FALSE(fs::exists(mFolder.Path() / "H2.dat.old"));
-    EXPECT_FALSE(mScores.pOther->isVisibleTo(&mScores));
+    EXPECT_FALSE(scores.pOther->isVisibleTo(&scores));
 }
 
 } // namespace
