@@ -1,5 +1,9 @@
 #include "tests/Looks.h"
 
+#include "toolkit/Palette.h"
+#include "toolkit/Style.h"
+#include "toolkit/c_Surface.h"
+
 #include <QGuiApplication>
 #include <QImage>
 #include <QPixmap>
@@ -38,5 +42,11 @@ void ExpectLook(QWidget& form, const char* name) {
     const int differences = Differences(half, QImage(QStringLiteral(SONGRUSH_LOOKS "/") + file));
     EXPECT_EQ(differences, 0) << name << ": pixels that differ";
     if (differences != 0)
-        half.save(file);
+        half.save(QCoreApplication::applicationDirPath() + u'/' + file);
+}
+
+void PrepareLooks() {
+    toolkit::ApplyStyle();
+    if (gBack)
+        gBack->HDC(0)->Fill(QRect(0, 0, 800, 600), toolkit::kBlack);
 }

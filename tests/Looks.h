@@ -3,6 +3,10 @@
 class QWidget;
 
 /// Expects a form to look as it does in `tests/looks/<name>.png`, which has half its size. Shades
-/// that hardly differ count as the same. A picture that differs is saved where the test runs: if it
-/// is right it takes the other one's place.
+/// that hardly differ count as the same. A picture that differs is saved beside the test program:
+/// if it is right it takes the other one's place.
 void ExpectLook(QWidget& form, const char* name);
+
+/// Gives Qt's controls the program's style, and the program a black background, so that looks are
+/// only of what is drawn on it.
+void PrepareLooks();

@@ -1,4 +1,3 @@
-#include "editor/Filling.h"
 #include "editor/c_Editor.h"
 #include "library/SongFolders.h"
 #include "library/c_ID3.h"
@@ -6,6 +5,7 @@
 #include "platform/Text.h"
 #include "platform/Wait.h"
 #include "tests/HeldReads.h"
+#include "tests/Looks.h"
 #include "tests/Quit.h"
 #include "tests/Robot.h"
 #include "tests/SongFolder.h"
@@ -33,18 +33,24 @@ using Steps = QList<std::function<void()>>;
 
 class EditorTest : public testing::Test {
 protected:
+    EditorTest() {
+        PrepareLooks();
+        Start();
+    }
+
+    void Start() { editor = std::make_unique<c_Editor>(); }
+
     /// Runs the editor, does one step after the other, answers file dialogs with `mChosen` (nothing
     /// cancels) and leaves by the menu button, without saving.
     QStringList Run(Steps steps) {
         Robot robot([&] {
             if (AnswerFileDialog(mChosen) || !editor->Form().isVisible() || Works())
                 return;
-            if (steps.isEmpty()) {
-                mSaveQuestions = robot.mSaveQuestions;
-                robot.mSaving = QStringLiteral("Don't save");
-                return ClickOn(editor->Form().pMenu);
-            }
-            steps.takeFirst()();
+            if (!steps.isEmpty())
+                return steps.takeFirst()();
+            mSaveQuestions = robot.mSaveQuestions;
+            robot.mSaving = QStringLiteral("Don't save");
+            ClickOn(editor->Form().pMenu);
         });
         robot.mSaving = mSaving;
         editor->Run();
@@ -101,6 +107,14 @@ protected:
         };
     }
 
+    /// A step that looks at the editor once its list is drawn.
+    std::function<void()> Look(const char* name) {
+        return [=, this] {
+            QTest::qWait(100);
+            ExpectLook(editor->Form(), name);
+        };
+    }
+
     QString PathText(const char* name) const {
         return QString::fromStdString((mFolder.Path() / name).string());
     }
@@ -121,7 +135,7 @@ protected:
 
     std::optional<platform::QuitWatch> mQuitWatch{std::in_place};
     SongFolder mFolder;
-    std::unique_ptr<c_Editor> editor = std::make_unique<c_Editor>();
+    std::unique_ptr<c_Editor> editor;
     QString mSaving = "Don't save";
     int mSaveQuestions = 0; // apart from the one on leaving
     QString mChosen;
@@ -134,7 +148,7 @@ TEST_F(EditorTest, AFolderIsListedAndSortedUpAndDownByItsHeaderAndASongIsHeard) 
     QStringList seen;
     const auto look = [&] { seen << Names(); };
     const auto hear = [&] { seen << SongFolder::OpenTitle(); };
-    Run({Add(), Click(-1), look, Click(-1), look, Keys("End Space"), hear,
+    Run({Add(), Click(-1), look, Click(-1), look, Look("editor"), Keys("End Space"), hear,
          Press(editor->Player().Form().pNext), hear, Press(editor->Player().Form().pPrev), hear});
     EXPECT_EQ(seen[0], "song1 song2 song3 song4 song5 song6 song7 song8 song9 song10 song11");
     EXPECT_EQ(seen[1], "song11 song10 song9 song8 song7 song6 song5 song4 song3 song2 song1");
@@ -148,7 +162,7 @@ TEST_F(EditorTest, MarkedAndSelectedLinesAreRemovedAlsoAfterSorting) {
     // Marks 2 to 4, then 9 and 8, but 8 not after all; upside down they must be on the same songs.
     Run({Add(), Click(-1),
          Keys("Home Down Shift+Down Shift+Down Ctrl+End Ctrl+Space Ctrl+Up Ctrl+Space Ctrl+Space"),
-         Click(-1), Press(editor->Form().pRemove)});
+         Click(-1), Look("editor-marks"), Press(editor->Form().pRemove)});
     EXPECT_EQ(Names(), "song8 song7 song6 song5 song1");
     // What is marked, how, and what is left of the songs 1 to 9 when it is removed.
     const std::tuple<const char*, Steps, QString> cases[] = {
@@ -169,44 +183,36 @@ TEST_F(EditorTest, MarkedAndSelectedLinesAreRemovedAlsoAfterSorting) {
     }
 }
 
-TEST_F(EditorTest, SongsWithoutTitlesAreWarnedAboutAndSavedAndLoadedAgain) {
-    c_ID3().PutIdTag(mFolder.MakeSongs(12)[4]);
-    const QString list = PathText("PlayList/list1.M3U");
-    std::ofstream(mFolder.Path() / "PlayList" / "empty.m3u") << "#EXTM3U\r\n";
-    QString before;
-    const QStringList told =
-        Run({Add(), [&] { before = Names(); }, Press(editor->Form().pSave, list),
-             Keys("Ctrl+A Delete"), Press(editor->Form().pLoad, list),
-             Press(editor->Form().pLoad, PathText("PlayList/empty.m3u")),
-             Press(editor->Form().pLoad, PathText("Music/song1.mp3"))});
-    ASSERT_EQ(told.size(), 3);
-    EXPECT_TRUE(told[0].startsWith("Warning, This playlist contains MP3s"));
-    EXPECT_EQ(told[1], "empty.m3u has no songs.");
-    EXPECT_EQ(told[2], "song1.mp3 is not a playlist.");
-    EXPECT_EQ(mFrames,
-              QStringList("Songrush, Warning, OK") + QStringList(2, "Mp3 Editor, Information, OK"));
-    EXPECT_EQ(Names(), before) << "a list without songs leaves the old one";
-}
-
-TEST_F(EditorTest, MarkedSongsAreEditedOneAfterTheOtherOrGetTheSameArtist) {
-    mFolder.MakeSongs(3);
+TEST_F(EditorTest, MarkedSongsAreEditedOneByOneOrGetOneArtistAndAllIsTakenBack) {
+    mFolder.MakeSongs(2);
+    const fs::path song = mFolder.Path() / "Music" / "new.mp3"; // with a newer tag
+    const std::string bytes = std::string("ID3\3\0\0\0\0\0\26TIT2\0\0\0\14\0\0\0", 21) +
+                              "Newer title" + std::string(300, '\0');
+    std::ofstream(song, std::ios::binary) << bytes;
     f_Edit& dialog = editor->TitleDialog();
     const auto forAll = [&] { dialog.tArtist->setText("Band"), dialog.cAll->setChecked(true); };
     QStringList seen;
     const auto look = [&] {
-        seen << ShownLine(0) + ' ' + ShownLine(1) + ' ' + ShownLine(2) + ' ' +
-                    editor->Songs().UndoName();
+        const QString step = editor->Songs().UndoName();
+        seen << ShownLine(0) + (editor->Songs().IsNewer(editor->List().LineKey(0)) ? "* " : " ") +
+                    ShownLine(1) + ' ' + ShownLine(2) + (step.startsWith("Edit") ? step : "");
     };
-    Run({Add(), Click(-1), Keys("Ctrl+A Home Ctrl+A F2"),
-         Type(dialog.tSongTitle, "One", dialog.cmdNext),
-         Type(dialog.tSongTitle, "Two", dialog.cmdApply), look, Keys("F2"), forAll,
+    Run({Add(), Click(-1), Keys("Ctrl+A Home Ctrl+A F2"), [&] { ClickOn(dialog.cmdNext); },
+         Type(dialog.tSongTitle, "Two", dialog.cmdApply), look, Keys("F2"),
+         Type(dialog.tFileName, "renamed", dialog.cmdNext), forAll,
          Type(dialog.tSongTitle, "First", dialog.cmdNext), [&] { ClickOn(dialog.cmdCancel); }, look,
-         Keys("Ctrl+Z"), look});
-    const QString before = "song1\\One\\ song2\\Two\\ song3\\Title 3\\ Edit song2.mp3";
-    EXPECT_EQ(seen, QStringList({before,
-                                 "song1\\First\\Band song2\\Two\\Band song3\\Title 3\\Band "
-                                 "Edit 3 songs",
-                                 before}));
+         Keys("Ctrl+Z"), look, Keys("Ctrl+Z"), Keys("Ctrl+Z"), Keys("Ctrl+Z"), look});
+    EXPECT_EQ(seen, QStringList({"new\\Newer title\\ song1\\Two\\ song2\\Title 2\\Edit song1.mp3",
+                                 "renamed\\Newer title\\Band song1\\First\\Band "
+                                 "song2\\Title 2\\BandEdit 3 songs",
+                                 "renamed\\Newer title\\ song1\\Two\\ song2\\Title 2\\Edit new.mp3",
+                                 "new\\Newer title\\* song1\\Title 1\\ song2\\Title 2\\"}));
+    EXPECT_EQ(BytesOf(song), bytes);
+    mFolder.MakeSongs(1, "Music/renamed.mp3");
+    const QString problem = "It keeps its name: another file is called \"renamed.mp3\".";
+    EXPECT_EQ(Run({Keys("Ctrl+Y"), Keys("Ctrl+Y"), Keys("Ctrl+Y")}),
+              QStringList("new.mp3:\n" + problem));
+    EXPECT_EQ(editor->Songs().UndoName(), "Edit song1.mp3");
 }
 
 TEST_F(EditorTest, DroppedFilesAreAddedFoundAndHaveAMenu) {
@@ -243,37 +249,19 @@ TEST_F(EditorTest, DroppedFilesAreAddedFoundAndHaveAMenu) {
         QTest::keyClick(open, Qt::Key_Up);
         QTest::keyClick(open, Qt::Key_Return);
     };
-    Run({drop({"PlayList/other.m3u"}), drop({"Music", "PlayList/other.m3u", "Images/X.bmp"}),
-         Click(-1), Click(-1), Keys("Home Ctrl+F"), find("TITLE 2"), find(""), find(""),
-         find("", Qt::ShiftModifier), find("2"), Keys("Escape Delete Shift+F10"), choose});
+    const auto lists = drop({"PlayList/other.m3u"});
+    const auto more = drop({"Music", "PlayList/other.m3u", "Images/X.bmp"});
+    const auto both = [&] { lists(), more(); }; // which comes in its turn
+    const QStringList told =
+        Run({drop({"none.m3u"}), both, Click(-1), Click(-1), Keys("Home Ctrl+F"), find("TITLE 2"),
+             find(""), find(""), find("", Qt::ShiftModifier), find("2"),
+             Keys("Escape Delete Shift+F10"), choose});
+    EXPECT_TRUE(told.join(u'|').startsWith("none.m3u cannot be read")) << told.size();
+    EXPECT_FALSE(fs::exists(mFolder.Path() / "none.m3u"));
     EXPECT_EQ(found, QList<int>({1, 2, 3, 2, 2}));
     EXPECT_EQ(menu.join(u' '), "Play Edit Remove Show in folder -Find missing  "
                                "Undo Remove 1 song -Redo");
     EXPECT_EQ(Names(), "song3 song2 song2 song2 song1 song1 song1") << "undone by the menu";
-}
-
-TEST_F(EditorTest, ATitleOfANewerTagIsShownAndWrittenByApplyAndWithAnArtistForAll) {
-    mFolder.MakeSongs(1);
-    const fs::path song = mFolder.Path() / "Music" / "new.mp3";
-    const std::string bytes = std::string("ID3\3\0\0\0\0\0\26TIT2\0\0\0\14\0\0\0", 21) +
-                              "Newer title" + std::string(300, '\0');
-    std::ofstream(song, std::ios::binary) << bytes;
-    f_Edit& dialog = editor->TitleDialog();
-    const auto forAll = [&] { dialog.tArtist->setText("Band"), dialog.cAll->setChecked(true); };
-    QStringList seen;
-    const auto look = [&] {
-        const editor::SongFacts facts = editor::FactsOf(song);
-        seen << ShownLine(1) + (editor->Songs().IsNewer(editor->List().LineKey(1)) ? "*" : "") +
-                    " - " + facts.title + '\\' + facts.artist;
-    };
-    Run({Add(), Click(-1), Click(-1), look, Keys("End Return"), [&] { ClickOn(dialog.cmdApply); },
-         look, Keys("Ctrl+Z"), [&] { EXPECT_EQ(BytesOf(song), bytes); }, look,
-         Keys("Home Ctrl+A F2"), Type(dialog.tFileName, "renamed", dialog.cmdNext), forAll,
-         [&] { ClickOn(dialog.cmdApply); }, look});
-    const QString line = "new\\Newer title\\";
-    EXPECT_EQ(seen, QStringList({line + "* - \\", line + " - Newer title\\", line + "* - \\",
-                                 line + "Band - Newer title\\Band"}));
-    EXPECT_EQ(ShownLine(0), "renamed\\Title 1\\Band");
 }
 
 TEST_F(EditorTest, AnUnsavedListIsAskedAboutBeforeItGoesAndNoOther) {
@@ -319,7 +307,7 @@ TEST_F(EditorTest, WhatWasEditedWhenTheProgramEndedIsOfferedAgain) {
         EXPECT_EQ(mSaveQuestions, 0);
         ForgetQuit();
         mQuitWatch.emplace();
-        editor = std::make_unique<c_Editor>();
+        Start();
         EXPECT_TRUE(platform::AsidesEnd(20s));
     };
     const auto offered = [this] { return QTest::qWaitFor([&] { return !Names().isEmpty(); }); };
@@ -333,20 +321,13 @@ TEST_F(EditorTest, WhatWasEditedWhenTheProgramEndedIsOfferedAgain) {
         QStringList("The list \"mine\" was not saved when the program ended.\n"
                     "Do you want to go on with it?"));
     EXPECT_EQ(editor->List().LineCount(), 2);
-    editor = std::make_unique<c_Editor>();
+    Start();
     EXPECT_TRUE(platform::AsidesEnd(20s));
     EXPECT_FALSE(fs::exists(copy)) << "it was left with Don't save";
 }
 
 TEST_F(EditorTest, AnEmptyListIsToldAndCancelledDialogsDoNothing) {
     f_Editor& form = editor->Form();
-    QStringList captions;
-    for (const auto* box : {form.pAddFile, form.pAddDir, form.pRemove, form.pEdit, form.pPlay,
-                            form.pLoad, form.pSave, form.pMenu, form.pList})
-        captions << box->accessibleName();
-    EXPECT_EQ(captions.join(u'|'),
-              "Add File|Add Directory|Remove|Edit Title/Artist|Play|Load PlayList|Save PlayList|"
-              "Exit Editor|Songs");
     library::SetLastMp3Folder(mFolder.Path());
     EXPECT_EQ(Run({Press(form.pEdit), Press(form.pPlay), Press(form.pSave), Press(form.pRemove),
                    Press(form.pLoad), Press(form.pAddFile), Press(form.pAddDir),
@@ -363,15 +344,27 @@ TEST_F(EditorTest, AnyNameSurvivesListAndPlaylistAndAnEditedSongIsShownInAllItsL
         const fs::path made = songs[i];
         fs::rename(made, songs[i].replace_filename(names[i]));
     }
-    const QString list = PathText("PlayList/odd.m3u");
+    c_ID3().PutIdTag(songs[1]);
+    const QString list = PathText("PlayList/odd.M3U");
+    std::ofstream(mFolder.Path() / "PlayList" / "empty.m3u") << "#EXTM3U\r\n";
     f_Edit& dialog = editor->TitleDialog();
-    Run({Add(), Press(editor->Form().pAddFile, "\"back\\slash.mp3\" \"why?.mp3\""),
-         Press(editor->Form().pAddFile, "why?.mp3"), Press(editor->Form().pSave, list),
-         Press(editor->Form().pLoad, list), Click(-1), Click(-1), Keys("Home Return"),
-         Type(dialog.tSongTitle, "Schön", dialog.cmdApply), Keys("Return"),
-         Type(dialog.tArtist, "Я, a band whose name fills a tag", dialog.cmdApply), Keys("Return"),
-         Type(dialog.tFileName, "#\"quoted\"", dialog.cmdApply)});
-    EXPECT_EQ(mFrames, QStringList(2, "Mp3 Editor, Information, OK")) << "cut, and a taken name";
+    const QStringList told =
+        Run({Add(), Press(editor->Form().pAddFile, "\"back\\slash.mp3\" \"why?.mp3\""),
+             Press(editor->Form().pAddFile, "why?.mp3"), Press(editor->Form().pSave, list),
+             Keys("Ctrl+A Delete"), Press(editor->Form().pLoad, list),
+             Press(editor->Form().pLoad, PathText("PlayList/empty.m3u")),
+             Press(editor->Form().pLoad, PathText("Music/why?.mp3")), Click(-1), Click(-1),
+             Keys("Home Return"), Type(dialog.tSongTitle, "Schön", dialog.cmdApply), Keys("Return"),
+             Type(dialog.tArtist, "Я, a band whose name fills a tag", dialog.cmdApply),
+             Keys("Return"), Type(dialog.tFileName, "#\"quoted\"", dialog.cmdApply)});
+    ASSERT_EQ(told.size(), 5);
+    EXPECT_TRUE(told[0].startsWith("Warning, This playlist contains MP3s"));
+    EXPECT_EQ(told.mid(1, 2),
+              QStringList({"empty.m3u has no songs.", "why?.mp3 is not a playlist."}));
+    EXPECT_TRUE(told[3].contains("all letters of the artist"));
+    EXPECT_TRUE(told[4].contains("another file"));
+    EXPECT_EQ(mFrames,
+              QStringList("Songrush, Warning, OK") + QStringList(4, "Mp3 Editor, Information, OK"));
     songs.insert(songs.end(), {songs[0], songs[0], songs[1]});
     std::vector<fs::path> keys;
     for (int line = 0; line < editor->List().LineCount(); ++line) {
@@ -398,29 +391,6 @@ TEST_F(EditorTest, EscapeFirstStopsAScanAndThenLeaves) {
     Run({Add(), begun, Keys("Escape"), stopped, Keys("Escape")});
     EXPECT_TRUE(editor->ExitProgram);
     EXPECT_EQ(editor->List().LineCount(), 0);
-}
-
-TEST(FillingTest, WhatIsAskedForMeanwhileComesInItsTurn) {
-    const TemporaryFolder folder;
-    folder.Write("one/song.mp3", "");
-    const std::vector<fs::path> gone(30, folder.Path() / "list" / "song.mp3");
-    QStringList seen;
-    editor::Filling filling([] {});
-    const auto add = [&](const QString& name, editor::Reading reading) {
-        filling.Do({name, std::move(reading),
-                    [&seen, name](const auto& news) {
-                        for (const editor::Line& line : news.lines)
-                            seen << name + (line.missing ? " missing" : "");
-                    },
-                    [&seen](const auto& news) { seen << news.failure; }});
-    };
-    add("one", editor::ReadFolder(folder.Path() / "one"));
-    add("files", editor::ReadFiles(gone));
-    add("list", editor::ReadPlaylist(folder.Path() / "none.m3u"));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !filling.Busy(); }));
-    EXPECT_EQ(seen.mid(0, 32), QStringList({"one", ""}) + QStringList(30, "files missing"));
-    EXPECT_TRUE(seen.back().startsWith("none.m3u cannot be read"));
-    EXPECT_EQ(folder.Entries(), 1) << "a list was made by looking for it";
 }
 
 } // namespace

@@ -51,12 +51,7 @@ protected:
 
     toolkit::PictureBox mBox{nullptr, "pList", QSize(400, 200)};
     c_PicList mList;
-    editor::SongList mSongs{mList, [](const std::vector<editor::SongWish>& wishes) {
-                                std::vector<editor::SongChange> changes;
-                                for (const auto& wish : wishes)
-                                    changes.push_back(editor::ChangeSong(wish));
-                                return changes;
-                            }};
+    editor::SongList mSongs{mList, {}};
 };
 
 TEST_F(SongListTest, EveryStepIsTakenBackAndAgainAsOftenAsOneLikes) {
@@ -83,37 +78,6 @@ TEST_F(SongListTest, EveryStepIsTakenBackAndAgainAsOftenAsOneLikes) {
         mSongs.Add(Lines({"x"}));
     }
     EXPECT_GT(Replay().size(), 150) << "many steps are kept";
-}
-
-TEST_F(SongListTest, EditsAreTakenBackOnDiskButNeverOverAnotherFile) {
-    const TemporaryFolder folder;
-    const auto path = [&folder](const char* name) { return folder.Path() / name; };
-    for (const char* name : {"one.mp3", "two.mp3"})
-        folder.Write(name, std::string(200, 'x'));
-    const auto edit = [](const char* title, const char* name) {
-        return [=](editor::SongFacts& facts) {
-            facts.title = title;
-            facts.path.replace_filename(name);
-        };
-    };
-    mSongs.Begin({});
-    for (const char* name : {"one.mp3", "two.mp3", "one.mp3"})
-        mSongs.Add({editor::LineOf(editor::FactsOf(path(name)))});
-    // The second one takes the name that the first one leaves.
-    mSongs.Changed({editor::ChangeSong({path("one.mp3"), edit("First", "new.mp3")}),
-                    editor::ChangeSong({path("two.mp3"), edit("Second", "one.mp3")})});
-    EXPECT_EQ(mSongs.UndoName(), "Edit 2 songs");
-    EXPECT_EQ(mSongs.Undo(), "");
-    EXPECT_EQ(Names(), "onetwoone");
-    EXPECT_EQ(editor::FactsOf(path("two.mp3")).title, "");
-    EXPECT_EQ(mSongs.Redo(), "");
-    EXPECT_EQ(Names(), "newonenew");
-    EXPECT_EQ(editor::FactsOf(path("one.mp3")).title, "Second");
-    folder.Write("two.mp3", "another file");
-    EXPECT_TRUE(mSongs.Undo().contains("another file is called \"two.mp3\""));
-    EXPECT_EQ(BytesOf(path("two.mp3")), "another file");
-    for (int line = 0; line < 3; ++line)
-        EXPECT_TRUE(fs::exists(platform::PathFromKey(mList.LineKey(line))));
 }
 
 TEST_F(SongListTest, MissingSongsAreReplacedByThoseFoundByTheirNames) {

@@ -2,6 +2,7 @@
 #include "library/c_ID3.h"
 #include "platform/Text.h"
 #include "platform/Wait.h"
+#include "tests/Looks.h"
 #include "tests/Quit.h"
 #include "tests/Robot.h"
 #include "tests/TemporaryFolder.h"
@@ -43,14 +44,15 @@ protected:
 
     /// Runs the dialog on a song while the user does `act`, which must close it. Returns the file's
     /// path.
-    fs::path Run(const fs::path& song, const std::function<void()>& act) {
+    fs::path Run(const fs::path& song, const std::function<void()>& act,
+                 const editor::Series& series = {}) {
         bool acted = false;
         Robot robot([&] {
             if (mDialog.isVisible() && !mDialog.tFileName->isReadOnly() &&
                 !std::exchange(acted, true))
                 act();
         });
-        const QString key = mDialog.Run(song);
+        const QString key = mDialog.Run(song, series);
         mMessages = robot.Messages();
         EXPECT_FALSE(mDialog.isVisible());
         return platform::PathFromKey(key);
@@ -90,7 +92,6 @@ TEST_F(TitleDialogTest, ApplyingWritesTheTagAndRenamesTheFileUnlessItsNameIsLeft
         const QString fields = shown + "|Old Title|Old Artist";
         const fs::path now = Run(MakeSong(name), [&, text = typed] {
             EXPECT_EQ(Fields(), fields);
-            EXPECT_EQ(mDialog.lPath->text(), QString::fromStdString(mFolder.Path().string() + "/"));
             EXPECT_EQ(mDialog.focusWidget(), mDialog.tFileName);
             EXPECT_TRUE(mDialog.IsModal());
             Type(mDialog.tFileName, "x");
@@ -176,15 +177,21 @@ TEST_F(TitleDialogTest, TheHelperButtonsMakeTheFieldsFromEachOther) {
     EXPECT_EQ(mMessages, QStringList("No songtitle or artist to combine."));
 }
 
-TEST_F(TitleDialogTest, ALongFolderIsShortened) {
-    const fs::path folder = mFolder.Path() / std::string(120, 'f') / "<b>Last</b>";
-    Run(folder / "missing.mp3", [&] {
-        const QLabel& path = *mDialog.lPath;
-        EXPECT_LE(path.sizeHint().width(), path.width());
-        EXPECT_TRUE(path.text().endsWith("/"));
-        EXPECT_EQ(path.accessibleName(), QString::fromStdString(folder.string() + "/"));
-        ClickOn(mDialog.cmdApply);
-    });
+TEST_F(TitleDialogTest, ShowsAPlaceInTheSeriesALongFolderAndWhatTagsHold) {
+    PrepareLooks();
+    const fs::path folder = "/" + std::string(120, 'f') + "/<b>Last</b>";
+    const editor::Series series{{folder / "first.mp3", folder / "song.mp3", "last.mp3"}, 1};
+    Run(
+        series.songs[1],
+        [&] {
+            mDialog.tSongTitle->setText("A title");
+            mDialog.tArtist->setText("An artist of far too many letters");
+            ExpectLook(mDialog, "title-dialog");
+            EXPECT_EQ(mDialog.lPath->accessibleName(),
+                      "2 of 3: " + QString::fromStdString(folder.string() + "/"));
+            ClickOn(mDialog.cmdCancel);
+        },
+        series);
 }
 
 } // namespace

@@ -10,11 +10,10 @@
 #include "platform/Motion.h"
 #include "platform/Time.h"
 #include "platform/Wait.h"
+#include "tests/Looks.h"
 #include "tests/Robot.h"
 #include "tests/SongFolder.h"
 #include "tests/game/FixedSource.h"
-#include "toolkit/Palette.h"
-#include "toolkit/c_Surface.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -43,7 +42,7 @@ protected:
     static void StandStill() {
         platform::ReplaceMotionWish([] { return true; });
         platform::ReplaceRandom([] { return 0.2; });
-        gBack->HDC(0)->Fill(QRect(0, 0, 800, 600), toolkit::kBlack);
+        PrepareLooks();
     }
 
     /// Stops the clock until a test moves it. The time of day then runs backwards, as it does at

@@ -3,12 +3,13 @@
 #include "platform/Settings.h"
 #include "tests/Fingers.h"
 #include "tests/HeldReads.h"
-#include "tests/Looks.h"
 #include "tests/audio/ToneFile.h"
 #include "tests/game/GameScene.h"
+#include "toolkit/Palette.h"
 #include "toolkit/Stage.h"
 #include "toolkit/Style.h"
 
+#include <QAnimationDriver>
 #include <QSignalSpy>
 #include <QTest>
 #include <algorithm>
@@ -157,6 +158,44 @@ TEST_F(GameTest, ABetFixesTheClipAndThePointsHasItsOwnTableAndCanBeLeftOpen) {
     });
     EXPECT_TRUE(mExit);
     EXPECT_FALSE(board.isVisible());
+}
+
+/// Has animations take the time that a test gives them.
+class Frames : public QAnimationDriver {
+public:
+    Frames() { install(); }
+    void Pass(int count) {
+        for (; count > 0; --count, mTime += 50) {
+            QCoreApplication::processEvents(); // in which animations begin
+            advanceAnimation();
+        }
+    }
+    qint64 elapsed() const override { return mTime; }
+
+private:
+    qint64 mTime = 0; // milliseconds
+};
+
+TEST_F(GameTest, LightBurstsFromAnAnswerAndTheRecordTurnsWithTheClip) {
+    StandStill();
+    game::Burst burst(&board);
+    const auto begin = [&burst] { burst.Begin(QRect(450, 400, 200, 66), toolkit::kPink); };
+    begin();
+    EXPECT_FALSE(burst.isVisible()) << "no motion is wanted";
+    platform::ReplaceMotionWish([] { return false; });
+    board.CopyBackground();
+    board.ShowInPlace();
+    board.TurnRecord();
+    Audio().OpenFile(mFolder.Path() / "Music" / "song1.mp3");
+    Audio().SeekTo(0.1);
+    QTest::qWait(150);
+    Frames frames;
+    begin();
+    frames.Pass(3);
+    ExpectLook(board, "game-moves");
+    frames.Pass(20);
+    EXPECT_FALSE(burst.isVisible());
+    board.hide();
 }
 
 TEST_F(GameTest, AClipIsCutWhenTheClockHasRunAndAllThatWasBetWasHeard) {

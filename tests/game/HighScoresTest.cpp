@@ -3,7 +3,6 @@
 #include "game/LastNames.h"
 #include "platform/Aside.h"
 #include "platform/Settings.h"
-#include "tests/Looks.h"
 #include "tests/Quit.h"
 #include "tests/game/GameScene.h"
 #include "toolkit/Stage.h"
