@@ -320,6 +320,7 @@ TEST_F(EditorTest, WhatWasEditedWhenTheProgramEndedIsOfferedAgain) {
              [&] { EXPECT_EQ(editor->Form().windowTitle(), "mine, not saved - Mp3 Editor"); }}),
         QStringList("The list \"mine\" was not saved when the program ended.\n"
                     "Do you want to go on with it?"));
+    EXPECT_TRUE(mFrames.join(u'|').startsWith("Mp3 Editor, ")) << "the question";
     EXPECT_EQ(editor->List().LineCount(), 2);
     Start();
     EXPECT_TRUE(platform::AsidesEnd(20s));

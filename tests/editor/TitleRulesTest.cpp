@@ -33,15 +33,6 @@ TEST(TitleRulesTest, CharactersThatDoNotBelongAreTakenOut) {
            {"? padded ?", "padded"},
            {"Artist - Title* (1|2): \"x\".mp3", "Artist - Title* (1|2): \"x\".mp3"},
            {"\ttab", "\ttab"}});
-    Check(editor::NameCharacters, {{"a:b\\/<>:*|?", "ab"},
-                                   {"two\r\nlines", "twolines"},
-                                   {" \"quoted\" + 50% ", " \"quoted\" + 50% "}});
-}
-
-TEST(TitleRulesTest, TheEndingIsTakenOffAndPutBack) {
-    Check(editor::WithoutEnding,
-          {{"song.mp3.Mp3", "song.mp3"}, {".mp3", ""}, {"song.ogg", "song.ogg"}, {"mp3", "mp3"}});
-    Check(editor::WithEnding, {{"song", "song.mp3"}, {"song.MP3", "song.MP3"}, {"", ".mp3"}});
 }
 
 TEST(TitleRulesTest, ArtistAndTitleAreGuessedFromTheNameAndCombinedToOne) {
@@ -59,21 +50,6 @@ TEST(TitleRulesTest, ArtistAndTitleAreGuessedFromTheNameAndCombinedToOne) {
     }
     EXPECT_EQ(editor::Combine(" The Band ", " The Song "), QString("The Band-The Song"));
     EXPECT_EQ(editor::Combine("", "The Song"), QString("-The Song"));
-}
-
-TEST(TitleRulesTest, ItIsToldHowMuchOfATextATagHolds) {
-    const QString alphabet = "abcdefghijklmnopqrstuvwxyz 0123456789";
-    const std::pair<editor::Fitting, QString> cases[] = {
-        {editor::FitArtist(" Größe "), "5 of 30 characters"},
-        {editor::FitArtist(alphabet),
-         "37 of 30 characters; the tag will have \"" + alphabet.left(30) + "\""},
-        {editor::FitTitle(alphabet), "37 of 59 characters"},
-        {editor::FitTitle(alphabet + alphabet),
-         "74 of 59 characters; the tag will have \"" + (alphabet + alphabet).left(59) + "\""},
-        {editor::FitTitle("Д-1"), "3 of 59 characters; the tag will have \"?-1\""},
-    };
-    for (const auto& [fitting, hint] : cases)
-        EXPECT_EQ(fitting.Hint(), hint);
 }
 
 } // namespace
