@@ -107,6 +107,20 @@ protected:
         };
     }
 
+    /// A step that chooses from the open menu what begins like that.
+    std::function<void()> Choose(const QString& name) {
+        return [=, this] {
+            auto* open = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+            ASSERT_NE(open, nullptr);
+            for (QAction* action : open->actions()) {
+                mMenu << (action->isEnabled() ? "" : "-") + action->text().section(u'\t', 0, 0);
+                if (action->text().startsWith(name))
+                    open->setActiveAction(action);
+            }
+            QTest::keyClick(open, Qt::Key_Return);
+        };
+    }
+
     /// A step that looks at the editor once its list is drawn.
     std::function<void()> Look(const char* name) {
         return [=, this] {
@@ -141,6 +155,7 @@ protected:
     QString mChosen;
     bool mMeanwhile = false; // the next step does not wait until all is read
     QStringList mFrames;     // of the messages
+    QStringList mMenu;       // that was open last; what cannot be chosen has a "-"
 };
 
 TEST_F(EditorTest, AFolderIsListedAndSortedUpAndDownByItsHeaderAndASongIsHeard) {
@@ -215,6 +230,48 @@ TEST_F(EditorTest, MarkedSongsAreEditedOneByOneOrGetOneArtistAndAllIsTakenBack) 
     EXPECT_EQ(editor->Songs().UndoName(), "Edit song1.mp3");
 }
 
+TEST_F(EditorTest, EveryStepIsTakenBackAndAgainAsOftenAsOneLikes) {
+    mFolder.MakeSongs(4);
+    library::SetLastMp3Folder(mFolder.Path() / "Music");
+    toolkit::PictureBox* add = editor->Form().pAddFile;
+    QStringList seen;
+    const auto look = [&] { seen << Names().remove("song") + editor->Songs().UndoName(); };
+    const QStringList states = {"",
+                                "2 1Add 2 songs",
+                                "2 1 3Add 1 song",
+                                "1 2 3Sort by File Name",
+                                "3Remove 2 songs",
+                                "3 4Add 1 song"};
+    Steps steps = {Press(add, "\"song2.mp3\" \"song1.mp3\""), Press(add, "song3.mp3"), Click(-1),
+                   Keys("Home Shift+Down Delete"), Press(add, "song4.mp3")};
+    QStringList expected;
+    for (int round = 0; round < 2; ++round) {
+        for (qsizetype i = states.size() - 1; i > 0; --i, expected << states[i])
+            steps << Keys("Ctrl+Z") << look;
+        for (qsizetype i = 1; i < states.size(); ++i, expected << states[i - 1])
+            steps << Keys("Ctrl+Y") << look;
+    }
+    Run(steps << Keys("Ctrl+Z") << Keys("Home Delete"));
+    EXPECT_EQ(seen, expected);
+    EXPECT_EQ(editor->Songs().RedoName(), "") << "what was undone is over";
+}
+
+TEST_F(EditorTest, MissingSongsAreReplacedByThoseFoundByTheirNames) {
+    mFolder.MakeSongs(1, "deep/er");
+    const fs::path gone = mFolder.Path() / "gone";
+    mFolder.MakePlaylist({gone / "SONG1.mp3", gone / "lost.mp3", gone / "SONG1.mp3"});
+    QStringList seen;
+    const auto look = [&] {
+        seen << Names() + QStringLiteral(" %1 missing").arg(editor->Songs().Missing().size());
+    };
+    const auto folder = [this] { mChosen = PathText("deep"); };
+    EXPECT_EQ(Run({Press(editor->Form().pLoad, PathText("PlayList/Test.m3u")), look, folder,
+                   Keys("Home Shift+F10"), Choose("Find missing"), look, Keys("Ctrl+Z"), look}),
+              QStringList("1 of 2 missing songs were found."));
+    EXPECT_EQ(seen,
+              QStringList({"SONG1 lost SONG1 2 missing", "song1 lost song1 1 missing", seen[0]}));
+}
+
 TEST_F(EditorTest, DroppedFilesAreAddedFoundAndHaveAMenu) {
     mFolder.MakeSongs(3);
     mFolder.MakePlaylist(mFolder.MakeSongs(2, "Other"), "other.m3u");
@@ -240,27 +297,18 @@ TEST_F(EditorTest, DroppedFilesAreAddedFoundAndHaveAMenu) {
             found << editor->List().LineSelectedNum();
         };
     };
-    QStringList menu;
-    const auto choose = [&] {
-        auto* open = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-        ASSERT_NE(open, nullptr);
-        for (const QAction* action : open->actions())
-            menu << (action->isEnabled() ? "" : "-") + action->text().section(u'\t', 0, 0);
-        QTest::keyClick(open, Qt::Key_Up);
-        QTest::keyClick(open, Qt::Key_Return);
-    };
     const auto lists = drop({"PlayList/other.m3u"});
     const auto more = drop({"Music", "PlayList/other.m3u", "Images/X.bmp"});
     const auto both = [&] { lists(), more(); }; // which comes in its turn
     const QStringList told =
         Run({drop({"none.m3u"}), both, Click(-1), Click(-1), Keys("Home Ctrl+F"), find("TITLE 2"),
              find(""), find(""), find("", Qt::ShiftModifier), find("2"),
-             Keys("Escape Delete Shift+F10"), choose});
+             Keys("Escape Delete Shift+F10"), Choose("Undo")});
     EXPECT_TRUE(told.join(u'|').startsWith("none.m3u cannot be read")) << told.size();
     EXPECT_FALSE(fs::exists(mFolder.Path() / "none.m3u"));
     EXPECT_EQ(found, QList<int>({1, 2, 3, 2, 2}));
-    EXPECT_EQ(menu.join(u' '), "Play Edit Remove Show in folder -Find missing  "
-                               "Undo Remove 1 song -Redo");
+    EXPECT_EQ(mMenu.join(u' '), "Play Edit Remove Show in folder -Find missing  "
+                                "Undo Remove 1 song -Redo");
     EXPECT_EQ(Names(), "song3 song2 song2 song2 song1 song1 song1") << "undone by the menu";
 }
 
