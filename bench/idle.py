@@ -11,8 +11,10 @@ from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "tests/drive"))
 import hand
+from files import copy_program
 from game import Game
-from program import open_program
+from program import Program
+from stage import Stage
 
 
 def used_seconds(program):
@@ -31,11 +33,12 @@ def measure(program, name, seconds):
 
 
 def main(folder, seconds="10"):
-    with open_program(folder) as program:
+    with Stage() as stage:
+        program = Program(stage, copy_program(Path(folder).resolve(), stage.folder / "program"))
         program.ready("One player")
         measure(program, "menu", int(seconds))
         game = Game(program)
-        game.choose("Sample.m3u")
+        game.choose(program.data / "PlayList/Sample.m3u")
         for name, _ in zip(("waiting board", "clip playing"), game.moments()):
             hand.move_away()
             measure(program, name, int(seconds))

@@ -1,5 +1,7 @@
 """What the program reads and writes: playlists, tags, score tables."""
 
+import os
+import re
 import shutil
 
 
@@ -12,8 +14,9 @@ def copy_program(folder, copy):
 
 
 def played(playlist):
-    """How many songs are marked as played."""
-    return playlist.read_bytes().count(b"#Songrush:1")
+    """The songs that are marked as played."""
+    marked = re.findall(rb"#Songrush:1\r\n(.*)\r\n", playlist.read_bytes())
+    return [(playlist.parent / os.fsdecode(song)).resolve() for song in marked]
 
 
 def song_count(playlist):
@@ -28,5 +31,5 @@ def has_title(song, title):
 
 def table_of(file):
     """The names and scores of a table, best first."""
-    lines = file.read_text(encoding="cp1252").splitlines()
+    lines = file.read_text(encoding="cp1252").splitlines() if file.exists() else []
     return [(name, int(score)) for name, score in zip(lines[0::3], lines[1::3])]

@@ -11,7 +11,6 @@ BETS = {"1 Second, 140,000 Points": 140000, "2 Seconds, 70,000 Points": 70000,
 ROW = r"(\d+)\. ([^,]+), (\d+)(, new)?\."
 QUICKPLAY = "QuickPlay (Select a Directory of MP3's)"
 PLAYLIST = "PlayList (Select a playlist file)"
-CREATE = "Create Playlist (Use Editor to create a playlist)"
 PLAYERS = re.compile(r"\d+")  # how many, as the list of them shows
 NOT_CHOICES = {"Close", "Minimise", "Volume", "Hint"}
 
@@ -30,11 +29,13 @@ class Game:
     def __init__(self, program, betting=False, players=1):
         self.program = program
         self.betting = betting
+        self.kind = "Betting" if betting else "Normal Play"
         self.scores = [0] * players
         self.told = None  # the score that was announced last
         self.turn = 0
-        self.perfect = list(range(1, players + 1))  # players without a wrong answer
+        self.failed = set()  # players with a wrong answer
         self.choices = {}  # by their keys
+        self.entered = []  # the rows of the table that have been entered
 
     def use(self, name):
         """Presses a button."""
@@ -94,20 +95,20 @@ class Game:
             pass
         self.leave()
 
-    def begin(self):
-        players = len(self.scores)
-        due = sentences(f"Round {(self.turn - 1) // players + 1} of 6", *self.new_score(),
-                        "Single Player Mode" if players == 1 else f"Player {self.player + 1}")
-        if self.betting:
-            due += " I can name that MP3 in: " + numbered(dict(enumerate(BETS, 1)))
-        else:
-            due += " " + QUESTION
-        self.program.announced(re.escape(due), skip=self.turn == 1)
+    def addressed(self, one, several="Player {}"):
+        return one if len(self.scores) == 1 else several.format(self.player + 1)
 
     def new_score(self):
         """What is announced about the player's score."""
         told, self.told = self.told, self.scores[self.player]
         return [] if told == self.told else [f"SCORE: {self.told}"]
+
+    def begin(self):
+        due = sentences(f"Round {(self.turn - 1) // len(self.scores) + 1} of 6", *self.new_score(),
+                        self.addressed("Single Player Mode"))
+        asked = f"I can name that MP3 in: {numbered(dict(enumerate(BETS, 1)))}"
+        due += f" {asked if self.betting else QUESTION}"
+        self.program.announced(re.escape(due), skip=self.turn == 1)
 
     def bet(self, seconds):
         self.choices = dict(enumerate(BETS, 1))
@@ -121,37 +122,36 @@ class Game:
         self.read_choices(4)
         clock = re.compile(r"TIME: \d\d\.\d\d")
         assert self.program.seen(clock, "label"), "the clock cannot be read"
-        song = self.program.asked()
+        song = self.program.wait("the song of this turn",
+                                 lambda: self.program.noted()[self.turn - 1:])[-1]
         self.right_title = next(c for c in self.choices.values() if has_title(song, c))
 
     def read_choices(self, count, before=()):
         """Reads the choices as announced after the texts `before`; the buttons must agree."""
         heard = self.program.announced(" ".join([*before, *[r"(\d): (.+)[.!?:]"] * count]))
-        keys = [int(key) for key in heard.groups()[0::2]]
         buttons = [b.get_name() for b in self.program.all("push button")]
         shown = [name for name in buttons if name not in NOT_CHOICES]
-        self.choices = dict(zip(keys, shown))
-        assert heard[0].endswith(numbered(self.choices)), f"announced was {heard[0]}, shown is {shown}"
+        self.choices = dict(zip(map(int, heard.groups()[0::2]), shown))
+        assert heard[0].endswith(numbered(self.choices)), f"heard {heard[0]}, shown is {shown}"
 
     def take_hint(self):
         self.use("Hint")
         self.scores[self.player] = max(self.scores[self.player] - 10000, 0)
-        self.read_choices(2, before=[sentences(score) for score in self.new_score()])
+        self.read_choices(2, before=map(sentences, self.new_score()))
 
     def answer(self, right):
         """Answers right or wrong and returns the points."""
         self.use(next(c for c in self.choices.values() if (c == self.right_title) == right))
-        who = "You are" if len(self.scores) == 1 else f"Player {self.player + 1} is"
-        if right:
-            verdict = rf"{who} Correct! .+ (\d+) Points\.(?: \d right in a row!)?"
-        else:
-            verdict = re.escape(sentences(f"{who} Wrong!", "The Correct Answer Is:",
-                                          self.right_title))
-            self.perfect = [player for player in self.perfect if player != self.player + 1]
-        said = self.program.announced(rf"{verdict}(?: SCORE: (\d+)\.)? By .+")
+        who = self.addressed("You are", "Player {} is")
+        wrong = sentences(f"{who} Wrong!", "The Correct Answer Is:", self.right_title)
+        verdict = (rf"{who} Correct! .+ (\d+) Points\.(?: \d right in a row!)?" if right else
+                   re.escape(wrong))
+        said = self.program.announced(rf"{verdict}(?: (SCORE: \d+)\.)? By .+")
+        if not right:
+            self.failed.add(self.player)
         points = int(said[1]) if right else 0
         self.scores[self.player] += points
-        told = [f"SCORE: {said[said.lastindex]}"] if right else []
+        told = [said[2]] if right else []
         assert self.new_score() == told, f"not the score of {self.scores}: {said[0]}"
         return points
 
@@ -159,44 +159,29 @@ class Game:
         """The players and their scores, best first."""
         return sorted(enumerate(self.scores, 1), key=lambda entry: -entry[1])
 
-    @property
-    def kind(self):
-        return "Betting" if self.betting else "Normal Play"
-
     def see_scores(self):
         best = max(self.scores) if len(self.scores) > 1 else None
         rows = (f"{place}. Player {player}, {score}" + ", winner" * (score == best > 0)
                 for place, (player, score) in enumerate(self.ranks(), 1))
-        self.program.announced(re.escape(sentences("SCORES", self.kind, *rows, *self.notices())))
-
-    def notices(self):
-        """The notices after the first game of its kind."""
-        if not self.perfect:
-            return []
-        if len(self.scores) == 1:
-            return ["A perfect game!"]
-        *others, last = map(str, self.perfect)
-        players = f"Players {', '.join(others)} and {last}" if others else f"Player {last}"
-        return [f"{players} played a perfect game!"]
+        due = re.escape(sentences("SCORES", self.kind, *rows))
+        self.program.announced(due + " .*perfect game!" * (len(self.failed) < len(self.scores)))
 
     def enter_names(self):
         """Enters names, which must be the new rows of the table."""
-        rows = [(f"Eva {player}", score) for player, score in self.ranks() if score > 0]
-        for place, (name, score) in enumerate(rows, 1):
-            prompt = ("You got a High Score! Please Enter your name below." if
-                      len(self.scores) == 1 else
-                      f"Player {place} got a High Score! Please Enter Their name below.")
+        for place, (player, score) in enumerate(self.ranks(), 1):
+            if score == 0:
+                break
             self.program.announced(rf"Place \d+\. {score} Points\.")
-            self.program.find(prompt, "label")
+            self.program.find(re.compile(".+ got a High Score! .+"), "label")
             self.program.ready("Name", "text")
             yield f"name {place}"
-            hand.write(name)
+            self.entered.append((f"Eva {player}", score))
+            hand.write(f"Eva {player}")
             hand.key("Return")
         heard = self.program.announced(rf"HIGH SCORES\. {self.kind}\.( {ROW}){{10}}")[0]
-        table = re.findall(ROW, heard)
-        new = [(row[1], int(row[2])) for row in table if row[3]]
-        assert new == rows, f"the new rows are not {rows}: {table}"
-        self.table = [(row[1], int(row[2])) for row in table]
+        rows = [(name, int(score), new) for _, name, score, new in re.findall(ROW, heard)]
+        assert [row[:2] for row in rows if row[2]] == self.entered, f"not {self.entered}: {heard}"
+        self.table = [row[:2] for row in rows]
 
     def leave(self):
         """Goes from the table, which must be in its file, to the menu."""

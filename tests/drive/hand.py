@@ -1,16 +1,11 @@
-"""The player's hand: real mouse buttons and keys, and the window manager's close button."""
+"""The player's hand: real mouse buttons and keys."""
 
 import subprocess
 import time
 from contextlib import contextmanager
 
-from Xlib import X
-from Xlib.display import Display
-from Xlib.protocol.event import ClientMessage
-
-
 DOUBLE_PRESS = 0.45  # seconds; two presses within them may be taken for one
-pressed = {}  # when each key or place was pressed pressed
+pressed = {}  # when each key or place was pressed last
 
 
 def xdotool(*words):
@@ -38,22 +33,15 @@ def click(place, times=1):
     xdotool("click", "--repeat", times, "--delay", 20, 1)
 
 
-def press():
-    xdotool("mousedown", 1)
-
-
-def release():
-    xdotool("mouseup", 1)
-
-
 @contextmanager
 def held(name):
-    """Holds the key of that name."""
-    xdotool("keydown", name)
+    """Holds the key of that name, or the mouse's button 1."""
+    device = "mouse" if name == 1 else "key"
+    xdotool(f"{device}down", name)
     try:
         yield
     finally:
-        xdotool("keyup", name)
+        xdotool(f"{device}up", name)
 
 
 def key(*names):
@@ -64,15 +52,3 @@ def key(*names):
 
 def write(text):
     xdotool("type", "--delay", 1, text)
-
-
-def ask_to_close(title):
-    """Asks the window of that title to close."""
-    display = Display()
-    window = next(window for window in display.screen().root.query_tree().children
-                  if window.get_wm_name() == title
-                  and window.get_attributes().map_state == X.IsViewable)
-    delete, protocols = map(display.get_atom, ("WM_DELETE_WINDOW", "WM_PROTOCOLS"))
-    window.send_event(ClientMessage(window=window, client_type=protocols,
-                                    data=(32, [delete, X.CurrentTime, 0, 0, 0])))
-    display.flush()

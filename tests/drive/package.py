@@ -27,32 +27,30 @@ run_quietly = partial(run, stdout=subprocess.PIPE, text=True)
 
 
 def make_packages(build):
-    """Makes the packages as shipped, but compressed faster."""
+    """Makes the packages as shipped, but compressed faster, and has them checked."""
     made = build / "package"
     shutil.rmtree(made, ignore_errors=True)
     run_quietly(["cpack", "--config", build / "CPackConfig.cmake", "-B", made,
                  "-D", "CPACK_DEBIAN_COMPRESSION_TYPE=gzip"])
-    return next(made.glob("songrush*.deb")), next(made.glob("songrush*.tar.gz"))
-
-
-def check_package(deb):
+    deb = next(made.glob("songrush*.deb"))
     with TemporaryDirectory() as tree:
         run(["lintian", "--allow-root", "--fail-on", "error", deb])
         run(["dpkg-deb", "-x", deb, tree])
         run(["desktop-file-validate", f"{tree}/usr/share/applications/songrush.desktop"])
         run(["appstreamcli", "validate-tree", "--no-net", tree])
+    return deb, next(made.glob("songrush*.tar.gz"))
 
 
 def play_game(stage, program_folder, data):
     program = Program(stage, program_folder, data)
     game = Game(program)
     game.choose_kind()
-    before = played(data / "PlayList/Sample.m3u")
+    before = len(played(data / "PlayList/Sample.m3u"))
     game.choose_list("Sample.m3u")
     game.play()
     hand.key("Escape")
     program.ended()
-    marks = played(data / "PlayList/Sample.m3u") - before
+    marks = len(played(data / "PlayList/Sample.m3u")) - before
     assert marks == 6, f"{marks} songs are marked in {data}"
 
 
@@ -86,11 +84,17 @@ def play_as_player():
         copy = shutil.copytree(HERE, Path(folder) / "drive")
         player = ["setpriv", f"--reuid={NOBODY}", f"--regid={NOBODY}", "--clear-groups"]
         # Leaks are looked for with the unpacked program.
-        run([*(player if os.getuid() == 0 else []), sys.executable, copy / "package.py",
-             "--installed"], env={**os.environ, "LSAN_OPTIONS": "detect_leaks=0"})
+        run([*player * (os.getuid() == 0), sys.executable, copy / "package.py", "--installed"],
+            env={**os.environ, "LSAN_OPTIONS": "detect_leaks=0"})
 
 
-def install_and_play(deb):
+def main(build):
+    deb, archive = make_packages(build)
+    play_unpacked(archive)
+    known = subprocess.run(["dpkg-query", "-W", "songrush"], capture_output=True, check=False)
+    if known.returncode == 0 or subprocess.run([*AS_ROOT, "true"], check=False).returncode:
+        print("Not installed, as songrush is installed here or this needs the superuser.")
+        sys.exit(77)
     run_quietly([*AS_ROOT, "dpkg", "-i", deb])
     listed = run_quietly(["dpkg-query", "-L", "songrush"]).stdout.split()
     try:
@@ -99,17 +103,6 @@ def install_and_play(deb):
         run_quietly([*AS_ROOT, "dpkg", "--purge", "songrush"])
     left = [file for file in listed if "songrush" in file and os.path.exists(file)]
     assert not left, f"left by the package: {left}"
-
-
-def main(build):
-    deb, archive = make_packages(build)
-    check_package(deb)
-    play_unpacked(archive)
-    known = subprocess.run(["dpkg-query", "-W", "songrush"], capture_output=True, check=False)
-    if known.returncode == 0 or subprocess.run([*AS_ROOT, "true"], check=False).returncode:
-        print("Not installed, as songrush is installed here or this needs the superuser.")
-        sys.exit(77)
-    install_and_play(deb)
 
 
 if sys.argv[1] == "--installed":

@@ -1,18 +1,15 @@
 """The program, used by hand: the bus tells where to point the mouse."""
 
-import os
 import re
 import subprocess
-from contextlib import contextmanager
-from pathlib import Path
 
 import hand
-from files import copy_program
-from reader import LIMIT, Atspi, Reader, above, has_state, is_usable, text_of
+from files import played
+from reader import LIMIT, Atspi, Reader, above, has_state, is_usable
 from screen import Box
-from stage import Stage
 
 FRAME = (255, 221, 120)  # around the control that has the keyboard focus
+TEXT_ROLES = ("label", "push button", "text", "combo box", "table cell", "table column header")
 
 
 class Program(Reader):
@@ -21,7 +18,6 @@ class Program(Reader):
         self.stage = stage
         self.screen = stage.screen
         self.data = data or folder
-        self.song = None
         # Started from elsewhere: nothing may depend on the current folder.
         super().__init__(lambda: subprocess.Popen([folder / "songrush"], cwd="/"))
         stage.callback(self.stop)
@@ -31,18 +27,20 @@ class Program(Reader):
         return Box(box.x, box.y, box.width, box.height)
 
     def places_of_texts(self):
-        """The texts with their roles and places, without those that a dialog may cover. The facts
-        in a header's text, except the sort order, are shown below it."""
+        """The texts that can be read, with their roles and places, without those that a dialog may
+        cover. The facts in a header's text, except the sort order, are shown below it."""
         texts = []
         dialogs = [(dialog, self.place(dialog)) for dialog in self.all("dialog")]
-        for item in self.texts():
-            role, box = item.get_role_name(), self.place(item)
-            facts = re.sub("(^|, )sorted .*", "", item.get_description() or "")
-            below = box._replace(top=box.top + box.height, height=box.height * 4 // 5)
-            if any(place.meets(box) for dialog, place in dialogs if dialog not in above(item)):
+        for item in self.showing():
+            role, box, name = item.get_role_name(), self.place(item), item.get_name()
+            text = Atspi.Text.get_text(item, 0, -1) if role == "text" else name
+            if role not in TEXT_ROLES or not text or not is_usable(item) or any(
+                    place.meets(box) for dialog, place in dialogs if dialog not in above(item)):
                 continue
-            texts.append((text_of(item), role, box))
+            texts.append((text, role, box))
+            facts = re.sub("(^|, )sorted .*", "", item.get_description() or "")
             if role == "table column header" and facts:
+                below = box._replace(top=box.top + box.height, height=box.height * 4 // 5)
                 texts.append((facts, "label", below))
         return texts
 
@@ -61,10 +59,6 @@ class Program(Reader):
         act()
         self.wait("another look", lambda: (self.screen.pixels(place) != before).any())
         self.screen.settle(place)
-
-    def hover(self, name):
-        place = self.ready(name)
-        self.changes(place, lambda: hand.move_to(*place.middle))
 
     def click(self, name, role="push button", times=1):
         hand.click(self.ready(name, role), times)
@@ -90,8 +84,6 @@ class Program(Reader):
             self.wait(f"the focus beyond {at!r}", lambda: self.focus() != at)
         raise AssertionError(f"the Tab key does not lead to {name}")
 
-    # Messages and dialogs.
-
     def message(self, pattern):
         """Waits for a message with that text."""
         self.find(re.compile(pattern, re.DOTALL), "label")
@@ -110,36 +102,13 @@ class Program(Reader):
             hand.write(str(path))
         hand.key("Return" if path else "Escape")
 
-    # The process.
-
     def ended(self, status=0):
         """Waits for the program's end."""
         ended = self.process.wait(LIMIT)
         assert ended == status, f"the program ended with {ended}"
 
-    def playing(self):
-        """The only song that the program has open."""
-        def songs():
-            files = {Path(os.readlink(link)) for link in
-                     Path(f"/proc/{self.process.pid}/fd").iterdir() if link.is_symlink()}
-            return [file for file in files if file.suffix == ".mp3"]
-        return self.wait("the song", lambda: songs() if len(songs()) == 1 else None)[0]
-
-    def asked(self):
-        """The song of the next question: the one noted last as played, once that changes."""
-        def noted():
-            lists = self.data / "PlayList"
-            journals = list(lists.glob(".played-*"))
-            newest = max(journals, key=lambda journal: journal.stat().st_mtime, default=None)
-            lines = newest.read_bytes().split(b"\r\n") if newest else []
-            songs = [lists / os.fsdecode(line) for line in lines if line[:1] not in (b"", b"#")]
-            return songs[-1] if songs and songs[-1] != self.song else None
-        self.song = self.wait("the song that is asked", noted)
-        return self.song
-
-
-@contextmanager
-def open_program(folder, *display):
-    """Opens a copy of the program in that folder, on a stage of its own."""
-    with Stage(*display) as stage:
-        yield Program(stage, copy_program(Path(folder).resolve(), stage.folder / "program"))
+    def noted(self):
+        """The songs of the present game, as they are noted until it ends."""
+        journals = (self.data / "PlayList").glob(".played-*")
+        newest = max(journals, key=lambda journal: journal.stat().st_mtime, default=None)
+        return played(newest) if newest else []

@@ -1,32 +1,24 @@
 """A program as a screen reader sees it: what the accessibility bus says of it, and presses."""
 
+import os
 import re
 import time
 
 import gi
 
 gi.require_version("Atspi", "2.0")
-from gi.repository import Atspi, Gio, GLib
+from gi.repository import Atspi, GLib
 
 LIMIT = 60  # seconds that a single step may take; programs under sanitizers are slow
 # Announced only if it takes long enough.
 PASSING = ("Loading...", "The clip is over.")
-TEXT_ROLES = ("label", "push button", "text", "combo box", "table cell", "table column header")
-
-
-def switch_accessibility_on():
-    """As the desktop does when a screen reader starts; it holds for programs started later."""
-    bus = Gio.bus_get_sync(Gio.BusType.SESSION)
-    switch = GLib.Variant("(ssv)", ("org.a11y.Status", "IsEnabled", GLib.Variant("b", True)))
-    bus.call_sync("org.a11y.Bus", "/org/a11y/bus", "org.freedesktop.DBus.Properties", "Set",
-                  switch, None, Gio.DBusCallFlags.NONE, -1, None)
 
 
 class Reader:
     """Reads the process that `start` starts. Waits by looking again and again, up to a limit."""
 
     def __init__(self, start):
-        switch_accessibility_on()
+        os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
         self.heard = []  # announcements not yet asked for
         Atspi.init()
         self.listener = Atspi.EventListener.new(self._hear)
@@ -76,14 +68,10 @@ class Reader:
                 return match
             assert skip or text in PASSING, f"announced was {text!r} instead of {pattern!r}"
 
-    def tops(self):
-        """The program's entry on the bus, as soon as it is there."""
-        programs = children(Atspi.get_desktop(0))
-        return [p for p in programs if p.get_process_id() == self.process.pid]
-
     def showing(self):
         """All objects of the program that are shown, but not what the dialogs' folders hold."""
-        waiting = self.tops()
+        waiting = [program for program in children(Atspi.get_desktop(0))
+                   if program.get_process_id() == self.process.pid]
         for program in waiting:
             program.clear_cache()
         while waiting:
@@ -114,11 +102,6 @@ class Reader:
         actions = [button.get_action_name(i) for i in range(button.get_n_actions())]
         assert button.do_action(actions.index("Press")), f"{name} cannot be pressed"
 
-    def texts(self):
-        """The objects with text to be read, unless something in front must be answered first."""
-        return [item for item in self.showing() if item.get_role_name() in TEXT_ROLES
-                and text_of(item) and is_usable(item)]
-
 
 def has_state(item, name):
     return item.get_state_set().contains(getattr(Atspi.StateType, name))
@@ -139,10 +122,3 @@ def above(item):
 def is_usable(item):
     """Whether nothing lies in front that must be answered first."""
     return has_state([item, *above(item)][-1], "ACTIVE") and has_state(item, "ENABLED")
-
-
-def text_of(item):
-    """The text that can be read there."""
-    if item.get_role() == Atspi.Role.TEXT:
-        return Atspi.Text.get_text(item, 0, -1)
-    return item.get_name()
