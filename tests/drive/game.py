@@ -120,8 +120,7 @@ class Game:
     def start_clip(self):
         self.use("Play")
         self.read_choices(4)
-        clock = re.compile(r"TIME: \d\d\.\d\d")
-        assert self.program.seen(clock, "label"), "the clock cannot be read"
+        self.program.find(re.compile(r"TIME: \d\d\.\d\d"), "label")
         song = self.program.wait("the song of this turn",
                                  lambda: self.program.noted()[self.turn - 1:])[-1]
         self.right_title = next(c for c in self.choices.values() if has_title(song, c))
@@ -129,7 +128,8 @@ class Game:
     def read_choices(self, count, before=()):
         """Reads the choices as announced after the texts `before`; the buttons must agree."""
         heard = self.program.announced(" ".join([*before, *[r"(\d): (.+)[.!?:]"] * count]))
-        buttons = [b.get_name() for b in self.program.all("push button")]
+        buttons = self.program.wait("the choices", lambda: [
+            button.get_name() for button in self.program.all("push button")])
         shown = [name for name in buttons if name not in NOT_CHOICES]
         self.choices = dict(zip(map(int, heard.groups()[0::2]), shown))
         assert heard[0].endswith(numbered(self.choices)), f"heard {heard[0]}, shown is {shown}"

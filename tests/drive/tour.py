@@ -39,9 +39,9 @@ class Tour(Program):
         file = self.output / f"{self.count:02}-{re.sub('[^a-z0-9]+', '-', name.lower())}"
         if name not in PICTURE_ONLY:
             self.screen.settle()
+            texts = self.wait("texts", self.places_of_texts)
+            Path(f"{file}.json").write_text(json.dumps(texts, indent=1))
         self.screen.image().save(f"{file}.png")
-        if name not in PICTURE_ONLY:
-            Path(f"{file}.json").write_text(json.dumps(self.places_of_texts(), indent=1))
 
     def click(self, name, role="push button", times=1):
         place = self.ready(name, role)
