@@ -7,8 +7,7 @@ PACKAGES_BUILD=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libgl-
     python3 abcmidi fluidsynth fluidr3mono-gm-soundfont lame)
 PACKAGES_RUN=(libqt6svg6 qt6-qpa-plugins qt6-wayland fonts-liberation fonts-quicksand)
 PACKAGES_PACKAGE=(dpkg-dev file gzip lintian)
-PACKAGES_TOUR=(xvfb xdotool dbus at-spi2-core gir1.2-atspi-2.0 python3-gi python3-xlib python3-pil
-    python3-numpy)
+PACKAGES_TOUR=(xvfb xdotool dbus at-spi2-core gir1.2-atspi-2.0 python3-gi python3-pil python3-numpy)
 PACKAGES_TEST=(libgtest-dev libmp3lame-dev clang-format shellcheck desktop-file-utils appstream
     qt6-gtk-platformtheme weston)
 PACKAGES_GATES=(clang clang-tidy)
