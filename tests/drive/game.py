@@ -167,7 +167,7 @@ class Game:
         self.program.announced(due + " .*perfect game!" * (len(self.failed) < len(self.scores)))
 
     def enter_names(self):
-        """Enters names, which must be the new rows of the table."""
+        """Enters names, which must be the new rows of the table and come to its file."""
         for place, (player, score) in enumerate(self.ranks(), 1):
             if score == 0:
                 break
@@ -181,14 +181,14 @@ class Game:
         heard = self.program.announced(rf"HIGH SCORES\. {self.kind}\.( {ROW}){{10}}")[0]
         rows = [(name, int(score), new) for _, name, score, new in re.findall(ROW, heard)]
         assert [row[:2] for row in rows if row[2]] == self.entered, f"not {self.entered}: {heard}"
-        self.table = [row[:2] for row in rows]
+        file = self.program.data / ("H2.dat" if self.betting else "H1.dat")
+        self.program.wait(f"{heard} in its file",
+                          lambda: table_of(file) == [row[:2] for row in rows])
 
     def leave(self):
-        """Goes from the table, which must be in its file, to the menu."""
+        """Goes from the table to the menu."""
         self.use("Continue")
         self.program.ready("One player")
-        kept = table_of(self.program.data / ("H2.dat" if self.betting else "H1.dat"))
-        assert self.table == kept, f"announced was {self.table}, kept {kept}"
 
 
 class ReadersGame(Game):
