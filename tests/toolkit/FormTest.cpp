@@ -1,10 +1,14 @@
 #include "toolkit/Form.h"
 #include "tests/OnStage.h"
+#include "tests/toolkit/Pictures.h"
 #include "toolkit/Mous.h"
+#include "toolkit/Screen.h"
 #include "toolkit/c_PicButton.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QCursor>
+#include <QSignalSpy>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -111,6 +115,24 @@ TEST_F(Forms, GiveTheKeysToTheOneInFrontAndTakeThemBack) {
     player.hide();
     EXPECT_TRUE(mBoxes[1]->hasFocus());
     EXPECT_TRUE(mBoxes[1]->TakesInput());
+}
+
+TEST(Screens, CloseByTheirButtonByEscapeAndByTheDesktop) {
+    const PictureFolder folder;
+    QImage skin(30, 60, QImage::Format_RGB888);
+    skin.fill(Qt::red);
+    for (const char* name : {"Images/X.bmp", "Images/bMin.bmp"})
+        folder.Save(name, skin);
+    Screen screen("f_Screen");
+    WindowButtons buttons(screen);
+    QSignalSpy clicks(&buttons.bX, &c_SurfButton::Clicked);
+    screen.ShowInPlace();
+    QAccessible::queryAccessibleInterface(screen.pX)->actionInterface()->doAction(
+        QAccessibleActionInterface::pressAction());
+    QTest::keyClick(StageWindow(), Qt::Key_Escape);
+    EXPECT_FALSE(Stage::Get().close());
+    QApplication::processEvents();
+    EXPECT_EQ(clicks.size(), 3);
 }
 
 } // namespace
