@@ -5,6 +5,7 @@
 #include "platform/ProgramFolder.h"
 #include "toolkit/Canvas.h"
 #include "toolkit/Drawing.h"
+#include "toolkit/PlainBitmap.h"
 
 #include <QBuffer>
 #include <QImageReader>
@@ -75,6 +76,9 @@ QImage Read(const QString& name) {
     QByteArray bytes;
     if (platform::ReadWholeFile(ProgramFile(name), bytes))
         return QImage();
+    const QImage plain = ReadPlainBitmap(bytes);
+    if (!plain.isNull())
+        return plain;
     const QImage picture = bytes.startsWith("BM") ? ReadBitmap(bytes) : QImage::fromData(bytes);
     return picture.convertToFormat(QImage::Format_RGB32);
 }

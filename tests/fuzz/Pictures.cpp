@@ -2,6 +2,7 @@
 #include "game/CoverPicture.h"
 #include "tests/fuzz/Target.h"
 #include "toolkit/Picture.h"
+#include "toolkit/PlainBitmap.h"
 
 #include <QImageReader>
 
@@ -16,6 +17,10 @@ void Run(const std::string& bytes) {
     const QByteArray encoded = QByteArray::fromStdString(bytes);
     const QImage cover = game::DecodeCover(encoded, kSide);
     EXPECT_TRUE(cover.isNull() || cover.size() == QSize(kSide, kSide));
+
+    const QImage plain = toolkit::ReadPlainBitmap(encoded);
+    const QImage read = QImage::fromData(encoded, "BMP").convertToFormat(QImage::Format_RGB32);
+    EXPECT_TRUE(plain.isNull() || read.isNull() || plain == read);
 
     folder.Write(QStringLiteral("Images/Skin.bmp"), encoded);
     const toolkit::Picture skin = toolkit::LoadSkin(name);
