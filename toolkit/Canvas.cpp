@@ -139,14 +139,16 @@ void Canvas::Draw(const QRect& area, bool covers, Paint paint) {
 
 void Canvas::SetPicture(const QSize& size, const std::function<QImage()>& load) {
     mRecipe = std::make_shared<Recipe>(size);
-    Draw(QRect(QPoint(0, 0), size), true, [load](QImage& image) {
+    const auto paint = [load](QImage& image) {
         const QSize pixels = image.size();
         const double ratio = image.devicePixelRatio();
         image = load().convertToFormat(QImage::Format_RGB32);
         if (image.size() != pixels)
             image = image.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
         image.setDevicePixelRatio(ratio);
-    });
+    };
+    paint(mRecipe->NewImage()); // which need not be black first
+    mRecipe->Add(QRect(QPoint(0, 0), size), true, paint);
 }
 
 double Canvas::TextWidth(const QString& text) const {

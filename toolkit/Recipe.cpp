@@ -20,13 +20,17 @@ Canvas::Paint PaintPicture(const QImage& picture) {
 
 } // namespace
 
+QImage& Recipe::NewImage() {
+    ratio = Canvas::Ratio();
+    image = QImage(Canvas::ScreenPixels(QRect(QPoint(0, 0), size)).size(), QImage::Format_RGB32);
+    image.setDevicePixelRatio(std::max(ratio, 1.0)); // Qt's painters ignore smaller ones
+    return image;
+}
+
 QImage& Recipe::Pixels() {
     if (ratio == Canvas::Ratio())
         return image;
-    ratio = Canvas::Ratio();
-    image = QImage(Canvas::ScreenPixels(QRect(QPoint(0, 0), size)).size(), QImage::Format_RGB32);
-    image.fill(Qt::black);
-    image.setDevicePixelRatio(std::max(ratio, 1.0)); // Qt's painters ignore smaller ones
+    NewImage().fill(Qt::black);
     for (const auto& step : steps)
         step->paint(image);
     return image;

@@ -12,6 +12,9 @@ namespace toolkit {
 struct Recipe {
     explicit Recipe(const QSize& logicalSize) : size(logicalSize) {}
 
+    /// Starts the picture anew, in any colours, at the current ratio.
+    QImage& NewImage();
+
     /// The picture at the current ratio.
     QImage& Pixels();
 
