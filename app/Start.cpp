@@ -13,12 +13,12 @@
 #include "platform/SingleInstance.h"
 #include "platform/Volume.h"
 #include "platform/Wait.h"
+#include "toolkit/Canvas.h"
 #include "toolkit/Picture.h"
 #include "toolkit/Stage.h"
 
 namespace {
 
-/// Loads the menu's pictures while the rest of the program starts.
 void PreloadMenu() {
     toolkit::PreloadPictures(
         QStringLiteral("Images\\Back.bmp"),
@@ -29,13 +29,20 @@ void PreloadMenu() {
 
 } // namespace
 
+void Start::Preload() {
+    toolkit::Canvas::SetRatio(toolkit::Stage::LastScale());
+    PreloadMenu();
+}
+
 void Start::Run() {
     if (!platform::ClaimSingleInstance()) {
         platform::ShowMessage(QStringLiteral("Songrush is already running"));
         return;
     }
+    const double expected = toolkit::Canvas::Ratio();
     toolkit::Stage& stage = toolkit::Stage::Get();
-    PreloadMenu();
+    if (toolkit::Canvas::Ratio() != expected)
+        PreloadMenu();
     app::PrepareProgramFolder();
     platform::WritePathSetting(QStringLiteral("Songrush"), QStringLiteral("Dirs"),
                                QStringLiteral("AppPath"), platform::ProgramFolder());

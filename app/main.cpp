@@ -13,8 +13,8 @@
 int main(int argc, char* argv[]) {
     platform::PreloadFontList();
     QApplication application(argc, argv);
+    Start::Preload();
     QApplication::setQuitOnLastWindowClosed(false);
-    toolkit::PreloadFont();
     toolkit::ApplyStyle();
     toolkit::WriteNumbersInEnglish();
     const platform::QuitWatch quitWatch;

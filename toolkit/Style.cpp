@@ -1,17 +1,15 @@
 #include "toolkit/Style.h"
 
-#include "toolkit/Canvas.h"
+#include "toolkit/ColorRef.h"
 #include "toolkit/NightStyle.h"
 #include "toolkit/Palette.h"
 #include "toolkit/Picture.h"
 #include "toolkit/Place.h"
 
 #include <QApplication>
-#include <QFontMetricsF>
 #include <QIcon>
 #include <QLocale>
 #include <QPalette>
-#include <future>
 
 namespace toolkit {
 
@@ -51,13 +49,6 @@ void ApplyStyle() {
 
 void WriteNumbersInEnglish() {
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
-}
-
-void PreloadFont() {
-    static std::future<void> preloading = std::async(std::launch::async, [] {
-        for (const QFont& font : {RoundFont(12, true), RoundFont(12), ScreenFont(12)})
-            [[maybe_unused]] const double width = QFontMetricsF(font).horizontalAdvance(u'S');
-    });
 }
 
 void SetProgramIcon() {

@@ -10,10 +10,6 @@ void ApplyStyle();
 /// locale. Names are still sorted by the system's locale.
 void WriteNumbersInEnglish();
 
-/// Starts loading the program's fonts on a separate thread, because the first texts would wait for
-/// them.
-void PreloadFont();
-
 /// Sets the program's icon for all its windows.
 void SetProgramIcon();
 
