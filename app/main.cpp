@@ -15,6 +15,7 @@ int main(int argc, char* argv[]) {
     QApplication application(argc, argv);
     Start::Preload();
     QApplication::setQuitOnLastWindowClosed(false);
+    toolkit::PreloadFont();
     toolkit::ApplyStyle();
     toolkit::WriteNumbersInEnglish();
     const platform::QuitWatch quitWatch;

@@ -1,15 +1,17 @@
 #include "toolkit/Style.h"
 
-#include "toolkit/ColorRef.h"
+#include "toolkit/Canvas.h"
 #include "toolkit/NightStyle.h"
 #include "toolkit/Palette.h"
 #include "toolkit/Picture.h"
 #include "toolkit/Place.h"
 
 #include <QApplication>
+#include <QFontMetricsF>
 #include <QIcon>
 #include <QLocale>
 #include <QPalette>
+#include <future>
 
 namespace toolkit {
 
@@ -49,6 +51,14 @@ void ApplyStyle() {
 
 void WriteNumbersInEnglish() {
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+}
+
+void PreloadFont() {
+    static std::future<void> preloading = std::async(std::launch::async, [] {
+        for (const bool bold : {false, true})
+            [[maybe_unused]] const double width =
+                QFontMetricsF(RoundFont(12, bold)).horizontalAdvance(u'S');
+    });
 }
 
 void SetProgramIcon() {

@@ -10,6 +10,10 @@ void ApplyStyle();
 /// locale. Names are still sorted by the system's locale.
 void WriteNumbersInEnglish();
 
+/// Starts loading the faces of most texts on a separate thread, because the first texts would wait
+/// for them.
+void PreloadFont();
+
 /// Sets the program's icon for all its windows.
 void SetProgramIcon();
 
