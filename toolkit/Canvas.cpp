@@ -200,8 +200,12 @@ void BitBlt(Hdc target, int x, int y, int width, int height, Hdc source, int sou
         return;
     const QRect area(x, y, width, height);
     const QPoint from(sourceX, sourceY);
-    const QRect given =
-        QRect(QPoint(0, 0), source->mRecipe->size).translated(area.topLeft() - from);
+    const QRect all(QPoint(0, 0), source->mRecipe->size);
+    if (operation == RasterOp::SrcCopy && area == all && from.isNull() &&
+        target->mRecipe->size == all.size()) // shares the pixels until either is drawn on
+        return target->SetPicture(all.size(),
+                                  [recipe = source->mRecipe] { return recipe->Pixels(); });
+    const QRect given = all.translated(area.topLeft() - from);
     target->Draw(area & given, operation == RasterOp::SrcCopy,
                  [=, recipe = source->mRecipe](QImage& image) {
                      const QImage& pixels = recipe->Pixels();
