@@ -13,36 +13,14 @@
 #include "platform/SingleInstance.h"
 #include "platform/Volume.h"
 #include "platform/Wait.h"
-#include "toolkit/Canvas.h"
-#include "toolkit/Picture.h"
 #include "toolkit/Stage.h"
-
-namespace {
-
-void PreloadMenu() {
-    toolkit::PreloadPictures(
-        QStringLiteral("Images\\Back.bmp"),
-        {QStringLiteral("Images\\X.bmp"), QStringLiteral("Images\\bMin.bmp"),
-         QStringLiteral("Images\\bVolume.bmp"), QStringLiteral("Images\\bSingle.bmp"),
-         QStringLiteral("Images\\bMulti.bmp"), QStringLiteral("Images\\bEditor.bmp")});
-}
-
-} // namespace
-
-void Start::Preload() {
-    toolkit::Canvas::SetRatio(toolkit::Stage::LastScale());
-    PreloadMenu();
-}
 
 void Start::Run() {
     if (!platform::ClaimSingleInstance()) {
         platform::ShowMessage(QStringLiteral("Songrush is already running"));
         return;
     }
-    const double expected = toolkit::Canvas::Ratio();
     toolkit::Stage& stage = toolkit::Stage::Get();
-    if (toolkit::Canvas::Ratio() != expected)
-        PreloadMenu();
     app::PrepareProgramFolder();
     platform::WritePathSetting(QStringLiteral("Songrush"), QStringLiteral("Dirs"),
                                QStringLiteral("AppPath"), platform::ProgramFolder());

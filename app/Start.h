@@ -15,9 +15,6 @@
 /// settings, loads the background and goes from mode to mode until the player leaves.
 class Start {
 public:
-    /// Begins to load the menu's pictures on a thread, for the size that the window probably gets.
-    static void Preload();
-
     /// Runs the program and returns when it is over. A second copy says so and returns at once.
     static void Run();
 

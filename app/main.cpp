@@ -1,6 +1,5 @@
 #include "app/Start.h"
 #include "platform/Aside.h"
-#include "platform/FontList.h"
 #include "platform/Wait.h"
 #include "toolkit/Style.h"
 
@@ -11,9 +10,7 @@
 #include <cstdlib>
 
 int main(int argc, char* argv[]) {
-    platform::PreloadFontList();
     QApplication application(argc, argv);
-    Start::Preload();
     QApplication::setQuitOnLastWindowClosed(false);
     toolkit::PreloadFont();
     toolkit::ApplyStyle();

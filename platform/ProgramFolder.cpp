@@ -13,7 +13,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-std::mutex gLock; // pictures are looked for on a thread of their own
+std::mutex gLock; // threads ask for the folder, too
 fs::path gFolder;
 
 fs::path ExecutableFolder() {

@@ -9,12 +9,11 @@
 
 #include <QBuffer>
 #include <QImageReader>
+#include <QStringList>
 #include <QTimer>
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <future>
-#include <map>
 #include <utility>
 #include <vector>
 
@@ -73,12 +72,13 @@ QImage ReadBitmap(const QByteArray& bytes) {
 
 /// Without alpha: what is transparent is black.
 QImage Read(const QString& name) {
-    QByteArray bytes;
-    if (platform::ReadWholeFile(ProgramFile(name), bytes))
-        return QImage();
-    const QImage plain = ReadPlainBitmap(bytes);
+    const std::filesystem::path file = ProgramFile(name);
+    const QImage plain = ReadPlainBitmap(file);
     if (!plain.isNull())
         return plain;
+    QByteArray bytes;
+    if (platform::ReadWholeFile(file, bytes))
+        return QImage();
     const QImage picture = bytes.startsWith("BM") ? ReadBitmap(bytes) : QImage::fromData(bytes);
     return picture.convertToFormat(QImage::Format_RGB32);
 }
@@ -126,8 +126,9 @@ struct Loaded {
     QImage pixels;
 };
 
-/// The first usable picture, for screens of `ratio`.
-Loaded LoadNow(const QString& name, Kind kind, double ratio) {
+/// The first usable picture.
+Loaded Load(const QString& name, Kind kind) {
+    const double ratio = Canvas::Ratio();
     const auto load = [=](const QString& file, double scale) {
         const QImage read = Read(file);
         const QSize size = Times(read.size(), 1 / scale);
@@ -144,15 +145,6 @@ Loaded LoadNow(const QString& name, Kind kind, double ratio) {
         }
     }
     return load(name, 1);
-}
-
-std::map<QString, std::future<Loaded>> gPreloaded;
-std::future<void> gPreloading; // its destructor waits for the thread
-
-Loaded Load(const QString& name, Kind kind) {
-    if (auto preloaded = gPreloaded.extract(name))
-        return preloaded.mapped().get();
-    return LoadNow(name, kind, Canvas::Ratio());
 }
 
 QStringList gReported;
@@ -214,21 +206,6 @@ std::filesystem::path ProgramFile(const QString& name) {
             break;
     }
     return path;
-}
-
-void PreloadPictures(const QString& ground, const QStringList& skins) {
-    std::vector<std::packaged_task<Loaded()>> tasks;
-    const auto preload = [&tasks, ratio = Canvas::Ratio()](const QString& name, Kind kind) {
-        tasks.emplace_back([=] { return LoadNow(name, kind, ratio); });
-        gPreloaded[name] = tasks.back().get_future();
-    };
-    preload(ground, Kind::Ground);
-    for (const QString& skin : skins)
-        preload(skin, Kind::Skin);
-    gPreloading = std::async(std::launch::async, [tasks = std::move(tasks)]() mutable {
-        for (auto& task : tasks)
-            task();
-    });
 }
 
 QImage LoadGround(const QString& name, QSize size) {

@@ -3,7 +3,6 @@
 #include <QImage>
 #include <QSize>
 #include <QString>
-#include <QStringList>
 #include <filesystem>
 #include <functional>
 
@@ -30,10 +29,6 @@ struct Picture {
 /// The skin of that name: three frames of equal height, stacked, in which black is transparent.
 /// None if it cannot be used, as when its first frame has no visible pixel.
 Picture LoadSkin(const QString& name);
-
-/// Starts loading pictures in this order on a separate thread. The first `LoadGround` or `LoadSkin`
-/// of each picture returns what was loaded, and waits for it if necessary.
-void PreloadPictures(const QString& ground, const QStringList& skins);
 
 /// A skin of three plain frames of `size` logical pixels each, in place of a missing one.
 Picture PlainSkin(QSize size);

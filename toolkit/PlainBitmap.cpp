@@ -1,7 +1,11 @@
 #include "toolkit/PlainBitmap.h"
 
+#include "platform/RegularFile.h"
+
 #include <QtEndian>
+#include <algorithm>
 #include <cstdlib>
+#include <vector>
 
 namespace toolkit {
 
@@ -16,7 +20,7 @@ struct Header {
           depth(qFromLittleEndian<quint16>(file + 28)),
           compression(qFromLittleEndian<quint32>(file + 30)) {}
 
-    static constexpr qsizetype kSize = 54;
+    static constexpr int kSize = 54;
 
     qint64 pixels; // where they begin
     quint32 size;  // of the second part; older kinds are smaller
@@ -26,25 +30,36 @@ struct Header {
     quint32 compression;
 };
 
+void CopyRow(const char* from, QRgb* to, int width) {
+    const auto* bytes = reinterpret_cast<const uchar*>(from);
+    for (int x = 0; x < width; ++x, bytes += 3)
+        to[x] = qRgb(bytes[2], bytes[1], bytes[0]);
+}
+
 } // namespace
 
-QImage ReadPlainBitmap(const QByteArray& file) {
-    if (file.size() < Header::kSize || !file.startsWith("BM"))
+QImage ReadPlainBitmap(const std::filesystem::path& file) {
+    platform::RegularFile opened(file);
+    char start[Header::kSize];
+    if (opened.Error() || opened.ReadAt(0, start) != Header::kSize || start[0] != 'B' ||
+        start[1] != 'M')
         return QImage();
-    const Header header(file.constData());
+    const Header header(start);
     const qint64 rows = std::abs(header.height);
     const qint64 rowBytes = (header.width * 3 + 3) / 4 * 4;
     if (header.size < 40 || header.depth != 24 || header.compression != 0 || header.width <= 0 ||
-        rows == 0 || rowBytes > (file.size() - header.pixels) / rows)
+        rows == 0 || rowBytes > (opened.Size() - header.pixels) / rows)
         return QImage();
     QImage picture(static_cast<int>(header.width), static_cast<int>(rows), QImage::Format_RGB32);
-    for (int y = 0; y < picture.height(); ++y) {
-        const qint64 row = header.height > 0 ? rows - 1 - y : y;
-        const auto* from =
-            reinterpret_cast<const uchar*>(file.constData()) + header.pixels + row * rowBytes;
-        auto* to = reinterpret_cast<QRgb*>(picture.scanLine(y));
-        for (int x = 0; x < picture.width(); ++x, from += 3)
-            to[x] = qRgb(from[2], from[1], from[0]);
+    constexpr qint64 kAtOnce = 16; // rows
+    std::vector<char> bytes(static_cast<std::size_t>(std::min(kAtOnce, rows) * rowBytes));
+    for (qint64 row = 0; row < picture.height(); ++row) {
+        if (row % kAtOnce == 0 && opened.ReadAt(header.pixels + row * rowBytes, bytes) <
+                                      std::min(kAtOnce, rows - row) * rowBytes)
+            return QImage();
+        const qint64 y = header.height > 0 ? rows - 1 - row : row;
+        CopyRow(bytes.data() + row % kAtOnce * rowBytes,
+                reinterpret_cast<QRgb*>(picture.scanLine(static_cast<int>(y))), picture.width());
     }
     return picture;
 }

@@ -54,11 +54,6 @@ Stage& Stage::Get() {
     return *gStage;
 }
 
-double Stage::LastScale() {
-    const std::optional<QRect> last = PlaceFromText(Setting(kPlaceKey));
-    return last ? ScaleIn(last->size()) : 1;
-}
-
 Stage::Stage() : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint), mArea(new QWidget(this)) {
     setObjectName(QStringLiteral("Stage"));
     setWindowTitle(QStringLiteral("Songrush"));
@@ -159,7 +154,8 @@ bool Stage::event(QEvent* event) {
 }
 
 void Stage::LayOut() {
-    const double scale = ScaleIn(size());
+    const double scale =
+        std::min(double(width()) / kStageSize.width(), double(height()) / kStageSize.height());
     QRect area(QPoint(0, 0), (QSizeF(kStageSize) * scale).toSize());
     area.moveTopLeft(QPoint((width() - area.width()) / 2, (height() - area.height()) / 2));
     mArea->setGeometry(area);

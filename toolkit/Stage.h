@@ -20,9 +20,6 @@ public:
     /// object.
     static Stage& Get();
 
-    /// The scale at which the program was last left; 1 if that is not known. Needs no stage.
-    static double LastScale();
-
     /// What the forms lie on.
     QWidget& Area() { return *mArea; }
     FormStack& Forms() { return mForms; }

@@ -52,11 +52,6 @@ int ComfortableSize(const QSize& available) {
 
 QSize WindowSizeOf(int percent) { return kStageSize * percent / 100; }
 
-double ScaleIn(const QSize& window) {
-    return std::min(double(window.width()) / kStageSize.width(),
-                    double(window.height()) / kStageSize.height());
-}
-
 QSize FittedSize(const QSize& window) {
     return kStageSize.scaled(window, Qt::KeepAspectRatio).expandedTo(QSize(8, 6));
 }

@@ -23,9 +23,6 @@ int ComfortableSize(const QSize& available);
 
 QSize WindowSizeOf(int percent);
 
-/// How much larger the stage is shown in a window of that size than its logical pixels.
-double ScaleIn(const QSize& window);
-
 /// The largest window of the stage's shape that fits into `window`.
 QSize FittedSize(const QSize& window);
 

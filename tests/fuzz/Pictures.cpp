@@ -18,11 +18,10 @@ void Run(const std::string& bytes) {
     const QImage cover = game::DecodeCover(encoded, kSide);
     EXPECT_TRUE(cover.isNull() || cover.size() == QSize(kSide, kSide));
 
-    const QImage plain = toolkit::ReadPlainBitmap(encoded);
+    folder.Write(QStringLiteral("Images/Skin.bmp"), encoded);
+    const QImage plain = toolkit::ReadPlainBitmap(toolkit::ProgramFile(name));
     const QImage read = QImage::fromData(encoded, "BMP").convertToFormat(QImage::Format_RGB32);
     EXPECT_TRUE(plain.isNull() || read.isNull() || plain == read);
-
-    folder.Write(QStringLiteral("Images/Skin.bmp"), encoded);
     const toolkit::Picture skin = toolkit::LoadSkin(name);
     EXPECT_EQ(skin.size.isEmpty(), !skin.load);
     if (skin.load) {
