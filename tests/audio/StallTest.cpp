@@ -45,23 +45,26 @@ TEST_F(StalledDisk, IsNotNeededForWhatACueHasReadyNorWaitedForAfterwards) {
 #endif
 
 std::atomic<bool> gHangs = false;
-std::atomic<int> gInside = 0; // how many calls of the device hang
+std::atomic<int> gInside = 0;
 
-void Hang() {
-    ++gInside;
-    EXPECT_TRUE(Eventually([] { return !gHangs; }));
-    --gInside;
-}
+/// A call of the device, which returns once that hangs no more.
+struct Call {
+    Call() {
+        ++gInside;
+        EXPECT_TRUE(Eventually([] { return !gHangs; }));
+    }
+    ~Call() { --gInside; }
+};
 
 class StuckDevice : public RecordedPlayer {
 protected:
     StuckDevice() {
         mSdl.OpenAudioDevice = [](auto... arguments) {
-            Hang();
+            const Call call;
             return real->OpenAudioDevice(arguments...);
         };
         mSdl.CloseAudioDevice = [](SDL_AudioDeviceID device) {
-            Hang();
+            const Call call;
             real->CloseAudioDevice(device);
         };
         audio::ReplaceSdl(&mSdl);
