@@ -81,6 +81,7 @@ class Scene:
         game = self.game or Game(program)  # one that has not begun
         program.wait("notes of all turns", lambda: len(program.noted()) == game.turn)
         noted, before = program.noted(), self.contents()
+        os.sync()  # a disk that is still busy could hold up the end for longer than is waited
         program.process.terminate()
         program.ended()
         after = self.contents()
