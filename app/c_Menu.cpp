@@ -15,6 +15,7 @@ c_Menu::c_Menu(f_Menu& form) : mForm(form), mWindowButtons(form) {
     constexpr int kFirstTop = 192;
     constexpr int kStep = 110;
     mForm.CopyBackground();
+    gBack->HDC(0)->Forget(); // the form can then draw on the pixels they shared without a copy
     bSingle.Create(mForm.pSingle, QStringLiteral("Images\\bSingle.bmp"), QString());
     bMulti.Create(mForm.pMulti, QStringLiteral("Images\\bMulti.bmp"), QString());
     bEditor.Create(mForm.pEditor, QStringLiteral("Images\\bEditor.bmp"), QString());

@@ -130,8 +130,7 @@ void Canvas::Draw(const QRect& area, bool covers, Paint paint) {
     if (mRecipe.use_count() > 1) {
         // Others may have copied from the old recipe. They redraw its pixels if they need them.
         const auto kept = std::exchange(mRecipe, std::make_shared<Recipe>(*mRecipe));
-        kept->image = QImage();
-        kept->ratio = 0;
+        kept->Forget();
     }
     paint(mRecipe->Pixels());
     mRecipe->Add(area, covers, std::move(paint));
@@ -150,6 +149,8 @@ void Canvas::SetPicture(const QSize& size, const std::function<QImage()>& load) 
     paint(mRecipe->NewImage()); // which need not be black first
     mRecipe->Add(QRect(QPoint(0, 0), size), true, paint);
 }
+
+void Canvas::Forget() { mRecipe->Forget(); }
 
 double Canvas::TextWidth(const QString& text) const {
     return QFontMetricsF(mFont).horizontalAdvance(text);

@@ -58,6 +58,9 @@ public:
     /// the current ratio.
     void SetPicture(const QSize& size, const std::function<QImage()>& load);
 
+    /// Lets go of the pixels, which are redrawn when they are next needed.
+    void Forget();
+
     const QFont& Font() const { return mFont; }
     void SetFont(const QFont& font) { mFont = font; }
 

@@ -36,6 +36,11 @@ QImage& Recipe::Pixels() {
     return image;
 }
 
+void Recipe::Forget() {
+    image = QImage();
+    ratio = 0;
+}
+
 void Recipe::Add(const QRect& area, bool covers, Canvas::Paint paint) {
     if (covers)
         std::erase_if(steps, [&area](const auto& step) { return area.contains(step->area); });

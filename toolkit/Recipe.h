@@ -18,6 +18,9 @@ struct Recipe {
     /// The picture at the current ratio.
     QImage& Pixels();
 
+    /// Lets go of the pixels until they are needed again.
+    void Forget();
+
     /// Adds what was drawn and forgets what it has covered.
     void Add(const QRect& area, bool covers, Canvas::Paint paint);
 
