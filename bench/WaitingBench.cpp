@@ -106,10 +106,10 @@ Waits Play(const fs::path& list) {
             press(board.PChoice1, none, 1000), due = idle == 0 ? nullptr : due;
         else if (board.pCont->isVisible())
             press(board.pCont, waits.next, 500);
+        else if (name.isVisible()) // above the scores
+            name.Text1->setText(QStringLiteral("Ann")), name.cmdContinue->click();
         else if (scores.isVisible())
             scores.pCont->Activate();
-        else if (name.isVisible())
-            name.Text1->setText(QStringLiteral("Ann")), name.cmdContinue->click();
     });
     player.setTimerType(Qt::PreciseTimer);
     player.start(1);
