@@ -16,7 +16,9 @@ namespace {
 class Ground {
 public:
     Ground() {
-        platform::SetProgramFolder(SONGRUSH_RUN_DIR);
+        std::filesystem::create_directory_symlink(
+            std::filesystem::path(SONGRUSH_RUN_DIR) / "Images", mHome.Path() / "Images");
+        platform::SetProgramFolder(mHome.Path());
         gBack = std::make_unique<c_Surface>();
         gBack->CreateSurface(800, 600, QString());
     }
@@ -24,6 +26,9 @@ public:
         gBack.reset();
         platform::SetProgramFolder({});
     }
+
+private:
+    const TemporaryFolder mHome; // a copy of an unsaved list is kept there
 };
 
 /// Adds the songs of the music tree that many times. The list is drawn as songs come, as often as a
