@@ -20,10 +20,11 @@ struct Header {
           depth(qFromLittleEndian<quint16>(file + 28)),
           compression(qFromLittleEndian<quint32>(file + 30)) {}
 
+    static constexpr int kFirstPart = 14;
     static constexpr int kSize = 54;
 
     qint64 pixels; // where they begin
-    quint32 size;  // of the second part; older kinds are smaller
+    qint64 size;   // of the second part; older kinds are smaller
     qint64 width;
     qint64 height; // from bottom to top, unless it is negative
     int depth;
@@ -47,8 +48,9 @@ QImage ReadPlainBitmap(const std::filesystem::path& file) {
     const Header header(start);
     const qint64 rows = std::abs(header.height);
     const qint64 rowBytes = (header.width * 3 + 3) / 4 * 4;
-    if (header.size < 40 || header.depth != 24 || header.compression != 0 || header.width <= 0 ||
-        rows == 0 || rowBytes > (opened.Size() - header.pixels) / rows)
+    if (header.size < 40 || header.pixels < Header::kFirstPart + header.size ||
+        header.depth != 24 || header.compression != 0 || header.width <= 0 || rows == 0 ||
+        rowBytes > (opened.Size() - header.pixels) / rows)
         return QImage();
     QImage picture(static_cast<int>(header.width), static_cast<int>(rows), QImage::Format_RGB32);
     constexpr qint64 kAtOnce = 16; // rows
