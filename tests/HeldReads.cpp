@@ -1,9 +1,8 @@
 #include "tests/HeldReads.h"
 
-#include <array>
 #include <condition_variable>
+#include <filesystem>
 #include <mutex>
-#include <string_view>
 #include <sys/syscall.h>
 #include <unistd.h>
 
@@ -15,12 +14,10 @@ std::string gName; // empty while nothing is held
 int gWaiting = 0;
 
 bool IsHeld(int file) {
-    std::array<char, 4096> path;
-    const std::string link = "/proc/self/fd/" + std::to_string(file);
-    const ssize_t length = readlink(link.c_str(), path.data(), path.size());
-    return length > 0 && !gName.empty() &&
-           std::string_view(path.data(), static_cast<std::size_t>(length)).find(gName) !=
-               std::string_view::npos;
+    std::error_code ignored;
+    const auto path =
+        std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(file), ignored);
+    return !gName.empty() && path.string().find(gName) != std::string::npos;
 }
 
 } // namespace

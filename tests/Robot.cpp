@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <utility>
@@ -39,12 +40,10 @@ bool DialogOpen() {
 
 Robot::Robot(std::function<void()> act) : mAct(std::move(act)) {
     QTimer::singleShot(kLookEvery, this, &Robot::Look);
-    mLimit.setSingleShot(true);
-    connect(&mLimit, &QTimer::timeout, this, [] {
+    QTimer::singleShot(kLimit, this, [] {
         ADD_FAILURE() << "the program waits for something that never comes";
         platform::RequestQuit();
     });
-    mLimit.start(kLimit);
 }
 
 void Robot::Look() {

@@ -2,7 +2,6 @@
 
 #include <QObject>
 #include <QStringList>
-#include <QTimer>
 #include <functional>
 #include <ostream>
 
@@ -35,7 +34,6 @@ private:
     bool CloseMessage();
 
     std::function<void()> mAct;
-    QTimer mLimit;
     QStringList mMessages;
     QStringList mFrames;
     bool mActing = false;
