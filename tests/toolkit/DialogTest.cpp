@@ -1,10 +1,7 @@
 #include "platform/ProgramFolder.h"
 #include "platform/Text.h"
-#include "platform/Wait.h"
-#include "tests/Quit.h"
 #include "tests/Robot.h"
 #include "tests/TemporaryFolder.h"
-#include "toolkit/FileDialog.h"
 #include "toolkit/OddNames.h"
 #include "toolkit/SelectFolder.h"
 #include "toolkit/Style.h"
@@ -14,13 +11,10 @@
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
-#include <QLineEdit>
 #include <QListView>
 #include <QListWidget>
 #include <QPushButton>
-#include <QStyledItemDelegate>
 #include <QTest>
-#include <QTreeView>
 #include <QUrl>
 #include <functional>
 #include <utility>
@@ -78,9 +72,9 @@ Step Enter(const QString& path) {
 
 TEST_F(DialogTest, SavingMovesToTheFolderAndAsksOnceBeforeAListIsReplaced) {
     fs::create_directory("inner");
-    for (const char* file : {"rock.m3u", "pop", "pop.m3u", "jazz"})
+    for (const char* file : {"rock.m3u", "jazz"})
         std::ofstream(fs::current_path() / "inner" / file) << "list";
-    for (const QString name : {"inner/rock", "inner/pop", "inner/rock.m3u"}) {
+    for (const QString name : {"inner/rock", "inner/rock.m3u"}) {
         EXPECT_EQ(During(Save, {Enter(name), Enter({})}, false), QString());
         EXPECT_EQ(mMessages.size(), 1) << name.toStdString();
         EXPECT_EQ(QDir::currentPath(), Lists());
@@ -100,26 +94,18 @@ TEST_F(DialogTest, NamesThatAreNoValidTextAreOfferedToo) {
     for (const char* file : {"caf\xE9.m3u", "caf\xE9.txt", "plain.m3u"})
         std::ofstream(current / file) << "list";
     fs::create_directories(current / "inner/m\xFCsik");
-    // Chooses the one odd name, or types another one after it.
-    const auto choose = [](const QString& name, const QString& typed = {}) {
+    const auto choose = [](const QString& name) {
         return [=](QFileDialog& dialog) {
             auto* odd = dialog.findChild<QListWidget*>("OddNames");
             ASSERT_TRUE(QTest::qWaitFor([odd] { return odd->count() == 1; }));
             EXPECT_EQ(odd->item(0)->text(), name);
             QTest::mouseClick(odd->viewport(), Qt::LeftButton, {},
                               odd->visualItemRect(odd->item(0)).center());
-            auto* edit = dialog.findChild<QLineEdit*>("fileNameEdit");
-            // Without the focus a file listed under the first letters would stay the chosen one.
-            dialog.activateWindow();
-            edit->setFocus();
-            EXPECT_TRUE(QTest::qWaitFor([edit] { return edit->hasFocus(); }));
-            QTest::keyClicks(edit, typed);
             ClickOn(dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Open));
         };
     };
     const auto load = [] { return cDialog::GetOpenName("Load", "Lists", "*.m3u", {}, false); };
     EXPECT_EQ(platform::PathFromText(During(load, {choose("café.m3u")})), current / "caf\xE9.m3u");
-    EXPECT_EQ(During(load, {choose("café.m3u", "plain.m3u")}), Lists() + "/plain.m3u");
     EXPECT_EQ(platform::PathFromText(During(Browse, {choose("müsik")})),
               current / "inner/m\xFCsik");
 }
@@ -144,25 +130,16 @@ TEST_F(DialogTest, ACancelledOpenGivesTheInitialNameAndBlanks) {
     EXPECT_EQ(QDir::currentPath(), Lists());
 }
 
-TEST_F(DialogTest, AQuitEndsAnOpenDialog) {
-    const platform::QuitWatch watch;
-    EXPECT_EQ(During(Save, {[](QFileDialog&) { platform::RequestQuit(); }}), QString());
-    ForgetQuit();
-}
-
 TEST_F(DialogTest, PlacesOfSongsStandAtTheSideInThisProgramOnly) {
     const QList<QUrl> others = QFileDialog().sidebarUrls();
     fs::create_directory("Music");
     platform::SetProgramFolder(fs::current_path());
-    const Step look = [](QFileDialog& dialog) {
-        const auto* places = dialog.findChild<QListView*>("sidebar")->model();
-        QStringList names;
-        for (int row = 0; row < places->rowCount(); ++row)
-            names << places->index(row, 0).data(Qt::AccessibleTextRole).toString();
-        EXPECT_EQ(names, QStringList({"Sample songs", "Home", "File system"}));
-        dialog.reject();
-    };
-    During(Browse, {look});
+    During(Browse, {[](QFileDialog& dialog) {
+               const auto* places = dialog.findChild<QListView*>("sidebar")->model();
+               EXPECT_EQ(places->index(0, 0).data(Qt::AccessibleTextRole), "Sample songs");
+               EXPECT_EQ(places->rowCount(), 3);
+               dialog.reject();
+           }});
     platform::SetProgramFolder({});
     EXPECT_EQ(QFileDialog().sidebarUrls(), others);
 }
@@ -183,10 +160,6 @@ TEST(Numbers, HaveAsciiDigitsInAnyLocale) {
     toolkit::WriteNumbersInEnglish();
     EXPECT_EQ(QLocale().toString(1234), "1,234");
     QLocale::setDefault(before);
-    toolkit::FileDialog dialog(nullptr, QString(), QString());
-    const auto* files = dialog.findChild<QTreeView*>("treeView");
-    const auto* sizes = qobject_cast<QStyledItemDelegate*>(files->itemDelegateForColumn(1));
-    EXPECT_EQ(sizes->displayText("\u0661\u0662 KiB", QLocale()), "12 KiB");
 }
 
 } // namespace

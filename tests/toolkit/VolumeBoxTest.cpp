@@ -4,6 +4,7 @@
 #include "tests/OnStage.h"
 #include "tests/toolkit/Pictures.h"
 #include "toolkit/Form.h"
+#include "toolkit/Picture.h"
 
 #include <QAccessible>
 #include <QLineEdit>
@@ -21,9 +22,7 @@ using platform::Volume;
 class VolumeOnForm : public testing::Test {
 protected:
     VolumeOnForm() {
-        QImage skin(76, 72, QImage::Format_RGB888);
-        skin.fill(Qt::blue);
-        mFolder.Save("Images/bVolume.bmp", skin);
+        mFolder.Save("Images/bVolume.bmp", PlainSkin(QSize(76, 24)).load());
         Put(*mText, QRect(100, 100, 100, 30));
         mBox.Draw();
         mForm.ShowInPlace();
@@ -33,9 +32,12 @@ protected:
     ~VolumeOnForm() override { Volume::Get().SetPercent(100); }
 
     QPoint At(int x) const { return OnStage(mForm, mBox.Place().topLeft() + QPoint(x, 11)); }
-    void Type(Qt::Key key, const QString& text) {
-        QTest::qWait(2); // at the same millisecond it would be a repeat
-        QTest::sendKeyEvent(QTest::Click, StageWindow(), key, text, {});
+    void Type(const QString& text) {
+        for (const QChar sign : text) {
+            QTest::qWait(2); // at the same millisecond it would be a repeat
+            QTest::sendKeyEvent(QTest::Click, StageWindow(), Qt::Key(sign.toUpper().unicode()),
+                                sign, {});
+        }
     }
 
     const PictureFolder mFolder;
@@ -46,20 +48,17 @@ protected:
 
 TEST_F(VolumeOnForm, KeysChangeItAndAreTextInATextBox) {
     mBox.setFocus();
-    const std::tuple<Qt::Key, const char*, int> keys[] = {{Qt::Key_Plus, "+", 60},
-                                                          {Qt::Key_Equal, "=", 70},
-                                                          {Qt::Key_Minus, "-", 60},
-                                                          {Qt::Key_M, "m", 0},
-                                                          {Qt::Key_M, "M", 60}};
-    for (const auto& [key, text, heard] : keys) {
-        Type(key, text);
+    const std::pair<const char*, int> keys[] = {{"+", 60}, {"=", 70}, {"-", 60}, {"m", 0},
+                                                {"M", 60}, {" ", 0},  {" ", 60}};
+    for (const auto& [text, heard] : keys) {
+        Type(text);
         EXPECT_EQ(HeardVolume(), heard) << text;
     }
+    QTest::keyClick(StageWindow(), Qt::Key_Right);
     mText->setFocus();
-    for (const auto& [key, text, heard] : keys)
-        Type(key, text);
+    Type("+=-mM");
     EXPECT_EQ(mText->text(), "+=-mM");
-    EXPECT_EQ(HeardVolume(), 60);
+    EXPECT_EQ(HeardVolume(), 70);
 }
 
 TEST_F(VolumeOnForm, TheMouseMutesTurnsAndDraws) {
@@ -68,8 +67,7 @@ TEST_F(VolumeOnForm, TheMouseMutesTurnsAndDraws) {
     QTest::mouseClick(stage, Qt::LeftButton, {}, At(15));
     EXPECT_EQ(HeardVolume(), 0);
     EXPECT_NE(mBox.grab().toImage(), before);
-    QTest::mousePress(stage, Qt::LeftButton, {}, At(15));
-    QTest::mouseRelease(stage, Qt::LeftButton, {}, At(-40));
+    Drag(At(15), At(-40));
     EXPECT_EQ(HeardVolume(), 0) << "released elsewhere";
     QTest::mousePress(stage, Qt::LeftButton, {}, At(51));
     EXPECT_NEAR(HeardVolume(), 50, 4);
@@ -86,17 +84,11 @@ TEST_F(VolumeOnForm, TheMouseMutesTurnsAndDraws) {
 TEST_F(VolumeOnForm, IsASliderForScreenReaders) {
     QAccessibleInterface* slider = QAccessible::queryAccessibleInterface(&mBox);
     EXPECT_EQ(slider->role(), QAccessible::Slider);
-    EXPECT_EQ(slider->text(QAccessible::Name), "Volume");
     EXPECT_EQ(slider->text(QAccessible::Value), "50 %");
     slider->valueInterface()->setCurrentValue(30);
     EXPECT_EQ(HeardVolume(), 30);
     slider->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_EQ(slider->valueInterface()->currentValue(), 0);
-    mBox.setFocus();
-    Type(Qt::Key_Right, {});
-    EXPECT_EQ(HeardVolume(), 40);
-    Type(Qt::Key_Space, " ");
-    EXPECT_EQ(HeardVolume(), 0);
 }
 
 } // namespace
