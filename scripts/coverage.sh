@@ -21,10 +21,4 @@ sources=(library audio game/{CoverPicture,HighScoreTable,LastNames,LikeTitles}.c
 llvm-cov report "${run[@]}" -show-region-summary=false -show-branch-summary=false "${sources[@]}"
 echo
 echo "Lines that were not run:"
-llvm-cov export -format=lcov "${run[@]}" "${sources[@]}" |
-    awk -F '[:,]' -v here="$PWD/" '
-        $1 == "SF" { file = $2; sub(here, "", file) }
-        $1 == "DA" && $3 == 0 { print file ":" $2 }' |
-    while IFS=: read -r file line; do
-        printf '%s:%s:%s\n' "$file" "$line" "$(sed -n "${line}p" "$file")"
-    done
+llvm-cov show "${run[@]}" "${sources[@]}" | grep -E '^/|\| +0\|'
