@@ -36,6 +36,7 @@ class Stages : public testing::Test {
 protected:
     Stages() {
         Put(mText, QRect(100, 20, 200, 30));
+        SetFontPoints(mText, 12);
         mForm.Dc()->Fill(QRect(0, 0, 800, 600), Rgb(9, 90, 9));
         mForm.ShowInPlace();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&mStage));
@@ -64,6 +65,7 @@ TEST_F(Stages, ShowEverythingAsLargeAsTheWindowIs) {
         EXPECT_EQ(QRect(mForm.mapTo(&mStage, QPoint(0, 0)), mForm.size()), form);
         EXPECT_EQ(mForm.Dc()->Image().size(), form.size()) << "not sharp";
         EXPECT_EQ(mText.size(), QSize(200, 30) * form.width() / 800);
+        EXPECT_EQ(mText.font().pixelSize(), 16 * form.width() / 800);
         EXPECT_EQ(PlaceOf(mText), QRect(100, 20, 200, 30));
     }
 }
