@@ -5,8 +5,6 @@
 #include "tests/TemporaryFolder.h"
 
 #include <chrono>
-#include <gtest/gtest.h>
-#include <string>
 #include <sys/stat.h>
 
 namespace {
