@@ -1,7 +1,7 @@
 #include "library/AnyList.h"
+#include "library/c_M3U.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/fuzz/Target.h"
-#include "tests/library/SongsOf.h"
 
 namespace {
 
@@ -14,7 +14,8 @@ void ExpectKept(const c_M3U& list, const fs::path& file) {
     c_M3U again;
     const library::ListRead read = library::ReadAnyList(file, again);
     EXPECT_FALSE(read.error || read.foreign);
-    EXPECT_EQ(SongsOf(again), SongsOf(list));
+    for (int i = 0; i < list.Count(); ++i)
+        EXPECT_EQ(again.FileName(i), list.FileName(i));
     EXPECT_EQ(again.Marks(), list.Marks());
 }
 

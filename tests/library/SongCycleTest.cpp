@@ -8,7 +8,6 @@
 #include <chrono>
 #include <functional>
 #include <stop_token>
-#include <string>
 #include <thread>
 #include <tuple>
 #include <vector>

@@ -4,8 +4,6 @@
 #include "tests/TemporaryFolder.h"
 
 #include <algorithm>
-#include <gtest/gtest.h>
-#include <string>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <vector>

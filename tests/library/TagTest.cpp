@@ -1,10 +1,10 @@
+#include "library/Cover.h"
+#include "library/SongTag.h"
 #include "library/SongTitle.h"
-#include "library/c_ID3.h"
 #include "tests/TemporaryFolder.h"
 
 #include <QStringList>
-#include <gtest/gtest.h>
-#include <string>
+#include <sys/stat.h>
 
 namespace {
 
@@ -112,25 +112,14 @@ TEST_F(TagTest, ALongTitleGoesOnInTheComment) {
     }
 }
 
-TEST_F(TagTest, ANewTagReplacesTheLastByteAndIsTakenBackUnlessItIsGone) {
+TEST_F(TagTest, TheByteUnderANewTagIsPutBackOnlyWhereThatTagStillIs) {
     const std::string sound(127, 'x');
-    const fs::path song = mFolder.Write("song.mp3", sound + '!');
-    const QByteArray before = c_ID3::EndOf(song);
-    c_ID3().PutIdTag(song);
-    EXPECT_EQ(BytesOf(song).substr(0, 130), sound + "TAG");
-    EXPECT_EQ(fs::file_size(song), 255u);
-    EXPECT_FALSE(c_ID3::PutEnd(song, before));
-    EXPECT_EQ(BytesOf(song), sound + '!');
-    mFolder.Write("song.mp3", sound + "other");
-    EXPECT_FALSE(c_ID3::PutEnd(song, before));
+    const fs::path song = mFolder.Write("song.mp3", sound + "other");
+    EXPECT_FALSE(c_ID3::PutEnd(song, "!"));
     EXPECT_EQ(BytesOf(song), sound + "other");
-    const fs::path readOnly = mFolder.Write("readonly.mp3", TagWith("Old"));
-    MakeReadOnly(readOnly);
-    for (const fs::path& kept : {readOnly, mFolder.Path() / "missing.mp3"})
-        c_ID3().PutIdTag(kept);
-    EXPECT_EQ(BytesOf(readOnly), TagWith("Old"));
-    EXPECT_TRUE(c_ID3::PutEnd(readOnly, before));
-    EXPECT_EQ(mFolder.Entries(), 2);
+    c_ID3().PutIdTag(song);
+    EXPECT_FALSE(c_ID3::PutEnd(song, "!"));
+    EXPECT_EQ(BytesOf(song), sound + "othe!");
 }
 
 TEST(SongTitleTest, IsThatOfTheTagOrElseOfTheFileButNeverWithoutAVisibleCharacter) {
@@ -151,6 +140,91 @@ TEST(SongTitleTest, IsThatOfTheTagOrElseOfTheFileButNeverWithoutAVisibleCharacte
         tag.SetTitle(tagged);
         EXPECT_EQ(library::SongTitle(tag, song), title) << song;
     }
+}
+
+struct NewerTagsTest : testing::Test {
+    /// A copy of one of the corpus's songs, which zeros bring to `size` bytes, if that is not 0.
+    fs::path Song(const std::string& name, std::uintmax_t size) const {
+        const fs::path song = mFolder.Write("song.mp3", BytesOf(SONGRUSH_CORPUS "/tags/" + name));
+        if (size > 0)
+            fs::resize_file(song, size);
+        return song;
+    }
+
+    /// Artist and title of the song, and whether they are those of a newer tag: "A: T newer".
+    QString Read(const fs::path& song) {
+        mTag.Read(song);
+        return mTag.Artist() + ": " + mTag.Title() + (mTag.IsNewer() ? " newer" : "");
+    }
+
+    const TemporaryFolder mFolder;
+    library::SongTag mTag;
+};
+
+TEST_F(NewerTagsTest, TitleAndFrontCoverAreTakenFromTheFirstTagThatHasThem) {
+    constexpr std::size_t kLimit = 8 << 20; // bytes of a frame with a picture
+    const struct {
+        const char* name;
+        QString read;
+        std::string cover = {};
+        std::uintmax_t size = 0;
+    } cases[] = {
+        {"v1", "Ann: Song"},
+        {"v1-id3v2-and-ape", "Old: One", "ape"},
+        {"v1-without-title-id3v2-and-ape", "A: T newer", "ape"},
+        {"v1-without-title-and-ape", "Q: P newer", "ape"},
+        {"v1-and-id3v2-without-artist", "Old: T newer"},
+        {"v1-and-id3v2-without-title", "Old: "},
+        {"id3v2-without-title-and-ape", "Q: P newer", "back"},
+        {"id3v2-2", "Ann: Song newer", "PICPIC"},
+        {"id3v2-2-unsynchronised", ": ", "\xFF\xE0p"},
+        {"id3v2-3", "An: Song newer", "PICPICPICPICPIC"},
+        {"id3v2-3-unsynchronised", ": So\u00FFng newer", "front"},
+        {"id3v2-extended", ": Song newer"},
+        {"id3v2-compressed", ": Song newer"},
+        {"id3v2-4", "An: Song newer", "PICPICPICPICPIC"},
+        {"id3v2-4-unsynchronised", "\u00E9: \u00E9 newer"},
+        {"id3v2-4-extended-several-values", "A, \u00E9: T newer"},
+        {"id3v2-4-plain-size", "Ann: " + QString(128, u'S') + " newer"},
+        {"id3v2-utf16", "\u0416: \u0416 \U0001F3B5 newer"},
+        {"id3v2-beyond-the-file", "A: T newer"},
+        {"id3v2-frame-behind-the-tag", ": "},
+        {"id3v2-frame-beyond-the-tag", ": "},
+        {"id3v2-frame-into-the-next", ": "},
+        {"id3v2-frame-of-the-highest-size", ": "},
+        {"id3v2-title-of-5000", ": ", {}, 5020},
+        {"ape", "Ann, Bob: Song newer", "PICPIC"},
+        {"ape-v1", "Ann, Bob: Song newer", "PICPIC"},
+        {"ape-items-that-lie", ": "},
+        {"ape-without-items", ": "},
+        {"ape-beyond-the-file", ": "},
+        {"cover-front-of-several", ": ", "front"},
+        {"cover-none-of-the-front", "Q: P newer", "back"},
+        {"cover-ape-by-its-name-only", ": "},
+        {"cover-ape-link", ": "},
+        {"cover-link", ": ", "back"},
+        {"cover-compressed", ": ", "back"},
+        {"cover-without-bytes", ": ", "back"},
+        {"cover-of-8-MiB", ": ", "p" + std::string(kLimit - 23, '\0'), kLimit + 20},
+        {"cover-beyond-8-MiB", ": ", "back", kLimit + 1000},
+    };
+    for (const auto& [name, read, cover, size] : cases) {
+        const fs::path song = Song(name, size);
+        EXPECT_EQ(Read(song), read) << name;
+        EXPECT_TRUE(library::ReadCover(song) == QByteArray::fromStdString(cover)) << name;
+    }
+}
+
+TEST_F(NewerTagsTest, AHugePictureIsNotReadAndAPipeIsNotWaitedFor) {
+    const fs::path huge = Song("id3v2-huge-picture", 20 + 200'000'000);
+    std::ofstream(huge, std::ios::app) << "TIT2\0\0\0\2\0\0\0T"s;
+    EXPECT_EQ(Read(huge), ": T newer");
+    const fs::path pipe = mFolder.Path() / "pipe.mp3";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    EXPECT_EQ(Read(pipe), ": ");
+    EXPECT_EQ(library::SongTitle(pipe), "pipe");
+    for (const fs::path& song : {pipe, mFolder.Path(), mFolder.Path() / "missing.mp3"})
+        EXPECT_TRUE(library::ReadCover(song).isEmpty()) << song;
 }
 
 } // namespace
