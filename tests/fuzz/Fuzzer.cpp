@@ -14,6 +14,6 @@ extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    fuzz::Target::All().front()->Run(std::string(reinterpret_cast<const char*>(data), size));
+    fuzz::Targets().begin()->second(std::string(reinterpret_cast<const char*>(data), size));
     return 0;
 }

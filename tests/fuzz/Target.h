@@ -1,35 +1,22 @@
 #pragma once
 
+#include <map>
 #include <string>
-#include <vector>
 
 namespace fuzz {
 
-/// Something that reads what others have written. It is run with any bytes at all, which it must
-/// survive; what it promises all the same, its function expects as a test does.
-class Target {
-public:
-    /// Targets live as long as the program.
-    Target(const char* name, void (*run)(const std::string& bytes)) : mName(name), mRun(run) {
-        All().push_back(this);
-    }
-    Target(const Target&) = delete;
-    Target& operator=(const Target&) = delete;
+/// Reads what others have written. It is run with any bytes at all, which it must survive; what it
+/// promises all the same, it expects as a test does.
+using Run = void (*)(const std::string& bytes);
 
-    /// The targets that are linked into the program.
-    static std::vector<const Target*>& All() {
-        static std::vector<const Target*> targets;
-        return targets;
-    }
+/// The targets that are linked into the program, by the folders of their corpus.
+inline std::map<std::string, Run>& Targets() {
+    static std::map<std::string, Run> targets;
+    return targets;
+}
 
-    /// Also that of the folder of its corpus.
-    const char* Name() const { return mName; }
-
-    void Run(const std::string& bytes) const { mRun(bytes); }
-
-private:
-    const char* mName;
-    void (*mRun)(const std::string& bytes);
+struct Target {
+    Target(const char* name, Run run) { Targets()[name] = run; }
 };
 
 } // namespace fuzz

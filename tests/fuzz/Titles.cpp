@@ -1,15 +1,11 @@
 #include "editor/TitleRules.h"
-#include "game/Choices.h"
 #include "game/LikeTitles.h"
 #include "library/SongTitle.h"
 #include "library/c_ID3.h"
-#include "platform/Chance.h"
 #include "platform/Text.h"
 #include "tests/fuzz/Target.h"
 
-#include <QStringList>
 #include <gtest/gtest.h>
-#include <set>
 
 namespace {
 
@@ -44,26 +40,10 @@ void TryFile(const fs::path& file) {
     EXPECT_EQ(name.has_value(), !guess.artist.isEmpty() || !guess.title.isEmpty());
 }
 
-/// Four choices out of songs with these titles.
-void TryQuestion(const QStringList& titles) {
-    const int count = static_cast<int>(titles.size());
-    const auto fileOf = [](int index) { return fs::path(std::to_string(index)); };
-    const auto titleOf = [&](const fs::path& file) { return titles.value(std::stoi(file)); };
-    platform::Randomize(count);
-    const auto choices = game::DrawChoices(count, fileOf, fileOf(count - 1), titleOf);
-    const std::set<int> candidates(choices.candidates.begin(), choices.candidates.end());
-    EXPECT_TRUE(*candidates.begin() >= 0 && *candidates.rbegin() < count);
-    if (count >= 6) {
-        EXPECT_EQ(candidates.size(), 4u);
-        EXPECT_FALSE(candidates.contains(0) || candidates.contains(count - 1));
-    }
-}
-
 void Run(const std::string& bytes) {
     const QString text = platform::ShownText(std::string_view(bytes));
     TryTitle(text);
     TryFile(bytes.substr(0, bytes.find('\0'))); // no file name holds one
-    TryQuestion(text.split(u'\n'));
 }
 
 const fuzz::Target kTitles("titles", Run);

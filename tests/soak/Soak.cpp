@@ -7,7 +7,6 @@
 #include "game/c_gBet.h"
 #include "platform/Aside.h"
 #include "platform/Motion.h"
-#include "tests/Fingers.h"
 #include "tests/Surroundings.h"
 #include "tests/game/GameScene.h"
 
@@ -89,7 +88,7 @@ private:
             return;
         const int button = Any(4);
         mBet = game::BetFromButton(button + 1);
-        Press(board.ChoiceBoxes()[static_cast<std::size_t>(button)]);
+        ClickOn(board.ChoiceBoxes()[static_cast<std::size_t>(button)]);
     }
 
     /// Lets the clock run, perhaps until the clip is over, and may take the hint.
@@ -106,7 +105,7 @@ private:
         mSeconds = static_cast<float>(over ? 1000 * mBet : time) / 1000.0F;
         mLimit = over ? f_Multi::kClipStopped : mBet;
         if (OneIn(4)) {
-            Press(board.pHint);
+            ClickOn(board.pHint);
             Score() = game::ScoreAfterHint(Score());
         }
     }
@@ -119,7 +118,7 @@ private:
         if (right)
             Score() = game::AddPoints(Score(), mBet > 0 ? game::PointsForBet(mBet)
                                                         : game::PointsForTime(mSeconds));
-        Press(Choice(right));
+        ClickOn(Choice(right));
     }
 
     void CheckScore() {
@@ -128,20 +127,6 @@ private:
         mBet = 0;
         mSeconds = -1;
         mAnswered = false;
-    }
-
-    /// Presses a button of the board with the mouse, or by its key.
-    void Press(toolkit::PictureBox* box) {
-        const auto choices = board.ChoiceBoxes();
-        const auto choice = std::ranges::find(choices, box) - choices.begin();
-        Fingers fingers;
-        fingers.mAt = OnStage(board, box->Place().center());
-        if (OneIn(2)) {
-            fingers.Press(Qt::LeftButton);
-            fingers.Release(Qt::LeftButton);
-        } else {
-            fingers.Down(choice < 4 ? '1' + static_cast<int>(choice) : 'H');
-        }
     }
 
     std::int32_t& Score() {
