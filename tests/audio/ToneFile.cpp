@@ -34,8 +34,7 @@ std::vector<float> Tone(double seconds, const Encoding& encoding) {
         const double time = static_cast<double>(i) / encoding.rate;
         const double decay = std::exp(-encoding.decay * std::fmod(time, 0.5));
         samples[i] = static_cast<float>(encoding.volume * decay * std::sin(phase));
-        const double hertz = encoding.pitch > 0 ? encoding.pitch : Pitch(time);
-        phase += 2 * std::numbers::pi * hertz / encoding.rate;
+        phase += 2 * std::numbers::pi * Pitch(time) / encoding.rate;
     }
     return samples;
 }

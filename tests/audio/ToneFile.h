@@ -16,7 +16,6 @@ struct Encoding {
     bool variable = false; ///< variable bit rate; `kbps` is not used then
     bool header = true;    ///< a leading frame with length and gapless information
     double volume = 0.5;   ///< of the sine, which is the peak; 1 is full scale
-    double pitch = 0;      ///< in Hz; 0 for one that tells the time
     double decay = 0;      ///< by how much each half second dies away, as e to its power a second
 };
 
