@@ -11,7 +11,6 @@
 
 #include <QTest>
 #include <chrono>
-#include <fstream>
 #include <optional>
 #include <set>
 #include <utility>
