@@ -1,9 +1,8 @@
 #include "audio/c_XAudio.h"
 #include "editor/c_player.h"
 #include "library/c_ID3.h"
-#include "platform/Motion.h"
-#include "tests/Fingers.h"
 #include "tests/Looks.h"
+#include "tests/OnStage.h"
 #include "tests/Robot.h"
 #include "tests/SongFolder.h"
 #include "tests/audio/ToneFile.h"
@@ -30,12 +29,12 @@ protected:
         EXPECT_TRUE(QTest::qWaitForWindowActive(&Stage::Get()));
     }
 
-    fs::path Song(const QString& title = "A title") const {
+    fs::path Song() const {
         static const std::string bytes = tonefile::Encode(40) + '\0';
         const fs::path song = mFolder.Path() / "song.mp3";
         std::ofstream(song, std::ios::binary) << bytes;
         c_ID3 tag;
-        tag.SetTitle(title);
+        tag.SetTitle("A title");
         tag.PutIdTag(song);
         return song;
     }
@@ -69,15 +68,6 @@ protected:
         });
     }
 
-    /// Lets the player's timer tick, which does not by itself then.
-    void Tick(int times) {
-        mForm.PosTimer.setInterval(1'000'000);
-        for (int i = 0; i < times; ++i) {
-            QTimerEvent tick(mForm.PosTimer.timerId());
-            QCoreApplication::sendEvent(&mForm.PosTimer, &tick);
-        }
-    }
-
     SongFolder mFolder;
     std::unique_ptr<c_player> mPlayer = std::make_unique<c_player>();
     f_Player& mForm = mPlayer->Form();
@@ -109,26 +99,18 @@ TEST_F(Player, PlaysPausesStopsAndRestsAtTheSongsEnd) {
     EXPECT_LT(Audio().Position(), 30);
 }
 
-TEST_F(Player, GoesWhereTheBarIsPressedAndIsDraggedElsewhereAndComesBackToTheCorner) {
+TEST_F(Player, GoesWhereTheBarIsPressedAndOpensAtTheStartInTheCorner) {
     Open(Song());
-    const std::tuple<QPoint, QPoint, const char*, double> cases[] = {
-        {{150, 80}, {40, 30}, "0:00 / 0:40", 0},
-        {{230, 57}, {0, 0}, "0:20 / 0:40", 20},
-        {{170, 57}, {0, 0}, "0:00 / 0:40", 0},
-        {{291, 57}, {0, 0}, "0:40 / 0:40", 40}};
-    for (const auto& [grip, way, times, seconds] : cases) {
-        const QPoint from = OnStage(mForm, grip);
-        QTest::mousePress(StageWindow(), Qt::LeftButton, {}, from);
-        for (const QPoint to : {from + way, from + way + way}) { // the first begins to drag
-            QCursor::setPos(Stage::Get().mapToGlobal(to));
-            QTest::mouseMove(StageWindow(), to);
-        }
-        QTest::mouseRelease(StageWindow(), Qt::LeftButton, {}, from);
+    const std::tuple<int, const char*, double> cases[] = {
+        {230, "0:20 / 0:40", 20}, {170, "0:00 / 0:40", 0}, {291, "0:40 / 0:40", 40}};
+    for (const auto& [x, times, seconds] : cases) {
+        QTest::mousePress(StageWindow(), Qt::LeftButton, {}, OnStage(mForm, QPoint(250, 57)));
+        QTest::mouseMove(StageWindow(), OnStage(mForm, QPoint(x, 57)));
+        QTest::mouseRelease(StageWindow(), Qt::LeftButton);
         EXPECT_NEAR(Audio().Position(), seconds, 0.2);
         EXPECT_EQ(mForm.pTimes->Text(), times);
-        mPlayer->Show();
-        EXPECT_EQ(PlaceOf(mForm).topLeft(), QPoint(40, 30));
     }
+    mForm.MoveTo(QPoint(40, 30));
     ClickOn(mForm.pX);
     Show();
     EXPECT_EQ(PlaceOf(mForm).topLeft(), QPoint(0, 0));
@@ -146,31 +128,10 @@ TEST_F(Player, IsFastOnlyWhileTheKeyIsHeld) {
     QTest::mouseRelease(window, Qt::LeftButton, {}, OnStage(mForm, QPoint(280, 75))); // beside it
     EXPECT_TRUE(Becomes(false));
     mForm.pFF->setFocus();
-    Fingers fingers;
-    fingers.Down(Qt::Key_Space);
-    fingers.mTime += 600;
-    fingers.Up(Qt::Key_Space); // and down again at the same time, as X tells that it repeats
-    fingers.Down(Qt::Key_Space);
-    fingers.Down(Qt::Key_Space, true);
+    QTest::keyPress(window, Qt::Key_Space);
     EXPECT_TRUE(Becomes(true));
-    fingers.mTime += 600;
-    fingers.Up(Qt::Key_Space);
+    QTest::keyRelease(window, Qt::Key_Space);
     EXPECT_TRUE(Becomes(false));
-}
-
-TEST_F(Player, ALongTitleScrollsRoundTheStripOrGoesOnPartByPart) {
-    const std::tuple<bool, int, const char*> steps[] = {
-        {false, 10, "player-scrolled"}, {false, 120, "player-comes-in"},
-        {false, 0, "player-title"},     {true, 29, "player-title"},
-        {true, 1, "player-part"},       {true, 30, "player-title"}};
-    Open(Song(QString("12345 ").repeated(5) + "12345 7890 2345 78"));
-    for (const auto& [still, ticks, look] : steps) {
-        platform::ReplaceMotionWish([less = still] { return less; });
-        ClickOn(ticks > 0 ? mForm.pPlay : mForm.pStop);
-        Tick(ticks);
-        ExpectLook(*mForm.pTitle, look);
-    }
-    platform::ReplaceMotionWish({});
 }
 
 TEST_F(Player, FallsSilentWhenItIsClosedButLeavesTheSoundOfOthersAlone) {
@@ -186,12 +147,8 @@ TEST_F(Player, FallsSilentWhenItIsClosedButLeavesTheSoundOfOthersAlone) {
         EXPECT_EQ(Audio().Position(), 0);
         EXPECT_TRUE(Stands());
     }
-    auto other = std::make_unique<c_player>();
-    other->OpenFile(Song());
-    other->bPlay_Clicked();
-    other->bX_Clicked();
     Audio().Play();
-    other = nullptr;
+    { const c_player other; }
     EXPECT_TRUE(Passes(0.1));
 }
 

@@ -1,9 +1,7 @@
 #include "editor/f_Edit.h"
 #include "library/c_ID3.h"
 #include "platform/Text.h"
-#include "platform/Wait.h"
 #include "tests/Looks.h"
-#include "tests/Quit.h"
 #include "tests/Robot.h"
 #include "tests/TemporaryFolder.h"
 #include "toolkit/Stage.h"
@@ -14,8 +12,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
-#include <functional>
-#include <tuple>
 #include <utility>
 
 namespace fs = std::filesystem;
@@ -58,57 +54,63 @@ protected:
         return platform::PathFromKey(key);
     }
 
-    /// As `Run`, on some song; then cancels.
-    void Use(const std::function<void()>& act) {
-        Run(MakeSong("some.mp3"), [&] {
-            act();
-            ClickOn(mDialog.cmdCancel);
-        });
-    }
-
-    static void Type(QLineEdit* box, const QString& text) {
-        box->selectAll();
-        QTest::keyClicks(box, text);
-    }
-
-    platform::QuitWatch mQuitWatch;
     TemporaryFolder mFolder;
     f_Edit mDialog;
     QStringList mMessages;
 };
 
-TEST_F(TitleDialogTest, ApplyingWritesTheTagAndRenamesTheFileUnlessItsNameIsLeftOrEmpty) {
-    // A file's name, as it is shown, what is typed, and the name after that.
-    const std::tuple<std::string, QString, QString, std::string> cases[] = {
-        {"old name.MP3", "old name", " new name ", "new name.mp3"},
-        {"what: a\\b?.mp3", "what ab", "what ab", "what: a\\b?.mp3"},
-        {" caf\xE9 .MP3", " café ", " café ", " caf\xE9 .MP3"},
-        {"twice.mp3.mp3", "twice.mp3", "twice.mp3", "twice.mp3.mp3"},
-        {"other.ogg", "other.ogg", "other.ogg", "other.ogg"},
-        {"two\nlines.mp3", "twolines", "  ", "two\nlines.mp3"},
-        {"song.mp3", "song", ".MP3", "song.mp3"},
+TEST_F(TitleDialogTest, ApplyingWritesTagAndNameAndTellsWhatIsNotDoneToTheLetter) {
+    const QString fifteen = "Fifteen letters";
+    const auto shorten = [](const fs::path& song) { fs::resize_file(song, 100); };
+    const auto remove = [](const fs::path& song) { fs::remove(song); };
+    const struct {
+        fs::path song;
+        QString shown;
+        QString name, title, artist; // as they are typed
+        QString after;
+        const char* problem = "";
+        std::function<void(const fs::path&)> spoil = {}; // meanwhile
+    } cases[] = {
+        {"old name.MP3", "old name", " new name ", " New ", " Band ", "new name.mp3|New|Band"},
+        {"what: a\\b?.mp3", "what ab", "what ab", "New", "Band", "what: a\\b?.mp3|New|Band"},
+        {" caf\xE9 .MP3", " café ", " café ", "New", "Band", " café .MP3|New|Band"},
+        {"twice.mp3.mp3", "twice.mp3", "twice.mp3", "New", "Band", "twice.mp3.mp3|New|Band"},
+        {"other.ogg", "other.ogg", "other.ogg", "New", "Band", "other.ogg|New|Band"},
+        {"two\nlines.mp3", "twolines", "  ", "New", "Band", "two\nlines.mp3|New|Band"},
+        {"song.mp3", "song", ".MP3", "New", "Band", "song.mp3|New|Band"},
+        {"1.mp3", "1", "taken", "New", "Band", "1.mp3|New|Band", "called \"taken.mp3\""},
+        {"2.mp3", "2", "2", "Старый", "Band", "2.mp3|??????|Band", "all letters of the title"},
+        {"3.mp3", "3", "3", fifteen.repeated(4), QString(31, u'b'),
+         "3.mp3|" + fifteen.repeated(4).first(59) + '|' + QString(30, u'b'),
+         "is too long; the tag has \"bbb"},
+        {"4.mp3", "4", "four", "New", "Band", "four.mp3|Old Title|Old Artist", "read-only",
+         MakeReadOnly},
+        {"5.mp3", "5", "5", "New", "Band", "5.mp3||", "too short", shorten},
+        {"6.mp3", "6", "six", "New", "Band", "6.mp3||", "not there any more", remove},
     };
-    for (const auto& [name, shown, typed, after] : cases) {
-        const QString fields = shown + "|Old Title|Old Artist";
-        const fs::path now = Run(MakeSong(name), [&, text = typed] {
-            EXPECT_EQ(Fields(), fields);
-            EXPECT_EQ(mDialog.focusWidget(), mDialog.tFileName);
-            EXPECT_TRUE(mDialog.IsModal());
-            Type(mDialog.tFileName, "x");
-            mDialog.tFileName->setText(text);
-            Type(mDialog.tSongTitle, " A New Title That Is Longer Than A Tag ");
-            Type(mDialog.tArtist, " New Artist ");
+    const fs::path taken = mFolder.Write("taken.mp3", "another file");
+    for (const auto& c : cases) {
+        const fs::path song = MakeSong(c.song);
+        const fs::path now = Run(song, [&] {
+            EXPECT_EQ(Fields(), c.shown + "|Old Title|Old Artist");
+            mDialog.tFileName->setText(c.name);
+            mDialog.tSongTitle->setText(c.title);
+            mDialog.tArtist->setText(c.artist);
+            if (c.spoil)
+                c.spoil(song);
             ClickOn(mDialog.cmdApply);
         });
-        EXPECT_FALSE(mDialog.Cancelled);
-        EXPECT_EQ(now, mFolder.Path() / after);
-        EXPECT_EQ(editor::ProblemsOf(mDialog.Changes()), "");
         c_ID3 tag;
         tag.GetIdTag(now);
-        EXPECT_EQ(tag.Title() + u'|' + tag.Artist() + u'|' + tag.Album(),
-                  "A New Title That Is Longer Than A Tag|New Artist|Old Album");
+        EXPECT_EQ(platform::ShownText(now.filename()) + '|' + tag.Title() + '|' + tag.Artist(),
+                  c.after);
+        EXPECT_EQ(tag.Album(), tag.Title().isEmpty() ? "" : "Old Album");
+        const QString problems = editor::ProblemsOf(mDialog.Changes());
+        EXPECT_EQ(problems.isEmpty(), *c.problem == 0) << problems.toStdString();
+        EXPECT_TRUE(problems.contains(c.problem)) << problems.toStdString();
     }
-    EXPECT_EQ(mFolder.Entries(), 7);
+    EXPECT_EQ(BytesOf(taken), "another file");
+    EXPECT_EQ(mFolder.Entries(), 13);
 }
 
 TEST_F(TitleDialogTest, CancellingLeavesFileAndTag) {
@@ -116,63 +118,86 @@ TEST_F(TitleDialogTest, CancellingLeavesFileAndTag) {
         [&] { ClickOn(mDialog.cmdCancel); },
         [&] { QTest::keyClick(mDialog.tArtist, Qt::Key_Escape); },
         [&] { EXPECT_FALSE(Stage::Get().close()); },
-        [] { platform::RequestQuit(); },
     };
     const fs::path song = MakeSong("song.mp3");
     const std::string bytes = BytesOf(song);
     for (const auto& leave : ways) {
         const fs::path path = Run(song, [&] {
-            Type(mDialog.tFileName, "other");
-            Type(mDialog.tSongTitle, "Other");
+            mDialog.tFileName->setText("other");
+            mDialog.tSongTitle->setText("Other");
             leave();
         });
         EXPECT_TRUE(mDialog.Cancelled);
         EXPECT_EQ(path, song);
         EXPECT_EQ(BytesOf(song), bytes);
     }
-    ForgetQuit();
 }
 
 TEST_F(TitleDialogTest, TheNameBoxDropsForbiddenCharactersAlsoFromItsHistory) {
-    Use([&] {
-        QLineEdit& box = *mDialog.tFileName;
-        const auto press = [&box](QKeySequence::StandardKey keys) {
-            QTest::keySequence(&box, keys);
-            return box.text();
-        };
+    QLineEdit& box = *mDialog.tFileName;
+    Run(MakeSong("some.mp3"), [&] {
         QTest::keyClicks(&box, " a:b");
         EXPECT_EQ(box.text(), "some ab");
         box.setCursorPosition(6);
         QApplication::clipboard()->setText("x/y?\\<>|*z");
-        EXPECT_EQ(press(QKeySequence::Paste), "some axyzb");
+        box.paste();
+        EXPECT_EQ(box.text(), "some axyzb");
         EXPECT_EQ(box.cursorPosition(), 9);
-        EXPECT_EQ(press(QKeySequence::Undo), "some ab");
-        EXPECT_EQ(press(QKeySequence::Undo), "some");
-        press(QKeySequence::Redo);
-        EXPECT_EQ(press(QKeySequence::Redo), "some axyzb");
-        box.setSelection(1, 3);
-        QTest::keyClick(&box, Qt::Key_Asterisk);
-        EXPECT_EQ(box.text(), "s axyzb");
+        box.undo();
+        EXPECT_EQ(box.text(), "some ab");
+        box.undo();
+        EXPECT_EQ(box.text(), "some");
+        box.redo();
+        box.redo();
+        EXPECT_EQ(box.text(), "some axyzb");
+        ClickOn(mDialog.cmdCancel);
     });
 }
 
 TEST_F(TitleDialogTest, TheHelperButtonsMakeTheFieldsFromEachOther) {
-    const auto fields = [this](QPushButton* button) {
-        ClickOn(button);
-        return Fields();
-    };
-    Use([&] {
-        Type(mDialog.tArtist, " ");
-        Type(mDialog.tSongTitle, " ");
-        EXPECT_EQ(fields(mDialog.cmdCombine), "some| | ");
-        Type(mDialog.tArtist, " the ac/dc of it ");
-        Type(mDialog.tSongTitle, "a_song");
-        EXPECT_EQ(fields(mDialog.cmdCombine), "the acdc of it-a_song|a_song| the ac/dc of it ");
-        EXPECT_EQ(fields(mDialog.cmdCapital), "The Acdc of It-a_song|A_song| the Ac/dc of It ");
-        EXPECT_EQ(fields(mDialog.cmdRemove), "The Acdc of It-a song|A song|the Acdc of It");
-        EXPECT_EQ(fields(mDialog.cmdGet), "The Acdc of It-a song|a song|The Acdc of It");
-        QTest::keySequence(mDialog.tArtist, QKeySequence::Undo);
-        EXPECT_EQ(mDialog.tArtist->text(), "the Acdc of It");
+    // The fields after each button, of an artist and a title in letters of all kinds.
+    const QString artist = " the AC/DC of (it), ÉTÉ nor for or ";
+    const QString title = "A~<>{}+=\\?_SONG  is 2nd o'clock, and a, if am on but";
+    const std::pair<QPushButton*, QString> steps[] = {
+        {mDialog.cmdCombine, "the ACDC of (it), ÉTÉ nor for or-"
+                             "A~{}+=_SONG  is 2nd o'clock, and a, if am on but|" +
+                                 title + '|' + artist},
+        {mDialog.cmdCapital, "The Acdc of (it), Été nor for Or-"
+                             "a~{}+=_song  is 2nd O'clock, and a, if am on but|"
+                             "A~<>{}+=\\?_song  is 2nd O'clock, and a, if am on but|"
+                             " the Ac/dc of (it), Été nor for Or "},
+        {mDialog.cmdRemove, "The Acdc of (it), Été nor for Or-"
+                            "a song  is 2nd O'clock, and a, if am on but|"
+                            "A song  is 2nd O'clock, and a, if am on but|"
+                            "the Acdc of (it), Été nor for Or"},
+        {mDialog.cmdGet, "The Acdc of (it), Été nor for Or-"
+                         "a song  is 2nd O'clock, and a, if am on but|"
+                         "a song  is 2nd O'clock, and a, if am on but|"
+                         "The Acdc of (it), Été nor for Or"}};
+    // Names, and what is made of them.
+    const std::pair<QString, QString> names[] = {{"The Band - The= Song", "The Song|The Band"},
+                                                 {"band_song", "song|band"},
+                                                 {"a-b-c_d_e", "a-b-c d e|Unknown"},
+                                                 {"plain.MP3.name.mp3", "plain.name|Unknown"},
+                                                 {"only-", "|only"}};
+    Run(MakeSong("some.mp3"), [&] {
+        mDialog.tArtist->clear();
+        mDialog.tSongTitle->setText(" ");
+        ClickOn(mDialog.cmdCombine);
+        mDialog.tArtist->setText(artist);
+        mDialog.tSongTitle->setText(title);
+        for (const auto& [button, fields] : steps) {
+            ClickOn(button);
+            EXPECT_EQ(Fields(), fields);
+        }
+        mDialog.tArtist->undo();
+        EXPECT_EQ(mDialog.tArtist->text(), "the Acdc of (it), Été nor for Or");
+        for (const auto& [name, made] : names) {
+            mDialog.tFileName->setText(name);
+            ClickOn(mDialog.cmdGet);
+            EXPECT_EQ(Fields(), name + '|' + made);
+        }
+        ClickOn(mDialog.cmdCancel);
     });
     EXPECT_EQ(mMessages,
               QStringList({"No songtitle or artist to combine.", "Mp3 Editor, Information, OK"}));
