@@ -44,8 +44,6 @@ protected:
         EXPECT_TRUE(QTest::qWaitFor([this] { return !mPlayer->Loading(); }));
     }
 
-    void Key(Qt::Key key) { QTest::keyClick(StageWindow(), key); }
-
     bool Passes(double seconds) const {
         return QTest::qWaitFor([=] { return Audio().Position() > seconds; });
     }
@@ -135,7 +133,7 @@ TEST_F(Player, IsFastOnlyWhileTheKeyIsHeld) {
 }
 
 TEST_F(Player, FallsSilentWhenItIsClosedButLeavesTheSoundOfOthersAlone) {
-    const std::function<void()> ways[] = {[this] { Key(Qt::Key_Escape); },
+    const std::function<void()> ways[] = {[] { QTest::keyClick(StageWindow(), Qt::Key_Escape); },
                                           [this] { ClickOn(mForm.pPause), Stage::Get().close(); },
                                           [this] { mPlayer = nullptr; }};
     for (const auto& close : ways) {

@@ -19,7 +19,6 @@ void TryTitle(const QString& title) {
     EXPECT_EQ(editor::RemoveJunk(kept), kept);
     const editor::Fitting fitting = editor::FitTitle(title);
     EXPECT_LE(fitting.text.size(), fitting.room);
-    EXPECT_FALSE(fitting.Hint().isEmpty());
     const QString file = editor::WithEnding(editor::NameCharacters(title));
     EXPECT_EQ(editor::WithEnding(editor::WithoutEnding(file)).size(), file.size());
     const QString escaped = platform::EscapeSeparators(title);
