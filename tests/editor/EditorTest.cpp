@@ -300,8 +300,12 @@ TEST_F(EditorTest, DroppedFilesAreAddedFoundAndHaveAMenu) {
     const auto lists = drop({"PlayList/other.m3u"});
     const auto more = drop({"Music", "PlayList/other.m3u", "Images/X.bmp"});
     const auto both = [&] { lists(), more(); }; // which comes in its turn
-    Run({both, Click(-1), Click(-1), Keys("Home Ctrl+F"), find("TITLE 2"), find(""), find(""),
-         find("", Qt::ShiftModifier), find("2"), Keys("Escape Delete Shift+F10"), Choose("Undo")});
+    const QStringList told =
+        Run({drop({"none.m3u"}), both, Click(-1), Click(-1), Keys("Home Ctrl+F"), find("TITLE 2"),
+             find(""), find(""), find("", Qt::ShiftModifier), find("2"),
+             Keys("Escape Delete Shift+F10"), Choose("Undo")});
+    EXPECT_TRUE(told.join(u'|').startsWith("none.m3u cannot be read")) << told.size();
+    EXPECT_FALSE(fs::exists(mFolder.Path() / "none.m3u"));
     EXPECT_EQ(found, QList<int>({1, 2, 3, 2, 2}));
     EXPECT_EQ(mMenu.join(u' '), "Play Edit Remove Show in folder -Find missing  "
                                 "Undo Remove 1 song -Redo");
@@ -391,7 +395,7 @@ TEST_F(EditorTest, AnyNameSurvivesListAndPlaylistAndAnEditedSongIsShownInAllItsL
              Press(form.pLoad, PathText("Music/why?.mp3")), Click(-1), Click(-1),
              Keys("Home Return"), Type(dialog.tSongTitle, "Schön", dialog.cmdApply), Keys("Return"),
              Type(dialog.tFileName, "#\"quoted\"", dialog.cmdApply)});
-    EXPECT_TRUE(told[0].startsWith("Warning, This playlist contains MP3s"));
+    EXPECT_TRUE(told.value(0).startsWith("Warning, This playlist contains MP3s"));
     EXPECT_EQ(told.mid(1), QStringList({"empty.m3u has no songs.", "why?.mp3 is not a playlist.",
                                         "why?.mp3:\nIt keeps its name: another file is called "
                                         "\"#\"quoted\".mp3\"."}));

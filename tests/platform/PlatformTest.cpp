@@ -58,9 +58,8 @@ TEST(Wait, NestedAndLaterOnesEndAfterAQuitAndQuestionsAreAnsweredWithNo) {
         ADD_FAILURE() << "shown";
         return 0;
     });
-    void (*const quits[])() = {platform::RequestQuit, [] {
-                                   QCoreApplication::postEvent(qApp, new QEvent(QEvent::Quit));
-                               }}; // ends a session
+    const auto endSession = [] { QCoreApplication::postEvent(qApp, new QEvent(QEvent::Quit)); };
+    const std::function<void()> quits[] = {platform::RequestQuit, endSession};
     for (const auto& quit : quits) {
         const platform::QuitWatch watch;
         EXPECT_FALSE(platform::Quitting());
