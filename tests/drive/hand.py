@@ -15,7 +15,12 @@ def xdotool(*words):
 def apart(what):
     """Waits as long as a press would be taken for the second half of a double one."""
     time.sleep(max(pressed.get(what, 0) + DOUBLE_PRESS - time.monotonic(), 0))
-    pressed[what] = time.monotonic()
+
+
+def press(what, *words):
+    apart(what)
+    xdotool(*words)
+    pressed[what] = time.monotonic()  # not before: on a busy machine it takes a while
 
 
 def move_to(x, y):
@@ -29,8 +34,7 @@ def move_away():
 
 def click(place, times=1):
     move_to(*place.middle)
-    apart(place.middle)
-    xdotool("click", "--repeat", times, "--delay", 20, 1)
+    press(place.middle, "click", "--repeat", times, "--delay", 20, 1)
 
 
 @contextmanager
@@ -46,8 +50,7 @@ def held(name):
 
 def key(*names):
     for name in names:
-        apart(name)
-        xdotool("key", name)
+        press(name, "key", name)
 
 
 def write(text):
