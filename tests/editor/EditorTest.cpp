@@ -162,9 +162,11 @@ TEST_F(EditorTest, AFolderIsListedAndSortedUpAndDownByItsHeaderAndASongIsHeard) 
     mFolder.MakeSongs(11);
     QStringList seen;
     const auto look = [&] { seen << Names(); };
+    f_Player& player = editor->Player().Form();
     const auto hear = [&] { seen << SongFolder::OpenTitle(); };
     Run({Add(), Click(-1), look, Click(-1), look, Look("editor"), Keys("End Space"), hear,
-         Press(editor->Player().Form().pNext), hear, Press(editor->Player().Form().pPrev), hear});
+         Press(player.pPlay), Press(player.pNext), hear, Press(player.pPrev),
+         [&] { EXPECT_TRUE(editor->Player().InUse()); }, hear});
     EXPECT_EQ(seen[0], "song1 song2 song3 song4 song5 song6 song7 song8 song9 song10 song11");
     EXPECT_EQ(seen[1], "song11 song10 song9 song8 song7 song6 song5 song4 song3 song2 song1");
     EXPECT_EQ(seen.mid(2).join(' '), "Title 1 Title 1 Title 2") << "the last one has no next";
@@ -350,7 +352,9 @@ TEST_F(EditorTest, WhatWasEditedWhenTheProgramEndedIsOfferedAgain) {
     const QString file = PathText("PlayList/mine.m3u");
     Run({Add(), Press(editor->Form().pSave, file)});
     EXPECT_FALSE(fs::exists(copy));
-    Run({Keys("Home Delete"), [] { platform::RequestQuit(); }});
+    Run({Keys("Home Delete"),
+         [&] { EXPECT_TRUE(QTest::qWaitFor([&] { return fs::exists(copy); })) << "for a crash"; },
+         [] { platform::RequestQuit(); }});
     EXPECT_EQ(mSaveQuestions, 0);
     ForgetQuit();
     mQuitWatch.emplace();
