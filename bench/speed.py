@@ -14,8 +14,11 @@ NANOSECONDS = {"ns": 1, "us": 1e3, "ms": 1e6}
 START = """# How fast it is
 
 Written by `scripts/speed.sh`. A floor is the least work that could do the same, measured in the same
-run: a bare walk over a folder, splitting a file into lines, an empty window of the same toolkit.
-"""
+run: a bare walk over a folder, splitting a file into lines, an empty window of the same toolkit."""
+
+
+def rounded(number):
+    return f"{number:,.0f}" if number >= 1000 else f"{number:.3g}"
 
 
 def median_times(program):
@@ -35,7 +38,7 @@ def floors_table(times):
         floor = times.get(f"{FLOORS.get(base)}/{kind}")
         share = f"{result['real_time'] / floor['real_time']:.2f}" if floor else ""
         bytes_each = f", {result['bytes/song']:.0f} bytes a song" if "bytes/song" in result else ""
-        yield (f"| {name} | {result['real_time']:.3g} {result['time_unit']}{bytes_each} "
+        yield (f"| {name} | {rounded(result['real_time'])} {result['time_unit']}{bytes_each} "
                f"| {share} |")
 
 
