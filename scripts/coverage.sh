@@ -21,4 +21,5 @@ sources=(library audio game/{CoverPicture,HighScoreTable,LastNames,LikeTitles}.c
 llvm-cov report "${run[@]}" -show-region-summary=false -show-branch-summary=false "${sources[@]}"
 echo
 echo "Lines that were not run:"
-llvm-cov show "${run[@]}" "${sources[@]}" | grep -E '^/|\| +0\|'
+llvm-cov show "${run[@]}" "${sources[@]}" |
+    awk '/^\// { file = $0 } /\| +0\|/ { if (file) print file; file = ""; print }'
