@@ -97,6 +97,11 @@ void NextQuestion::DrawChoices(bool readTitles) {
     mLook.start(1s);
 }
 
+void NextQuestion::TryAgain() {
+    mSongs.TryAgain();
+    TrySongs();
+}
+
 Question NextQuestion::Take() {
     mSongs.Take();
     const Question question = *mDrawn->Get();

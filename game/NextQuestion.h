@@ -47,6 +47,9 @@ public:
     /// run.
     State Advance();
 
+    /// Looks for a song once more after none was left.
+    void TryAgain();
+
     /// Returns the question that is ready. Its song is then marked as played, and is open on the
     /// clip player at the place where the clip begins.
     Question Take();

@@ -168,6 +168,10 @@ bool c_gMulti::PrepareSong() {
     Board().ClearBackground();
     Board().SetFontSize(24);
     AwaitSong();
+    if (!FirstQuestion() && mNext->Advance() == game::NextQuestion::State::NoSongLeft) {
+        mNext->TryAgain(); // a disk that was unplugged during the last question may be back
+        AwaitSong();
+    }
     if (mQuit || mNext->Advance() != game::NextQuestion::State::Ready)
         return false;
     mQuestion = mNext->Take();

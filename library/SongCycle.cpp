@@ -20,9 +20,17 @@ SongCycle::~SongCycle() {
 void SongCycle::Begin() {
     mList->SetMarks(MarksWithJournal());
     mMarks = mList->Marks();
+    TryAgain();
+    mInPlay.Begin();
+}
+
+void SongCycle::TryAgain() {
+    mList->SetMarks(mMarks);
     mUnplayed = std::count(mMarks.begin(), mMarks.end(), 0);
     mList->RandomizeList();
-    mInPlay.Begin();
+    mTurns.clear();
+    mNewCycle = false;
+    mFailed.clear();
 }
 
 int SongCycle::Unplayed() const {

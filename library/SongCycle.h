@@ -18,7 +18,7 @@
 namespace library {
 
 /// The songs of a playlist in the order of play: none comes twice before all have been played. A
-/// song that cannot be played is skipped while the object lives and keeps its mark in the list. The
+/// song that cannot be played is skipped, until all are tried again, and keeps its mark. The
 /// destructor writes the marks into the playlist file, unless another program has changed the file
 /// meanwhile; then they stay in a journal, as after a crash. So do those of another program's list,
 /// which is never written. May be created and destroyed on any thread.
@@ -54,6 +54,10 @@ public:
 
     /// Passes over the first `count` of them, which cannot be played.
     void PassOver(std::size_t count);
+
+    /// Has the songs that were passed over come again, as their disk may be back, in a new order of
+    /// play.
+    void TryAgain();
 
     /// Takes the first of them, which then counts as played.
     std::filesystem::path Take();

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <chrono>
 #include <functional>
+#include <set>
 #include <stop_token>
 #include <thread>
 #include <tuple>
@@ -93,6 +94,23 @@ TEST_F(SongCycleTest, SongsThatCannotBeOpenedArePassedOverAndKeepTheirMarks) {
         EXPECT_EQ(BytesOf(mList), Text(c.after)) << c.list;
     }
     platform::ReplaceRandom(chance);
+}
+
+TEST_F(SongCycleTest, SongsWhoseDiskIsBackCompleteTheCycle) {
+    List("a0 b1 c0 d0");
+    {
+        SongCycle cycle(mList);
+        cycle.Begin();
+        cycle.Upcoming(1);
+        std::set<fs::path> played = {"/b", cycle.Take()};
+        for (std::size_t failed = 1; failed > 0; cycle.PassOver(failed))
+            failed = cycle.Upcoming(4).size();
+        cycle.TryAgain();
+        EXPECT_EQ(cycle.Upcoming(4).size(), 2u);
+        for (int i = 0; i < 2; ++i)
+            EXPECT_TRUE(played.insert(cycle.Take()).second) << "before all were played";
+    }
+    EXPECT_EQ(BytesOf(mList), Text("a1 b1 c1 d1"));
 }
 
 TEST_F(SongCycleTest, AnotherProgramsListIsNeverWrittenAndItsSongsComeBackWhenAllWerePlayed) {
