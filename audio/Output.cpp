@@ -26,7 +26,7 @@ constexpr auto kLinger = 100ms;
 /// How long it is kept open for a voice that has begun, but has nothing decoded yet.
 constexpr auto kBeginning = 2s;
 /// A device that has not asked for frames for this long counts as not working.
-constexpr auto kPatience = 800ms;
+constexpr auto kPatience = 1500ms;
 constexpr auto kPeriod = 20ms;
 
 std::atomic<bool> gNoDevice = false;

@@ -106,6 +106,17 @@ TEST_F(StuckDevice, LeavesTheGameGoingAndSoundComesBackWithTheNextClip) {
     }
 }
 
+TEST_F(StuckDevice, ThatOpensASecondAfterPlayMissesNothing) {
+    gHangs = true;
+    ASSERT_EQ(mPlayer.OpenFile(Song(3)), 1);
+    mPlayer.Play();
+    std::this_thread::sleep_for(std::chrono::seconds(1));
+    ASSERT_TRUE(Recovers());
+    EXPECT_TRUE(PlaysToTheEnd());
+    mPlayer.StopPlay();
+    EXPECT_GT(RecordedSound().size(), 2.9 * kRate);
+}
+
 TEST_F(StuckDevice, AnUnpluggedOneIsLookedForAgainAndOneThatHangsIsLeftBehind) {
     static std::atomic<bool> unplugged = false;
     mSdl.GetAudioDeviceStatus = [](SDL_AudioDeviceID device) {
