@@ -12,7 +12,7 @@ PACKAGES_TEST=(libgtest-dev libmp3lame-dev clang-format shellcheck desktop-file-
     qt6-gtk-platformtheme weston)
 PACKAGES_GATES=(clang clang-tidy)
 PACKAGES_FUZZ=(clang libclang-rt-14-dev llvm)
-PACKAGES_FAULTS=(strace)
+PACKAGES_FAULTS=(strace pulseaudio pulseaudio-utils)
 PACKAGES_BENCH=(libbenchmark-dev libmp3lame-dev)
 
 missing_packages() {
