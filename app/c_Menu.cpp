@@ -24,10 +24,6 @@ c_Menu::c_Menu(f_Menu& form) : mForm(form), mWindowButtons(form) {
         box->MoveTo((mForm.Width() - box->Width()) / 2, top);
         top += kStep;
     }
-    // The Tab key goes through the second stage from top to bottom.
-    QWidget::setTabOrder(mForm.cPlayers, mForm.PChoice1);
-    QWidget::setTabOrder(mForm.PChoice1, mForm.pChoice2);
-    QWidget::setTabOrder(mForm.pChoice2, mForm.pChoice3);
     ShowFirstStage(true);
     HideSecondStage();
 

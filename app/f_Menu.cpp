@@ -39,10 +39,10 @@ f_Menu::f_Menu()
       pSingle(new PictureBox(this, QStringLiteral("pSingle"), kFirstStage)),
       pMulti(new PictureBox(this, QStringLiteral("pMulti"), kFirstStage)),
       pEditor(new PictureBox(this, QStringLiteral("pEditor"), kFirstStage)),
+      lPlayers(new QLabel(QStringLiteral("Players:"), this)), cPlayers(new PlayerList(this)),
       PChoice1(new PictureBox(this, QStringLiteral("PChoice1"), kSecondStage)),
       pChoice2(new PictureBox(this, QStringLiteral("pChoice2"), kSecondStage)),
       pChoice3(new PictureBox(this, QStringLiteral("pChoice3"), kSecondStage)),
-      lPlayers(new QLabel(QStringLiteral("Players:"), this)), cPlayers(new PlayerList(this)),
       Sizes(new SizeChoice(*this)),
       Scores(new WordButton(new PictureBox(this, QStringLiteral("pScores"), kScores),
                             QStringLiteral("High scores"))) {
@@ -60,7 +60,6 @@ f_Menu::f_Menu()
     lPlayers->setObjectName(QStringLiteral("lPlayers"));
     Put(*lPlayers, QRect(300, 190, 100, 26));
     lPlayers->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    lPlayers->setBuddy(cPlayers);
     cPlayers->setObjectName(QStringLiteral("cPlayers"));
     cPlayers->setAccessibleName(QStringLiteral("Players"));
     Put(*cPlayers, QRect(410, 190, 80, 26));

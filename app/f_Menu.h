@@ -18,11 +18,12 @@ public:
     toolkit::PictureBox* pSingle;
     toolkit::PictureBox* pMulti;
     toolkit::PictureBox* pEditor;
+    // The second stage from top to bottom, as the Tab key goes through it.
+    QLabel* lPlayers;
+    QComboBox* cPlayers;
     toolkit::PictureBox* PChoice1;
     toolkit::PictureBox* pChoice2;
     toolkit::PictureBox* pChoice3;
-    QLabel* lPlayers;
-    QComboBox* cPlayers;
     SizeChoice* Sizes;
     WordButton* Scores;
 };
