@@ -1,10 +1,14 @@
 #include "tests/Looks.h"
 
+#include "tests/TemporaryFolder.h"
 #include "toolkit/Palette.h"
 #include "toolkit/Stage.h"
 #include "toolkit/Style.h"
 #include "toolkit/c_Surface.h"
 
+#include <QAccessible>
+#include <QDebug>
+#include <QFile>
 #include <QGuiApplication>
 #include <QImage>
 #include <QPixmap>
@@ -12,6 +16,7 @@
 #include <QWidget>
 #include <algorithm>
 #include <cstdlib>
+#include <fstream>
 #include <gtest/gtest.h>
 
 namespace {
@@ -53,6 +58,46 @@ void ExpectSameInALargerWindow(QWidget& form, const char* name) {
     EXPECT_EQ(differences, 0) << name << ": differs in a larger window";
 }
 
+/// What a screen reader can tell of an object and all within it: a line for each. Announcements
+/// pass.
+QString Told(QAccessibleInterface* object, const QPoint& origin) {
+    if (object == nullptr || object->state().invisible ||
+        object->role() == QAccessible::Notification)
+        return {};
+    const QRect place = object->rect().translated(-origin);
+    QString told;
+    QDebug line(&told);
+    line.nospace().noquote() << object->role() << ' ' << place.x() << ' ' << place.y() << ' '
+                             << place.width() << ' ' << place.height();
+    for (const auto text : {QAccessible::Name, QAccessible::Value, QAccessible::Description})
+        line << " | " << object->text(text).replace(u'\n', u'/');
+    line << (object->state().disabled ? " disabled\n" : "\n");
+    for (int i = 0; i < object->childCount(); ++i)
+        line << Told(object->child(i), origin);
+    return told;
+}
+
+/// The visible controls in the order of the Tab key.
+QString TabOrder(const QWidget& form) {
+    QStringList names;
+    for (QWidget* next = form.nextInFocusChain(); next != &form; next = next->nextInFocusChain())
+        if (form.isAncestorOf(next) && next->isVisible() && next->focusPolicy() & Qt::TabFocus)
+            names << QAccessible::queryAccessibleInterface(next)->text(QAccessible::Name);
+    return QStringLiteral("Tab: ") + names.join(QStringLiteral(" | ")) + u'\n';
+}
+
+void ExpectTold(QWidget& form, const QString& name) {
+    const QString told =
+        Told(QAccessible::queryAccessibleInterface(&form), form.mapToGlobal(QPoint())) +
+        TabOrder(form);
+    const std::string expected = BytesOf(SONGRUSH_LOOKS "/" + name.toStdString());
+    EXPECT_EQ(told.toStdString(), expected) << name.toStdString();
+    if (told.toStdString() != expected)
+        std::ofstream(QCoreApplication::applicationDirPath().toStdString() + '/' +
+                      name.toStdString())
+            << told.toStdString();
+}
+
 } // namespace
 
 void ExpectLook(QWidget& form, const char* name) {
@@ -64,6 +109,7 @@ void ExpectLook(QWidget& form, const char* name) {
     EXPECT_EQ(differences, 0) << name << ": pixels that differ";
     if (differences != 0)
         half.save(QCoreApplication::applicationDirPath() + u'/' + file);
+    ExpectTold(form, QLatin1String(name) + QStringLiteral(".txt"));
     ExpectSameInALargerWindow(form, name);
 }
 

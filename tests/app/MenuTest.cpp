@@ -1,6 +1,8 @@
 #include "app/c_Menu.h"
 #include "app/f_Menu.h"
+#include "platform/Motion.h"
 #include "platform/Wait.h"
+#include "tests/Looks.h"
 #include "tests/OnStage.h"
 #include "tests/Robot.h"
 #include "tests/SongFolder.h"
@@ -56,6 +58,20 @@ TEST_F(MenuTest, EveryWayLeadsToItsModeForOnePlayerOrAListedNumber) {
     EXPECT_EQ(Choose({form.pMulti, form.PChoice1}), "MultipleChoice 2");
     EXPECT_TRUE(Choose({form.pEditor}).startsWith("Editor"));
     EXPECT_TRUE(Choose({&form.Scores->Box()}).startsWith("HighScores"));
+}
+
+TEST_F(MenuTest, LooksAsItShould) {
+    toolkit::Stage::Get().resize(toolkit::kStageSize);
+    platform::ReplaceMotionWish([] { return true; });
+    PrepareLooks();
+    Robot robot([this] {
+        const bool first = form.pMulti->isVisible();
+        if (form.isVisible())
+            ExpectLook(form, first ? "menu" : "menu-games");
+        ClickOn(first ? form.pMulti : form.pX);
+    });
+    c_Menu(form).Choose();
+    platform::ReplaceMotionWish({});
 }
 
 TEST_F(MenuTest, ADoubleClickOnOnePlayerChoosesNoGame) {

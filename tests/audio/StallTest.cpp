@@ -35,7 +35,9 @@ TEST_F(StalledDisk, IsNotNeededForWhatACueHasReadyNorWaitedForAfterwards) {
     ExpectHeard(heard, 0.1, 4.15);
     ExpectHeard(heard, 0.9, 4.95);
     mPlayer.SeekTo(2);
-    EXPECT_EQ(mPlayer.OpenFile(Song(3)), 1);
+    const audio::Cue none({gone}, atFour);
+    ASSERT_TRUE(Eventually([&none] { return !none.Working(); }));
+    EXPECT_EQ(mPlayer.OpenFile(Song(3)), 1) << "not for this song";
     EXPECT_TRUE(PlaysToTheEnd());
     EXPECT_GT(held.Waiting(), 0);
 }

@@ -1,6 +1,7 @@
 #include "editor/f_Edit.h"
 #include "library/c_ID3.h"
 #include "platform/Text.h"
+#include "tests/HeldReads.h"
 #include "tests/Looks.h"
 #include "tests/Robot.h"
 #include "tests/TemporaryFolder.h"
@@ -12,6 +13,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
+#include <optional>
 #include <utility>
 
 namespace fs = std::filesystem;
@@ -130,6 +132,22 @@ TEST_F(TitleDialogTest, CancellingLeavesFileAndTag) {
         EXPECT_EQ(path, song);
         EXPECT_EQ(BytesOf(song), bytes);
     }
+}
+
+TEST_F(TitleDialogTest, ClosesAtOnceWhileTheDiskHoldsBackWhatIsApplied) {
+    std::optional<HeldReads> held;
+    Robot robot([&] {
+        if (mDialog.isVisible() && !mDialog.tFileName->isReadOnly() && !held) {
+            held.emplace("song.mp3");
+            ClickOn(mDialog.cmdApply);
+        } else if (held && held->Waiting() > 0) {
+            Stage::Get().close();
+            EXPECT_FALSE(mDialog.isVisible());
+            held.reset();
+        }
+    });
+    mDialog.Run(MakeSong("song.mp3"));
+    EXPECT_FALSE(held);
 }
 
 TEST_F(TitleDialogTest, TheNameBoxDropsForbiddenCharactersAlsoFromItsHistory) {

@@ -82,8 +82,8 @@ TEST_F(GameTest, FourPlayersTakeTurnsSeeAllScoresAndAreAskedForNamesByTheirRank)
             ExpectLook(board, "game-turn");
         if (board.pCont->isVisible() && (third || question == 11))
             ExpectLook(board, third ? "game-right" : "game-wrong");
-        if (name.isVisible() && mPrompts.size() == 1)
-            ExpectLook(toolkit::Stage::Get(), "game-name");
+        if (name.isVisible())
+            ExpectLook(toolkit::Stage::Get(), mPrompts.isEmpty() ? "game-first-name" : "game-name");
         if (scores.isVisible() && !name.isVisible() && ++lists == 1)
             ExpectLook(scores, "game-scores");
         if (GoOn() || Choice(true) == nullptr)
@@ -121,6 +121,8 @@ TEST_F(GameTest, ABetFixesTheClipAndThePointsHasItsOwnTableAndCanBeLeftOpen) {
         }
         if (board.pCont->isVisible()) {
             EXPECT_EQ(Audio().Position() == 0, bets == 1) << "an early answer lets it play on";
+            if (bets == 1)
+                ExpectLook(board, "game-bet-won");
         }
         if (GoOn() || Choice(true) == nullptr)
             return;

@@ -1,4 +1,5 @@
 #include "platform/ProgramFolder.h"
+#include "platform/Settings.h"
 #include "platform/Text.h"
 #include "tests/Robot.h"
 #include "tests/TemporaryFolder.h"
@@ -8,6 +9,7 @@
 #include "toolkit/cDialog.h"
 
 #include <QApplication>
+#include <QColorDialog>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
@@ -128,6 +130,24 @@ TEST_F(DialogTest, ACancelledOpenGivesTheInitialNameAndBlanks) {
     const Step escape = [](QFileDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); };
     EXPECT_EQ(During(open, {escape}), "x.mp3" + QString(1024, u' '));
     EXPECT_EQ(QDir::currentPath(), Lists());
+}
+
+TEST_F(DialogTest, ColoursAreRedGreenBlueFromTheLowestByteAndOnesOwnAreKept) {
+    platform::WriteSetting("Temp", "CustomColors", "15", "255");
+    for (const auto& [result, color] :
+         {std::pair(QDialog::Accepted, 0x030201), {QDialog::Rejected, -1}}) {
+        Robot robot([&] {
+            auto* dialog = qobject_cast<QColorDialog*>(QApplication::activeModalWidget());
+            if (dialog == nullptr)
+                return;
+            EXPECT_EQ(QColorDialog::customColor(15), QColor(255, 0, 0));
+            QColorDialog::setCustomColor(0, QColor(0, 0, 1));
+            dialog->setCurrentColor(QColor(1, 2, 3));
+            static_cast<QDialog*>(dialog)->done(result);
+        });
+        EXPECT_EQ(cDialog::PickColor(), color);
+    }
+    EXPECT_EQ(platform::ReadSetting("Temp", "CustomColors", "0", ""), "65536");
 }
 
 TEST_F(DialogTest, PlacesOfSongsStandAtTheSideInThisProgramOnly) {

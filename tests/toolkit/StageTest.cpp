@@ -27,8 +27,12 @@ TEST(StageSize, TheWindowComesUpWhereItWasOnTheScreensThatThereAre) {
         {"partly outside", QRect(-80, 5, 800, 600), {kScreen}, {0, 30, 800, 600}},
         {"its screen is smaller", QRect(0, 0, 1600, 1200), {{0, 0, 1024, 768}}, {0, 0, 1024, 768}},
     };
-    for (const auto& [rule, last, screens, place] : cases)
+    for (const auto& [rule, last, screens, place] : cases) {
         EXPECT_EQ(StartPlace(last, screens), place) << rule;
+        EXPECT_EQ(PlaceFromText(TextFromPlace(place)), place) << "as the settings keep it";
+    }
+    for (const char* text : {"", "1 2 3", "1 2 3 x", "1 2 3 4 5", "1 2 0 4", "1 2 3 1000001"})
+        EXPECT_FALSE(PlaceFromText(text)) << text;
 }
 
 /// The stage with a form on it.
@@ -89,6 +93,7 @@ TEST_F(Stages, FadeToTheNextScreenWhichCanBePressedAtOnce) {
 }
 
 TEST_F(Stages, KeepTheWindowsShapeWhenItsEdgeIsLetGo) {
+    EXPECT_EQ(mStage.windowTitle(), "Songrush");
     const QPoint corner(mStage.width() - 2, mStage.height() - 2);
     Drag(corner, corner - QPoint(0, 150));
     EXPECT_EQ(mStage.size(), QSize(600, 450));
