@@ -73,6 +73,19 @@ TEST(Limiter, TurnsDownBeforeThePeakAndUpAgainWithoutAJump) {
     EXPECT_GT(out.back().left, 0.29);
 }
 
+TEST(Limiter, TurnsDownWhatPeaksBetweenItsSamples) {
+    Frames frames;
+    for (int i = 0; i < kRate; ++i) { // a quarter of the rate, at 0.6
+        const float level = i % 4 < 2 ? 0.424F : -0.424F;
+        frames.push_back({level, level});
+    }
+    audio::Limiter limiter(kRate, 0.5F);
+    limiter.Put(frames);
+    limiter.End();
+    limiter.Take(frames);
+    EXPECT_LE(sound::Measured(frames, kRate).TruePeak(), 0.52);
+}
+
 TEST_F(RecordedPlayer, TheSameMusicIsHeardAtOneLoudnessBelowFullScale) {
     const std::pair<tonefile::Encoding, bool> copies[] = {
         // soft, dense beyond full scale, all peaks, and played before anything can be known of it

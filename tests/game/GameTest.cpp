@@ -91,7 +91,7 @@ TEST_F(GameTest, FourPlayersTakeTurnsSeeAllScoresAndAreAskedForNamesByTheirRank)
         // Only the second player knows the songs, and the third one some, but no three in a row.
         const bool knows = question % 4 == 1 || question == 2 || question == 6 || question == 14;
         if (question == 9 && board.ElapsedTime() == 0) {
-            mNow = 3500;
+            mNow = 6500;
             return;
         }
         if (question == 9)
@@ -102,7 +102,7 @@ TEST_F(GameTest, FourPlayersTakeTurnsSeeAllScoresAndAreAskedForNamesByTheirRank)
     EXPECT_EQ(question, 24);
     EXPECT_EQ(lists, 2) << "the scores and the table";
     const game::HighScoreTable table = Table("H1.dat");
-    EXPECT_EQ(table.Score(0), QString::number(5 * 120000 + 70000));
+    EXPECT_EQ(table.Score(0), QString::number(5 * 120000 + 13500));
     EXPECT_EQ(table.Score(1), QString::number(3 * 120000));
     EXPECT_EQ(table.Score(2), "0");
     EXPECT_EQ(mPrompts, QStringList({"Player 1 got a High Score! Please Enter Their name below.",

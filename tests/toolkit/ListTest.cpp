@@ -208,6 +208,11 @@ TEST_F(PicList, MovesChosenLinesByDraggingAndByKeys) {
     EXPECT_EQ(Reports(), "moved, moved, moved") << "no further than to the top";
     EXPECT_EQ(firstKeys(), "2 1 0 3 4 5");
     EXPECT_EQ(SelectedKey(), "0");
+    mList.SortByHeader(1, 1);
+    Keys({Qt::ALT | Qt::Key_Down});
+    EXPECT_EQ(mList.SortedColumn(), -1);
+    EXPECT_EQ(firstKeys(), "2 1 3 0 4 5");
+    EXPECT_EQ(Reports(), "moved");
 
     Drag(CellAt(0, 0), CellAt(3, 0));
     Keys({Qt::Key_Delete, Qt::Key_Escape});
