@@ -260,6 +260,22 @@ TEST_F(EditorTest, EveryStepIsTakenBackAndAgainAsOftenAsOneLikes) {
     EXPECT_EQ(editor->Songs().RedoName(), "") << "what was undone is over";
 }
 
+TEST_F(EditorTest, SortingWhileSongsAreReadIsAStepOfItsOwn) {
+    mFolder.MakeSongs(3);
+    library::SetLastMp3Folder(mFolder.Path() / "Music");
+    HeldReads held("song3.mp3");
+    mMeanwhile = true;
+    const auto has = [&](int lines) {
+        return [=, this] {
+            const c_PicList& list = editor->List();
+            EXPECT_TRUE(QTest::qWaitFor([&] { return list.LineCount() == lines; }));
+        };
+    };
+    Run({Press(editor->Form().pAddFile, "\"song2.mp3\" \"song1.mp3\" \"song3.mp3\""), has(2),
+         Click(-1), [&] { held.LetGo(); }, has(3)});
+    EXPECT_EQ(editor->Songs().UndoName(), "Add 1 song");
+}
+
 TEST_F(EditorTest, MissingSongsAreReplacedByThoseFoundByTheirNames) {
     mFolder.MakeSongs(1, "deep/er");
     const fs::path gone = mFolder.Path() / "gone";
