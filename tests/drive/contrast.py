@@ -12,8 +12,6 @@ from pathlib import Path
 import numpy
 from PIL import Image, ImageFilter
 
-from screen import Box
-
 CLOCK = (50, 0, 100)  # on its lamp; it must be readable at a glance
 # The colours of texts.
 COLORS = ((255, 255, 255), (242, 243, 255), (226, 226, 255), (220, 220, 255), (255, 214, 238),
@@ -26,6 +24,7 @@ PRESSED, PRESSED_LIMIT = (255, 0, 100), 2.3
 SAME = 12  # of 255; pixels closer to a colour than this count as having it
 AROUND = 21  # pixels; strokes and shadows take less than half of the picture around each of them
 LEAST_INK = 8  # fewer pixels are no text
+EDGE = 5  # pixels; of what is around a text
 CUT_OFF = 14  # pixels; only list lines that are partly out of sight are lower
 SCORE_ROW = re.compile(r"(\d+\. .*), (\d+)(, new|, winner)?")
 
@@ -58,39 +57,31 @@ def judged(text, pixels):
     return f"{'%3d %3d %3d' % color} {worst:6.2f} {least:5.2f}" + " TOO LOW" * bool(worst < least)
 
 
-def inner(box, edge=5):
-    return Box(box.left + edge, box.top + edge, box.width - 2 * edge, box.height - 2 * edge)
-
-
-def parts(texts):
-    """The texts and their places, without anything else in these places."""
-    for text, role, box in texts:
-        box = Box(*box)
-        button = role == "push button"
-        if len(text) < 2 or (button and box.width < 2 * box.height) or box.height < CUT_OFF:
-            continue
-        sign = box.height if button and box.height > 30 else 0  # at a skinned button's left
-        row = SCORE_ROW.fullmatch(text)
-        if row:
-            score = box.width // 3
-            yield row[1], inner(box._replace(width=box.width - score))
-            yield row[2], inner(box._replace(left=box.left + box.width - score, width=score))
-        elif text.startswith("TIME: "):  # the word stands before its box, which is the clock
-            yield "TIME:", box._replace(left=box.left - box.width)
-            yield text.removeprefix("TIME: "), inner(box)
-        elif role == "label":
-            yield text, box
-        else:
-            yield text, inner(box._replace(left=box.left + sign, width=box.width - sign))
+def parts(picture, text, role, place):
+    """What is written, with the pixels there that have nothing else in them."""
+    left, top, width, height = place
+    button = role == "push button"
+    if len(text) < 2 or (button and width < 2 * height) or height < CUT_OFF:
+        return {}
+    whole = picture[max(top, 0):top + height, max(left, 0):left + width]
+    inner = whole[EDGE:-EDGE, EDGE:-EDGE]
+    if row := SCORE_ROW.fullmatch(text):
+        score = width * 2 // 3
+        return {row[1]: inner[:, :score], row[2]: inner[:, score:]}
+    if text.startswith("TIME: "):  # the word stands before its box, which is the clock
+        word = picture[top:top + height, left - width:left]
+        return {"TIME:": word, text.removeprefix("TIME: "): inner}
+    sign = height if button and height > 30 else 0  # at a skinned button's left
+    return {text: whole if role == "label" else inner[:, sign:]}
 
 
 folder = Path(sys.argv[1])
 looks = {}  # each with the first picture that has it
 for file in sorted(folder.glob("*.json")):
     picture = numpy.asarray(Image.open(file.with_suffix(".png")).convert("RGB"))
-    for words, (left, top, width, height) in parts(json.loads(file.read_text())):
-        look = picture[max(top, 0):top + height, max(left, 0):left + width]
-        looks.setdefault((words, look.tobytes()), (file.stem, look))
+    for entry in json.loads(file.read_text()):
+        for words, look in parts(picture, *entry).items():
+            looks.setdefault((words, look.tobytes()), (file.stem, look))
 report = [f"{stem:28} {words.splitlines()[0][:30]:30} {judged(words, look)}"
           for (words, _), (stem, look) in looks.items()]
 bad = sum(line.endswith(("NOT FOUND", "TOO LOW")) for line in report)
