@@ -1,4 +1,4 @@
-"""What the program reads and writes: playlists, tags, score tables."""
+"""What the program reads and writes: playlists and score tables."""
 
 import os
 import re
@@ -20,13 +20,7 @@ def played(playlist):
 
 
 def song_count(playlist):
-    return playlist.read_bytes().count(b".mp3")
-
-
-def has_title(song, title):
-    """Whether the tag at the song's end has the title, as far as it fits."""
-    tag = song.read_bytes()[-125:-96].decode("cp1252").rstrip("\0 ")
-    return title[:29].rstrip() == tag
+    return playlist.read_bytes().count(b".mp3") if playlist.exists() else 0
 
 
 def table_of(file):

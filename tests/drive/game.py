@@ -3,7 +3,7 @@
 import re
 
 import hand
-from files import has_title, table_of
+from files import table_of
 
 QUESTION = "What is the Title of this Song?"
 BETS = {"1 Second, 140,000 Points": 140000, "2 Seconds, 70,000 Points": 70000,
@@ -28,35 +28,24 @@ class Game:
 
     def __init__(self, program, betting=False, players=1):
         self.program = program
+        self.use = program.click  # presses a button
         self.betting = betting
         self.kind = "Betting" if betting else "Normal Play"
         self.scores = [0] * players
         self.told = None  # the score that was announced last
         self.turn = 0
-        self.failed = set()  # players with a wrong answer
         self.choices = {}  # by their keys
         self.entered = []  # the rows of the table that have been entered
-
-    def use(self, name):
-        """Presses a button."""
-        self.program.click(name)
 
     @property
     def player(self):
         return (self.turn - 1) % len(self.scores)
 
     def choose(self, playlist):
-        """Goes from the menu to the first question."""
-        self.choose_kind()
-        self.choose_list(playlist)
-
-    def choose_kind(self):
-        players = len(self.scores)
-        self.use("One player" if players == 1 else "Several players")
-        if players > 2:
-            self.program.ready(PLAYERS, "combo box")
-            hand.key("Home", *["Down"] * (players - 2))
+        """Goes from the menu to the first question of one or two players."""
+        self.use("One player" if len(self.scores) == 1 else "Several players")
         self.use(self.kind)
+        self.choose_list(playlist)
 
     def choose_list(self, playlist):
         self.use(PLAYLIST)
@@ -64,12 +53,15 @@ class Game:
 
     def moments(self, wrong=(), late=(), hints=()):
         """Plays all turns, gives wrong or late answers and takes hints in some of them, and goes on
-        to the table of high scores. Yields the name of each moment that waits for the player."""
+        to the table of high scores and back to the menu. Yields the name of each moment that waits
+        for the player."""
         for self.turn in range(1, 6 * len(self.scores) + 1):
             self.begin()
             if self.betting:
                 yield f"bet {self.turn}"
-                bet = self.bet("2" if self.turn in late else "5")
+                bet = list(BETS)[1 if self.turn in late else 3]
+                self.use(bet)
+                self.program.announced(re.escape(QUESTION))
             yield f"question {self.turn}"
             self.start_clip()
             yield f"clip {self.turn}"
@@ -83,17 +75,19 @@ class Game:
             assert not self.betting or points in (0, BETS[bet]), f"{points} points"
             yield f"result {self.turn}"
             self.use("Continue")
-        self.see_scores()
+        failed = {turn % len(self.scores) for turn in wrong}
+        self.see_scores(perfect=len(failed) < len(self.scores))
         yield "scores"
         self.use("Continue")
         yield from self.enter_names()
         yield "table"
+        self.use("Continue")
+        self.program.ready("One player")
 
     def play(self, **turns):
-        """Plays the whole game and goes back to the menu."""
+        """Plays the whole game."""
         for _ in self.moments(**turns):
             pass
-        self.leave()
 
     def addressed(self, one, several="Player {}"):
         return one if len(self.scores) == 1 else several.format(self.player + 1)
@@ -101,21 +95,14 @@ class Game:
     def new_score(self):
         """What is announced about the player's score."""
         told, self.told = self.told, self.scores[self.player]
-        return [] if told == self.told else [f"SCORE: {self.told}"]
+        return [] if told == self.told else [f"SCORE: {self.told}."]
 
     def begin(self):
+        self.choices = dict(enumerate(BETS, 1)) if self.betting else {}
+        asked = f"I can name that MP3 in: {numbered(self.choices)}" if self.betting else QUESTION
         due = sentences(f"Round {(self.turn - 1) // len(self.scores) + 1} of 6", *self.new_score(),
-                        self.addressed("Single Player Mode"))
-        asked = f"I can name that MP3 in: {numbered(dict(enumerate(BETS, 1)))}"
-        due += f" {asked if self.betting else QUESTION}"
+                        self.addressed("Single Player Mode"), asked)
         self.program.announced(re.escape(due), skip=self.turn == 1)
-
-    def bet(self, seconds):
-        self.choices = dict(enumerate(BETS, 1))
-        bet = next(bet for bet in BETS if bet.startswith(seconds))
-        self.use(bet)
-        self.program.announced(re.escape(QUESTION))
-        return bet
 
     def start_clip(self):
         self.use("Play")
@@ -123,21 +110,22 @@ class Game:
         self.program.find(re.compile(r"TIME: \d\d\.\d\d"), "label")
         song = self.program.wait("the song of this turn",
                                  lambda: self.program.noted()[self.turn - 1:])[-1]
-        self.right_title = next(c for c in self.choices.values() if has_title(song, c))
+        title = song.read_bytes()[-125:-96].decode("cp1252").rstrip("\0 ")  # as far as it fits
+        self.right_title = next(c for c in self.choices.values() if c[:29].rstrip() == title)
 
     def read_choices(self, count, before=()):
         """Reads the choices as announced after the texts `before`; the buttons must agree."""
         heard = self.program.announced(" ".join([*before, *[r"(\d): (.+)[.!?:]"] * count]))
-        buttons = self.program.wait("the choices", lambda: [
-            button.get_name() for button in self.program.all("push button")])
-        shown = [name for name in buttons if name not in NOT_CHOICES]
+        shown = self.program.wait("the choices", lambda: [
+            name for button in self.program.all("push button")
+            if (name := button.get_name()) not in NOT_CHOICES])
         self.choices = dict(zip(map(int, heard.groups()[0::2]), shown))
         assert heard[0].endswith(numbered(self.choices)), f"heard {heard[0]}, shown is {shown}"
 
     def take_hint(self):
         self.use("Hint")
         self.scores[self.player] = max(self.scores[self.player] - 10000, 0)
-        self.read_choices(2, before=map(sentences, self.new_score()))
+        self.read_choices(2, before=self.new_score())
 
     def answer(self, right):
         """Answers right or wrong and returns the points."""
@@ -145,13 +133,11 @@ class Game:
         who = self.addressed("You are", "Player {} is")
         wrong = sentences(f"{who} Wrong!", "The Correct Answer Is:", self.right_title)
         verdict = (rf"{who} Correct! .+ (\d+) Points\.(?: \d right in a row!)?" if right else
-                   re.escape(wrong))
-        said = self.program.announced(rf"{verdict}(?: (SCORE: \d+)\.)? By .+")
-        if not right:
-            self.failed.add(self.player)
-        points = int(said[1]) if right else 0
+                   f"{re.escape(wrong)}()")
+        said = self.program.announced(rf"{verdict}(?: SCORE: \d+\.)? By .+")
+        points = int(said[1] or 0)
         self.scores[self.player] += points
-        told = [said[2]] if right else []
+        told = re.findall(r"SCORE: \d+\.", said[0])
         assert self.new_score() == told, f"not the score of {self.scores}: {said[0]}"
         return points
 
@@ -159,12 +145,12 @@ class Game:
         """The players and their scores, best first."""
         return sorted(enumerate(self.scores, 1), key=lambda entry: -entry[1])
 
-    def see_scores(self):
+    def see_scores(self, perfect):
         best = max(self.scores) if len(self.scores) > 1 else None
         rows = (f"{place}. Player {player}, {score}" + ", winner" * (score == best > 0)
                 for place, (player, score) in enumerate(self.ranks(), 1))
         due = re.escape(sentences("SCORES", self.kind, *rows))
-        self.program.announced(due + " .*perfect game!" * (len(self.failed) < len(self.scores)))
+        self.program.announced(due + " .*perfect game!" * perfect)
 
     def enter_names(self):
         """Enters names, which must be the new rows of the table and come to its file."""
@@ -184,33 +170,3 @@ class Game:
         file = self.program.data / ("H2.dat" if self.betting else "H1.dat")
         self.program.wait(f"{heard} in its file",
                           lambda: table_of(file) == [row[:2] for row in rows])
-
-    def leave(self):
-        """Goes from the table to the menu."""
-        self.use("Continue")
-        self.program.ready("One player")
-
-
-class ReadersGame(Game):
-    """Played by the presses of a screen reader."""
-
-    def use(self, name):
-        self.program.press(name)
-
-
-class KeysGame(Game):
-    """Played by keys alone: in odd turns by digits, else with the focus on the choice."""
-
-    def choose_kind(self):
-        hand.key("Tab")  # shows where the focus is
-        super().choose_kind()
-
-    def use(self, name):
-        self.program.ready(name)
-        key = next((str(key) for key, choice in self.choices.items() if choice == name), None)
-        if name == "Hint":
-            key = "h"
-        elif not key or self.turn % 2 == 0:
-            self.program.tab_to(name)
-            key = "space" if name == "Play" else "Return"
-        hand.key(key)

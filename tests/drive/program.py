@@ -1,57 +1,117 @@
-"""The program, used by hand: the bus tells where to point the mouse."""
+"""The program as a screen reader sees it, and used by hand where the accessibility bus tells its
+controls to be."""
 
+import os
 import re
 import subprocess
+import time
+from contextlib import suppress
 
+import gi
 import hand
 from files import played
-from reader import LIMIT, Atspi, Reader, above, has_state, is_usable
-from screen import Box
 
-FRAME = (255, 221, 120)  # around the control that has the keyboard focus
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi, GLib
+
+LIMIT = 60  # seconds that a single step may take; programs under sanitizers are slow
+PASSING = ("Loading...", "The clip is over.")  # announced only if it takes long enough
+FRAME = (255, 221, 120)  # around the button that has the keyboard focus
 TEXT_ROLES = ("label", "push button", "text", "combo box", "table cell", "table column header")
 
 
-class Program(Reader):
+class Program:
+    """Waits by looking again and again, up to a limit."""
+
     def __init__(self, stage, folder, data=None):
         """Runs until its stage ends. It writes into `data`, by default its own folder."""
         self.stage = stage
         self.screen = stage.screen
         self.data = data or folder
+        self.heard = []  # announcements not yet asked for
+        Atspi.init()
+        listener = Atspi.EventListener.new(self._hear)
+        listener.register("object:state-changed:showing")
+        stage.callback(listener.deregister, "object:state-changed:showing")
+        os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
         # Started from elsewhere: nothing may depend on the current folder.
-        super().__init__(lambda: subprocess.Popen([folder / "songrush"], cwd="/"))
-        stage.callback(self.stop)
+        self.process = stage.enter_context(subprocess.Popen([folder / "songrush"], cwd="/"))
+        stage.callback(self.process.kill)
 
-    def place(self, item):
-        box = item.get_extents(Atspi.CoordType.SCREEN)
-        return Box(box.x, box.y, box.width, box.height)
+    def _hear(self, event):
+        with suppress(GLib.Error):  # gone already
+            if event.detail1 == 1 and event.source.get_role() == Atspi.Role.NOTIFICATION:
+                event.source.clear_cache()
+                self.heard.append(event.source.get_name())
 
-    def places_of_texts(self):
-        """The texts that can be read, with their roles and places, without those that a dialog may
-        cover. The facts in a header's text, except the sort order, are shown below it."""
-        texts = []
-        dialogs = [(dialog, self.place(dialog)) for dialog in self.all("dialog")]
-        for item in self.showing():
-            role, box, name = item.get_role_name(), self.place(item), item.get_name()
-            text = Atspi.Text.get_text(item, 0, -1) if role == "text" else name
-            if role not in TEXT_ROLES or not text or not is_usable(item) or any(
-                    place.meets(box) for dialog, place in dialogs if dialog not in above(item)):
-                continue
-            texts.append((text, role, box))
-            facts = re.sub("(^|, )sorted .*", "", item.get_description() or "")
-            if role == "table column header" and facts:
-                below = box._replace(top=box.top + box.height, height=box.height * 4 // 5)
-                texts.append((facts, "label", below))
-        return texts
+    def wait(self, what, condition):
+        """Waits for `condition` to return something true, and returns that."""
+        end = time.monotonic() + LIMIT
+        while time.monotonic() < end:
+            while GLib.MainContext.default().iteration(False):
+                pass
+            with suppress(GLib.Error):  # what was looked at has gone meanwhile
+                if value := condition():
+                    return value
+            status = self.process.poll()
+            assert status is None, f"the program ended with status {status} before {what}"
+            time.sleep(0.02)
+        shown = "\n".join(f"{item.get_role_name()} {item.get_name()!r}" for item in self.showing())
+        raise AssertionError(f"waited in vain for {what}; heard: {self.heard}; there are:\n{shown}")
+
+    def announced(self, pattern, skip=False):
+        """The match of the next announcement, or with `skip` of the first one that matches."""
+        while True:
+            text = self.wait(f"the announcement {pattern!r}",
+                             lambda: self.heard and self.heard.pop(0))
+            if match := re.fullmatch(pattern, text):
+                return match
+            assert skip or text in PASSING, f"announced was {text!r} instead of {pattern!r}"
+
+    def showing(self, within=()):
+        """All objects that are shown in some, by default in the program, but not what the dialogs'
+        folders hold."""
+        waiting = within or [program for program in children(Atspi.get_desktop(0))
+                             if program.get_process_id() == self.process.pid]
+        for item in waiting:
+            item.clear_cache()
+        while waiting:
+            item = waiting.pop()
+            yield item
+            if item.get_role() not in (Atspi.Role.TREE, Atspi.Role.LIST):
+                waiting += reversed([c for c in children(item) if has_state(c, "SHOWING")])
+
+    def all(self, role):
+        return [item for item in self.showing() if item.get_role_name() == role]
+
+    def seen(self, name, role="push button"):
+        """The control of that name, or that matches a compiled pattern, if it is shown. Of several,
+        preferably one that can be used, and of these the one in front."""
+        matches = name.fullmatch if isinstance(name, re.Pattern) else name.__eq__
+        found = [item for item in self.all(role) if matches(item.get_name())]
+        return max(reversed(found), key=is_usable, default=None)
+
+    def find(self, name, role="push button"):
+        return self.wait(f"the {role} {name!r}", lambda: self.seen(name, role))
+
+    def gone(self, name, role="push button"):
+        self.wait(f"the end of the {role} {name!r}", lambda: not self.seen(name, role))
 
     def ready(self, name, role="push button"):
         """The place of a control, once it takes mouse and keys and has its final look."""
-        def usable():
-            item = self.seen(name, role)
-            return item and is_usable(item) and self.place(item)
-        place = self.wait(f"the usable {role} {name!r}", usable)
+        place = self.wait(f"the usable {role} {name!r}", lambda: (
+            (item := self.seen(name, role)) and is_usable(item) and place_of(item)))
         self.screen.settle(place)
         return place
+
+    def press(self, name, role="push button"):
+        """Presses a button as a screen reader does."""
+        button = self.find(name, role)
+        actions = [button.get_action_name(i) for i in range(button.get_n_actions())]
+        assert button.do_action(actions.index("Press")), f"{name} cannot be pressed"
+
+    def click(self, name, role="push button", times=1):
+        hand.click(self.ready(name, role), times)
 
     def changes(self, place, act):
         """Does something that must change the look of a place."""
@@ -60,29 +120,23 @@ class Program(Reader):
         self.wait("another look", lambda: (self.screen.pixels(place) != before).any())
         self.screen.settle(place)
 
-    def click(self, name, role="push button", times=1):
-        hand.click(self.ready(name, role), times)
-
     def focus(self):
         """The name of the control that visibly has the keyboard focus."""
-        def framed():
-            for item in self.showing():
-                if has_state(item, "FOCUSED") and (
-                        item.get_role() != Atspi.Role.PUSH_BUTTON
-                        or (self.screen.pixels(self.place(item)) == FRAME).all(2).any()):
-                    return item.get_name() or "nameless"
-            return None
-        return self.wait("the frame of the focus", framed)
+        for item in self.showing():
+            if has_state(item, "FOCUSED") and (
+                    item.get_role() != Atspi.Role.PUSH_BUTTON
+                    or (self.screen.pixels(place_of(item)) == FRAME).all(2).any()):
+                return item.get_name()
+        return None
 
     def tab_to(self, name):
+        """Presses the Tab key until a control has the focus."""
         self.ready(name)
-        for _ in range(16):
-            at = self.focus()
-            if at == name:
-                return
+        passed = {None}
+        while name not in (at := self.wait(f"a focus not on {passed}",
+                                           lambda: {self.focus()} - passed)):
+            passed |= at
             hand.key("Tab")
-            self.wait(f"the focus beyond {at!r}", lambda: self.focus() != at)
-        raise AssertionError(f"the Tab key does not lead to {name}")
 
     def message(self, pattern):
         """Waits for a message with that text."""
@@ -102,13 +156,47 @@ class Program(Reader):
             hand.write(str(path))
         hand.key("Return" if path else "Escape")
 
-    def ended(self, status=0):
-        """Waits for the program's end."""
-        ended = self.process.wait(LIMIT)
-        assert ended == status, f"the program ended with {ended}"
+    def ended(self):
+        """Waits for the program's end in order."""
+        assert self.process.wait(LIMIT) == 0, f"it ended with status {self.process.returncode}"
 
     def noted(self):
         """The songs of the present game, as they are noted until it ends."""
         journals = (self.data / "PlayList").glob(".played-*")
-        newest = max(journals, key=lambda journal: journal.stat().st_mtime, default=None)
-        return played(newest) if newest else []
+        return [song for journal in journals for song in played(journal)]
+
+    def texts(self):
+        """The texts in front, with their roles and places. The facts in a header's text, except the
+        sort order, are shown below it."""
+        texts = []
+        for item in filter(is_usable, self.showing(self.all("dialog"))):
+            role, place, name = item.get_role_name(), place_of(item), item.get_name()
+            text = Atspi.Text.get_text(item, 0, -1) if role == "text" else name
+            if text and role in TEXT_ROLES:
+                texts.append((text, role, place))
+            facts = re.sub("(^|, )sorted .*", "", item.get_description() or "")
+            if facts and role == "table column header":
+                left, top, width, height = place
+                texts.append((facts, "label", (left, top + height, width, height * 4 // 5)))
+        return texts
+
+
+def has_state(item, name):
+    return item.get_state_set().contains(getattr(Atspi.StateType, name))
+
+
+def children(item):
+    return [c for c in (item.get_child_at_index(i) for i in range(item.get_child_count())) if c]
+
+
+def place_of(item):
+    box = item.get_extents(Atspi.CoordType.SCREEN)
+    return box.x, box.y, box.width, box.height
+
+
+def is_usable(item):
+    """Whether nothing lies in front that must be answered first."""
+    window = item
+    while (above := window.get_parent()) and above.get_role() != Atspi.Role.APPLICATION:
+        window = above
+    return has_state(window, "ACTIVE") and has_state(item, "ENABLED")

@@ -4,16 +4,42 @@ import os
 import re
 import shutil
 import signal
-import subprocess
 import sys
 import time
 from contextlib import ExitStack
 from pathlib import Path
+from subprocess import DEVNULL, PIPE, Popen
 from tempfile import mkdtemp
 
-from screen import Screen
+import numpy
 
-OUTER = re.compile("PATH|.*SAN_OPTIONS|SDL_AUDIODRIVER")  # what the environment keeps
+OUTER = re.compile("PATH|.*SAN_OPTIONS")  # what the environment keeps
+FOLDERS = {"HOME": "home", "XDG_CONFIG_HOME": "config", "TMPDIR": "tmp",
+           "XDG_RUNTIME_DIR": "runtime"}
+
+
+class Screen:
+    """The display's memory, read from the server's file. A place there is its left and top edge, its
+    width and its height."""
+
+    def __init__(self, file, width, height):
+        self.place = 0, 0, width, height
+        header = file.stat().st_size - width * height * 4
+        self.memory = numpy.memmap(file, numpy.uint8, "r", header, (height, width, 4))
+
+    def pixels(self, place=None):
+        """The present pixels: red, green and blue by row and column."""
+        left, top, width, height = place or self.place
+        return self.memory[top:top + height, left:left + width, 2::-1].copy()
+
+    def settle(self, place=None):
+        """Waits until three looks are the same, but not for long, because a clock may be running."""
+        looks = []
+        for _ in range(20):
+            looks.append(self.pixels(place).tobytes())
+            if looks[-3:] == looks[-1:] * 3:
+                break
+            time.sleep(0.05)
 
 
 class Stage(ExitStack):
@@ -25,53 +51,38 @@ class Stage(ExitStack):
         self.folder = Path(mkdtemp(prefix="songrush-"))
         # A portal of the desktop may have mounted something there, which cannot be removed.
         self.callback(shutil.rmtree, self.folder, ignore_errors=True)
-        self.settings = self.folder / "config/Songrush/Songrush.conf"
-        self.set_environment()
-        # The server keeps the screen in a file, which is quick to read. By default it would reset
-        # when the last program leaves, and refuse connections meanwhile.
-        display = self.serve("Xvfb", "-screen", "0", f"{width}x{height}x24", "-nolisten", "tcp",
-                             "-noreset", "-nocursor", *options, "-fbdir", self.folder, "-displayfd")
-        bus = self.serve("dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address")
-        os.environ.update(DISPLAY=f":{display}", DBUS_SESSION_BUS_ADDRESS=bus)
-        self.screen = Screen(self.folder / "Xvfb_screen0", width, height)
-
-    def set_environment(self):
-        for variable in [name for name in os.environ if not OUTER.fullmatch(name)]:
-            del os.environ[variable]
-        for variable, name in (("HOME", "home"), ("XDG_CONFIG_HOME", "config"), ("TMPDIR", "tmp"),
-                               ("XDG_RUNTIME_DIR", "runtime")):
+        outer = {name: value for name, value in os.environ.items() if OUTER.fullmatch(name)}
+        os.environ.clear()
+        for variable, name in FOLDERS.items():
             (self.folder / name).mkdir(mode=0o700)
             os.environ[variable] = str(self.folder / name)
-        os.environ.setdefault("SDL_AUDIODRIVER", "dummy")
-        os.environ.update(QT_QPA_PLATFORM="xcb", GSETTINGS_BACKEND="memory", LC_ALL="C.UTF-8")
+        os.environ.update(outer, LC_ALL="C.UTF-8", GSETTINGS_BACKEND="memory",
+                          QT_QPA_PLATFORM="xcb", SDL_AUDIODRIVER="dummy")
+        # The server keeps the screen in a file, which is quick to read. By default it would reset
+        # when the last program leaves, and refuse connections meanwhile.
+        display = self.start("Xvfb", "-screen", "0", f"{width}x{height}x24", "-nolisten", "tcp",
+                             "-noreset", "-nocursor", *options, "-fbdir", self.folder,
+                             "-displayfd", "1")
+        os.environ["DISPLAY"] = f":{display.stdout.readline().strip()}"
+        bus = self.start("dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address")
+        os.environ["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().strip()
+        self.screen = Screen(self.folder / "Xvfb_screen0", width, height)
 
-    def start(self, *command, **files):
-        """Starts a program that runs for as long as the stage stands."""
-        process = subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
-                                   **files)
-        self.callback(process.wait)
-        self.callback(process.terminate)
-        return process
-
-    def serve(self, *command):
-        """Starts a server; returns what it writes, as soon as it is ready, to the number of a file
-        that is appended to its command."""
-        reader, writer = os.pipe()
-        self.start(*command, str(writer), pass_fds=[writer])
-        os.close(writer)
-        with open(reader, encoding="ascii") as ready:
-            return ready.readline().strip()
+    def start(self, *command):
+        """Starts a server that runs for as long as the stage stands."""
+        server = self.enter_context(Popen(command, stdout=PIPE, stderr=DEVNULL, text=True))
+        self.callback(server.terminate)
+        return server
 
     def start_compositor(self):
         """Makes programs that start later run under Wayland, in a window that fills the display."""
         socket = self.folder / "runtime/wayland-test"
-        box = self.screen.box
+        width, height = self.screen.place[2:]
         compositor = self.start("weston", "--backend=x11-backend.so", f"--socket={socket.name}",
-                                "--no-config", "--idle-time=0", f"--width={box.width}",
-                                f"--height={box.height}")
-        end = time.monotonic() + 30
+                                "--no-config", "--idle-time=0", f"--width={width}",
+                                f"--height={height}")
         while not socket.exists():
-            assert time.monotonic() < end and compositor.poll() is None, "no compositor comes up"
+            assert compositor.poll() is None, "no compositor comes up"
             time.sleep(0.02)
         # What the libraries of Wayland leave behind cannot be told from leaks of the program, since
         # they are unloaded before the end; it is looked for under X11.

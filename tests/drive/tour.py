@@ -15,7 +15,8 @@ from threading import Thread
 import hand
 import walk
 from files import copy_program
-from game import QUICKPLAY, Game, KeysGame
+from game import PLAYERS, QUICKPLAY, Game
+from PIL import Image
 from program import Program
 from stage import Stage
 
@@ -39,9 +40,9 @@ class Tour(Program):
         file = self.output / f"{self.count:02}-{re.sub('[^a-z0-9]+', '-', name.lower())}"
         if name not in PICTURE_ONLY:
             self.screen.settle()
-            texts = self.wait("texts", self.places_of_texts)
-            Path(f"{file}.json").write_text(json.dumps(texts, indent=1))
-        self.screen.image().save(f"{file}.png")
+            texts = self.wait("texts", self.texts)
+            file.with_suffix(".json").write_text(json.dumps(texts, indent=1))
+        Image.fromarray(self.screen.pixels()).save(file.with_suffix(".png"))
 
     def click(self, name, role="push button", times=1):
         place = self.ready(name, role)
@@ -49,11 +50,11 @@ class Tour(Program):
         if role != "push button" or size in self.known:
             return super().click(name, role, times)
         self.known.add(size)
-        self.changes(place, lambda: hand.move_to(*place.middle))
+        self.changes(place, lambda: hand.move_to(place))
         self.see(f"{name} hover")
-        hand.apart(place.middle)
-        with hand.held(1):
-            self.see(f"{name} pressed")
+        hand.press(place, "mousedown", 1)
+        self.see(f"{name} pressed")
+        hand.xdotool("mouseup", 1)
 
     def shows_desktop(self):
         return (self.screen.memory[:, ::50, :3] == 255).all((1, 2)).any()
@@ -80,25 +81,38 @@ class Tour(Program):
         game = Game(self)
         game.choose_list(self.data / "PlayList/Mine.m3u")
         self.visit(game.moments(wrong=[2], hints=[2]), "normal ")
-        game.leave()
         self.betting()
         self.visit(walk.high_scores(self))
         self.ready("High scores")
 
     def betting(self):
         """Three players, by keys; the first answer is late and wrong."""
-        hand.key("Tab")
+        game = Game(self, betting=True, players=3)
+        game.use = lambda name: self.use_keys(game, name)
+        hand.key("Tab")  # shows where the focus is
         self.tab_to("Several players")
         self.see("menu keys")
-        game = KeysGame(self, betting=True, players=3)
-        game.choose_kind()
+        game.use("Several players")
+        self.ready(PLAYERS, "combo box")
+        hand.key("Home", "Down")
+        game.use("Betting")
         self.tab_to(QUICKPLAY)
         self.ready("Start over")
         self.see("chooser keys")
         game.use(QUICKPLAY)
         self.choose_file("Add Folder", self.data / "Music")
         self.visit(game.moments(wrong=[1, 5], late=[1], hints=[4]), "betting ")
-        game.leave()
+
+    def use_keys(self, game, name):
+        """Presses a button by keys: in odd turns by digits, else with the focus on it."""
+        self.ready(name)
+        key = next((str(key) for key, choice in game.choices.items() if choice == name), None)
+        if name == "Hint":
+            key = "h"
+        elif not key or game.turn % 2 == 0:
+            self.tab_to(name)
+            key = "space" if name == "Play" else "Return"
+        hand.key(key)
 
 
 def main(source, folder, width="800", height="600"):

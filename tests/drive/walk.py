@@ -4,6 +4,7 @@ is reached."""
 import hand
 from files import song_count
 from game import PLAYERS, PLAYLIST, QUICKPLAY, Game
+from program import place_of
 
 
 def message(program, name, pattern, key="Return"):
@@ -31,14 +32,15 @@ def editor(program):
     program.click("Artist", "table column header")
     program.announced(r"Sorted by Artist, ascending\.")
     program.click("Silent Night", "table cell")
-    with hand.held("shift"):
-        program.click("Canon in D", "table cell")
-    with hand.held("ctrl"):
-        program.click("Für Elise", "table cell")
+    hand.xdotool("keydown", "shift")
+    program.click("Canon in D", "table cell")
+    hand.xdotool("keyup", "shift", "keydown", "ctrl")
+    program.click("Für Elise", "table cell")
+    hand.xdotool("keyup", "ctrl")
     table = program.find("Songs", "table")
     program.wait("the marked songs", lambda: len(table.get_selected_rows()) == 5)
     yield "editor marked"
-    place = program.place(table)
+    place = place_of(table)
     program.changes(place, lambda: hand.key("shift+F10"))
     yield "editor's menu"
     program.changes(place, lambda: hand.key("Escape"))
@@ -55,7 +57,7 @@ def editor(program):
     program.click("Save PlayList")
     yield from dialog(program, "editor's save dialog", "Save Playlist", "Mine")
     mine = program.data / "PlayList/Mine.m3u"
-    program.wait("the saved list", lambda: mine.exists() and song_count(mine) == 18)
+    program.wait("the saved list", lambda: song_count(mine) == 18)
     yield "editor saved"
     program.click("Exit Editor")
 
@@ -79,9 +81,10 @@ def preview(program):
     wind = program.ready("Fast forward")
     yield "preview"
     program.click("Play")
-    hand.move_to(*wind.middle)
-    with hand.held(1):
-        yield "preview wound"
+    hand.move_to(wind)
+    hand.xdotool("mousedown", 1)
+    yield "preview wound"
+    hand.xdotool("mouseup", 1)
     program.click("Close")
     program.gone("Fast forward")
 
