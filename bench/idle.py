@@ -11,9 +11,8 @@ from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "tests/drive"))
 import hand
-from files import copy_program
 from game import Game
-from program import Program
+from program import Program, copy_program
 from stage import Stage
 
 

@@ -15,9 +15,8 @@ from pathlib import Path
 import hand
 import numpy
 import walk
-from files import copy_program, played, song_count, table_of
 from game import Game
-from program import Program, place_of
+from program import Program, copy_program, place_of, played, song_count, table_of
 from stage import Stage
 
 ORIGINAL = Path(sys.argv[1]).resolve()

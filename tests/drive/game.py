@@ -3,7 +3,7 @@
 import re
 
 import hand
-from files import table_of
+from program import table_of
 
 QUESTION = "What is the Title of this Song?"
 BETS = {"1 Second, 140,000 Points": 140000, "2 Seconds, 70,000 Points": 70000,

@@ -14,9 +14,8 @@ from pathlib import Path
 from tempfile import TemporaryDirectory
 
 import hand
-from files import played
 from game import Game
-from program import Program
+from program import Program, played
 from stage import Stage
 
 INSTALLED = Path("/usr/games")

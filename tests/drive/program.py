@@ -1,15 +1,15 @@
-"""The program as a screen reader sees it, and used by hand where the accessibility bus tells its
-controls to be."""
+"""The program as a screen reader sees it, used by hand where the accessibility bus tells its controls
+to be; and its files."""
 
 import os
 import re
+import shutil
 import subprocess
 import time
 from contextlib import suppress
 
 import gi
 import hand
-from files import played
 
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib
@@ -200,3 +200,27 @@ def is_usable(item):
     while (above := window.get_parent()) and above.get_role() != Atspi.Role.APPLICATION:
         window = above
     return has_state(window, "ACTIVE") and has_state(item, "ENABLED")
+
+
+def copy_program(folder, copy):
+    """Copies the program with no song played and without score tables."""
+    shutil.copytree(folder, copy, ignore=shutil.ignore_patterns("*.dat"))
+    playlist = copy / "PlayList/Sample.m3u"
+    playlist.write_bytes(playlist.read_bytes().replace(b"#Songrush:1", b"#Songrush:0"))
+    return copy
+
+
+def played(playlist):
+    """The songs that are marked as played."""
+    marked = re.findall(rb"#Songrush:1\r\n(.*)\r\n", playlist.read_bytes())
+    return [(playlist.parent / os.fsdecode(song)).resolve() for song in marked]
+
+
+def song_count(playlist):
+    return playlist.read_bytes().count(b".mp3") if playlist.exists() else 0
+
+
+def table_of(file):
+    """The names and scores of a table, best first."""
+    lines = file.read_text(encoding="cp1252").splitlines() if file.exists() else []
+    return [(name, int(score)) for name, score in zip(lines[0::3], lines[1::3])]

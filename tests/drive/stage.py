@@ -1,4 +1,4 @@
-"""Where the program runs: a display, a session bus, a home and settings that are gone at the end."""
+"""Where the program runs: a display, a session bus and a home, all gone at the end."""
 
 import os
 import re
@@ -19,8 +19,7 @@ FOLDERS = {"HOME": "home", "XDG_CONFIG_HOME": "config", "TMPDIR": "tmp",
 
 
 class Screen:
-    """The display's memory, read from the server's file. A place there is its left and top edge, its
-    width and its height."""
+    """The display's memory, from the server's file. A place has left and top, width and height."""
 
     def __init__(self, file, width, height):
         self.place = 0, 0, width, height
@@ -33,7 +32,7 @@ class Screen:
         return self.memory[top:top + height, left:left + width, 2::-1].copy()
 
     def settle(self, place=None):
-        """Waits until three looks are the same, but not for long, because a clock may be running."""
+        """Waits for three looks that are the same, but not for long: a clock may be running."""
         looks = []
         for _ in range(20):
             looks.append(self.pixels(place).tobytes())

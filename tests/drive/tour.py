@@ -14,10 +14,9 @@ from threading import Thread
 
 import hand
 import walk
-from files import copy_program
 from game import PLAYERS, QUICKPLAY, Game
 from PIL import Image
-from program import Program
+from program import Program, copy_program
 from stage import Stage
 
 # Gone before its texts could be looked for, or not known to the accessibility bus.
@@ -106,13 +105,12 @@ class Tour(Program):
     def use_keys(self, game, name):
         """Presses a button by keys: in odd turns by digits, else with the focus on it."""
         self.ready(name)
-        key = next((str(key) for key, choice in game.choices.items() if choice == name), None)
-        if name == "Hint":
-            key = "h"
-        elif not key or game.turn % 2 == 0:
+        keys = {"Hint": "h"}
+        if game.turn % 2:
+            keys.update((choice, str(digit)) for digit, choice in game.choices.items())
+        if name not in keys:
             self.tab_to(name)
-            key = "space" if name == "Play" else "Return"
-        hand.key(key)
+        hand.key(keys.get(name, "space" if name == "Play" else "Return"))
 
 
 def main(source, folder, width="800", height="600"):
