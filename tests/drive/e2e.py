@@ -76,7 +76,7 @@ class Scene:
         and a copy of an unsaved list with so many songs, but invents and leaves nothing."""
         turn = self.game.turn
         program.wait("notes of all turns", lambda: len(program.noted()) == turn)
-        program.process.send_signal(signal.SIGSTOP)
+        program.process.send_signal(signal.SIGSTOP)  # it must not go on while it is looked at
         noted, before = program.noted(), self.contents()
         os.sync()  # a disk that is still busy could hold up the end for longer than is waited
         program.process.terminate()

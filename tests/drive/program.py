@@ -1,5 +1,5 @@
-"""The program as a screen reader sees it, used by hand where the accessibility bus tells its controls
-to be; and its files."""
+"""The program as a screen reader sees it, used by hand where the accessibility bus tells its
+controls to be; and its files."""
 
 import os
 import re
