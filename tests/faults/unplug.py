@@ -20,9 +20,8 @@ import numpy
 sys.path.append(str(Path(__file__).resolve().parents[1] / "drive"))
 
 import hand
-from files import copy_program, played
 from game import Game
-from program import Program
+from program import Program, copy_program, played
 from stage import Stage
 
 RATE = 44100
@@ -78,13 +77,16 @@ def lose_disk(stage, folder, comes_back):
             program.click("Continue")
             program.announced("None of the songs in this playlist can be played any more.")
             hand.key("Return")
-            game.failed = {0}  # a game cut short is no perfect one
-            game.see_scores()
+            game.see_scores(perfect=False)  # it was cut short
             program.click("Continue")
             for _ in game.enter_names():
                 pass
-    game.leave()
+            program.click("Continue")
     program.wait("the marks", lambda: len(played(songs)) == (6 if comes_back else 3))
+
+
+def pactl(*words):
+    return subprocess.run(["pactl", *words], check=True, stdout=subprocess.PIPE, text=True).stdout
 
 
 class SoundServer:
@@ -92,37 +94,28 @@ class SoundServer:
 
     def __init__(self, stage):
         self.stage = stage
-        self.process = None
         os.environ["SDL_AUDIODRIVER"] = "pulseaudio"
 
     def start(self):
         self.process = self.stage.start(
             "pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no",
             "-L", "module-native-protocol-unix")
-        socket = self.stage.folder / "runtime/pulse/native"
-        while not socket.exists():
+        while not (self.stage.folder / "runtime/pulse/native").exists():
             time.sleep(0.02)
         self.plug("first")
 
     def plug(self, name):
-        subprocess.run(["pactl", "load-module", "module-null-sink", f"sink_name={name}",
-                        f"rate={RATE}", "format=float32le"], check=True, stdout=subprocess.DEVNULL)
-        subprocess.run(["pactl", "set-default-sink", name], check=True)
-        self.record = self.stage.folder / f"{name} {time.monotonic()}"
-        self.stage.start("parec", f"--device={name}.monitor", "--format=float32le",
-                         f"--rate={RATE}", "--channels=1", "--latency-msec=50", "--raw",
-                         self.record)
-
-    def unplug(self, name):
-        modules = subprocess.run(["pactl", "list", "short", "modules"], check=True, text=True,
-                                 capture_output=True).stdout
-        number = re.search(rf"^(\d+).*sink_name={name} ", modules, re.M)[1]
-        subprocess.run(["pactl", "unload-module", number], check=True)
+        """Adds a device, which becomes the default."""
+        self.plugged = pactl("load-module", "module-null-sink", f"sink_name={name}").strip()
+        pactl("set-default-sink", name)
+        self.record = self.stage.folder / name
+        self.record.touch()
+        self.stage.start("parec", f"--device={name}.monitor", "--format=float32le", "--channels=1",
+                         f"--rate={RATE}", "--latency-msec=50", "--raw", self.record)
 
     def heard(self):
         """Seconds that were not silent, by the device plugged in last."""
-        samples = numpy.fromfile(self.record, numpy.float32) if self.record.exists() else []
-        return numpy.count_nonzero(samples) / RATE
+        return numpy.count_nonzero(numpy.fromfile(self.record, numpy.float32)) / RATE
 
 
 def lose_device(stage, folder):
@@ -130,12 +123,12 @@ def lose_device(stage, folder):
     program = Program(stage, folder)
     game = Game(program)
     game.choose(folder / "PlayList/Sample.m3u")
-    clock = re.compile(r"TIME: .*")
+    clock = re.compile("TIME: .*")
 
     def clock_runs():
         at = program.find(clock, "label").get_name()
         time.sleep(2)
-        assert program.find(clock, "label").get_name() != at, "the clock stands still"
+        assert program.find(clock, "label").get_name() > at, "the clock stands still"
 
     def is_heard():
         before = server.heard()
@@ -149,7 +142,7 @@ def lose_device(stage, folder):
                 server.start()
             case "clip 2":
                 is_heard()
-                server.unplug("first")
+                pactl("unload-module", server.plugged)
                 clock_runs()
                 server.plug("second")
             case "clip 3":
@@ -159,34 +152,30 @@ def lose_device(stage, folder):
                 server.process.send_signal(signal.SIGCONT)
             case "clip 4":
                 is_heard()
+                second = server.plugged
                 server.plug("third")
-                server.unplug("second")
+                pactl("unload-module", second)
                 is_heard()
             case "clip 5":
                 is_heard()
-    game.leave()
 
 
 def open_late(stage, folder):
     """The device answers only a second after Play: what is bet for is still heard whole."""
     server = SoundServer(stage)
     server.start()
-    program = Program(stage, folder)
-    game = Game(program, betting=True)
+    game = Game(Program(stage, folder), betting=True)
     game.choose(folder / "PlayList/Sample.m3u")
-    for moment in game.moments(late=[1, 2, 3]):
-        kind, turn = moment.split()[0], moment[-1]
-        if kind == "result" and turn < "3":
+    for moment in game.moments(late=[1, 2]):
+        if moment == "result 1":
             server.process.send_signal(signal.SIGSTOP)
-        elif kind == "question":
+        elif moment == "question 2":
             before = server.heard()
             Timer(1.5, server.process.send_signal, [signal.SIGCONT]).start()
-        elif kind == "late":
+        elif moment == "late 2":
             time.sleep(0.5)
             heard = server.heard() - before
-            assert 1.9 < heard < 2.2, f"{heard} s are heard"
-        if moment == "late 3":
-            break
+            assert 1.9 < heard < 2.5, f"{heard} s are heard"
 
 
 SCENES = {"disk-comes-back": partial(lose_disk, comes_back=True),
