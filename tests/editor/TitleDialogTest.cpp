@@ -230,8 +230,6 @@ TEST_F(TitleDialogTest, ShowsAPlaceInTheSeriesALongFolderAndWhatTagsHold) {
             mDialog.tSongTitle->setText("A title");
             mDialog.tArtist->setText("An artist of far too many letters");
             ExpectLook(mDialog, "title-dialog");
-            EXPECT_EQ(mDialog.lPath->accessibleName(),
-                      "2 of 3: " + QString::fromStdString(folder.string() + "/"));
             ClickOn(mDialog.cmdCancel);
         },
         series);

@@ -96,8 +96,7 @@ TEST_F(GameTest, FourPlayersTakeTurnsSeeAllScoresAndAreAskedForNamesByTheirRank)
         }
         if (question == 9 && board.pHint->isVisible()) {
             ExpectLook(board, "game-question");
-            const auto still =
-                platform::ReplaceRandom([n = 0]() mutable { return ++n % 2 * 0.7; });
+            const auto still = platform::ReplaceRandom([n = 0]() mutable { return ++n % 2 * 0.7; });
             ClickOn(board.pHint);
             platform::ReplaceRandom(still);
             return ExpectLook(board, "game-hint");
