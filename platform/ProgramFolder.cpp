@@ -31,9 +31,19 @@ fs::path UserFolder(QStandardPaths::StandardLocation kind) {
     return fs::path(QStandardPaths::writableLocation(kind).toStdU16String());
 }
 
+struct ProgramFolders {
+    fs::path own;
+    fs::path shipped;
+};
+
 /// Found out each time: the folder may be renamed while the program runs.
 ProgramFolders Folders() {
-    return FoldersOf(ExecutableFolder(), UserFolder(QStandardPaths::GenericDataLocation));
+    const fs::path executable = ExecutableFolder();
+    const fs::path shared = (executable / SONGRUSH_SHARED_DATA).lexically_normal();
+    std::error_code error;
+    if (fs::exists(executable / "Images", error) || !fs::exists(shared / "Images", error))
+        return {executable, executable};
+    return {UserFolder(QStandardPaths::GenericDataLocation) / "Songrush", shared};
 }
 
 const fs::path& FolderAtStart() {
@@ -42,14 +52,6 @@ const fs::path& FolderAtStart() {
 }
 
 } // namespace
-
-ProgramFolders FoldersOf(const fs::path& executable, const fs::path& userData) {
-    std::error_code error;
-    const fs::path shared = (executable / SONGRUSH_SHARED_DATA).lexically_normal();
-    if (fs::exists(executable / "Images", error) || !fs::exists(shared / "Images", error))
-        return {executable, executable};
-    return {userData / "Songrush", shared};
-}
 
 fs::path ProgramFolder() {
     FolderAtStart();

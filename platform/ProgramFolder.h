@@ -4,18 +4,6 @@
 
 namespace platform {
 
-/// Where a program finds and keeps its files; absolute, without trailing separators.
-struct ProgramFolders {
-    std::filesystem::path own;     ///< written to
-    std::filesystem::path shipped; ///< what came with the program; read-only when it is not `own`
-};
-
-/// The folders of a program whose executable lies in `executable`. Both are that folder, unless the
-/// program was installed for all users, with its files under the system's shared data: then `own`
-/// is `Songrush` in the user's data folder `userData`.
-ProgramFolders FoldersOf(const std::filesystem::path& executable,
-                         const std::filesystem::path& userData);
-
 /// The folder with `PlayList`, `Music`, the score files and the player's own `Images`; absolute,
 /// without a trailing separator. The program creates it at its start if it is not where the
 /// executable lies.
@@ -29,7 +17,8 @@ std::filesystem::path WhereNow(const std::filesystem::path& path);
 void SetProgramFolder(const std::filesystem::path& folder);
 
 /// The folder with everything that came with the program; the same as `ProgramFolder` unless the
-/// program was installed for all users.
+/// program was installed for all users, with its files under the system's shared data. Then it is
+/// read-only, and `ProgramFolder` is `Songrush` in the user's data folder.
 std::filesystem::path ShippedFolder();
 
 /// The user's documents folder.

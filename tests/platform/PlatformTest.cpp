@@ -4,6 +4,7 @@
 #include "platform/Text.h"
 #include "platform/Volume.h"
 #include "platform/Wait.h"
+#include "tests/FileSizeLimit.h"
 #include "tests/Quit.h"
 #include "tests/TemporaryFolder.h"
 
@@ -40,6 +41,15 @@ TEST(Settings, AStoreThatIsNoFileHasNothingAndIsNeverWaitedFor) {
     ASSERT_EQ(mkfifo(QFile::encodeName(store), 0600), 0);
     platform::WriteSetting("Pipe", "Dirs", "Text", "new");
     EXPECT_EQ(platform::ReadSetting("Pipe", "Dirs", "Text", "none"), "none");
+}
+
+TEST(Settings, StayAsTheyWereOnAFullDisk) {
+    platform::WriteSetting("Full", "Dirs", "Text", "old");
+    {
+        const FileSizeLimit limit(4);
+        platform::WriteSetting("Full", "Dirs", "Text", "new");
+    }
+    EXPECT_EQ(platform::ReadSetting("Full", "Dirs", "Text", "none"), "old");
 }
 
 TEST(Text, AllBytesOfWindows1252ComeBackAndWhatItLacksIsAQuestionMark) {
