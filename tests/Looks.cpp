@@ -8,7 +8,6 @@
 
 #include <QAccessible>
 #include <QDebug>
-#include <QFile>
 #include <QGuiApplication>
 #include <QImage>
 #include <QPixmap>

@@ -45,14 +45,14 @@ def unplugged(program, disk):
 
 def slowest_answer(program):
     """The longest time, in milliseconds, that an answer takes within two seconds."""
-    slowest, end = 0, time.monotonic() + 2
     window = program.find("Songrush", "frame")
-    while (begin := time.monotonic()) < end:
+    taken = []
+    while sum(taken) < 2:
+        begin = time.monotonic()
         window.clear_cache()
         window.get_child_count()
-        slowest = max(slowest, time.monotonic() - begin)
-        time.sleep(0.005)
-    return slowest * 1000
+        taken.append(time.monotonic() - begin)
+    return max(taken) * 1000
 
 
 def lose_disk(stage, folder, comes_back):
@@ -155,8 +155,6 @@ def lose_device(stage, folder):
                 second = server.plugged
                 server.plug("third")
                 pactl("unload-module", second)
-                is_heard()
-            case "clip 5":
                 is_heard()
 
 

@@ -1,5 +1,4 @@
 #include "platform/ProgramFolder.h"
-#include "platform/Settings.h"
 #include "platform/Text.h"
 #include "tests/Robot.h"
 #include "tests/TemporaryFolder.h"
@@ -9,7 +8,6 @@
 #include "toolkit/cDialog.h"
 
 #include <QApplication>
-#include <QColorDialog>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
@@ -130,21 +128,6 @@ TEST_F(DialogTest, ACancelledOpenGivesTheInitialNameAndBlanks) {
     const Step escape = [](QFileDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); };
     EXPECT_EQ(During(open, {escape}), "x.mp3" + QString(1024, u' '));
     EXPECT_EQ(QDir::currentPath(), Lists());
-}
-
-TEST_F(DialogTest, ColoursAreRedGreenBlueFromTheLowestByteAndOnesOwnAreKept) {
-    platform::WriteSetting("Temp", "CustomColors", "15", "255");
-    const Robot robot([&] {
-        auto* dialog = qobject_cast<QColorDialog*>(QApplication::activeModalWidget());
-        if (dialog == nullptr)
-            return;
-        EXPECT_EQ(QColorDialog::customColor(15), QColor(255, 0, 0));
-        QColorDialog::setCustomColor(0, QColor(0, 0, 1));
-        dialog->setCurrentColor(QColor(1, 2, 3));
-        QTest::keyClick(dialog, Qt::Key_Return);
-    });
-    EXPECT_EQ(cDialog::PickColor(), 0x030201);
-    EXPECT_EQ(platform::ReadSetting("Temp", "CustomColors", "0", ""), "65536");
 }
 
 TEST_F(DialogTest, PlacesOfSongsStandAtTheSideInThisProgramOnly) {
