@@ -251,42 +251,25 @@ SongList::Taken SongList::TakeOut(const std::vector<int>& places) {
     for (const int place : places)
         taken.lines.push_back(LineAt(place));
     mPrint.reset();
-    constexpr std::size_t kFew = 100; // after which the list may scroll
-    if (places.size() <= kFew) {
-        // Downwards, so that the numbers of the lines still to be taken stay right.
-        for (auto place = places.rbegin(); place != places.rend(); ++place)
-            mList.RemoveLine(*place);
-        return taken;
-    }
-    std::vector<Line> kept;
-    for (int line = 0; line < mList.LineCount(); ++line)
-        if (!std::ranges::binary_search(places, line))
-            kept.push_back(LineAt(line));
-    const int selected = mList.LineSelectedNum();
-    const auto before = std::ranges::lower_bound(places, selected) - places.begin();
-    Fill(kept, std::min(selected - static_cast<int>(before), static_cast<int>(kept.size()) - 1));
+    mList.RemoveLines(places);
+    constexpr std::size_t kFew = 100; // after which the list need not scroll
+    if (places.size() > kFew)
+        mList.SelectLine(mList.LineSelectedNum());
     return taken;
 }
 
 void SongList::PutBack(const Taken& taken) {
-    const std::size_t count = taken.places.size() + static_cast<std::size_t>(mList.LineCount());
-    std::vector<Line> lines;
-    lines.reserve(count);
-    std::size_t next = 0; // of those that come back
-    for (int old = 0; lines.size() < count;) {
-        const auto place = static_cast<int>(lines.size());
-        const bool back = next < taken.places.size() && taken.places[next] == place;
-        lines.push_back(back ? taken.lines[next++] : LineAt(old++));
-    }
-    Fill(lines, taken.places.front());
-}
-
-void SongList::Fill(const std::vector<Line>& lines, int selected) {
     mPrint.reset();
-    mList.ClearLines();
-    for (const Line& line : lines)
+    int back = mList.LineCount(); // they come back at the end, and from there to their places
+    for (const Line& line : taken.lines)
         mList.AddItem(line.text, line.key);
-    mList.SelectLine(selected);
+    std::vector<int> order(static_cast<std::size_t>(mList.LineCount()), -1);
+    for (const int place : taken.places)
+        order[static_cast<std::size_t>(place)] = back++;
+    for (int old = 0; int& line : order)
+        line = line < 0 ? old++ : line;
+    mList.Reorder(order);
+    mList.SelectLine(taken.places.front());
 }
 
 } // namespace editor

@@ -95,7 +95,6 @@ private:
     void Append(const std::vector<Line>& lines);
     Taken TakeOut(const std::vector<int>& places);
     void PutBack(const Taken& taken);
-    void Fill(const std::vector<Line>& lines, int selected);
     void SetLine(int line, const Line& now);
     Taken ShowSongs(const QHash<QString, Line>& now);
     void ShowChanges(const std::vector<SongChange>& changes);

@@ -3,6 +3,7 @@
 #include "editor/ColumnSettings.h"
 #include "editor/UnsavedCopy.h"
 #include "library/SongFolders.h"
+#include "platform/Aside.h"
 #include "platform/Message.h"
 #include "platform/Text.h"
 #include "platform/Wait.h"
@@ -265,11 +266,29 @@ void c_Editor::bRemove_Clicked() {
 }
 
 void c_Editor::mList_HeaderSelClicked(int column) {
+    constexpr int kAtOnce = 5000; // lines; more could hold up the window
     QApplication::beep();
-    const std::vector<int> before = mList.SortByHeader(column, mSortMode == 1 ? 2 : 0);
+    const int mode = mSortMode == 1 ? 2 : 0;
+    mSortMode = mSortMode == 1 ? 0 : 1;
+    const auto sort = mList.Sorter(column, mode);
+    if (mList.LineCount() <= kAtOnce)
+        return PutSorted(column, mode, sort());
+    const auto order = std::make_shared<std::vector<int>>();
+    const auto find = [sort, order] { *order = sort(); };
+    platform::DoAside(this, find, [this, column, mode, order, moves = mList.Moves()] {
+        if (moves != mList.Moves())
+            *order = mList.Sorter(column, mode)();
+        PutSorted(column, mode, *order);
+    });
+}
+
+/// Puts the lines into an order. Those that were appended after it was found stay at the end.
+void c_Editor::PutSorted(int column, int mode, std::vector<int> before) {
+    for (int line = static_cast<int>(before.size()); line < mList.LineCount(); ++line)
+        before.push_back(line);
+    mList.PutSorted(column, mode, before);
     mSongs.Reordered(QStringLiteral("Sort by ") + mList.HeaderText(column), before);
     mMarks.Reorder(before);
-    mSortMode = mSortMode == 1 ? 0 : 1;
     ShowAll();
     mForm.Announce(QStringLiteral("Sorted by %1, %2")
                        .arg(mList.HeaderText(column), mList.IsSortedDownwards()

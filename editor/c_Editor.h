@@ -111,6 +111,7 @@ private:
     bool Escape();
     bool Key(const QObject* where, const QKeyEvent& event);
 
+    void PutSorted(int column, int mode, std::vector<int> before);
     void LinesChanged();
     void ShowAll();
     bool UntitledSongs() const;

@@ -42,6 +42,14 @@ bool ShownAsItIs(const QString& text) {
     });
 }
 
+std::vector<PackedText> ListLines::Texts() const {
+    std::vector<PackedText> texts;
+    texts.reserve(mOrder.size());
+    for (const std::uint32_t place : mOrder)
+        texts.push_back(mPool[place].text);
+    return texts;
+}
+
 void ListLines::Add(const QString& text, const QString& key) {
     if (mFree.empty()) {
         mOrder.push_back(static_cast<std::uint32_t>(mPool.size()));
@@ -55,10 +63,18 @@ void ListLines::Add(const QString& text, const QString& key) {
 
 void ListLines::Clear() { *this = ListLines(); }
 
-void ListLines::Remove(int line) {
-    mPool[Place(line)] = Line();
-    mFree.push_back(Place(line));
-    mOrder.erase(mOrder.begin() + line);
+void ListLines::Remove(const std::vector<int>& lines) {
+    for (const int line : lines) {
+        mPool[Place(line)] = Line();
+        mFree.push_back(Place(line));
+    }
+    auto kept = mOrder.begin() + lines.front();
+    for (auto next = lines.begin(); next != lines.end();) {
+        const auto from = mOrder.begin() + *next + 1;
+        const auto to = ++next == lines.end() ? mOrder.end() : mOrder.begin() + *next;
+        kept = std::move(from, to, kept);
+    }
+    mOrder.erase(kept, mOrder.end());
 }
 
 void ListLines::Reorder(const std::vector<int>& order) {

@@ -19,13 +19,14 @@ public:
     int Count() const { return static_cast<int>(mOrder.size()); }
     void Add(const QString& text, const QString& key);
     void Clear();
-    void Remove(int line);
+    void Remove(const std::vector<int>& lines); ///< in ascending order
 
     /// Puts line `order[n]` at n.
     void Reorder(const std::vector<int>& order);
 
     QString Text(int line) const { return mPool[Place(line)].text.Unpacked(); }
     void SetText(int line, const QString& text) { mPool[Place(line)].text = PackedText(text); }
+    std::vector<PackedText> Texts() const; ///< of all lines
     QString Key(int line) const { return mPool[Place(line)].key.Unpacked(); }
     void SetKey(int line, const QString& key) { mPool[Place(line)].key = PackedText(key); }
 

@@ -49,6 +49,7 @@ void c_PicList::AddItem(const QString& text, const QString& key) {
 
 void c_PicList::ClearLines() {
     EndLineDrag();
+    ++mState->moves;
     mState->lines.Clear();
     mState->selected = mState->cursor = -1;
     mState->scroller.SetTop(0);
@@ -56,12 +57,20 @@ void c_PicList::ClearLines() {
 }
 
 void c_PicList::RemoveLine(int line) {
-    if (!Exists(line))
+    if (Exists(line))
+        RemoveLines({line});
+}
+
+void c_PicList::RemoveLines(const std::vector<int>& lines) {
+    if (lines.empty())
         return;
     EndLineDrag();
-    mState->lines.Remove(line);
-    for (int* number : {&mState->selected, &mState->cursor})
-        *number = std::min(*number > line ? *number - 1 : *number, LineCount() - 1);
+    ++mState->moves;
+    mState->lines.Remove(lines);
+    for (int* number : {&mState->selected, &mState->cursor}) {
+        const auto before = std::ranges::lower_bound(lines, *number) - lines.begin();
+        *number = std::min(*number - static_cast<int>(before), LineCount() - 1);
+    }
     mState->linesChanged = true;
 }
 
@@ -77,6 +86,8 @@ void c_PicList::Refresh() {
 }
 
 int c_PicList::LineCount() const { return mState->lines.Count(); }
+
+int c_PicList::Moves() const { return mState->moves; }
 
 bool c_PicList::Exists(int line) const { return line >= 0 && line < LineCount(); }
 
@@ -154,20 +165,29 @@ std::vector<int> c_PicList::ChosenLines() const {
 }
 
 std::vector<int> c_PicList::SortByHeader(int column, int mode) {
-    const bool exists = column >= 0 && column < ColumnCount();
-    const bool downwards = mode == 2;
-    const auto text = [this, column](int line) { return CellText(line, column); };
-    const std::vector<int> order = HumanOrder(LineCount(), text, downwards);
-    if (!exists)
-        return order;
+    const std::vector<int> order = Sorter(column, mode)();
+    if (column >= 0 && column < ColumnCount())
+        PutSorted(column, mode, order);
+    return order;
+}
 
+std::function<std::vector<int>()> c_PicList::Sorter(int column, int mode) const {
+    return [texts = mState->lines.Texts(), column, mode] {
+        const auto text = [&](int line) {
+            return ShownColumn(texts[static_cast<std::size_t>(line)].Unpacked(), column);
+        };
+        return HumanOrder(static_cast<int>(texts.size()), text, mode == 2);
+    };
+}
+
+void c_PicList::PutSorted(int column, int mode, const std::vector<int>& order) {
+    const bool downwards = mode == 2;
     const bool changed = column != mState->sortedColumn || downwards != mState->downwards;
     Reorder(order);
     mState->sortedColumn = column;
     mState->downwards = downwards;
     if (changed)
         Q_EMIT HeaderSelChanged(column);
-    return order;
 }
 
 std::vector<int> c_PicList::MoveLines(const std::vector<int>& lines, int before) {
@@ -184,6 +204,7 @@ std::vector<int> c_PicList::MoveLines(const std::vector<int>& lines, int before)
 
 void c_PicList::Reorder(const std::vector<int>& order) {
     EndLineDrag();
+    ++mState->moves;
     const bool inSight = !CellRect(mState->selected, 0).isEmpty();
     mState->lines.Reorder(order);
     for (int* number : {&mState->selected, &mState->cursor})

@@ -51,12 +51,16 @@ public:
     /// Removes a line. The selection stays on its line; if that is the one removed, the selection
     /// moves to the line that took its place, or to the last one.
     void RemoveLine(int line);
+    /// Removes lines, which are in ascending order and must exist, in the same way.
+    void RemoveLines(const std::vector<int>& lines);
 
     /// Redraws the list from the event loop, only once however often it is called before that; at
     /// most every 16 milliseconds, and not while the box is hidden.
     void Refresh();
 
     int LineCount() const;
+    /// How often lines were removed or changed places.
+    int Moves() const;
     /// The text and key of a line that does not exist are empty and cannot be set.
     QString LineText(int line) const;
     void SetLineText(int line, const QString& text);
@@ -85,6 +89,11 @@ public:
     /// the selection stays on its line. Returns the number that each line had before. A column that
     /// does not exist sorts nothing.
     std::vector<int> SortByHeader(int column, int mode);
+
+    /// The same in two steps, for a column that exists: what finds out that order of the lines as
+    /// they are now, on any thread, and what then puts them into it.
+    std::function<std::vector<int>()> Sorter(int column, int mode) const;
+    void PutSorted(int column, int mode, const std::vector<int>& order);
 
     /// Puts line `order[n]` at n. The selection stays on its line, and the list does not count as
     /// sorted afterwards.

@@ -24,6 +24,7 @@ struct c_PicList::State {
     int selected = -1;
     int cursor = -1;
     std::function<bool(int)> isMarked = [](int) { return false; };
+    int moves = 0;
     int sortedColumn = -1;
     bool downwards = false;
 

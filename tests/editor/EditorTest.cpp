@@ -275,6 +275,23 @@ TEST_F(EditorTest, SortingWhileSongsAreReadIsAStepOfItsOwn) {
     EXPECT_EQ(editor->Songs().UndoName(), "Add 1 song");
 }
 
+TEST_F(EditorTest, VeryManyLinesAreSortedBesideWhatElseIsDone) {
+    std::vector<fs::path> songs;
+    for (int i = 5002; i > 0; --i)
+        songs.push_back(std::to_string(i) + ".mp3");
+    mFolder.MakePlaylist(songs);
+    const auto isFirst = [&](const char* name) { return editor->List().CellText(0, 0) == name; };
+    const auto sorted = [&] { EXPECT_TRUE(QTest::qWaitFor([&] { return isFirst("1"); })); };
+    const auto sort = [&] {
+        Click(-1)();
+        EXPECT_TRUE(isFirst("5002")) << "held up";
+    };
+    const auto removeMeanwhile = [&] { sort(), sort(), Keys("Home Delete")(); };
+    Run({Press(editor->Form().pLoad, PathText("PlayList/Test.m3u")), sort, sorted, Keys("Ctrl+Z"),
+         removeMeanwhile, sorted});
+    EXPECT_EQ(editor->List().CellText(5000, 0), "5001");
+}
+
 TEST_F(EditorTest, MissingSongsAreReplacedByThoseFoundByTheirNames) {
     mFolder.MakeSongs(1, "deep/er");
     const fs::path gone = mFolder.Path() / "gone";
