@@ -2,7 +2,6 @@
 
 #include "platform/Wait.h"
 
-#include <QCoreApplication>
 #include <QPointer>
 #include <atomic>
 #include <condition_variable>
@@ -49,11 +48,10 @@ void DoAside(const QObject* context, std::function<void()> work, std::function<v
     const Aside aside([work = std::move(work), then = std::move(then),
                        context = QPointer(context)](const std::stop_token&) {
         work();
-        const auto ifWanted = [then, context] {
+        CallLater([then, context] {
             if (context)
                 then();
-        };
-        QMetaObject::invokeMethod(QCoreApplication::instance(), ifWanted, Qt::QueuedConnection);
+        });
     });
 }
 

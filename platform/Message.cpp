@@ -63,12 +63,10 @@ void SetMessageBox(std::function<int(const Message&)> box) { gBox = std::move(bo
 
 void ShowMessage(const QString& text, Icon icon, const QString& title) {
     const Message message{text, icon, title, {QStringLiteral("&OK")}};
-    QCoreApplication* application = QCoreApplication::instance();
-    if (QThread::currentThread() == application->thread())
+    if (QThread::currentThread() == QCoreApplication::instance()->thread())
         Show(message);
     else
-        QMetaObject::invokeMethod(
-            application, [message] { ShowInTurn(message); }, Qt::QueuedConnection);
+        CallLater([message] { ShowInTurn(message); });
 }
 
 bool AskYesNo(const QString& text, const QString& title) {

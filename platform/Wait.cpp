@@ -8,6 +8,8 @@
 #include <QSocketNotifier>
 #include <QTimer>
 #include <memory>
+#include <mutex>
+#include <utility>
 
 #ifdef SONGRUSH_POSIX
 #include <csignal>
@@ -106,6 +108,17 @@ void WakeUp() {
                                : nullptr;
     if (dispatcher != nullptr)
         dispatcher->wakeUp();
+}
+
+void CallLater(std::function<void()> act) {
+    static std::mutex handOver; // Qt has one of its own, which the thread sanitizer cannot see
+    const std::lock_guard lock(handOver);
+    const auto taken = [act = std::move(act)] {
+        handOver.lock();
+        handOver.unlock();
+        act();
+    };
+    QMetaObject::invokeMethod(QCoreApplication::instance(), taken, Qt::QueuedConnection);
 }
 
 void WaitFor(int milliseconds) {

@@ -15,6 +15,9 @@ void WaitWhile(const std::function<bool()>& condition);
 /// Makes a sleeping `WaitWhile` check its condition again. Any thread may call this.
 void WakeUp();
 
+/// Calls `act` from the event loop, on the user interface's thread. Any thread may call this.
+void CallLater(std::function<void()> act);
+
 /// Sleeps for `milliseconds`, letting events run meanwhile; shorter when asked to quit.
 void WaitFor(int milliseconds);
 
