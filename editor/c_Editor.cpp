@@ -275,7 +275,10 @@ void c_Editor::mList_HeaderSelClicked(int column) {
         return PutSorted(column, mode, sort());
     const auto order = std::make_shared<std::vector<int>>();
     const auto find = [sort, order] { *order = sort(); };
-    platform::DoAside(this, find, [this, column, mode, order, moves = mList.Moves()] {
+    const int wish = ++mSortsWanted;
+    platform::DoAside(this, find, [this, column, mode, order, wish, moves = mList.Moves()] {
+        if (wish != mSortsWanted)
+            return; // the header was clicked again meanwhile
         if (moves != mList.Moves())
             *order = mList.Sorter(column, mode)();
         PutSorted(column, mode, *order);

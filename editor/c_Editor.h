@@ -133,6 +133,7 @@ private:
     editor::SongList mSongs;
     editor::Marks mMarks;
     std::int16_t mSortMode = 0;
+    int mSortsWanted = 0; ///< of long lists, where only the newest wish is met
     int mPlayedLine = -1;
     QString mPlayedKey; ///< of the song in the small player
 
