@@ -31,10 +31,10 @@ struct Header {
     quint32 compression;
 };
 
+/// Reads one byte past the row: a whole number at each pixel is faster than its three bytes.
 void CopyRow(const char* from, QRgb* to, int width) {
-    const auto* bytes = reinterpret_cast<const uchar*>(from);
-    for (int x = 0; x < width; ++x, bytes += 3)
-        to[x] = qRgb(bytes[2], bytes[1], bytes[0]);
+    for (int x = 0; x < width; ++x, from += 3)
+        to[x] = qFromLittleEndian<QRgb>(from) | 0xFF000000;
 }
 
 } // namespace
@@ -54,7 +54,7 @@ QImage ReadPlainBitmap(const std::filesystem::path& file) {
         return QImage();
     QImage picture(static_cast<int>(header.width), static_cast<int>(rows), QImage::Format_RGB32);
     constexpr qint64 kAtOnce = 16; // rows
-    std::vector<char> bytes(static_cast<std::size_t>(std::min(kAtOnce, rows) * rowBytes));
+    std::vector<char> bytes(static_cast<std::size_t>(std::min(kAtOnce, rows) * rowBytes + 1));
     for (qint64 row = 0; row < picture.height(); ++row) {
         if (row % kAtOnce == 0 && opened.ReadAt(header.pixels + row * rowBytes, bytes) <
                                       std::min(kAtOnce, rows - row) * rowBytes)
