@@ -10,6 +10,7 @@
 #include <cstdlib>
 
 int main(int argc, char* argv[]) {
+    toolkit::PreloadFontSettings();
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     toolkit::PreloadFont();

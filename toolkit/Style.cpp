@@ -9,8 +9,10 @@
 #include <QApplication>
 #include <QFontMetricsF>
 #include <QIcon>
+#include <QLibrary>
 #include <QLocale>
 #include <QPalette>
+#include <QThread>
 #include <future>
 
 namespace toolkit {
@@ -53,8 +55,18 @@ void WriteNumbersInEnglish() {
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
 }
 
+void PreloadFontSettings() {
+    QThread::currentThread(); // Qt takes the thread that first uses it for the program's main one
+    static const std::future<void> preloading = std::async(std::launch::async, [] {
+        const auto read = reinterpret_cast<int (*)()>(
+            QLibrary::resolve(QStringLiteral("fontconfig"), 1, "FcInit"));
+        if (read != nullptr)
+            read();
+    });
+}
+
 void PreloadFont() {
-    static std::future<void> preloading = std::async(std::launch::async, [] {
+    static const std::future<void> preloading = std::async(std::launch::async, [] {
         for (const bool bold : {false, true})
             [[maybe_unused]] const double width =
                 QFontMetricsF(RoundFont(12, bold)).horizontalAdvance(u'S');

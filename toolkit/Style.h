@@ -10,6 +10,11 @@ void ApplyStyle();
 /// locale. Names are still sorted by the system's locale.
 void WriteNumbersInEnglish();
 
+/// Starts reading the system's font settings, where fontconfig keeps them, on a separate thread. Qt
+/// takes over what has been read. May be called before there is an application: its start leaves a
+/// processor free.
+void PreloadFontSettings();
+
 /// Starts loading the faces of most texts on a separate thread, because the first texts would wait
 /// for them.
 void PreloadFont();
