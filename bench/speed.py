@@ -9,12 +9,15 @@ import sys
 from pathlib import Path
 
 PROJECT = Path(__file__).resolve().parents[1]
-FLOORS = {"ScanWithTags": "ScanFloor", "PlaylistRead": "PlaylistFloor"}
+FLOORS = {"ScanWithTags": "ScanFloor", "PlaylistRead": "PlaylistFloor",
+          "OpenSeekDecode": "OpenSeekDecodeFloor", "Copy": "CopyOfTheRows",
+          "MaskedSprite": "CopyOfTheRows"}
 NANOSECONDS = {"ns": 1, "us": 1e3, "ms": 1e6}
 START = """# How fast it is
 
 Written by `scripts/speed.sh`. A floor is the least work that could do the same, measured in the same
-run: a bare walk over a folder, splitting a file into lines, an empty window of the same toolkit."""
+run: a bare walk over a folder, splitting a file into lines, libmpg123 on bytes in memory, a copy of
+a picture's rows, an empty window of the same toolkit."""
 
 
 def rounded(number):
@@ -34,8 +37,8 @@ def median_times(program):
 def floors_table(times):
     yield "| what | time | of its floor |\n|---|---|---|"
     for name, result in times.items():
-        base, _, kind = name.partition("/")
-        floor = times.get(f"{FLOORS.get(base)}/{kind}")
+        base, slash, kind = name.partition("/")
+        floor = times.get(f"{FLOORS.get(base)}{slash}{kind}")
         share = f"{result['real_time'] / floor['real_time']:.2f}" if floor else ""
         bytes_each = f", {result['bytes/song']:.0f} bytes a song" if "bytes/song" in result else ""
         yield (f"| {name} | {rounded(result['real_time'])} {result['time_unit']}{bytes_each} "
