@@ -2,6 +2,7 @@
 
 #include "bench/MusicTree.h"
 #include "bench/UsedMemory.h"
+#include "editor/UnsavedCopy.h"
 #include "editor/c_Editor.h"
 #include "platform/ProgramFolder.h"
 #include "platform/Wait.h"
@@ -28,6 +29,7 @@ public:
         gBack->CreateSurface(800, 600, QString());
     }
     ~Ground() {
+        editor::UnsavedCopy::Read(); // waits until nothing more is written into the folder
         gBack.reset();
         platform::SetProgramFolder({});
     }
