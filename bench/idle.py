@@ -24,7 +24,7 @@ def used_seconds(program):
 
 
 def measure(program, name, seconds):
-    program.screen.settle()
+    program.settle()
     before = used_seconds(program)
     time.sleep(seconds)
     share = (used_seconds(program) - before) / seconds

@@ -53,7 +53,6 @@ void GlideSprite(Form& form, QPoint from, QPoint to, const Sprite& sprite, int d
     }
 
     const double frame = 1000 / std::max(form.screen()->refreshRate(), 30.0);
-    const std::int64_t latest = duration + std::llround(frame);
     const std::int64_t start = platform::TickCount();
     std::int64_t elapsed = 0;
     QPoint previous = from;
@@ -62,13 +61,12 @@ void GlideSprite(Form& form, QPoint from, QPoint to, const Sprite& sprite, int d
         restore(previous);
         draw(current);
         form.Refresh(QRect(previous, area) | QRect(current, area));
-        // The last frame is cut short, so that the sprite ends where it should.
-        platform::WaitFor(UntilNextFrame(elapsed, frame, duration + 1));
-        // However late a frame is, the sprite overshoots by one frame at most.
-        elapsed = std::min<std::int64_t>(platform::TickCount() - start, latest);
+        // The last frame is cut short; a late one does not take the sprite past its end.
+        platform::WaitFor(UntilNextFrame(elapsed, frame, duration));
+        elapsed = std::min<std::int64_t>(platform::TickCount() - start, duration);
         previous = current;
         current = PlaceAfter(from, to - from, static_cast<double>(elapsed) / duration);
-    } while (elapsed <= duration && !platform::Quitting());
+    } while (elapsed < duration && !platform::Quitting());
     *form.Dc() = before;
     if (drawAtEnd)
         draw(current);

@@ -16,9 +16,9 @@ struct Sprite {
 };
 
 /// Moves a sprite over the form's image from `from` to `to` in `duration` milliseconds, restoring
-/// what lies under it; lets events run meanwhile. With `drawAtEnd` it stays where the clock left
-/// it, which may be slightly past `to`. If the user wants less motion it jumps to `to`. Throws
-/// std::domain_error for a duration of 0.
+/// what lies under it; lets events run meanwhile. With `drawAtEnd` it stays at `to`, however late
+/// the last frame was. If the user wants less motion it jumps there. Throws std::domain_error for a
+/// duration of 0.
 void GlideSprite(Form& form, QPoint from, QPoint to, const Sprite& sprite, int duration,
                  bool drawAtEnd);
 

@@ -9,6 +9,8 @@
 
 #include <QComboBox>
 #include <QTest>
+#include <QThread>
+#include <QTimer>
 
 namespace {
 
@@ -57,6 +59,24 @@ TEST_F(MenuTest, EveryWayLeadsToItsModeForOnePlayerOrAListedNumber) {
     EXPECT_EQ(Choose({form.pMulti, form.PChoice1}), "MultipleChoice 2");
     EXPECT_TRUE(Choose({form.pEditor}).startsWith("Editor"));
     EXPECT_TRUE(Choose({&form.Scores->Box()}).startsWith("HighScores"));
+}
+
+TEST_F(MenuTest, ALateFrameTakesNoButtonPastItsPlace) {
+    const auto above = [this] {
+        return form.Dc()->Image().copy(toolkit::Canvas::ScreenPixels(QRect(0, 0, 800, 99)));
+    };
+    QImage before;
+    Robot robot([&] {
+        if (form.pChoice3->isVisible()) {
+            EXPECT_EQ(above(), before);
+            ClickOn(form.pX);
+        } else if (form.pMulti->isVisible()) {
+            before = above();
+            QTimer::singleShot(180, &form, [] { QThread::msleep(60); });
+            ClickOn(form.pMulti);
+        }
+    });
+    c_Menu(form).Choose();
 }
 
 TEST_F(MenuTest, LooksAsItShould) {

@@ -110,7 +110,7 @@ def test_the_desktops_dialog_loads_a_list_that_keys_typed_ahead_leave_alone(scen
     def open_dialog():
         program.click("Load PlayList")
         program.find("Load Playlist", "file chooser")
-        program.screen.settle()
+        program.settle()
     os.environ["QT_QPA_PLATFORMTHEME"] = "gtk3"
     program = scene.start()
     program.click("Playlist editor")

@@ -68,6 +68,17 @@ class Program:
                 return match
             assert skip or text in PASSING, f"announced was {text!r} instead of {pattern!r}"
 
+    def settle(self, place=None):
+        """Waits for three looks that are the same, but not for long: a clock may be running. The
+        program answers before each, so that one held up in the middle of a movement has moved on."""
+        looks = []
+        for _ in range(20):
+            next(self.showing()).get_name()
+            looks.append(self.screen.pixels(place).tobytes())
+            if looks[-3:] == looks[-1:] * 3:
+                break
+            time.sleep(0.05)
+
     def showing(self, within=()):
         """All objects that are shown in some, by default in the program, but not what the dialogs'
         folders hold."""
@@ -101,7 +112,7 @@ class Program:
         """The place of a control, once it takes mouse and keys and has its final look."""
         place = self.wait(f"the usable {role} {name!r}", lambda: (
             (item := self.seen(name, role)) and is_usable(item) and place_of(item)))
-        self.screen.settle(place)
+        self.settle(place)
         return place
 
     def press(self, name, role="push button"):
@@ -118,7 +129,7 @@ class Program:
         before = self.screen.pixels(place)
         act()
         self.wait("another look", lambda: (self.screen.pixels(place) != before).any())
-        self.screen.settle(place)
+        self.settle(place)
 
     def focus(self):
         """The name of the control that visibly has the keyboard focus."""

@@ -31,15 +31,6 @@ class Screen:
         left, top, width, height = place or self.place
         return self.memory[top:top + height, left:left + width, 2::-1].copy()
 
-    def settle(self, place=None):
-        """Waits for three looks that are the same, but not for long: a clock may be running."""
-        looks = []
-        for _ in range(20):
-            looks.append(self.pixels(place).tobytes())
-            if looks[-3:] == looks[-1:] * 3:
-                break
-            time.sleep(0.05)
-
 
 class Stage(ExitStack):
     """Only one at a time per process. It has a folder of its own, with the home in it."""

@@ -38,7 +38,7 @@ class Tour(Program):
         self.count += 1
         file = self.output / f"{self.count:02}-{re.sub('[^a-z0-9]+', '-', name.lower())}"
         if name not in PICTURE_ONLY:
-            self.screen.settle()
+            self.settle()
             texts = self.wait("texts", self.texts)
             file.with_suffix(".json").write_text(json.dumps(texts, indent=1))
         Image.fromarray(self.screen.pixels()).save(file.with_suffix(".png"))
