@@ -53,15 +53,6 @@ TEST_P(Drawings, AreShownPixelByPixelWhereverAWidgetStands) {
     }
 }
 
-TEST_P(Drawings, OfABoxAreLightAboveAndDarkBelow) {
-    Drawing(&mCanvas).Box({kWhite, kRed, kBrush}, QRect(2, 3, 4, 4));
-    mExpected.Fill(QRect(2, 3, 4, 4), kRed);
-    mExpected.Fill(QRect(2, 3, 4, 1), kWhite);
-    mExpected.Fill(QRect(2, 4, 1, 2), kWhite);
-    mExpected.Fill(QRect(3, 4, 2, 2), kBrush);
-    EXPECT_EQ(mCanvas.Image(), mExpected.Image());
-}
-
 constexpr QRect kClip(12, 9, 41, 30);
 
 /// A drawing of all kinds; what it copies from is drawn over afterwards.
