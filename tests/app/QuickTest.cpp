@@ -174,6 +174,9 @@ TEST_F(QuickTest, TheListPlayedLastIsPlayedOnOrFromTheStart) {
         EXPECT_EQ(library::CountUnplayed(list, {}).unplayed, unplayed);
     }
     EXPECT_EQ(BytesOf(list), bytes);
+    fs::remove(songs[0]);
+    Run(form.pStartOver, {}, false);
+    EXPECT_TRUE(mExit) << "led back, since one song is missing";
 }
 
 } // namespace

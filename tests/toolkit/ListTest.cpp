@@ -93,7 +93,6 @@ protected:
         MoveTo(to);
     }
     void Click(QPoint at) { QTest::mouseClick(StageWindow(), Qt::LeftButton, {}, At(at)); }
-    void DoubleClick(QPoint at) { QTest::mouseDClick(StageWindow(), Qt::LeftButton, {}, At(at)); }
     void Wheel(QPoint pixels, QPoint angle) {
         const QPointF at(50, 100);
         QWheelEvent event(at, mBox.mapToGlobal(at), pixels, angle, Qt::NoButton, Qt::NoModifier,
@@ -246,7 +245,7 @@ TEST_F(PicList, ClicksHeadersWhereTheyWerePressedAndResizesColumnsByTheirBorders
     const std::vector<int> narrow = mList.ColumnWidths();
     EXPECT_EQ(narrow[1], narrow[2]);
     EXPECT_GT(narrow[1], 30);
-    DoubleClick(border());
+    QTest::mouseDClick(StageWindow(), Qt::LeftButton, {}, At(border()));
     EXPECT_NEAR(mList.ColumnWidths()[0], mBox.Picture().TextWidth("File 0") + 14, 1);
     EXPECT_EQ(Reports(), "resized, resized, resized");
     for (const std::vector<int>& widths : {second, {5, 200, 145}, {}})
@@ -333,6 +332,7 @@ TEST_F(PicList, IsATableToScreenReaders) {
     auto* list = QAccessible::queryAccessibleInterface(&mBox);
     auto* table = list->tableInterface();
     EXPECT_EQ(table->selectedRows(), (QList<int>{30, 35}));
+    EXPECT_EQ(table->selectedCellCount(), 2 * 3);
     EXPECT_EQ(table->rowDescription(7), "File 7, Title, Artist");
     auto* cell = table->cellAt(30, 1);
     EXPECT_TRUE(cell->state().selected && !cell->state().offscreen);

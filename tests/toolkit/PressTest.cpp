@@ -25,7 +25,7 @@ const QMap<QString, QPoint> kPlaces = {{"go", kGo + QPoint(20, 10)},
                                        {"shape", kStay + QPoint(20, 10)},
                                        {"hole", kStay + QPoint(5, 10)},
                                        {"beside", kStay + QPoint(-4, 10)},
-                                       {"below", kStay + QPoint(20, 24)}};
+                                       {"below", kStay + QPoint(20, 21)}};
 
 /// A form with a button "Go" that is replaced by "Next" when it is pressed, a button "Stay", and a
 /// prompt for a text that appears when "Next" is pressed. They get real events.

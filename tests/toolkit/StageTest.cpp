@@ -31,6 +31,7 @@ TEST(StageSize, TheWindowComesUpWhereItWasOnTheScreensThatThereAre) {
         EXPECT_EQ(StartPlace(last, screens), place) << rule;
         EXPECT_EQ(PlaceFromText(TextFromPlace(place)), place) << "as the settings keep it";
     }
+    EXPECT_FALSE(PlaceFromText("x 0 800 600"));
 }
 
 /// The stage with a form on it.

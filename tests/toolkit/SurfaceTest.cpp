@@ -88,6 +88,7 @@ TEST(Pictures, ThatCannotBeUsedAreNamedTogetherOnce) {
         button.Create(&box, QStringLiteral("Images\\%1.bmp").arg(name), QString());
         EXPECT_EQ(box.size(), QSize(40, 21)) << name.toStdString();
         EXPECT_TRUE(button.IsTouching(20, 10)) << name.toStdString();
+        EXPECT_NE(button.Surfaces()->HDC(0)->Pixel(20, 52), kBlack) << "pressed";
         named += QStringLiteral("Images\\%1.bmp\n").arg(name);
     }
     const Robot robot([] {});
