@@ -368,7 +368,7 @@ TEST_F(EditorTest, AnUnsavedListIsAskedAboutBeforeItGoesAndNoOther) {
     EXPECT_EQ(titles, QStringList({"Mp3 Editor", "New list, not saved", "New list, not saved",
                                    "New list, not saved", "mine", "mine", "mine, not saved", "mine",
                                    "mine"}));
-    const std::string others = "#EXTM3U\r\n/others/song.mp3\r\n";
+    const std::string others = "#EXTM3U\n/others/1.mp3\n/others/2.mp3\n";
     const QStringList told = Run({Press(form.pLoad, file), Add(),
                                   [&] {
                                       mChosen.clear();
@@ -377,6 +377,8 @@ TEST_F(EditorTest, AnUnsavedListIsAskedAboutBeforeItGoesAndNoOther) {
                                   Keys("Ctrl+S")});
     EXPECT_EQ(editor->List().LineCount(), 1 + 2);
     EXPECT_EQ(told, QStringList("Another program has changed the file of the list \"mine\"."));
+    mSaving = "Don't save";
+    Run({Press(form.pLoad, file), Keys("Home Delete"), [&] { mChosen.clear(); }, Keys("Ctrl+S")});
     EXPECT_EQ(BytesOf(file.toStdString()), others);
 }
 

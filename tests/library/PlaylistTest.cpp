@@ -119,7 +119,8 @@ TEST_F(PlaylistTest, EveryKindOfLineIsReadAndWrittenBack) {
         {"ab\ncd\n", "#Songrush:0\r\nab\ncd\n\r\n"},
         {"#Songrush: 7x\r\naa\r\n#Songrush:2.5\r\nbb\r\n",
          "#Songrush:7\r\naa\r\n#Songrush:2\r\nbb\r\n"},
-        {"#Songrush:99999\r\nbb\r\n", "#Songrush:32767\r\nbb\r\n"},
+        {"#Songrush:99999\r\nbb\r\n#Songrush:x\r\ncc\r\n",
+         "#Songrush:32767\r\nbb\r\n#Songrush:0\r\ncc\r\n"},
         {"#Songrush:1 bytes=6\r\n a\r\n#b\r\ncd\r\n",
          "#Songrush:1 bytes=6\r\n a\r\n#b\r\n#Songrush:0\r\ncd\r\n"},
         // measures that end inside a line, beyond the end, that are no number or too big
