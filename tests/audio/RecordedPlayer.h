@@ -68,7 +68,8 @@ protected:
         const std::string bytes(std::istreambuf_iterator<char>(file), {});
         Rewind();
         sound::Frames frames(bytes.size() / sizeof(audio::Frame));
-        std::memcpy(frames.data(), bytes.data(), bytes.size());
+        if (!frames.empty())
+            std::memcpy(frames.data(), bytes.data(), bytes.size());
         EXPECT_TRUE(frames.empty() || frames.back().left == 0);
         return frames;
     }
